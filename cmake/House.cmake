@@ -1,0 +1,72 @@
+# What every folder's CMakeLists.txt stands on.
+include_guard()
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+if(NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE Release)
+endif()
+add_compile_options(-Wall -Wextra -Wnon-virtual-dtor)
+
+# house_library(NAME SOURCES... [USES LIBRARIES...]): one static library a folder. What a folder
+# may include is what its library uses, and no more; tests/house proves it from the include lines.
+function(house_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "USES")
+  add_library(${name} STATIC ${arg_UNPARSED_ARGUMENTS})
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${name} PUBLIC ${arg_USES})
+endfunction()
+
+# house_test(NAME SOURCES... [USES LIBRARIES...]): a GoogleTest program; each of its tests is a
+# ctest test by name.
+function(house_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "USES")
+  find_package(GTest REQUIRED)
+  include(GoogleTest)
+  # GoogleTest's headers take longer to compile than most tests: once for all of them.
+  if(NOT TARGET house_test_headers)
+    file(WRITE ${CMAKE_BINARY_DIR}/house_test_headers.cpp "")
+    add_executable(house_test_headers ${CMAKE_BINARY_DIR}/house_test_headers.cpp)
+    target_link_libraries(house_test_headers PRIVATE GTest::gmock GTest::gtest_main)
+    target_precompile_headers(house_test_headers PRIVATE
+      <gmock/gmock.h> <gtest/gtest.h> <filesystem> <fstream> <functional> <map> <memory> <optional>
+      <string> <variant> <vector>)
+  endif()
+  add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
+  target_precompile_headers(${name} REUSE_FROM house_test_headers)
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${name} PRIVATE ${arg_USES} GTest::gmock GTest::gtest_main)
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120)
+endfunction()
+
+# house_bench(NAME SOURCES... [USES LIBRARIES...]): a benchmark program, run by hand.
+function(house_bench name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "USES")
+  add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${name} PRIVATE ${arg_USES})
+endfunction()
+
+# house_fuzz(NAME SOURCE [USES LIBRARIES...]): with QUORVANTIS_FUZZ a libFuzzer target; with the
+# tests a program that replays fuzz/corpus/NAME.
+function(house_fuzz name source)
+  cmake_parse_arguments(PARSE_ARGV 2 arg "" "" "USES")
+  if(QUORVANTIS_FUZZ)
+    add_executable(fuzz_${name} ${source})
+    target_compile_options(fuzz_${name} PRIVATE -fsanitize=fuzzer)
+    target_link_options(fuzz_${name} PRIVATE -fsanitize=fuzzer)
+    target_include_directories(fuzz_${name} PRIVATE ${PROJECT_SOURCE_DIR})
+    target_link_libraries(fuzz_${name} PRIVATE ${arg_USES})
+  elseif(QUORVANTIS_TESTS)
+    add_executable(replay_${name} ${source} ${PROJECT_SOURCE_DIR}/fuzz/replay.cpp)
+    target_include_directories(replay_${name} PRIVATE ${PROJECT_SOURCE_DIR})
+    target_link_libraries(replay_${name} PRIVATE ${arg_USES})
+    add_test(NAME replay.${name}
+             COMMAND replay_${name} ${PROJECT_SOURCE_DIR}/fuzz/corpus/${name})
+  endif()
+endfunction()

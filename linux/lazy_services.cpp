@@ -1,0 +1,32 @@
+#include "linux/lazy_services.h"
+
+#include "linux/ascii_collation.h"
+#include "linux/collation_locale.h"
+#include "linux/services.h"
+
+namespace services {
+
+UserCollator::UserCollator() : asciiOrderKnown_(hasRootAsciiOrder(collationLocale())) {}
+
+int UserCollator::compare(std::string_view a, std::string_view b) {
+  if (asciiOrderKnown_)
+    if (const auto order = compareAscii(a, b)) return *order;
+  if (const auto& collator = collation()) return (*collator)->compare(a, b);
+  return a.compare(b);
+}
+
+void SessionNotificationCenter::post(std::string_view name) {
+  if (const auto& center = bus()) (*center)->post(name);
+}
+
+bool DesktopUrls::canOpen(std::string_view url) {
+  const auto& desktop = urls();
+  return desktop && (*desktop)->canOpen(url);
+}
+
+bool DesktopUrls::open(std::string_view url) {
+  const auto& desktop = urls();
+  return desktop && (*desktop)->open(url);
+}
+
+}  // namespace services

@@ -1,0 +1,28 @@
+#include "linux/module.h"
+#include "linux/xml_reader.h"
+#include "linux/xml_writer.h"
+#include "platform/services.h"
+
+namespace services {
+
+namespace {
+
+class ExpatPropertyLists : public platform::XmlPropertyLists {
+ public:
+  platform::Result<plist::Value, std::string> read(plist::Bytes bytes) override {
+    return readXml(bytes);
+  }
+  platform::Result<std::vector<std::uint8_t>, std::string> write(
+      const plist::Value& value) override {
+    return writeXml(value);
+  }
+};
+
+}  // namespace
+
+}  // namespace services
+
+QUORVANTIS_SERVICE {
+  (void)reason;
+  return static_cast<platform::XmlPropertyLists*>(new services::ExpatPropertyLists);
+}

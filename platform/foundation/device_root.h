@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/foundation/descriptor.h"
+#include "platform/foundation/directory.h"
+#include "platform/foundation/file_error.h"
+#include "platform/plist/binary.h"
+#include "platform/result.h"
+
+namespace foundation {
+
+// What becomes of a path whose last component is a symbolic link: those before it are followed in
+// any case.
+enum class Links { Follow, Refuse };
+
+// The folder below which every absolute platform path ("/var/mobile/...") is looked up, and never
+// outside it: "..", and symbolic links, absolute or relative, are resolved as if the root were "/"
+// (openat2 with RESOLVE_IN_ROOT; a kernel without it is an error, ENOSYS). A missing root is no
+// error for reading; it is made, mode 0700, by the first write.
+class DeviceRoot {
+ public:
+  explicit DeviceRoot(std::string directory);
+
+  const std::string& directory() const { return directory_; }  // on this machine
+
+  // A regular file, whole. FIFOs, devices, folders are errors, told without blocking on them; so
+  // is a file of more than 1 GiB (EFBIG), and with Links::Refuse a symbolic link (ELOOP).
+  platform::Result<std::vector<std::uint8_t>, FileError> read(std::string_view path,
+                                                              Links links = Links::Follow) const;
+  // Whatever it is; a link that leads nowhere doesn't exist.
+  bool exists(std::string_view path) const;
+
+  platform::Result<Directory, FileError> openDirectory(std::string_view path) const;
+  // Names in a folder, without "." and "..", in directory order.
+  platform::Result<std::vector<std::string>, FileError> contentsOfDirectory(
+      std::string_view path) const;
+
+  // With intermediates, all 0700, made to last; done already where the folder is there.
+  platform::Result<platform::Done, FileError> createDirectory(std::string_view path);
+
+  // A new file, mode 0600, in place of whatever file or link is there, in missing folders if need
+  // be: after a crash there is the old one or the new one, whole, and once this says done it is the
+  // new one. On an error the old one is there still, unless it was in flushing the folder, when the
+  // new one is there but may not last.
+  platform::Result<platform::Done, FileError> writeDurably(std::string_view path,
+                                                           plist::Bytes bytes);
+
+  // A file, a link (not what it leads to) or an empty folder, for good.
+  platform::Result<platform::Done, FileError> remove(std::string_view path);
+
+  // An open file or folder; `flags` are those of open(2), without O_CREAT.
+  platform::Result<Descriptor, FileError> open(std::string_view path, int flags) const;
+
+ private:
+  std::string directory_;
+};
+
+}  // namespace foundation

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/foundation/descriptor.h"
+#include "platform/foundation/file_error.h"
+#include "platform/plist/binary.h"
+#include "platform/result.h"
+
+namespace foundation {
+
+// A folder that stays open, for listing it and reading many of its files at little more than the
+// cost of the bare system calls. It is the same folder even if its path leads elsewhere by now.
+class Directory {
+ public:
+  Directory(Descriptor descriptor, std::string path);
+
+  const std::string& path() const { return path_; }  // the platform's, without trailing slash
+  int descriptor() const { return descriptor_.number(); }
+
+  // Without "." and "..", in directory order.
+  platform::Result<std::vector<std::string>, FileError> names() const;
+
+  // A regular file of the folder, whole; the bytes hold until the next read. A symbolic link is
+  // followed only while it stays inside the folder: one that leads out is an error (EXDEV), and so
+  // are FIFOs, devices and folders, told without blocking on them.
+  platform::Result<plist::Bytes, FileError> read(const std::string& name);
+
+  FileError error(const std::string& name, int code, std::string detail = {}) const;
+
+ private:
+  Descriptor descriptor_;
+  std::string path_;
+  std::vector<std::uint8_t> buffer_;
+};
+
+}  // namespace foundation

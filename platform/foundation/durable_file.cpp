@@ -1,0 +1,131 @@
+#include "platform/foundation/durable_file.h"
+
+#include <fcntl.h>
+#include <stdio.h>
+#include <sys/random.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdint>
+#include <string_view>
+
+namespace foundation {
+namespace {
+
+using platform::Done;
+using platform::Result;
+
+constexpr std::size_t kSuffixDigits = 16;
+constexpr std::string_view kDigits = "0123456789abcdef";
+constexpr int kAttempts = 16;
+
+std::string temporaryPrefix(const std::string& name) {
+  return "." + name + ".";
+}
+
+std::string randomSuffix() {
+  std::uint8_t random[kSuffixDigits] = {};
+  // Should the system have no randomness to give, the exclusive creation still keeps it safe.
+  [[maybe_unused]] const ssize_t given = getrandom(random, sizeof random, GRND_NONBLOCK);
+  std::string suffix;
+  for (const std::uint8_t byte : random) suffix += kDigits[byte % kDigits.size()];
+  return suffix;
+}
+
+bool isTemporaryOf(std::string_view candidate, std::string_view prefix) {
+  if (!candidate.starts_with(prefix)) return false;
+  const std::string_view suffix = candidate.substr(prefix.size());
+  return suffix.size() == kSuffixDigits &&
+         suffix.find_first_not_of(kDigits) == std::string_view::npos;
+}
+
+}  // namespace
+
+PendingFile::PendingFile(const Directory& folder, std::string name)
+    : folder_(&folder), name_(std::move(name)) {}
+
+PendingFile::PendingFile(PendingFile&& other) noexcept
+    : folder_(other.folder_),
+      name_(std::move(other.name_)),
+      temporary_(std::exchange(other.temporary_, {})),
+      file_(std::move(other.file_)) {}
+
+PendingFile::~PendingFile() {
+  if (!temporary_.empty()) unlinkat(folder_->descriptor(), temporary_.c_str(), 0);
+}
+
+Result<PendingFile, FileError> PendingFile::write(const Directory& folder, const std::string& name,
+                                                  plist::Bytes bytes) {
+  PendingFile pending(folder, name);
+  const auto created = pending.create();
+  if (!created) return created.error();
+  const auto filled = pending.fill(bytes);
+  if (!filled) return filled.error();
+  return pending;
+}
+
+Result<Done, FileError> PendingFile::create() {
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    const std::string candidate = temporaryPrefix(name_) + randomSuffix();
+    file_ = Descriptor(openat(folder_->descriptor(), candidate.c_str(),
+                              O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+    if (file_) {
+      temporary_ = candidate;
+      return Done{};
+    }
+    if (errno != EEXIST) break;
+  }
+  return folder_->error(name_, errno, "create");
+}
+
+Result<Done, FileError> PendingFile::fill(plist::Bytes bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count = ::write(file_.number(), bytes.data(), bytes.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return folder_->error(name_, errno, "write");
+    bytes = bytes.subspan(static_cast<std::size_t>(count));
+  }
+  return Done{};
+}
+
+Result<Done, FileError> PendingFile::flush() {
+  if (fsync(file_.number()) != 0) return folder_->error(name_, errno, "flush");
+  return Done{};
+}
+
+Result<Done, FileError> PendingFile::putInPlace() {
+  if (!file_.close()) return folder_->error(name_, errno, "close");
+  const int folder = folder_->descriptor();
+  if (renameat(folder, temporary_.c_str(), folder, name_.c_str()) != 0) {
+    return folder_->error(name_, errno, "rename");
+  }
+  temporary_.clear();
+  return Done{};
+}
+
+Result<Done, FileError> flushFile(const Directory& folder, const std::string& name) {
+  const Descriptor file(openat(folder.descriptor(), name.c_str(),
+                               O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+  if (!file) {
+    if (errno == ENOENT) return Done{};
+    return folder.error(name, errno, "flush");
+  }
+  if (fsync(file.number()) != 0) return folder.error(name, errno, "flush");
+  return Done{};
+}
+
+Result<Done, FileError> flushFolder(const Directory& folder) {
+  if (fsync(folder.descriptor()) != 0) return FileError{folder.path(), errno, "flush"};
+  return Done{};
+}
+
+void removeLeftovers(const Directory& folder, const std::string& name) {
+  const auto names = folder.names();
+  if (!names) return;
+  const std::string prefix = temporaryPrefix(name);
+  for (const std::string& candidate : *names) {
+    if (isTemporaryOf(candidate, prefix)) unlinkat(folder.descriptor(), candidate.c_str(), 0);
+  }
+}
+
+}  // namespace foundation

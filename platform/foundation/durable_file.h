@@ -1,0 +1,54 @@
+#pragma once
+
+#include <string>
+
+#include "platform/foundation/descriptor.h"
+#include "platform/foundation/directory.h"
+#include "platform/plist/binary.h"
+#include "platform/result.h"
+
+namespace foundation {
+
+// The steps of replacing a file so that nobody ever sees half of it: it is written in full under
+// another name in the same folder and then renamed over the old one. Two uses:
+//
+//   durable now      write, flush, putInPlace, flushFolder
+//   visible now      write, putInPlace; later, when it shall last, flushFile and flushFolder
+//
+// Each step's failure names the file and the step. A file that was not put in place is removed.
+class PendingFile {
+ public:
+  // Mode 0600, exclusively created, with a random name that begins with a dot. `folder` has to
+  // outlive it.
+  static platform::Result<PendingFile, FileError> write(const Directory& folder,
+                                                        const std::string& name,
+                                                        plist::Bytes bytes);
+  PendingFile(PendingFile&& other) noexcept;
+  PendingFile& operator=(PendingFile&&) = delete;
+  ~PendingFile();
+
+  platform::Result<platform::Done, FileError> flush();
+  platform::Result<platform::Done, FileError> putInPlace();
+
+ private:
+  PendingFile(const Directory& folder, std::string name);
+  platform::Result<platform::Done, FileError> create();
+  platform::Result<platform::Done, FileError> fill(plist::Bytes bytes);
+
+  const Directory* folder_;
+  std::string name_;
+  std::string temporary_;  // empty when there is nothing to remove
+  Descriptor file_;
+};
+
+// Makes the file that bears this name last, whoever wrote it; none is no error.
+platform::Result<platform::Done, FileError> flushFile(const Directory& folder,
+                                                      const std::string& name);
+// Makes the folder's names last.
+platform::Result<platform::Done, FileError> flushFolder(const Directory& folder);
+
+// Removes what writers of `name` left behind when they were killed. Only for one who holds a lock
+// that keeps others from writing it now.
+void removeLeftovers(const Directory& folder, const std::string& name);
+
+}  // namespace foundation

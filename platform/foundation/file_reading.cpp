@@ -1,0 +1,54 @@
+#include "platform/foundation/file_reading.h"
+
+#include <fcntl.h>
+#include <linux/openat2.h>
+#include <sys/syscall.h>
+
+#include <cerrno>
+
+namespace foundation {
+
+Descriptor openBelow(int folder, const std::string& path, int flags, std::uint64_t resolve) {
+  if (path.find('\0') != std::string::npos) return errno = EINVAL, Descriptor();
+  open_how how{};
+  how.flags = static_cast<std::uint64_t>(flags | O_CLOEXEC);
+  if (!(flags & O_PATH)) how.flags |= O_NONBLOCK | O_NOCTTY;
+  how.resolve = resolve | RESOLVE_NO_MAGICLINKS;
+  // EAGAIN: something on the way of a ".." was renamed meanwhile, so the kernel can't tell.
+  for (int attempt = 0; attempt < 100; ++attempt) {
+    const long opened = syscall(SYS_openat2, folder, path.c_str(), &how, sizeof how);
+    if (opened >= 0) return Descriptor(static_cast<int>(opened));
+    if (errno != EAGAIN && errno != EINTR) break;
+  }
+  return Descriptor();
+}
+
+platform::Result<struct stat, FileError> statRegular(const Descriptor& file,
+                                                     const std::string& path) {
+  struct stat status {};
+  if (fstat(file.number(), &status) != 0) return FileError{path, errno};
+  if (S_ISDIR(status.st_mode)) return FileError{path, EISDIR};
+  if (!S_ISREG(status.st_mode)) return FileError{path, 0, "not a regular file"};
+  if (static_cast<std::uint64_t>(status.st_size) > kLargestFile) return FileError{path, EFBIG};
+  return status;
+}
+
+platform::Result<std::size_t, FileError> readWhole(const Descriptor& file, std::size_t size,
+                                                   std::vector<std::uint8_t>& buffer,
+                                                   const std::string& path) {
+  std::size_t length = 0;
+  // One byte more than the file should have: a short read is then its end, without a second one.
+  if (buffer.size() < size + 1) buffer.resize(size + 1);
+  for (;;) {
+    const std::size_t room = buffer.size() - length;
+    const ssize_t count = read(file.number(), buffer.data() + length, room);
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return FileError{path, errno};
+    length += static_cast<std::size_t>(count);
+    if (length > kLargestFile) return FileError{path, EFBIG};
+    if (count == 0 || (length >= size && static_cast<std::size_t>(count) < room)) return length;
+    if (length == buffer.size()) buffer.resize(2 * length);
+  }
+}
+
+}  // namespace foundation

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <sys/stat.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/foundation/descriptor.h"
+#include "platform/foundation/file_error.h"
+#include "platform/result.h"
+
+// The system calls below DeviceRoot and Directory.
+namespace foundation {
+
+// A file of more bytes than this is refused (EFBIG) rather than taken into memory.
+inline constexpr std::uint64_t kLargestFile = std::uint64_t{1} << 30;
+
+// openat2: `path` below `folder`, resolved as `resolve` (RESOLVE_IN_ROOT, RESOLVE_BENEATH) says,
+// without blocking and without giving the descriptor away to a child. The result is empty and
+// errno set when it fails.
+Descriptor openBelow(int folder, const std::string& path, int flags, std::uint64_t resolve);
+
+// What the open file is, once it is known to be a regular one of bearable size.
+platform::Result<struct stat, FileError> statRegular(const Descriptor& file,
+                                                     const std::string& path);
+
+// The whole of an open file of about `size` bytes into the front of `buffer`, which grows as
+// needed and never shrinks. Tells how many bytes there were.
+platform::Result<std::size_t, FileError> readWhole(const Descriptor& file, std::size_t size,
+                                                   std::vector<std::uint8_t>& buffer,
+                                                   const std::string& path);
+
+}  // namespace foundation

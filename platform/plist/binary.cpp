@@ -1,0 +1,47 @@
+#include "platform/plist/binary.h"
+
+#include <array>
+
+namespace plist {
+namespace {
+
+struct Words {
+  std::string_view name, message;
+};
+
+constexpr std::array<Words, 18> kWords = {{
+    {"Truncated", "too short for a binary property list"},
+    {"Header", "not a binary property list"},
+    {"OffsetSize", "the offsets are too narrow"},
+    {"ReferenceSize", "the references are too narrow"},
+    {"ObjectCount", "an impossible number of objects"},
+    {"TopObject", "the top object is missing"},
+    {"TableEnd", "the offset table does not fill the file"},
+    {"ObjectOffset", "an object outside the objects"},
+    {"Reference", "a reference to a missing object"},
+    {"Marker", "an unknown type of object"},
+    {"Length", "a length that is no integer"},
+    {"ObjectEnd", "an object that does not end"},
+    {"UidRange", "a UID of more than 32 bits"},
+    {"KeyKind", "a container as a key"},
+    {"Circular", "a container inside itself"},
+    {"TooDeep", "containers nested too deeply"},
+    {"TooLarge", "too much out of shared objects"},
+    {"NotUtf8", "text that is not UTF-8"},
+}};
+
+const Words& wordsFor(ErrorKind kind) {
+  return kWords[static_cast<std::size_t>(kind)];
+}
+
+}  // namespace
+
+std::string_view nameOf(ErrorKind kind) {
+  return wordsFor(kind).name;
+}
+
+std::string Error::message() const {
+  return std::string(wordsFor(kind).message) + " at byte " + std::to_string(offset);
+}
+
+}  // namespace plist

@@ -1,0 +1,139 @@
+#include <algorithm>
+
+#include "platform/plist/binary_walk.h"
+#include "platform/plist/key_text.h"
+#include "platform/plist/utf.h"
+
+namespace plist {
+
+platform::Result<Value, Error> readBinary(Bytes bytes) {
+  const auto table = ObjectTable::open(bytes);
+  if (!table) return table.error();
+  Allowance allowance(expansionLimit(bytes.size()));
+  BinaryWalk walk(*table);
+  Value value;
+  if (!walk.read(table->top(), &value, allowance)) return walk.error();
+  return value;
+}
+
+std::string keyText(const Object& key) {
+  std::string text;
+  if (key.isText()) {
+    key.readText(text);
+    return text;
+  }
+  Value leaf;
+  key.read(leaf);
+  return keyText(leaf);
+}
+
+bool readKey(const Object& key, Dictionary* dictionary, Value*& place, Allowance& allowance) {
+  const bool hexadecimal = key.type == ObjectType::Data;
+  if (!allowance.take(key.cost + (hexadecimal ? key.count : 0))) return false;
+  const std::string_view bytes(reinterpret_cast<const char*>(key.payload), key.count);
+  if (!dictionary)
+    place = nullptr;
+  else if (key.type == ObjectType::Ascii && isAscii(bytes))
+    place = dictionary->append(bytes);
+  else
+    place = dictionary->append(keyText(key));
+  return true;
+}
+
+bool BinaryWalk::read(std::uint64_t index, Value* value, Allowance& allowance) {
+  depth_ = 0;
+  if (!visit(index, value, allowance)) return false;
+  while (depth_ > 0) {
+    Open& open = open_[depth_ - 1];
+    const Object& container = *open.container;
+    if (!open.value) passLeaves(open, allowance);
+    if (open.next == container.count) {
+      --depth_;
+      continue;
+    }
+    std::uint64_t member = open.next++;
+    Value* place = nullptr;
+    if (container.type == ObjectType::Dictionary) {
+      if (!visitKey(open, member, place, allowance)) return false;
+      member += container.count;
+    } else if (open.value) {
+      Array* members = open.value->array();
+      place = &(members ? *members : open.value->set()->members).emplace_back();
+    }
+    if (!visit(table_.member(container, member), place, allowance)) return blame(container, member);
+  }
+  return true;
+}
+
+// Checks the members up to one that needs more than a look.
+inline void BinaryWalk::passLeaves(Open& open, Allowance& allowance) {
+  if (open.container->type == ObjectType::Dictionary) return;
+  std::uint64_t next = open.next;
+  for (const std::uint64_t count = open.container->count; next < count; ++next) {
+    const Object* member = table_.find(table_.member(*open.container, next));
+    if (!member || member->isContainer() || !allowance.take(member->cost)) break;
+  }
+  open.next = next;
+}
+
+inline bool BinaryWalk::visit(std::uint64_t index, Value* value, Allowance& allowance) {
+  const Object* object = table_.find(index);
+  if (!object) {
+    error_ = table_.errorOf(index);
+    return false;
+  }
+  if (!allowance.take(object->cost)) return fail(ErrorKind::TooLarge, index);
+  if (object->isContainer()) return open(index, *object, value);
+  if (value) object->read(*value);
+  return true;
+}
+
+bool BinaryWalk::open(std::uint64_t index, const Object& container, Value* value) {
+  if (depth_ == open_.size()) return fail(ErrorKind::TooDeep, index);
+  open_[depth_++] = {index, &container, 0, value};
+  if (!value) return true;
+  if (container.type == ObjectType::Dictionary)
+    value->become<Dictionary>().reserve(container.count);
+  else if (container.type == ObjectType::Set)
+    value->become<Set>().members.reserve(container.count);
+  else
+    value->become<Array>().reserve(container.count);
+  return true;
+}
+
+bool BinaryWalk::visitKey(const Open& open, std::uint64_t member, Value*& place,
+                          Allowance& allowance) {
+  const std::uint64_t index = table_.member(*open.container, member);
+  const Object* key = table_.find(index);
+  if (!key) {
+    error_ = table_.errorOf(index);
+    return blame(*open.container, member);
+  }
+  if (key->isContainer()) return fail(ErrorKind::KeyKind, index);
+  Dictionary* dictionary = open.value ? open.value->dictionary() : nullptr;
+  return readKey(*key, dictionary, place, allowance) || fail(ErrorKind::TooLarge, index);
+}
+
+// A reference to nothing has no object to point at: the error points at the reference.
+bool BinaryWalk::blame(const Object& container, std::uint64_t member) {
+  if (error_.kind == ErrorKind::Reference) error_.offset = table_.memberOffset(container, member);
+  return false;
+}
+
+bool BinaryWalk::fail(ErrorKind kind, std::uint64_t index) {
+  const bool endless = kind == ErrorKind::TooDeep || kind == ErrorKind::TooLarge;
+  error_ = {endless && isCircular(index) ? ErrorKind::Circular : kind, table_.offsetOf(index)};
+  return false;
+}
+
+// Walking in a circle ends at one of the limits; only then it is worth looking for one.
+bool BinaryWalk::isCircular(std::uint64_t index) const {
+  std::array<std::uint64_t, kMaximumDepth + 1> path;
+  for (std::size_t i = 0; i < depth_; ++i) path[i] = open_[i].index;
+  path[depth_] = index;
+  const auto end = path.begin() + static_cast<std::ptrdiff_t>(depth_) + 1;
+  std::sort(path.begin(), end);
+  return std::adjacent_find(path.begin(), end) != end;
+}
+
+}  // namespace plist

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <array>
+
+#include "platform/plist/binary_objects.h"
+
+namespace plist {
+
+// What reading may still take, in bytes of memory.
+class Allowance {
+ public:
+  explicit Allowance(std::uint64_t bytes) : left_(bytes) {}
+  bool take(std::uint64_t bytes) {
+    if (bytes > left_) return false;
+    left_ -= bytes;
+    return true;
+  }
+
+ private:
+  std::uint64_t left_;
+};
+
+// Appends an entry with this key, a leaf, to a dictionary and tells where its value goes: nowhere
+// (null) when the key is there already. A null dictionary only pays for the key. False when the
+// allowance is used up.
+bool readKey(const Object& key, Dictionary* dictionary, Value*& place, Allowance& allowance);
+
+// The text of a leaf as a key.
+std::string keyText(const Object& key);
+
+// Reads objects with all that is in them, or only checks them: what passes the check is what can
+// be read, because both are the same walk.
+class BinaryWalk {
+ public:
+  explicit BinaryWalk(const ObjectTable& table) : table_(table) {}
+
+  // Object number `index` into *value; a null value checks only. False with error() when it can't
+  // be read.
+  bool read(std::uint64_t index, Value* value, Allowance& allowance);
+
+  const Error& error() const { return error_; }
+
+ private:
+  struct Open {
+    std::uint64_t index;
+    const Object* container;
+    std::uint64_t next;
+    Value* value;
+  };
+
+  void passLeaves(Open& open, Allowance& allowance);
+  bool visit(std::uint64_t index, Value* value, Allowance& allowance);
+  bool open(std::uint64_t index, const Object& container, Value* value);
+  bool visitKey(const Open& open, std::uint64_t member, Value*& place, Allowance& allowance);
+  bool blame(const Object& container, std::uint64_t member);
+  bool fail(ErrorKind kind, std::uint64_t index);
+  bool isCircular(std::uint64_t index) const;
+
+  const ObjectTable& table_;
+  Error error_;
+  std::size_t depth_ = 0;
+  std::array<Open, kMaximumDepth> open_;
+};
+
+}  // namespace plist

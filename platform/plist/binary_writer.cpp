@@ -1,0 +1,145 @@
+#include <optional>
+
+#include "platform/plist/leaf_table.h"
+#include "platform/plist/object_writer.h"
+#include "platform/plist/utf.h"
+
+namespace plist {
+namespace {
+
+constexpr std::size_t kExpected = 128;  // leaves, before anything has to grow
+
+class Writer {
+ public:
+  Writer(bool merges, std::size_t referenceSize)
+      : merges_(merges), leaves_(kExpected), out_(referenceSize) {}
+
+  // Stops early when the writer is full.
+  bool add(const Value& root);
+
+  ObjectWriter& out() { return out_; }
+  const Error& error() const { return error_; }
+
+ private:
+  struct Open {
+    const Value* value;
+    ObjectWriter::Container container;
+    std::size_t next;
+  };
+
+  bool enter(const Value& value, std::uint32_t& number);
+  bool addText(std::string_view text, std::uint32_t& number);
+  std::uint32_t addNumber(const Value& value);
+  bool addKeys(const Dictionary& dictionary, ObjectWriter::Container container);
+
+  bool merges_;
+  LeafTable leaves_;
+  ObjectWriter out_;
+  std::vector<Open> open_;
+  Error error_;
+};
+
+std::size_t sizeOf(const Value& container) {
+  if (const Dictionary* dictionary = container.dictionary()) return dictionary->size();
+  return container.set() ? container.set()->members.size() : container.array()->size();
+}
+
+const Value& memberOf(const Value& container, std::size_t index) {
+  if (const Dictionary* dictionary = container.dictionary())
+    return dictionary->begin()[index].value;
+  return container.set() ? container.set()->members[index] : (*container.array())[index];
+}
+
+ObjectType typeOf(const Value& container) {
+  if (container.dictionary()) return ObjectType::Dictionary;
+  return container.set() ? ObjectType::Set : ObjectType::Array;
+}
+
+bool Writer::add(const Value& root) {
+  std::uint32_t number = 0;
+  if (!enter(root, number)) return false;
+  while (!open_.empty() && !out_.isFull()) {
+    Open& open = open_.back();
+    const std::size_t size = sizeOf(*open.value), index = open.next++;
+    if (index == size) {
+      open_.pop_back();
+      continue;
+    }
+    const ObjectWriter::Container container = open.container;
+    const std::size_t place = open.value->dictionary() ? size + index : index;
+    if (!enter(memberOf(*open.value, index), number)) return false;
+    out_.setMember(container, place, number);
+  }
+  return true;
+}
+
+bool Writer::enter(const Value& value, std::uint32_t& number) {
+  if (value.text()) return addText(*value.text(), number);
+  if (!value.isContainer()) {
+    number = value.isNumber() ? addNumber(value) : out_.addLeaf(value);
+    return true;
+  }
+  if (open_.size() == kMaximumDepth) {
+    error_ = {ErrorKind::TooDeep, 0};
+    return false;
+  }
+  const auto container = out_.addContainer(typeOf(value), sizeOf(value));
+  number = container.number;
+  open_.push_back({&value, container, 0});
+  return !value.dictionary() || addKeys(*value.dictionary(), container);
+}
+
+bool Writer::addKeys(const Dictionary& dictionary, ObjectWriter::Container container) {
+  std::size_t place = 0;
+  for (const auto& entry : dictionary) {
+    std::uint32_t number = 0;
+    if (!addText(entry.key, number)) return false;
+    out_.setMember(container, place++, number);
+  }
+  return true;
+}
+
+// An object's number is 0 for the top one only, and the top one is never met again.
+bool Writer::addText(std::string_view text, std::uint32_t& number) {
+  const std::uint32_t leaf = merges_ ? leaves_.text(text) : 0;
+  if (merges_ && leaves_[leaf].object != 0) {
+    out_.payForText(text);
+    number = leaves_[leaf].object;
+    return true;
+  }
+  const bool ascii = isAscii(text);
+  if (const auto at = ascii ? std::nullopt : firstNotUtf8(text)) {
+    error_ = {ErrorKind::NotUtf8, *at};
+    return false;
+  }
+  number = out_.addText(text, ascii);
+  if (merges_) leaves_[leaf].object = number;
+  return true;
+}
+
+std::uint32_t Writer::addNumber(const Value& value) {
+  if (!merges_) return out_.addLeaf(value);
+  std::uint32_t& object = leaves_[leaves_.number(value)].object;
+  if (object == 0) object = out_.addLeaf(value);
+  return object;
+}
+
+}  // namespace
+
+platform::Result<std::vector<std::uint8_t>, Error> writeBinary(const Value& value) {
+  bool merges = true;
+  for (std::size_t referenceSize = 1;;) {
+    Writer writer(merges, referenceSize);
+    if (!writer.add(value)) return writer.error();
+    if (writer.out().isFull()) {
+      if (!ObjectWriter::widen(referenceSize)) return Error{ErrorKind::TooLarge, 0};
+      continue;
+    }
+    auto bytes = writer.out().finish();
+    if (!merges || writer.out().cost() <= expansionLimit(bytes.size())) return bytes;
+    merges = false;
+    referenceSize = 1;
+  }
+}
+
+}  // namespace plist

@@ -1,0 +1,166 @@
+#include "platform/plist/object_writer.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+
+#include "platform/plist/utf.h"
+
+namespace plist {
+namespace {
+
+constexpr std::string_view kHeader = "bplist00";
+constexpr std::size_t kTrailer = 32;
+constexpr std::size_t kLongestStart = 1 + 1 + 8;  // marker, length's marker, length
+constexpr std::size_t kFirstCapacity = 4096, kFirstCount = 256;
+
+std::size_t widthFor(std::uint64_t number) {
+  return number < 0x100 ? 1 : number < 0x10000 ? 2 : number < 0x100000000 ? 4 : 8;
+}
+
+std::uint8_t* writeSized(std::uint64_t number, std::size_t size, std::uint8_t* to) {
+  if (size == 1) {
+    *to = static_cast<std::uint8_t>(number);
+    return to + 1;
+  }
+  for (std::size_t i = size; i > 0; --i, number >>= 8)
+    to[i - 1] = static_cast<std::uint8_t>(number);
+  return to + size;
+}
+
+unsigned powerOf(std::size_t size) {
+  return static_cast<unsigned>(std::countr_zero(size));
+}
+
+std::uint8_t* writeStart(unsigned high, std::uint64_t count, std::uint8_t* to) {
+  *to++ = static_cast<std::uint8_t>(high << 4 | (count < 15 ? count : 15));
+  if (count < 15) return to;
+  const std::size_t size = widthFor(count);
+  *to++ = static_cast<std::uint8_t>(0x10 | powerOf(size));
+  return writeSized(count, size, to);
+}
+
+}  // namespace
+
+ObjectWriter::ObjectWriter(std::size_t referenceSize)
+    : bytes_(std::make_unique_for_overwrite<std::uint8_t[]>(kFirstCapacity)),
+      at_(kHeader.size()),
+      capacity_(kFirstCapacity),
+      referenceSize_(referenceSize),
+      limit_((std::uint64_t{1} << (8 * referenceSize)) - 1) {
+  std::memcpy(bytes_.get(), kHeader.data(), kHeader.size());
+  offsets_.reserve(kFirstCount);
+}
+
+// Where the next object of at most this size goes.
+std::uint8_t* ObjectWriter::begin(std::size_t size) {
+  if (size > capacity_ - at_) {
+    capacity_ = std::max(2 * capacity_, at_ + size);
+    auto larger = std::make_unique_for_overwrite<std::uint8_t[]>(capacity_);
+    std::memcpy(larger.get(), bytes_.get(), at_);
+    bytes_ = std::move(larger);
+  }
+  offsets_.push_back(at_);
+  return bytes_.get() + at_;
+}
+
+std::uint32_t ObjectWriter::addSized(unsigned marker, std::uint64_t number, std::size_t size) {
+  std::uint8_t* to = begin(1 + size);
+  *to++ = static_cast<std::uint8_t>(marker);
+  end(writeSized(number, size, to));
+  return last();
+}
+
+std::uint32_t ObjectWriter::addUid(std::uint32_t index) {
+  const std::size_t size = widthFor(index);
+  return addSized(0x80 | static_cast<unsigned>(size - 1), index, size);
+}
+
+std::uint32_t ObjectWriter::addText(std::string_view utf8, bool isAscii) {
+  payForText(utf8);
+  std::uint8_t* to = begin(kLongestStart + 2 * utf8.size());
+  if (isAscii) {
+    to = writeStart(0x5, utf8.size(), to);
+    std::memcpy(to, utf8.data(), utf8.size());
+    end(to + utf8.size());
+  } else {
+    end(writeUtf16(utf8, writeStart(0x6, utf16Units(utf8), to)));
+  }
+  return last();
+}
+
+// As if it were none but ASCII or wholly beyond, whichever costs more.
+void ObjectWriter::payForText(std::string_view text) {
+  cost_ += memoryCost(ObjectType::Utf16, text.size());
+}
+
+std::uint32_t ObjectWriter::addData(const Data& data) {
+  const std::size_t size = data.bytes.size();
+  cost_ += memoryCost(ObjectType::Data, size);
+  std::uint8_t* to = writeStart(0x4, size, begin(kLongestStart + size));
+  std::copy(data.bytes.begin(), data.bytes.end(), to);
+  end(to + size);
+  return last();
+}
+
+std::uint32_t ObjectWriter::addInteger(const Value& integer) {
+  const auto bits = integer.unsignedInteger();
+  if (!bits) return addSized(0x13, static_cast<std::uint64_t>(*integer.integer()), 8);
+  const std::size_t size = *bits > INT64_MAX ? 16 : widthFor(*bits);
+  return addSized(0x10 | powerOf(size), *bits, size);
+}
+
+std::uint32_t ObjectWriter::addLeaf(const Value& leaf) {
+  switch (leaf.kind()) {
+    case Kind::Boolean:
+      return addSized(*leaf.boolean() ? 0x09 : 0x08, 0, 0);
+    case Kind::Integer:
+      return addInteger(leaf);
+    case Kind::Real:
+      if (!leaf.isSinglePrecision())
+        return addSized(0x23, std::bit_cast<std::uint64_t>(*leaf.real()), 8);
+      return addSized(0x22, std::bit_cast<std::uint32_t>(static_cast<float>(*leaf.real())), 4);
+    case Kind::Date:
+      return addSized(0x33, std::bit_cast<std::uint64_t>(leaf.date()->seconds), 8);
+    case Kind::Uid:
+      return addUid(leaf.uid()->index);
+    case Kind::Text:
+      return addText(*leaf.text(), isAscii(*leaf.text()));
+    case Kind::Data:
+      return addData(*leaf.data());
+    default:
+      return addSized(0x00, 0, 0);
+  }
+}
+
+ObjectWriter::Container ObjectWriter::addContainer(ObjectType type, std::size_t count) {
+  const bool isDictionary = type == ObjectType::Dictionary;
+  const std::size_t size = (isDictionary ? 2 * count : count) * referenceSize_;
+  cost_ += memoryCost(type, count);
+  std::uint8_t* to = begin(kLongestStart + size);
+  to = writeStart(isDictionary ? 0xD : type == ObjectType::Set ? 0xC : 0xA, count, to);
+  const auto members = static_cast<std::size_t>(to - bytes_.get());
+  end(to + size);
+  return {last(), members};
+}
+
+void ObjectWriter::setWideMember(std::uint8_t* to, std::uint32_t object) const {
+  writeSized(object, referenceSize_, to);
+}
+
+std::vector<std::uint8_t> ObjectWriter::finish() {
+  const std::size_t table = at_, offsetSize = widthFor(table), count = offsets_.size();
+  std::vector<std::uint8_t> all(table + count * offsetSize + kTrailer);
+  std::memcpy(all.data(), bytes_.get(), table);
+  std::uint8_t* to = all.data() + table;
+  for (const std::uint64_t offset : offsets_) to = writeSized(offset, offsetSize, to);
+  to = writeSized(0, 6, to);
+  to = writeSized(offsetSize, 1, to);
+  to = writeSized(referenceSize_, 1, to);
+  to = writeSized(count, 8, to);
+  to = writeSized(0, 8, to);
+  writeSized(table, 8, to);
+  return all;
+}
+
+}  // namespace plist

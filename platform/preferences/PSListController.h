@@ -1,0 +1,74 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/preferences/PSSpecifier.h"
+#include "platform/preferences/PSTableCell.h"
+#include "platform/preferences/PSViewController.h"
+
+namespace preferences {
+
+// A page of rows that come from a specifier list.
+class PSListController : public PSViewController {
+ public:
+  using Specifiers = std::vector<std::shared_ptr<PSSpecifier>>;
+
+  using PSViewController::PSViewController;
+  std::string_view className() const override { return "PSListController"; }
+
+  // The page's rows, loaded on first use from the list that bears the class's name.
+  virtual const Specifiers& specifiers();
+  // The rows of a list of the bundle; a page takes its title from it unless a row opened the page.
+  // Each list row's data sources are asked. An unknown or broken list gives no rows and a
+  // description of what is wrong in `loadError`.
+  Specifiers loadSpecifiersFromPlistNameTarget(std::string_view name, PSListController& target);
+  const std::string& loadError() const { return loadError_; }
+
+  PSSpecifier* specifierForID(std::string_view identifier);  // the first of that id, or null
+
+  // Makes a built row's cell anew, showing the stored value.
+  void reloadSpecifier(PSSpecifier* specifier);
+  // Drops all rows and loads the list anew.
+  virtual void reloadSpecifiers();
+
+  // Stores under the row's "key" in its "defaults" and posts its "PostNotification". Without key or
+  // defaults nothing is stored.
+  void setPreferenceValueSpecifier(const plist::Value& value, PSSpecifier* specifier);
+  // The stored value, else the row's "default", else Nothing.
+  plist::Value readPreferenceValue(PSSpecifier* specifier);
+
+  void viewDidLoad() override;
+
+  // What the platform does for a row. Its value comes through the row's getter, a change goes
+  // through its setter, where the list names one.
+  plist::Value valueOf(PSSpecifier& specifier);
+  void userChanged(PSSpecifier& specifier, const plist::Value& value);
+  void buildRow(PSSpecifier& specifier);  // makes the cell and control of a row come on screen
+  // Asks the row's data sources again.
+  void loadChoices(PSSpecifier& specifier);
+  // The table scrolled.
+  virtual void scrollViewDidScroll(uikit::View*) {}
+  // The id of the switch that dims a row now; empty where none does.
+  virtual std::string_view dimmedBy(std::string_view) { return {}; }
+
+  const Operations& operations() const override { return ownOperations; }
+  static const Operations ownOperations;
+
+ protected:
+  std::optional<Specifiers> specifiers_;
+
+  void loadRows() { specifiers(); }  // `specifiers` as an operation without a result
+
+ private:
+  foundation::Object* findSpecifier(const std::string& identifier);
+
+  std::unordered_map<std::string_view, PSSpecifier*> byIdentifier_;
+  std::string loadError_;
+};
+
+}  // namespace preferences

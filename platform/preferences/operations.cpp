@@ -1,0 +1,53 @@
+#include "platform/preferences/operations.h"
+
+namespace preferences {
+
+std::optional<plist::Value> valueIn(const Argument& argument) {
+  if (auto* value = std::get_if<plist::Value>(&argument)) return *value;
+  if (std::holds_alternative<std::nullptr_t>(argument)) return plist::Value();
+  return std::nullopt;
+}
+
+std::optional<plist::Array> Convert<plist::Array>::from(const Argument& argument) {
+  auto value = valueIn(argument);
+  if (!value || !value->array()) return std::nullopt;
+  return *value->array();
+}
+
+std::optional<std::string> Convert<std::string>::from(const Argument& argument) {
+  auto value = valueIn(argument);
+  if (!value || !value->text()) return std::nullopt;
+  return *value->text();
+}
+
+std::optional<std::optional<std::string>> Convert<std::optional<std::string>>::from(
+    const Argument& argument) {
+  auto value = valueIn(argument);
+  if (!value) return std::nullopt;
+  if (value->isNothing()) return std::optional<std::string>();
+  if (!value->text()) return std::nullopt;
+  return std::optional<std::string>(*value->text());
+}
+
+std::optional<uikit::IndexPath> Convert<uikit::IndexPath>::from(const Argument& argument) {
+  auto value = valueIn(argument);
+  const plist::Array* pair = value ? value->array() : nullptr;
+  if (!pair || pair->size() != 2) return std::nullopt;
+  auto section = (*pair)[0].integer(), row = (*pair)[1].integer();
+  if (!section || !row) return std::nullopt;
+  return uikit::IndexPath{static_cast<int>(*section), static_cast<int>(*row)};
+}
+
+std::optional<Argument> Operation::run(foundation::Object& self,
+                                       std::span<const Argument> arguments) const {
+  if (arguments.size() != arity_) return std::nullopt;
+  return run_(self, arguments);
+}
+
+const Operation* Operations::find(std::string_view selector) const {
+  for (const Operation& operation : own_)
+    if (operation.selector() == selector) return &operation;
+  return base_ ? base_->find(selector) : nullptr;
+}
+
+}  // namespace preferences

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/plist/binary.h"
+#include "platform/plist/value.h"
+
+// What only a real system can give. Each is an interface here and a module in linux/; a service
+// whose library is missing on a machine is absent, and the one who asks is told.
+namespace platform {
+
+// Cross-process notifications: a name and nothing else.
+class DarwinNotificationCenter {
+ public:
+  virtual ~DarwinNotificationCenter() = default;
+  virtual void post(std::string_view name) = 0;  // dropped silently where there is no bus
+};
+
+// localizedStandardCompare: of the user's locale.
+class Collator {
+ public:
+  virtual ~Collator() = default;
+  virtual int compare(std::string_view a, std::string_view b) = 0;  // <0, 0, >0
+};
+
+class Urls {
+ public:
+  virtual ~Urls() = default;
+  virtual bool canOpen(std::string_view url) = 0;  // has an application for the URL's scheme
+  virtual bool open(std::string_view url) = 0;
+};
+
+struct Person {
+  std::string firstName, lastName;
+  std::vector<std::string> phones, emails;
+};
+
+class AddressBook {
+ public:
+  virtual ~AddressBook() = default;
+  // All persons of the default source, sorted by first name, equal ones in stored order.
+  virtual std::vector<Person> peopleSortedByFirstName() = 0;
+};
+
+class SystemSounds {
+ public:
+  virtual ~SystemSounds() = default;
+  virtual void play(const std::optional<std::string>& url) = 0;  // no URL: nothing is heard
+};
+
+// XML property lists, for archives and imports that others wrote in that form.
+class XmlPropertyLists {
+ public:
+  virtual ~XmlPropertyLists() = default;
+  // error: what and which line
+  virtual Result<plist::Value, std::string> read(plist::Bytes bytes) = 0;
+  // error: what the form can't carry
+  virtual Result<std::vector<std::uint8_t>, std::string> write(const plist::Value& value) = 0;
+};
+
+}  // namespace platform

@@ -1,0 +1,25 @@
+#include "platform/uikit/hsb.h"
+
+#include <algorithm>
+
+namespace uikit {
+namespace {
+
+double hueOf(const Color& color, double largest, double spread) {
+  const auto [red, green, blue, alpha] = color;
+  if (spread == 0) return 0;
+  const double sixths = largest == red     ? (green - blue) / spread
+                        : largest == green ? 2 + (blue - red) / spread
+                                           : 4 + (red - green) / spread;
+  return sixths < 0 ? sixths / 6 + 1 : sixths / 6;
+}
+
+}  // namespace
+
+Hsb hsbOf(const Color& color) {
+  const auto [smallest, largest] = std::minmax({color.red, color.green, color.blue});
+  const double spread = largest - smallest;
+  return {hueOf(color, largest, spread), largest == 0 ? 0 : spread / largest, largest};
+}
+
+}  // namespace uikit

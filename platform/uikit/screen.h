@@ -1,0 +1,37 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "platform/uikit/alert.h"
+
+namespace uikit {
+
+// The alerts and sheets that stand over the page. A new one covers those that are there; once it
+// goes, they are on top again.
+class Screen {
+ public:
+  void present(std::shared_ptr<Alert> alert);
+
+  const std::vector<std::shared_ptr<Alert>>& alerts() const { return alerts_; }  // topmost last
+  Alert* topmost() const;  // null when there is none
+
+  // Presses a button of the topmost alert, which goes from the screen before its action runs. False
+  // when there is no such button, or no alert.
+  bool press(int button);
+
+  // Takes all away without pressing anything, as when the application ends.
+  void dismissAll();
+
+  // Called when an alert comes or goes.
+  void setObserver(std::function<void()> changed) { changed_ = std::move(changed); }
+
+ private:
+  void notify() const;
+
+  std::vector<std::shared_ptr<Alert>> alerts_;
+  std::function<void()> changed_;
+};
+
+}  // namespace uikit

@@ -1,0 +1,196 @@
+#!/usr/bin/env python3
+"""Proves from the include lines which folder knows which.
+
+usage: includes.py [ROOT]     prints each line that breaks a rule; 1 if there is one
+"""
+import os
+import re
+import sys
+from pathlib import Path
+
+# A room is a folder or a file; a file is in the room with the longest name that leads to it.
+PLIST = ["platform/result.h", "platform/plist"]
+FOUNDATION = PLIST + ["platform/foundation"]
+PLATFORM = FOUNDATION + ["platform/archive", "platform/uikit", "platform/preferences",
+                         "platform/services.h"]
+CORE = PLATFORM + ["prefs/core"]
+PREFS = CORE + ["prefs/profiles", "prefs/pages", "prefs/colorpicker", "prefs/root"]
+BUNDLE = PREFS + ["prefs/resources"]
+HOST = BUNDLE + ["host"]
+LINUX = PLATFORM + ["linux"]
+EVERYTHING = HOST + LINUX + ["apps", "apps/cli", "apps/window", "tools", "tests", "bench", "fuzz"]
+
+# Which rooms each room may include. A room always knows itself.
+KNOWS = {
+    "platform/result.h": [],
+    "platform/plist": PLIST,
+    "platform/archive": PLIST,
+    "platform/foundation": FOUNDATION,
+    "platform/uikit": FOUNDATION,
+    "platform/services.h": FOUNDATION,
+    "platform/preferences": PLATFORM,
+    "prefs/core": CORE,
+    "prefs/profiles": CORE,
+    "prefs/pages": CORE + ["prefs/profiles"],
+    "prefs/colorpicker": CORE,
+    "prefs/root": PREFS,
+    "prefs/resources": BUNDLE,
+    "host": HOST,
+    "linux": LINUX,
+    "apps": HOST + LINUX,
+    "apps/cli": HOST + LINUX + ["apps"],
+    "apps/window": HOST + LINUX + ["apps"],
+    "tools": HOST + LINUX,
+    "tests": EVERYTHING,
+    "bench": EVERYTHING,
+    "fuzz": EVERYTHING,
+}
+
+# Headers that are no part of the house, by the kind of thing they bring in.
+KINDS = {
+    "posix": r"(unistd|fcntl|dirent|poll|signal|spawn|dlfcn|pwd|termios|pthread|glob|ftw)\.h"
+             r"|(stdio|stdlib|time)\.h|(sys|linux|netinet|arpa)/[\w/]+\.h",
+    "qt": r"Q[A-Z]\w*|Qt[A-Z]\w*/\w+|qpa/\w+\.h|qqml\w*\.h",
+    "icu": r"unicode/\w+\.h",
+    "glib": r"glib(-object|-unix)?\.h|glib/\w+\.h|gio/\w+\.h",
+    "systemd": r"systemd/sd-[\w-]+\.h",
+    "expat": r"expat\.h",
+    "vcard": r"libebook-contacts/[\w-]+\.h",
+    "gstreamer": r"gst/[\w/]+\.h",
+    "cli11": r"CLI/\w+\.hpp",
+    "json": r"nlohmann/\w+\.hpp",
+    "gtest": r"g(test|mock)/[\w-]+\.h",
+    "benchmark": r"benchmark/benchmark\.h",
+    "c": r"(malloc|stddef|stdint)\.h",
+    "libplist": r"plist/plist\.h",
+    "gnustep": r"Foundation/\w+\.h|objc/[\w-]+\.h",
+}
+ALL_KINDS = list(KINDS)
+
+# Which of them each room may include; what isn't named here has the C++ standard library alone.
+TAKES = {
+    "platform/foundation": ["posix"],
+    "linux": ["posix", "icu", "glib", "systemd", "expat", "vcard", "gstreamer"],
+    "apps": ["posix"],
+    "apps/cli": ["posix", "cli11", "json"],
+    "apps/window": ["posix", "qt"],
+    "tools": ["posix", "expat"],
+    "tests": ALL_KINDS,
+    "bench": ALL_KINDS,
+    "fuzz": ALL_KINDS,
+}
+
+STANDARD = set("""
+algorithm any array atomic barrier bit bitset charconv chrono codecvt compare complex concepts
+condition_variable coroutine deque exception execution filesystem format forward_list fstream
+functional future initializer_list iomanip ios iosfwd iostream istream iterator latch limits list
+locale map memory memory_resource mutex new numbers numeric optional ostream queue random ranges
+ratio regex scoped_allocator semaphore set shared_mutex source_location span sstream stack stdexcept
+stop_token streambuf string string_view syncstream system_error thread tuple type_traits typeindex
+typeinfo unordered_map unordered_set utility valarray variant vector version
+cassert cctype cerrno cfenv cfloat cinttypes climits clocale cmath csetjmp csignal cstdarg cstddef
+cstdint cstdio cstdlib cstring ctime cuchar cwchar cwctype
+""".split())
+
+SOURCES = {".h", ".hpp", ".c", ".cc", ".cpp", ".cxx", ".m", ".mm", ".inc", ".ipp"}
+INCLUDE = re.compile(r"^\s*(?:#|%:)\s*(?:include|import|include_next)\b\s*(.*)")
+MODULE = re.compile(r"^\s*(?:export\s+)?import\s+[\w<\":][^;]*;")
+NAMED = re.compile(r'^(?:"([^"]+)"|<([^>]+)>)')
+
+
+def room_of(path):
+    """The room of a path relative to the root, or None outside all rooms."""
+    parts = path.split("/")
+    for length in range(len(parts), 0, -1):
+        name = "/".join(parts[:length])
+        if name in KNOWS:
+            return name
+    return None
+
+
+def kind_of(header):
+    return next((kind for kind, names in KINDS.items() if re.fullmatch(names, header)), None)
+
+
+def fault_of(root, path, room, target):
+    """What is wrong with one include of a file, or None."""
+    named = NAMED.match(target)
+    if not named:
+        return "an include must name its file"
+    quoted, header = named[1] is not None, named[1] or named[2]
+    # moc's output stands beside the class that it completes.
+    if room in ("apps/window", "tests") and quoted and header == Path(path).stem + ".moc":
+        return None
+    if quoted:
+        return house_fault(root, room, header)
+    if (root / header).is_file():
+        return "a file of the house is written in quotes"
+    if header in STANDARD:
+        return None
+    kind = kind_of(header)
+    if kind is None:
+        return "unknown: neither the house's nor the standard library's nor a library that it takes"
+    if kind not in TAKES.get(room, []):
+        return f"{room} may not include {kind} headers"
+    return None
+
+
+def house_fault(root, room, header):
+    if os.path.normpath(header) != header:
+        return "written from the root, without dots"
+    if not (root / header).is_file():
+        return "unknown: no such file below the root"
+    if Path(header).suffix not in SOURCES:
+        return "unknown: not a source file, so nothing checks what it includes"
+    other = room_of(header)
+    if other is None:
+        return "outside all rooms"
+    if other != room and other not in KNOWS[room]:
+        return f"{room} may not know {other}"
+    return None
+
+
+def source_files(root):
+    """Every file that counts, relative to the root."""
+    for folder, folders, files in os.walk(root):
+        top = Path(folder) == root
+        folders[:] = sorted(f for f in folders if not (f == ".git" or (top and f == "build")))
+        for name in sorted(files):
+            path = Path(folder, name)
+            if path.suffix in SOURCES or path.suffix == ".qml":
+                yield path.relative_to(root).as_posix()
+
+
+def faults_in(root, path):
+    room = room_of(path)
+    if room is None:
+        yield f"{path}: stands outside all rooms"
+        return
+    if path.endswith(".qml"):
+        if room not in ("apps/window", "tests"):
+            yield f"{path}: {room} may not hold QML"
+        return
+    text = (root / path).read_text(encoding="utf-8", errors="replace").replace("\\\n", "")
+    for number, line in enumerate(text.split("\n"), 1):
+        include = INCLUDE.match(line)
+        if include:
+            fault = fault_of(root, path, room, include[1].strip())
+        else:
+            fault = "a module import, which no rule covers" if MODULE.match(line) else None
+        if fault:
+            yield f"{path}:{number}: {line.strip()}: {fault}"
+
+
+def faults(root):
+    root = Path(root).resolve()
+    return [fault for path in source_files(root) for fault in faults_in(root, path)]
+
+
+def main():
+    found = faults(sys.argv[1] if len(sys.argv) > 1 else Path(__file__).parents[2])
+    print("\n".join(found))
+    return 1 if found else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,3 @@
+int absent() {
+  return 1;
+}
