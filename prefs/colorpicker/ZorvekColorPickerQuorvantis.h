@@ -1,0 +1,77 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/preferences/PSViewController.h"
+#include "platform/uikit/controls.h"
+#include "platform/uikit/table_view.h"
+#include "prefs/colorpicker/view_tags.h"
+
+namespace prefs {
+
+// The page that sets one colour: a table of the palettes, a section each, the current colour
+// ticked, and a last row whose colour the user mixes with three sliders. The row that opened the
+// page names the setting; each choice is stored and announced at once.
+class ZorvekColorPickerQuorvantis : public preferences::PSViewController,
+                                    public uikit::TableViewSource {
+ public:
+  using PSViewController::PSViewController;
+  std::string_view className() const override { return "ZorvekColorPickerQuorvantis"; }
+
+  // The current colour, of any kind that another has stored; text once the user has chosen.
+  plist::Value selectedColor;
+  plist::Value defaultColor;                          // shown while nothing is stored
+  std::optional<uikit::IndexPath> selectedIndexPath;  // the row that was last ticked
+  std::optional<std::string> prefKey, appID;
+  std::optional<std::string> notificationKey;                // cross-process
+  std::optional<std::string> refreshPreviewNotificationKey;  // in-process
+  bool allowAutomatic = true;                                // kept; nothing depends on it
+
+  plist::Array palettes();
+  plist::Array specialColors();
+  plist::Array iOSColors();
+  plist::Array crayonColors();
+  plist::Array customColor();
+  bool presetColorExists(const std::optional<std::string>& color);
+  plist::Array sortPaletteByHue(const plist::Array& entries);
+
+  void loadView() override;
+  void viewDidLoad() override;
+  uikit::TableView* table() const override { return table_.get(); }
+  bool hasSlider(int tag) const override { return tag >= kRedSliderTag && tag <= kBlueSliderTag; }
+
+  // A row that no palette has is no cell, and choosing it does nothing.
+  int numberOfSectionsInTableView(uikit::TableView& table) override;
+  std::string tableViewTitleForHeaderInSection(uikit::TableView& table, int section) override;
+  int tableViewNumberOfRowsInSection(uikit::TableView& table, int section) override;
+  double tableViewHeightForRowAtIndexPath(uikit::TableView& table, uikit::IndexPath path) override;
+  std::shared_ptr<uikit::TableViewCell> tableViewCellForRowAtIndexPath(
+      uikit::TableView& table, uikit::IndexPath path) override;
+  void tableViewDidSelectRowAtIndexPath(uikit::TableView& table, uikit::IndexPath path) override;
+
+  // Stores the colour and posts; an unset colour removes the key.
+  void notifyTweak(const std::optional<std::string>& color);
+
+  // Dragging shows the mixed colour on the custom row; letting go stores it if that row is ticked.
+  void sliderAction(foundation::Object* sender);
+  void sliderDidEndSliding(foundation::Object* sender);
+  std::shared_ptr<uikit::View> getSliderViewWithColor(const uikit::Color& color);
+  // Moves the sliders to the colour, if one is given, and shows what they mix on the custom row.
+  // Nothing happens while that row is off screen. The row is found by its tag, which a cell keeps
+  // when another row reuses it.
+  void setCustomColorNotifyTweak(const std::optional<std::string>& color, bool notify);
+
+  const preferences::Operations& operations() const override { return ownOperations; }
+  static const preferences::Operations ownOperations;
+
+ private:
+  void showEntry(uikit::TableViewCell& cell, uikit::IndexPath path);
+  void showCustomColor(uikit::TableViewCell& cell, uikit::IndexPath path);
+  uikit::Slider* slider(int tag) const;
+
+  std::shared_ptr<uikit::TableView> table_;
+};
+
+}  // namespace prefs

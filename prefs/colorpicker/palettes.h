@@ -1,0 +1,32 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "platform/plist/value.h"
+
+namespace prefs {
+
+// The colours that the picker offers. `hex` is the colour text that is stored, or a word: "none",
+// or "custom" for the row whose colour the user mixes, which is never stored.
+struct ColorEntry {
+  std::string_view name, hex;
+};
+
+struct Palette {
+  std::string_view title;
+  std::span<const ColorEntry> colors;
+};
+
+// Section by section.
+enum PaletteSection { kSpecialSection, kIOSSection, kCrayonsSection, kCustomSection };
+std::span<const Palette> colorPalettes();
+
+// Whether the text is the hex of an entry, letter by letter: "#ffffff" is none.
+bool presetColorExists(std::string_view text);
+
+// A dictionary of "name" and "hex" for each entry, and of "title" and "colors" for each palette.
+plist::Array asArray(std::span<const ColorEntry> colors);
+plist::Array asArray(std::span<const Palette> palettes);
+
+}  // namespace prefs

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/preferences/PSListController.h"
+#include "platform/preferences/environment.h"
+
+// The five ways in which the bundle touches its preference domain. All ignore the store's results,
+// as the pages are meant to; the host hears of failures from the store itself.
+namespace prefs {
+
+// Stores the value of a row and posts the row's notification, redraws the row, flushes.
+void pageWrite(preferences::PSListController& page, foundation::Preferences& preferences,
+               const plist::Value& value, preferences::PSSpecifier* specifier);
+
+// The value of one key as it is on disk now; empty when there is none, or no key or no domain is
+// given.
+std::optional<plist::Value> singleValueRead(foundation::Preferences& preferences,
+                                            const std::optional<std::string>& key,
+                                            const std::optional<std::string>& domain);
+
+// How a single value is stored and announced; what is unset is left out.
+struct SingleValueWrite {
+  std::optional<std::string> key, domain;
+  std::optional<std::string> previewNotification;  // in-process
+  std::optional<std::string> postNotification;     // cross-process
+};
+
+// Stores and flushes (only the domain decides whether), posts in-process, posts cross-process.
+void singleValueWriteWithNotification(preferences::Environment& environment,
+                                      const SingleValueWrite& write, const plist::Value& value);
+
+// Every stored key and value of the bundle's domain.
+plist::Dictionary wholeDomainRead(foundation::Preferences& preferences);
+
+// Lays the dictionary over the bundle's domain and flushes. Nothing is ever removed.
+void wholeDomainWrite(foundation::Preferences& preferences, const plist::Dictionary& values);
+
+}  // namespace prefs

@@ -1,0 +1,38 @@
+#include "prefs/pages/DependentListController.h"
+
+#include "prefs/core/preference_store.h"
+
+namespace prefs {
+
+const preferences::Operations DependentListController::ownOperations{
+    {
+        {"setSliderEnableDisable", &DependentListController::setSliderEnableDisable},
+        {"setValue:forSpecifier:", &DependentListController::setValueForSpecifier},
+    },
+    &EvaluatedListController::ownOperations};
+
+const preferences::PSListController::Specifiers& DependentListController::specifiers() {
+  if (!specifiers_) {
+    PSListController::specifiers();
+    bound_.bind(rules(), *this);
+  }
+  return *specifiers_;
+}
+
+std::string_view DependentListController::dimmedBy(std::string_view row) {
+  specifiers();
+  return bound_.dimmedBy(row, *this);
+}
+
+void DependentListController::setSliderEnableDisable() {
+  specifiers();
+  bound_.evaluate();
+}
+
+void DependentListController::setValueForSpecifier(const plist::Value& value,
+                                                   preferences::PSSpecifier* specifier) {
+  pageWrite(*this, environment().preferences, value, specifier);
+  setSliderEnableDisable();
+}
+
+}  // namespace prefs

@@ -1,0 +1,13 @@
+#include "prefs/pages/ExtrasListController.h"
+
+namespace prefs {
+
+const preferences::Operations ExtrasListController::ownOperations{
+    {{"specifiers", &ExtrasListController::loadRows}}, &PSListController::ownOperations};
+
+const preferences::PSListController::Specifiers& ExtrasListController::specifiers() {
+  if (!specifiers_) specifiers_ = loadSpecifiersFromPlistNameTarget("ExtrasListController", *this);
+  return *specifiers_;
+}
+
+}  // namespace prefs

@@ -1,0 +1,70 @@
+#include "prefs/pages/GeneralSettingsController.h"
+
+#include "prefs/profiles/saved_profiles.h"
+
+namespace prefs {
+namespace {
+
+struct Action {
+  int code;  // what is stored, and what the extension acts on
+  std::string_view title;
+};
+constexpr Action kActions[] = {{200, "Toggle Quorvantis"}, {201, "Toggle Low Power Mode"}};
+
+plist::Array actionCodes() {
+  plist::Array codes;
+  for (const Action& action : kActions) codes.emplace_back(action.code);
+  return codes;
+}
+
+plist::Array actionTitles() {
+  plist::Array titles;
+  for (const Action& action : kActions) titles.emplace_back(action.title);
+  return titles;
+}
+
+}  // namespace
+
+const preferences::Operations GeneralSettingsController::ownOperations{
+    {
+        {"specifiers", &GeneralSettingsController::loadRows},
+        {"tapValueDataFromTarget:", &GeneralSettingsController::tapValueDataFromTarget},
+        {"tapDataFromTarget:", &GeneralSettingsController::tapDataFromTarget},
+        {"holdValueDataFromTarget:", &GeneralSettingsController::holdValueDataFromTarget},
+        {"holdDataFromTarget:", &GeneralSettingsController::holdDataFromTarget},
+        {"valueDataFromTarget:", &GeneralSettingsController::valueDataFromTarget},
+        {"titlesDataFromTarget:", &GeneralSettingsController::titlesDataFromTarget},
+    },
+    &PSListController::ownOperations};
+
+const preferences::PSListController::Specifiers& GeneralSettingsController::specifiers() {
+  if (!specifiers_)
+    specifiers_ = loadSpecifiersFromPlistNameTarget("GeneralSettingsController", *this);
+  return *specifiers_;
+}
+
+plist::Array GeneralSettingsController::tapValueDataFromTarget(foundation::Object*) {
+  return actionCodes();
+}
+
+plist::Array GeneralSettingsController::tapDataFromTarget(foundation::Object*) {
+  return actionTitles();
+}
+
+plist::Array GeneralSettingsController::holdValueDataFromTarget(foundation::Object*) {
+  return actionCodes();
+}
+
+plist::Array GeneralSettingsController::holdDataFromTarget(foundation::Object*) {
+  return actionTitles();
+}
+
+plist::Array GeneralSettingsController::valueDataFromTarget(foundation::Object*) {
+  return asArray(savedProfiles(environment(), TitleForm::WithDescription).paths);
+}
+
+plist::Array GeneralSettingsController::titlesDataFromTarget(foundation::Object*) {
+  return asArray(savedProfiles(environment(), TitleForm::WithDescription).titles);
+}
+
+}  // namespace prefs

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/preferences/PSListController.h"
+
+namespace prefs {
+
+// The page of general options. Its lists are built afresh at each call.
+class GeneralSettingsController : public preferences::PSListController {
+ public:
+  using PSListController::PSListController;
+  std::string_view className() const override { return "GeneralSettingsController"; }
+
+  const Specifiers& specifiers() override;
+
+  // The action that a tap runs and the one that a hold runs: the same choices, as two pairs, so
+  // that each row names its own.
+  plist::Array tapValueDataFromTarget(foundation::Object* target);
+  plist::Array tapDataFromTarget(foundation::Object* target);
+  plist::Array holdValueDataFromTarget(foundation::Object* target);
+  plist::Array holdDataFromTarget(foundation::Object* target);
+
+  // Saved profiles, paths and titles with descriptions.
+  plist::Array valueDataFromTarget(foundation::Object* target);
+  plist::Array titlesDataFromTarget(foundation::Object* target);
+
+  const preferences::Operations& operations() const override { return ownOperations; }
+  static const preferences::Operations ownOperations;
+};
+
+}  // namespace prefs

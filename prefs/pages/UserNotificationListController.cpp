@@ -1,0 +1,68 @@
+#include "prefs/pages/UserNotificationListController.h"
+
+#include "platform/foundation/url.h"
+#include "prefs/core/preference_store.h"
+#include "prefs/pages/contact_choices.h"
+#include "prefs/pages/sound_choices.h"
+
+namespace prefs {
+namespace {
+
+constexpr DependencyRule kRules[] = {
+    {"vibrate", "vibrateduration", By::Interaction},
+    {"flashled", "flashledduration", By::Interaction},
+    {"sendmessage", "adressbook", By::CellEnabled},
+    {"sendmessage", "msgrecipient", By::CellEnabled},
+    {"sendmessage", "msgtext", By::CellEnabled},
+};
+
+}  // namespace
+
+const preferences::Operations UserNotificationListController::ownOperations{
+    {
+        {"valueDataFromTarget:", &UserNotificationListController::valueDataFromTarget},
+        {"titlesDataFromTarget:", &UserNotificationListController::titlesDataFromTarget},
+        {"contactsValueDataFromTarget:",
+         &UserNotificationListController::contactsValueDataFromTarget},
+        {"contactsTitlesDataFromTarget:",
+         &UserNotificationListController::contactsTitlesDataFromTarget},
+        {"testSound", &UserNotificationListController::testSound},
+    },
+    &DependentListController::ownOperations};
+
+std::span<const DependencyRule> UserNotificationListController::rules() const {
+  return kRules;
+}
+
+plist::Array UserNotificationListController::valueDataFromTarget(foundation::Object*) {
+  return soundValues(environment());
+}
+
+plist::Array UserNotificationListController::titlesDataFromTarget(foundation::Object*) {
+  return soundTitles(environment());
+}
+
+plist::Array UserNotificationListController::contactsValueDataFromTarget(foundation::Object*) {
+  return contactValues(environment().addressBook);
+}
+
+plist::Array UserNotificationListController::contactsTitlesDataFromTarget(foundation::Object*) {
+  return contactTitles(environment().addressBook);
+}
+
+void UserNotificationListController::testSound() {
+  const preferences::PSSpecifier* row = specifierForID("playsound");
+  const std::string* sound = row ? row->propertyForKey("value").text() : nullptr;
+  if (sound && *sound == kNoSound) return;
+  environment().sounds.play(sound ? foundation::urlWithString(*sound) : std::nullopt);
+}
+
+void UserNotificationListController::setValueForSpecifier(const plist::Value& value,
+                                                          preferences::PSSpecifier* specifier) {
+  const std::string_view row = specifier ? std::string_view(specifier->identifier()) : "";
+  pageWrite(*this, environment().preferences, value,
+            row == "adressbook" ? specifierForID("msgrecipient") : specifier);
+  if (row == "sendmessage") setSliderEnableDisable();
+}
+
+}  // namespace prefs

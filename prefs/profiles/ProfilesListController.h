@@ -1,0 +1,92 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "platform/preferences/PSListController.h"
+#include "platform/uikit/alert_view.h"
+#include "prefs/profiles/profile_snapshot.h"
+#include "prefs/profiles/trigger_picker_lists.h"
+
+namespace prefs {
+
+// The page of profiles, with the profile manager: an action sheet from which profiles are loaded,
+// saved and deleted. Rows are picker rows, counted from 0; an operation that is given a row that
+// isn't there does nothing.
+class ProfilesListController : public preferences::PSListController,
+                               public uikit::PickerViewDataSource,
+                               public uikit::PickerViewDelegate,
+                               public uikit::AlertViewDelegate {
+ public:
+  using PSListController::PSListController;
+  std::string_view className() const override { return "ProfilesListController"; }
+
+  const Specifiers& specifiers() override;
+
+  // Anchored at the bar's right button; at a button row's cell; at either.
+  void showProfileManagerBar();
+  void showProfileManagerBtn(preferences::PSSpecifier* specifier);
+  void showProfileManagerAtView(foundation::Object* anchor);
+
+  // Stores a 4-byte real and redraws the row; flushes nothing.
+  void resetSpecifierWithValue(const std::string& identifier, float value);
+  void setProfileActive(bool active);
+
+  void showInfoAlertWithTitleMessage(const std::string& title, const std::string& message);
+  void showActionAlertWithTitleMessageButtonTag(const std::string& title,
+                                                const std::string& message,
+                                                const std::string& button, std::int32_t tag);
+  // Fills the trigger picker lists and shows them, or says that there are no profiles.
+  void showPickerAlertWithTileMessageBtnNameTag(const std::string& title,
+                                                const std::string& message,
+                                                const std::string& btnName, std::int32_t tag);
+  std::string getFileNameForProfileID(std::int32_t profileID);
+
+  void loadProfileBtn();
+  void saveProfileBtn();
+  void deleteProfileBtn();
+
+  void saveProfileOverwriteIfExists(std::int32_t row, bool overwrite);
+  void loadProfile(std::int32_t row);
+  void deleteProfile(std::int32_t row);
+
+  // Rebuilds the page's rows, tells the other pages, and 0.5 s later drops the titles, the paths
+  // and the picker that are current by then.
+  void cleanUpPickerAndRelodSpecifers();
+
+  int numberOfComponentsInPickerView(uikit::PickerView* picker) override;
+  int pickerViewNumberOfRowsInComponent(uikit::PickerView* picker, int component) override;
+  std::string pickerViewTitleForRowForComponent(uikit::PickerView* picker, int row,
+                                                int component) override;
+  void pickerViewDidSelectRowInComponent(uikit::PickerView*, int, int) override {}
+
+  void alertViewClickedButtonAtIndex(uikit::AlertView* alert, int index) override;
+
+  // The 108 triggers.
+  plist::Array percentageValueDataFromTarget(foundation::Object* target);
+  plist::Array percentagetitlesDataFromTarget(foundation::Object* target);
+
+  void viewDidLoad() override;
+
+  // Loads a profile and announces it, as the page does for a picked one. The error is why it was
+  // refused; nothing has changed then.
+  platform::Result<platform::Done, ProfileError> loadProfileAtPath(const std::string& path);
+
+  const preferences::Operations& operations() const override { return ownOperations; }
+  static const preferences::Operations ownOperations;
+
+ private:
+  TriggerPickerLists makeLists(std::int32_t tag) const;
+  std::shared_ptr<uikit::PickerView> makePicker();
+  void selectTriggerSavedLast();
+  void show(std::shared_ptr<uikit::Alert> alert);
+  void report(const std::string& problem) const;
+  std::shared_ptr<ProfilesListController> self();
+
+  TriggerPickerLists lists_;  // made anew for each picker
+  std::shared_ptr<uikit::PickerView> picker_;
+  std::int32_t overwriteSelectedProfile_ = 0;  // the row that waits for the confirmation
+};
+
+}  // namespace prefs

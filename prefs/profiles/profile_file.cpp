@@ -1,0 +1,56 @@
+#include "prefs/profiles/profile_file.h"
+
+#include <algorithm>
+#include <cerrno>
+
+#include "platform/foundation/text.h"
+#include "prefs/core/archive_file.h"
+#include "prefs/core/names.h"
+
+namespace prefs {
+namespace {
+
+using platform::Done;
+using platform::Result;
+
+ProfileError profileError(const foundation::FileError& error) {
+  return {error.code == ENOENT, error.message()};
+}
+
+}  // namespace
+
+std::string profilePath(int profileID) {
+  std::string name = "profile_" + std::to_string(profileID) + ".qvx";
+  std::ranges::replace(name, ' ', '_');
+  return std::string(kDocuments) + name;
+}
+
+Result<plist::Dictionary, ProfileError> readProfile(const preferences::Environment& environment,
+                                                    const std::string& path) {
+  const std::string name(foundation::lastPathComponent(path));
+  auto folder = environment.root.openDirectory(path.substr(0, path.rfind('/') + 1));
+  if (!folder) return profileError(folder.error());
+  // Through the folder, as the listing does, so that a link can't lead out of it.
+  auto bytes = folder->read(name);
+  if (!bytes) return profileError(bytes.error());
+  auto root = unarchive(*bytes, environment.xml);
+  if (!root) return ProfileError{false, path + ": " + root.error()};
+  if (!root->dictionary()) return plist::Dictionary();
+  return std::move(*root->dictionary());
+}
+
+Result<Done, std::string> writeProfile(const preferences::Environment& environment,
+                                       const std::string& path, const plist::Dictionary& profile) {
+  const auto bytes = archive::archive(profile, archive::Mutability::Mutable);
+  if (!bytes) return path + ": " + bytes.error().message();
+  const auto written = environment.root.writeDurably(path, *bytes);
+  if (!written) return written.error().message();
+  return Done{};
+}
+
+Result<Done, foundation::FileError> deleteProfile(const preferences::Environment& environment,
+                                                  const std::string& path) {
+  return environment.root.remove(path);
+}
+
+}  // namespace prefs

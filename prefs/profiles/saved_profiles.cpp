@@ -1,0 +1,68 @@
+#include "prefs/profiles/saved_profiles.h"
+
+#include <algorithm>
+
+#include "platform/foundation/text.h"
+#include "prefs/core/archive_file.h"
+#include "prefs/core/names.h"
+#include "prefs/profiles/triggers.h"
+
+namespace prefs {
+namespace {
+
+using platform::Result;
+
+constexpr std::string_view kExtension = "qvx";
+constexpr std::string_view kBehindPath = ": ";  // in messages
+constexpr std::string_view kKeys[] = {kProfilePercentage, kProfileDescription};
+
+std::string titleOf(const archive::Lookup& profile, TitleForm form) {
+  std::string title = triggerTitle(foundation::descriptionOf(profile.values[0]));
+  const std::string* description = profile.values[1].text();
+  if (form == TitleForm::WithDescription && description && !description->empty())
+    title += " - " + *description;
+  return title;
+}
+
+Result<archive::Lookup, std::string> readProfile(foundation::Directory& folder,
+                                                 const std::string& name,
+                                                 platform::XmlPropertyLists& xml) {
+  auto bytes = folder.read(name);
+  if (!bytes) return bytes.error().message().substr(bytes.error().path.size() + kBehindPath.size());
+  return lookUpInArchive(*bytes, kKeys, xml);
+}
+
+}  // namespace
+
+void sortLocalized(std::vector<std::string>& texts, platform::Collator& collator) {
+  std::stable_sort(texts.begin(), texts.end(),
+                   [&](const auto& a, const auto& b) { return collator.compare(a, b) < 0; });
+}
+
+SavedProfiles savedProfiles(const preferences::Environment& environment, TitleForm form) {
+  SavedProfiles profiles;
+  auto folder = environment.root.openDirectory(kDocuments);
+  if (!folder) return profiles;
+  auto names = folder->names();
+  if (!names) return profiles;
+  for (const std::string& name : *names) {
+    if (foundation::pathExtension(name) != kExtension) continue;
+    std::string path = std::string(kDocuments) + name;
+    auto profile = readProfile(*folder, name, environment.xml);
+    if (!profile) {
+      profiles.leftOut.push_back({std::move(path), profile.error()});
+      continue;
+    }
+    profiles.titles.push_back(titleOf(*profile, form));
+    profiles.paths.push_back(std::move(path));
+  }
+  sortLocalized(profiles.paths, environment.collator);
+  sortLocalized(profiles.titles, environment.collator);
+  return profiles;
+}
+
+plist::Array asArray(const std::vector<std::string>& texts) {
+  return {texts.begin(), texts.end()};
+}
+
+}  // namespace prefs

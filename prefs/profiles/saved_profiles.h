@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/preferences/environment.h"
+
+// The profile files in the documents folder.
+namespace prefs {
+
+enum class TitleForm {
+  Trigger,          // "Battery 20%"
+  WithDescription,  // "Battery 20% - Night", where the profile has a description
+};
+
+// A file that bears a profile's extension but can't be one, and why.
+struct LeftOut {
+  std::string path;
+  std::string reason;
+};
+
+// Full paths and titles, each sorted on its own with localizedStandardCompare:. No pairing is kept;
+// they line up because a profile's file is named after its trigger and both sort alike.
+struct SavedProfiles {
+  std::vector<std::string> paths, titles;
+  std::vector<LeftOut> leftOut;  // in no order
+};
+
+// Every entry whose extension is exactly "qvx" and that holds a keyed archive; a missing folder
+// yields none. An archive without a dictionary or without a trigger is listed as "Battery (null)%",
+// a trigger that isn't text by its description.
+SavedProfiles savedProfiles(const preferences::Environment& environment, TitleForm form);
+
+// With localizedStandardCompare:; what compares equal stays in order.
+void sortLocalized(std::vector<std::string>& texts, platform::Collator& collator);
+
+// The two lists as a page's data sources give them.
+plist::Array asArray(const std::vector<std::string>& texts);
+
+}  // namespace prefs

@@ -1,0 +1,25 @@
+#include "prefs/profiles/trigger_picker_lists.h"
+
+#include "prefs/profiles/profile_file.h"
+#include "prefs/profiles/triggers.h"
+
+namespace prefs {
+
+TriggerPickerLists listsOfProfiles(SavedProfiles saved) {
+  return {std::move(saved.titles), std::move(saved.paths), {}};
+}
+
+TriggerPickerLists listsOfTriggers(platform::Collator& collator) {
+  TriggerPickerLists lists;
+  for (const plist::Value& value : triggerValues()) {
+    const std::string& profileID = *value.text();
+    lists.profileNameArray.push_back(triggerTitle(profileID));
+    lists.fileNameArray.push_back(profilePath(std::stoi(profileID)));
+    lists.profileIDArray.push_back(profileID);
+  }
+  sortLocalized(lists.profileNameArray, collator);
+  sortLocalized(lists.fileNameArray, collator);
+  return lists;
+}
+
+}  // namespace prefs

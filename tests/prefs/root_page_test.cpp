@@ -1,0 +1,209 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "prefs/resources/bundle.h"
+#include "prefs/root/quorvantisprefsListController.h"
+#include "tests/prefs/seed.h"
+
+namespace {
+
+using namespace prefs;
+using plist::Array;
+
+class RootPage : public testing::Test {
+ protected:
+  Array paths() { return page->valueDataFromTarget(nullptr); }
+  Array titles() { return page->titlesDataFromTarget(nullptr); }
+  Array log() { return page->batteryLogValueDataFromTarget(nullptr); }
+  static plist::Value path(const std::string& name) { return std::string(kDocuments) + name; }
+
+  testing_support::TestDevice device{bundle()};
+  std::shared_ptr<quorvantisprefsListController> page =
+      std::make_shared<quorvantisprefsListController>(device.environment);
+};
+
+TEST_F(RootPage, IsTheFirstPageAndLoadsItsList) {
+  EXPECT_EQ(bundle().principalClass, "quorvantisprefsListController");
+  page->viewDidLoad();
+  EXPECT_EQ(page->loadError(), "");
+  EXPECT_EQ(page->title, "Quorvantis");
+  EXPECT_FALSE(page->specifiers().empty());
+}
+
+TEST_F(RootPage, DeclaresItsOperationsInOrder) {
+  std::vector<std::string_view> selectors;
+  for (const auto& operation : quorvantisprefsListController::ownOperations.own())
+    selectors.push_back(operation.selector());
+  EXPECT_EQ(selectors, (std::vector<std::string_view>{
+                           "specifiers", "followMe:", "donate:", "test", "valueDataFromTarget:",
+                           "titlesDataFromTarget:", "batteryLogValueDataFromTarget:",
+                           "batteryLogTitlesDataFromTarget:", "relodSpecifers", "viewDidLoad"}));
+}
+
+TEST_F(RootPage, ListsProfilesInNumericOrderUnderTheirTitles) {
+  seed::profile(device, "101");
+  seed::profile(device, "10");
+  seed::profile(device, "5", "Night");
+  EXPECT_EQ(paths(),
+            (Array{path("profile_5.qvx"), path("profile_10.qvx"), path("profile_101.qvx")}));
+  EXPECT_EQ(titles(), (Array{"Battery 5% - Night", "Battery 10%", "Charging started"}));
+}
+
+TEST_F(RootPage, AddsNothingForAnEmptyDescription) {
+  seed::profile(device, "7", "");
+  EXPECT_EQ(titles(), (Array{"Battery 7%"}));
+}
+
+TEST_F(RootPage, AddsNothingForADescriptionThatIsNoText) {
+  seed::profile(device, "7", 5);
+  EXPECT_EQ(titles(), (Array{"Battery 7%"}));
+}
+
+TEST_F(RootPage, ListsOnlyTheExactExtension) {
+  auto bytes = *archive::archive(plist::Dictionary{{"profilepercentage", "7"}},
+                                 archive::Mutability::Mutable);
+  for (auto name : {"profile_7.QVX", "profile_7.qvx.bak", "qvx", ".qvx", "quorvantis.log"})
+    seed::write(device, name, bytes);
+  EXPECT_TRUE(paths().empty());
+  EXPECT_TRUE(titles().empty());
+  seed::write(device, "any name.qvx", bytes);
+  EXPECT_EQ(paths(), (Array{path("any name.qvx")}));
+}
+
+TEST_F(RootPage, DoesNotRepairAFileThatIsNamedAfterAnotherTrigger) {
+  seed::archive(device, "profile_1.qvx", plist::Dictionary{{"profilepercentage", "90"}});
+  seed::archive(device, "profile_2.qvx", plist::Dictionary{{"profilepercentage", "50"}});
+  EXPECT_EQ(paths(), (Array{path("profile_1.qvx"), path("profile_2.qvx")}));
+  EXPECT_EQ(titles(), (Array{"Battery 50%", "Battery 90%"}));
+}
+
+TEST_F(RootPage, TitlesAProfileWithoutATriggerAsNull) {
+  seed::archive(device, "profile_1.qvx", plist::Dictionary{});
+  EXPECT_EQ(titles(), (Array{"Battery (null)%"}));
+}
+
+TEST_F(RootPage, ListsAWholeArchiveThatHoldsNoDictionary) {
+  seed::archive(device, "profile_1.qvx", Array{"x"});
+  EXPECT_EQ(paths().size(), 1u);
+  EXPECT_EQ(titles(), (Array{"Battery (null)%"}));
+}
+
+TEST_F(RootPage, TitlesANumberByItsDecimalText) {
+  seed::archive(device, "profile_1.qvx", plist::Dictionary{{"profilepercentage", 20}});
+  EXPECT_EQ(titles(), (Array{"Battery 20%"}));
+}
+
+TEST_F(RootPage, LeavesOutWhatIsNoKeyedArchiveFromBothLists) {
+  seed::profile(device, "5");
+  std::string folder = device.folder.path() + std::string(kDocuments);
+  seed::write(device, "profile_1.qvx", {'j', 'u', 'n', 'k'});
+  seed::write(device, "profile_2.qvx", {});
+  seed::write(device, "profile_3.qvx", *plist::writeBinary(plist::Dictionary{{"a", 1}}));
+  std::filesystem::create_directory(folder + "profile_4.qvx");
+  mkfifo((folder + "profile_6.qvx").c_str(), 0600);
+  std::filesystem::create_symlink("/etc/passwd", folder + "profile_7.qvx");
+  auto whole = *archive::archive(plist::Dictionary{{"profilepercentage", "8"}},
+                                 archive::Mutability::Mutable);
+  whole.resize(whole.size() - 1);
+  seed::write(device, "profile_8.qvx", whole);
+  EXPECT_EQ(paths(), (Array{path("profile_5.qvx")}));
+  EXPECT_EQ(titles(), (Array{"Battery 5%"}));
+}
+
+TEST_F(RootPage, ListsNothingWithoutTheFolder) {
+  EXPECT_TRUE(paths().empty());
+  EXPECT_TRUE(titles().empty());
+  EXPECT_TRUE(log().empty());
+}
+
+TEST_F(RootPage, ShowsTheLastStoredLogEntryFirst) {
+  seed::archive(device, "quorvantis.log", Array{"A", "B", "C"});
+  EXPECT_EQ(log(), (Array{"C", "B", "A"}));
+  EXPECT_EQ(page->batteryLogTitlesDataFromTarget(nullptr), (Array{"C", "B", "A"}));
+}
+
+TEST_F(RootPage, ShowsNoLogThatIsUnreadableOrNoArray) {
+  seed::write(device, "quorvantis.log", {'x'});
+  EXPECT_TRUE(log().empty());
+  seed::archive(device, "quorvantis.log", "text");
+  EXPECT_TRUE(log().empty());
+}
+
+TEST_F(RootPage, DoesNotSplitFilterOrLimitTheLog) {
+  Array entries;
+  for (int i = 0; i < 5000; ++i) entries.push_back("line\n" + std::to_string(i % 7));
+  seed::archive(device, "quorvantis.log", entries);
+  EXPECT_EQ(log().size(), 5000u);
+}
+
+TEST_F(RootPage, OpensTheFirstInstalledClient) {
+  const char* clients[][2] = {{"tweetbot", "tweetbot:///user_profile/zorvek_dev"},
+                              {"twitterrific", "twitterrific:///profile?screen_name=zorvek_dev"},
+                              {"tweetings", "tweetings:///user?screen_name=zorvek_dev"},
+                              {"twitter", "twitter://user?screen_name=zorvek_dev"}};
+  device.urls.schemes = {"tweetbot", "twitterrific", "tweetings", "twitter"};
+  for (auto& [scheme, url] : clients) {
+    page->followMe(nullptr);
+    EXPECT_EQ(device.urls.opened.back(), url);
+    device.urls.schemes.erase(device.urls.schemes.begin());
+  }
+}
+
+TEST_F(RootPage, OpensTheWebPageWithoutATestAsTheLastResort) {
+  page->followMe(nullptr);
+  ASSERT_EQ(device.urls.opened.size(), 1u);
+  EXPECT_TRUE(device.urls.opened[0].starts_with("https://")) << device.urls.opened[0];
+  EXPECT_TRUE(device.urls.opened[0].ends_with("/zorvek_dev")) << device.urls.opened[0];
+}
+
+TEST_F(RootPage, DonatesOnASecurePageWithAHostedButton) {
+  page->donate(nullptr);
+  ASSERT_EQ(device.urls.opened.size(), 1u);
+  EXPECT_TRUE(device.urls.opened[0].starts_with("https://"));
+  EXPECT_NE(device.urls.opened[0].find("hosted_button_id="), std::string::npos);
+}
+
+TEST_F(RootPage, TestDoesNothing) {
+  page->test();
+  EXPECT_TRUE(device.urls.opened.empty());
+  EXPECT_TRUE(device.darwin.posted.empty());
+}
+
+TEST_F(RootPage, RebuildsOnceForEachReloadNotification) {
+  page->viewDidLoad();
+  auto* before = page->specifierForID("savedprofiles");
+  EXPECT_TRUE(before->titles.empty());
+  seed::profile(device, "5");
+  device.center.postNotificationName(kReloadSpecifiersNotification, page.get());
+  EXPECT_EQ(page->specifierForID("savedprofiles")->titles,
+            (std::vector<std::string>{"Battery 5%"}));
+}
+
+TEST_F(RootPage, RebuildsForAnyPoster) {
+  page->viewDidLoad();
+  seed::profile(device, "5");
+  device.center.postNotificationName(kReloadSpecifiersNotification, nullptr);
+  EXPECT_EQ(page->specifierForID("savedprofiles")->titles.size(), 1u);
+}
+
+TEST_F(RootPage, RebuildsByItsOwnAction) {
+  page->viewDidLoad();
+  seed::profile(device, "5");
+  page->relodSpecifers();
+  EXPECT_EQ(page->specifierForID("savedprofiles")->titles.size(), 1u);
+}
+
+TEST_F(RootPage, StopsObservingWhenItGoes) {
+  page->viewDidLoad();
+  page.reset();
+  device.center.postNotificationName(kReloadSpecifiersNotification, nullptr);
+}
+
+TEST_F(RootPage, DoesNotObserveBeforeItIsLoaded) {
+  page->specifiers();
+  seed::profile(device, "5");
+  device.center.postNotificationName(kReloadSpecifiersNotification, nullptr);
+  EXPECT_TRUE(page->specifierForID("savedprofiles")->titles.empty());
+}
+
+}  // namespace

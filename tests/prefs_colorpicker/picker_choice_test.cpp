@@ -1,0 +1,238 @@
+#include "tests/prefs_colorpicker/picker_fixture.h"
+
+namespace {
+
+using namespace picker;
+using PickerChoice = Page;
+using Events = std::vector<Event>;
+
+TEST_F(PickerChoice, TicksTheTappedRowInPlaceOfTheOther) {
+  openWith("#007AFF");
+  tap(kMarineBlue);
+  EXPECT_FALSE(ticked(kSystemBlue));
+  EXPECT_TRUE(ticked(kMarineBlue));
+  EXPECT_EQ(page->selectedIndexPath, kMarineBlue);
+  EXPECT_EQ(page->selectedColor, plist::Value("#34AADC"));
+}
+
+TEST_F(PickerChoice, StoresTheHexUnderTheRowsKey) {
+  openWith("none");
+  tap(kSystemBlue);
+  EXPECT_EQ(stored(), plist::Value("#007AFF"));
+}
+
+TEST_F(PickerChoice, StoresTheSpecialWordNone) {
+  openWith("#007AFF");
+  tap(kNone);
+  EXPECT_EQ(stored(), plist::Value("none"));
+}
+
+TEST_F(PickerChoice, StoresTheThemeColorBehindItsCaption) {
+  openWith("none");
+  tap(kTheme);
+  EXPECT_EQ(stored(), plist::Value("#34495F"));
+}
+
+TEST_F(PickerChoice, AnnouncesInProcessThenAcrossProcessesWithTheColorInTheStore) {
+  openWith("none");
+  tap(kSystemBlue);
+  EXPECT_EQ(events, (Events{{"local", std::string(kPreview), "#007AFF"},
+                            {"darwin", std::string(kPost), "#007AFF"}}));
+}
+
+TEST_F(PickerChoice, LeavesOtherKeysAlone) {
+  foundation::Preferences other(device.root);
+  ASSERT_TRUE(other.setAppValue("wifi", true, prefs::kDomain));
+  openWith("none");
+  tap(kSystemBlue);
+  EXPECT_EQ(stored("wifi"), plist::Value(true));
+}
+
+TEST_F(PickerChoice, OfTheTickedRowChangesNothingAndPostsNothing) {
+  openWith("#007AFF");
+  store("#FF9500");
+  tap(kSystemBlue);
+  EXPECT_TRUE(events.empty());
+  EXPECT_EQ(stored(), plist::Value("#FF9500"));
+  EXPECT_TRUE(ticked(kSystemBlue));
+}
+
+TEST_F(PickerChoice, OfTheTickedCustomRowChangesNothingAndPostsNothing) {
+  openWith("#FF9501", kCustomOnScreen);
+  slider(201)->drag(1);
+  tap(kCustom);
+  EXPECT_TRUE(events.empty());
+  EXPECT_EQ(stored(), plist::Value("#FF9501"));
+}
+
+TEST_F(PickerChoice, OfTheDefaultStoresNothingWhileItIsTicked) {
+  open(row({{"default", "none"}}));
+  tap(kNone);
+  EXPECT_TRUE(stored().isNothing());
+  EXPECT_TRUE(events.empty());
+}
+
+TEST_F(PickerChoice, WorksWhileNoRowIsTicked) {
+  openWith("#FF9501");
+  EXPECT_FALSE(page->selectedIndexPath);
+  tap(kSystemBlue);
+  EXPECT_TRUE(ticked(kSystemBlue));
+  EXPECT_EQ(stored(), plist::Value("#007AFF"));
+}
+
+TEST_F(PickerChoice, TakesTheTickFromARowThatIsOffScreen) {
+  openWith("none");
+  show(20);
+  tap({2, 10});
+  show(0);
+  EXPECT_FALSE(ticked(kNone));
+  show(20);
+  EXPECT_TRUE(ticked({2, 10}));
+  EXPECT_EQ(page->selectedIndexPath, (uikit::IndexPath{2, 10}));
+}
+
+TEST_F(PickerChoice, SurvivesScrolling) {
+  openWith("none");
+  tap(kSystemBlue);
+  show(30);
+  show(0);
+  EXPECT_TRUE(ticked(kSystemBlue));
+  EXPECT_FALSE(ticked(kNone));
+}
+
+TEST_F(PickerChoice, MovesTheSlidersOfTheCustomRowOnScreen) {
+  openWith("none", kCustomOnScreen);
+  tap(kMocha);
+  EXPECT_EQ(sliders(), (std::vector<float>{0x80, 0x40, 0}));
+  EXPECT_EQ(detail(kCustom), "#804000");
+  EXPECT_EQ(swatch(kCustom), "#804000");
+  EXPECT_FALSE(ticked(kCustom));
+  EXPECT_EQ(events.size(), 2u) << "announced once";
+}
+
+TEST_F(PickerChoice, MovesTheSlidersToSystemBlue) {
+  openWith("none");
+  page->table()->show(0, 61);
+  tap(kSystemBlue);
+  EXPECT_EQ(sliders(), (std::vector<float>{0, 122, 255}));
+}
+
+TEST_F(PickerChoice, OfNoneMovesTheSlidersToBlack) {
+  openWith("#007AFF");
+  page->table()->show(0, 61);
+  tap(kNone);
+  EXPECT_EQ(sliders(), (std::vector<float>{0, 0, 0}));
+  EXPECT_EQ(detail(kCustom), "#000000");
+  EXPECT_EQ(stored(), plist::Value("none"));
+}
+
+TEST_F(PickerChoice, OfAPresetTakesTheTickFromTheCustomRow) {
+  openWith("#FF9501", kCustomOnScreen);
+  tap(kMocha);
+  EXPECT_FALSE(ticked(kCustom));
+  EXPECT_TRUE(ticked(kMocha));
+  EXPECT_EQ(stored(), plist::Value("#804000"));
+  EXPECT_EQ(events.size(), 2u);
+}
+
+TEST_F(PickerChoice, OfTheCustomRowStoresItsCaption) {
+  openWith("#007AFF", kCustomOnScreen);
+  tap(kCustom);
+  EXPECT_TRUE(ticked(kCustom));
+  EXPECT_EQ(stored(), plist::Value("#007AFF"));
+  EXPECT_EQ(page->selectedIndexPath, kCustom);
+  EXPECT_EQ(events, (Events{{"local", std::string(kPreview), "#007AFF"},
+                            {"darwin", std::string(kPost), "#007AFF"}}));
+}
+
+TEST_F(PickerChoice, OfTheCustomRowStoresTheDraggedColor) {
+  openWith("#007AFF");
+  page->table()->show(0, 61);
+  slider(201)->drag(255);
+  EXPECT_EQ(detail(kCustom), "#FF7AFF");
+  EXPECT_EQ(stored(), plist::Value("#007AFF"));
+  tap(kCustom);
+  EXPECT_EQ(stored(), plist::Value("#FF7AFF"));
+  EXPECT_FALSE(ticked(kSystemBlue));
+}
+
+TEST_F(PickerChoice, OfTheCustomRowStoresTheWordThatItShows) {
+  openWith("none", kCustomOnScreen);
+  tap(kCustom);
+  EXPECT_EQ(stored(), plist::Value("none"));
+}
+
+TEST_F(PickerChoice, IsTakenFromAColorThatIsNoText) {
+  openWith(5);
+  tap(kSystemBlue);
+  EXPECT_EQ(stored(), plist::Value("#007AFF"));
+}
+
+TEST_F(PickerChoice, IsNotStoredWithoutADomainButAnnounced) {
+  open(rowWithout("defaults"));
+  tap(kSystemBlue);
+  EXPECT_TRUE(stored().isNothing());
+  EXPECT_EQ(events,
+            (Events{{"local", std::string(kPreview), {}}, {"darwin", std::string(kPost), {}}}));
+  EXPECT_TRUE(ticked(kSystemBlue));
+}
+
+TEST_F(PickerChoice, IsNotStoredWithoutAKeyButAnnounced) {
+  open(rowWithout("key"));
+  tap(kSystemBlue);
+  EXPECT_TRUE(device.preferences.copyKeyList(prefs::kDomain).empty());
+  EXPECT_EQ(events.size(), 2u);
+}
+
+TEST_F(PickerChoice, IsStoredInSilenceWithoutNotifications) {
+  open({{"key", kKey}, {"defaults", prefs::kDomain}});
+  tap(kSystemBlue);
+  EXPECT_EQ(stored(), plist::Value("#007AFF"));
+  EXPECT_TRUE(events.empty());
+}
+
+TEST_F(PickerChoice, PostsOnlyWhatTheRowNames) {
+  open(rowWithout("PreviewNotification"));
+  tap(kSystemBlue);
+  EXPECT_EQ(events, (Events{{"darwin", std::string(kPost), "#007AFF"}}));
+  events.clear();
+  open(rowWithout("PostNotification"));
+  tap(kMarineBlue);
+  EXPECT_EQ(events, (Events{{"local", std::string(kPreview), "#34AADC"}}));
+}
+
+TEST_F(PickerChoice, IsAnnouncedWhenItCanNotBeStored) {
+  open(row());
+  std::filesystem::create_directories(
+      device.folder.path() + "/var/mobile/Library/Preferences/com.zorvek.quorvantis.plist");
+  tap(kSystemBlue);
+  EXPECT_EQ(events.size(), 2u);
+  EXPECT_TRUE(ticked(kSystemBlue));
+}
+
+TEST_F(PickerChoice, NotifyTweakStoresAndAnnouncesAnyColor) {
+  openWith("none");
+  page->notifyTweak("#123456");
+  EXPECT_EQ(stored(), plist::Value("#123456"));
+  EXPECT_EQ(events.size(), 2u);
+  EXPECT_EQ(page->selectedColor, plist::Value("none"));
+  EXPECT_TRUE(ticked(kNone));
+}
+
+TEST_F(PickerChoice, NotifyTweakRemovesTheKeyForAnUnsetColor) {
+  openWith("none");
+  page->notifyTweak(std::nullopt);
+  EXPECT_TRUE(stored().isNothing());
+  EXPECT_EQ(events.size(), 2u);
+}
+
+TEST_F(PickerChoice, OfARowOffScreenIsStored) {
+  openWith("none");
+  tap(kMocha);
+  EXPECT_EQ(stored(), plist::Value("#804000"));
+  EXPECT_FALSE(ticked(kNone));
+  show(kCustomOnScreen);
+  EXPECT_TRUE(ticked(kMocha));
+}
+
+}  // namespace

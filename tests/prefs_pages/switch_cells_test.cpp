@@ -1,0 +1,68 @@
+#include "prefs/pages/QuorvantisProfileActiveSwitchTableCell.h"
+#include "prefs/pages/QuorvantisSwitchTableCell.h"
+#include "tests/prefs_pages/pages_bundle.h"
+
+namespace {
+
+template <class Cell>
+struct Made {
+  preferences::PSSpecifier row{preferences::CellType::PSSwitchCell,
+                               plist::Dictionary{{"id", "profileactive"}, {"label", "Active"}}};
+  Cell cell{uikit::CellStyle::Value1, "reuse", row};
+  const uikit::Switch& control = dynamic_cast<uikit::Switch&>(*cell.control());
+};
+
+TEST(SwitchCell, OnTintAndTintAreSlate) {
+  Made<prefs::QuorvantisSwitchTableCell> made;
+  const uikit::Color slate{52 / 255.0, 73 / 255.0, 94 / 255.0, 1.0};
+  EXPECT_EQ(made.control.onTintColor, slate);
+  EXPECT_EQ(made.control.tintColor, slate);
+  EXPECT_EQ(slate.hex(), "#34495E");
+}
+
+TEST(SwitchCell, NothingElseOfItsLookIsChanged) {
+  Made<prefs::QuorvantisSwitchTableCell> made;
+  EXPECT_EQ(made.control.backgroundColor, std::nullopt);
+  EXPECT_EQ(made.control.layer.cornerRadius, std::nullopt);
+}
+
+TEST(ProfileActiveSwitchCell, OnTintIsGreen) {
+  Made<prefs::QuorvantisProfileActiveSwitchTableCell> made;
+  EXPECT_EQ(made.control.onTintColor,
+            (uikit::Color{46 / 255.0, 204 / 255.0, 113 / 255.0, 180 / 255.0}));
+  EXPECT_EQ(made.control.onTintColor->hex(), "#2ECC71");
+}
+
+TEST(ProfileActiveSwitchCell, BackgroundIsRed) {
+  Made<prefs::QuorvantisProfileActiveSwitchTableCell> made;
+  EXPECT_EQ(made.control.backgroundColor,
+            (uikit::Color{231 / 255.0, 76 / 255.0, 60 / 255.0, 180 / 255.0}));
+  EXPECT_EQ(made.control.backgroundColor->hex(), "#E74C3C");
+}
+
+TEST(ProfileActiveSwitchCell, BothColoursCarryTheSameAlpha) {
+  Made<prefs::QuorvantisProfileActiveSwitchTableCell> made;
+  EXPECT_EQ(made.control.onTintColor->alpha, 180 / 255.0);
+  EXPECT_EQ(made.control.backgroundColor->alpha, 180 / 255.0);
+}
+
+TEST(ProfileActiveSwitchCell, CornerRadiusIsSixteen) {
+  Made<prefs::QuorvantisProfileActiveSwitchTableCell> made;
+  EXPECT_EQ(made.control.layer.cornerRadius, 16.0);
+}
+
+TEST(ProfileActiveSwitchCell, TintIsLeftAsThePlatforms) {
+  Made<prefs::QuorvantisProfileActiveSwitchTableCell> made;
+  EXPECT_EQ(made.control.tintColor, std::nullopt);
+}
+
+TEST(SwitchCell, ShowsTheRowsValueAndTitle) {
+  Made<prefs::QuorvantisSwitchTableCell> made;
+  made.row.setPropertyForKey(1, "value");
+  made.cell.refreshCellContents();
+  EXPECT_TRUE(made.control.isOn());
+  EXPECT_EQ(made.cell.textLabel.text, "Active");
+  EXPECT_EQ(made.cell.className(), "QuorvantisSwitchTableCell");
+}
+
+}  // namespace

@@ -1,0 +1,200 @@
+#include "tests/prefs_profiles/profile_page.h"
+
+namespace {
+
+using namespace prefs;
+using plist::Value;
+using Events = std::vector<std::string>;
+
+const std::string kPrefs = "darwin com.zorvek.quorvantis.prefs";
+const std::string kReload = "local com.zorvek.quorvantis.reloadSpecifiers ProfilesListController";
+
+class ProfilePageEvents : public profiles_test::ProfilePage {
+ protected:
+  // Whether the page's rows were rebuilt since the last call.
+  bool rebuilt() {
+    const bool changed = page->specifierForID("profileactive")->propertyForKey("seen").isNothing();
+    page->specifierForID("profileactive")->setPropertyForKey(true, "seen");
+    return changed;
+  }
+};
+
+TEST_F(ProfilePageEvents, ASavePostsOnlyTheReload) {
+  rebuilt();
+  choose("Save", "Battery 5%");
+  EXPECT_EQ(device.events, Events{kReload});
+  EXPECT_TRUE(rebuilt());
+}
+
+TEST_F(ProfilePageEvents, AnOverwritePostsOneReload) {
+  seed::profile(device, "5");
+  choose("Save", "Battery 5%");
+  EXPECT_TRUE(device.events.empty());
+  press("Overwrite");
+  EXPECT_EQ(device.events, Events{kReload});
+  EXPECT_TRUE(rebuilt());
+}
+
+TEST_F(ProfilePageEvents, ALoadPostsThePrefsOnceAndThenTheReload) {
+  seed::profile(device, "5");
+  rebuilt();
+  choose("Load", "Battery 5%");
+  EXPECT_EQ(device.events, (Events{kPrefs, kReload}));
+  EXPECT_TRUE(rebuilt());
+}
+
+TEST_F(ProfilePageEvents, ADeletePostsOnlyTheReload) {
+  seed::profile(device, "5");
+  choose("Delete", "Battery 5%");
+  EXPECT_EQ(device.events, Events{kReload});
+  EXPECT_TRUE(rebuilt());
+}
+
+TEST_F(ProfilePageEvents, AtThePrefsPostTheStoreHasAllNewValuesAndTheRowsAreOld) {
+  seed::archive(device, "profile_20.qvx",
+                plist::Dictionary{{"profilepercentage", "20"}, {"wifi", 2}, {"profileactive", 0}});
+  page->specifierForID("profileactive")->setPropertyForKey(true, "seen");
+  int posts = 0;
+  device.darwinCenter.hook = [&](const std::string& name) {
+    ++posts;
+    EXPECT_EQ(name, "com.zorvek.quorvantis.prefs");
+    EXPECT_EQ(device.stored("wifi"), Value(2));
+    EXPECT_EQ(device.stored("profilepercentage"), Value("20"));
+    EXPECT_EQ(device.stored("profileactive"), Value(0.0f)) << "the switch was set before";
+    EXPECT_FALSE(rebuilt()) << "the pages are reloaded after the post";
+  };
+  choose("Load", "Battery 20%");
+  EXPECT_EQ(posts, 1);
+}
+
+TEST_F(ProfilePageEvents, AtTheReloadOfASaveTheFileTheStoreTheAlertAndTheRowsAreNew) {
+  rebuilt();
+  int posts = 0;
+  device.center.setWitness([&](const foundation::Notification& posted) {
+    ++posts;
+    EXPECT_EQ(posted.object, page.get());
+    EXPECT_TRUE(device.root.exists(profilePath(5)));
+    EXPECT_EQ(device.stored("profilepercentage"), Value("5"));
+    ASSERT_EQ(onScreen(), 1u);
+    EXPECT_EQ(topmost().title, "Success");
+    EXPECT_TRUE(rebuilt());
+  });
+  choose("Save", "Battery 5%");
+  EXPECT_EQ(posts, 1);
+}
+
+TEST_F(ProfilePageEvents, AtTheReloadOfADeleteTheFileIsGoneAndTheAlertShown) {
+  seed::profile(device, "5");
+  int posts = 0;
+  device.center.setWitness([&](const foundation::Notification&) {
+    ++posts;
+    EXPECT_FALSE(device.root.exists(profilePath(5)));
+    EXPECT_EQ(topmost().title, "Done");
+  });
+  choose("Delete", "Battery 5%");
+  EXPECT_EQ(posts, 1);
+}
+
+TEST_F(ProfilePageEvents, TheListsAndThePickerAreReleasedHalfASecondLater) {
+  choose("Save", "Battery 5%");
+  EXPECT_EQ(page->pickerViewNumberOfRowsInComponent(nullptr, 0), 108);
+  device.queue.advance(foundation::Nanoseconds(499'999'999));
+  EXPECT_EQ(page->pickerViewNumberOfRowsInComponent(nullptr, 0), 108);
+  device.queue.advance(foundation::Nanoseconds(1));
+  EXPECT_EQ(page->pickerViewNumberOfRowsInComponent(nullptr, 0), 0);
+}
+
+TEST_F(ProfilePageEvents, TheReleaseTakesWhatIsCurrentThen) {
+  choose("Save", "Battery 5%");
+  press("Ok");
+  page->saveProfileBtn();
+  EXPECT_EQ(picker().numberOfRowsInComponent(0), 108);
+  waitForRelease();
+  EXPECT_EQ(picker().numberOfRowsInComponent(0), 0);
+  press("Save");
+  EXPECT_EQ(onScreen(), 0u) << "closed, and nothing done";
+  EXPECT_EQ(device.root.contentsOfDirectory(kDocuments)->size(), 1u);
+}
+
+TEST_F(ProfilePageEvents, AConfirmationAfterTheReleaseDoesNothingOnAnyPicker) {
+  seed::profile(device, "5");
+  for (auto action : {"Load", "Delete"}) {
+    page->cleanUpPickerAndRelodSpecifers();
+    page->showProfileManagerBar();
+    press(action);
+    waitForRelease();
+    device.events.clear();
+    press(action);
+    EXPECT_EQ(onScreen(), 0u);
+    EXPECT_TRUE(device.events.empty());
+  }
+  EXPECT_TRUE(device.domain().empty());
+  EXPECT_TRUE(device.root.exists(profilePath(5)));
+}
+
+TEST_F(ProfilePageEvents, APickerOpenedAfterTheReleaseIsUnharmed) {
+  choose("Save", "Battery 5%");
+  press("Ok");
+  waitForRelease();
+  page->saveProfileBtn();
+  waitForRelease();
+  EXPECT_EQ(picker().numberOfRowsInComponent(0), 108);
+}
+
+TEST_F(ProfilePageEvents, TheReleaseKeepsThePageUntilItHasRun) {
+  choose("Save", "Battery 5%");
+  press("Ok");
+  const std::weak_ptr<ProfilesListController> watch = page;
+  page.reset();
+  EXPECT_FALSE(watch.expired());
+  waitForRelease();
+  EXPECT_TRUE(watch.expired());
+}
+
+TEST_F(ProfilePageEvents, AnAlertOnScreenKeepsNoPage) {
+  page->saveProfileBtn();
+  const std::weak_ptr<ProfilesListController> watch = page;
+  page.reset();
+  EXPECT_TRUE(watch.expired());
+  EXPECT_EQ(picker().numberOfRowsInComponent(0), 0);
+  press("Save");
+  EXPECT_EQ(onScreen(), 0u);
+}
+
+TEST_F(ProfilePageEvents, ALoadByPathTellsWhyItWasRefused) {
+  seed::write(device, "profile_5.qvx", {'j', 'u', 'n', 'k'});
+  auto refused = page->loadProfileAtPath(profilePath(5));
+  ASSERT_FALSE(refused);
+  EXPECT_FALSE(refused.error().message.empty());
+  EXPECT_TRUE(device.events.empty());
+  seed::profile(device, "6");
+  EXPECT_TRUE(page->loadProfileAtPath(profilePath(6)));
+  EXPECT_EQ(device.events, (Events{kPrefs, kReload}));
+}
+
+// Another page that keeps in step.
+struct Observer : foundation::Object {
+  std::string_view className() const override { return "Observer"; }
+  void performForNotification(std::string_view, const foundation::Notification&) override {
+    ++called;
+  }
+  int called = 0;
+};
+
+TEST_F(ProfilePageEvents, EachChangeReloadsTheOtherPagesOnce) {
+  auto observer = std::make_shared<Observer>();
+  device.center.addObserver(*observer, "reloadSpecifiers", kReloadSpecifiersNotification, nullptr);
+  choose("Save", "Battery 5%");
+  press("Ok");
+  EXPECT_EQ(observer->called, 1);
+  choose("Save", "Battery 5%");
+  press("Overwrite");
+  press("Ok");
+  EXPECT_EQ(observer->called, 2);
+  choose("Load", "Battery 5%");
+  EXPECT_EQ(observer->called, 3);
+  choose("Delete", "Battery 5%");
+  EXPECT_EQ(observer->called, 4);
+}
+
+}  // namespace
