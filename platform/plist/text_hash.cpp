@@ -1,13 +1,16 @@
 #include "platform/plist/text_hash.h"
 
-#include <random>
+#include <sys/auxv.h>
 
 namespace plist {
 
+// The random bytes that the kernel gives each process at its start: no file can know them, and every
+// module that brings a copy of this code draws the same, so dictionaries may pass between them.
 HashSeed drawHashSeed() {
-  std::random_device device;
-  const auto draw = [&device] { return std::uint64_t{device()} << 32 | device(); };
-  return {draw(), draw() | 1};
+  HashSeed seed;
+  std::memcpy(&seed, reinterpret_cast<const void*>(getauxval(AT_RANDOM)), sizeof seed);
+  seed.b |= 1;
+  return seed;
 }
 
 }  // namespace plist

@@ -48,6 +48,7 @@ KNOWS = {
 
 # Headers that are no part of the house, by the kind of thing they bring in.
 KINDS = {
+    "process": r"sys/auxv\.h",
     "posix": r"(unistd|fcntl|dirent|poll|signal|spawn|dlfcn|pwd|termios|pthread|glob|ftw)\.h"
              r"|(stdio|stdlib|time)\.h|(sys|linux|netinet|arpa)/[\w/]+\.h",
     "qt": r"Q[A-Z]\w*|Qt[A-Z]\w*/\w+|qpa/\w+\.h|qqml\w*\.h",
@@ -69,6 +70,7 @@ ALL_KINDS = list(KINDS)
 
 # Which of them each room may include; what isn't named here has the C++ standard library alone.
 TAKES = {
+    "platform/plist": ["process"],
     "platform/foundation": ["posix"],
     "linux": ["posix", "icu", "glib", "systemd", "expat", "vcard", "gstreamer"],
     "apps": ["posix"],

@@ -30,6 +30,21 @@ TEST(Modules, AreFoundBesideTheExecutable) {
   EXPECT_TRUE(services::xmlPropertyLists()) << services::xmlPropertyLists().error();
 }
 
+// The module brings a copy of the code that indexes large dictionaries.
+TEST(Modules, GiveDictionariesInWhichTheProgramFindsItsKeys) {
+  const auto& xml = services::xmlPropertyLists();
+  ASSERT_TRUE(xml) << xml.error();
+  plist::Dictionary large;
+  for (int i = 0; i < 100; ++i) large.set("key" + std::to_string(i), i);
+  const auto back = (*xml)->read(*(*xml)->write(large));
+  ASSERT_TRUE(back) << back.error();
+  for (int i = 0; i < 100; ++i) {
+    const plist::Value* found = back->dictionary()->find("key" + std::to_string(i));
+    ASSERT_TRUE(found) << i;
+    EXPECT_EQ(*found, plist::Value(i));
+  }
+}
+
 TEST(Modules, XmlWorksAcrossTheBoundary) {
   unsetenv("QUORVANTIS_MODULES");
   const auto& xml = services::xmlPropertyLists();

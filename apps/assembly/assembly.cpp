@@ -1,0 +1,77 @@
+#include "apps/assembly/assembly.h"
+
+#include <utility>
+
+#include "prefs/resources/bundle.h"
+
+namespace assembly {
+namespace {
+
+const foundation::FallbackFolder& desktopSounds() {
+  static const foundation::FallbackFolder kSounds{services::kSoundPath, services::kDesktopSounds};
+  return kSounds;
+}
+
+}  // namespace
+
+Assembly::Assembly(const Options& options, std::unique_ptr<foundation::MainQueue> mainQueue,
+                   const Substitutes& substitutes)
+    : urls_(desktop_, problems()),
+      root_(options.root),
+      addressBook_(root_, options.contacts, collator_, problems()),
+      sounds_(root_, desktopSounds(), problems()),
+      preferences_(root_),
+      mainQueue_(std::move(mainQueue)),
+      environment_{
+          .root = root_,
+          .preferences = preferences_,
+          .defaultCenter = center_,
+          .mainQueue = *mainQueue_,
+          .darwinCenter = substitutes.darwinCenter ? *substitutes.darwinCenter : darwinCenter_,
+          .collator = collator_,
+          .urls = substitutes.urls ? *substitutes.urls : urls_,
+          .addressBook = addressBook_,
+          .sounds = substitutes.sounds ? *substitutes.sounds : sounds_,
+          .xml = xml_,
+          .bundle = prefs::bundle(),
+          .idiom = options.idiom,
+          .soundFallback = desktopSounds(),
+          .screen = &screen_,
+          .problemHandler = problems(),
+      } {
+  preferences_.setXmlReader([this](plist::Bytes bytes) { return xml_.read(bytes); });
+  preferences_.setProblemHandler(problems());
+}
+
+// Tasks that wait and alerts hold pages, and those need the device until they are gone.
+Assembly::~Assembly() {
+  screen_.setObserver({});
+  screen_.dismissAll();
+  mainQueue_.reset();
+}
+
+std::function<void(const std::string&)> Assembly::problems() {
+  return [this](const std::string& message) { problem(message); };
+}
+
+void Assembly::problem(const std::string& message) {
+  const std::lock_guard lock(mutex_);
+  if (problemHandler_)
+    problemHandler_(message);
+  else
+    problems_.push_back(message);
+}
+
+void Assembly::setProblemHandler(std::function<void(const std::string&)> handler) {
+  const std::lock_guard lock(mutex_);
+  problemHandler_ = std::move(handler);
+  if (!problemHandler_) return;
+  for (const std::string& message : std::exchange(problems_, {})) problemHandler_(message);
+}
+
+std::vector<std::string> Assembly::takeProblems() {
+  const std::lock_guard lock(mutex_);
+  return std::exchange(problems_, {});
+}
+
+}  // namespace assembly

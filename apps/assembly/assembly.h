@@ -1,0 +1,73 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "apps/assembly/lazy_xml.h"
+#include "apps/assembly/options.h"
+#include "apps/assembly/told_urls.h"
+#include "linux/address_book.h"
+#include "linux/lazy_services.h"
+#include "linux/system_sounds.h"
+#include "platform/preferences/environment.h"
+
+namespace assembly {
+
+// Services in place of the machine's own, which outlive the assembly; null: the machine's.
+struct Substitutes {
+  platform::DarwinNotificationCenter* darwinCenter = nullptr;
+  platform::Urls* urls = nullptr;
+  platform::SystemSounds* sounds = nullptr;
+};
+
+// The device and its services on this machine, put together for the settings bundle. Nothing is
+// loaded or read before a page asks for it. Pages must go before the assembly does.
+class Assembly {
+ public:
+  Assembly(const Options& options, std::unique_ptr<foundation::MainQueue> mainQueue,
+           const Substitutes& substitutes = {});
+  ~Assembly();
+  Assembly(const Assembly&) = delete;
+  Assembly& operator=(const Assembly&) = delete;
+
+  preferences::Environment& environment() { return environment_; }
+  foundation::DeviceRoot& root() { return root_; }
+  foundation::Preferences& preferences() { return preferences_; }
+
+  uikit::Screen& screen() { return screen_; }
+
+  // What the pages ignore and the user should hear of: a domain file that can't be read, a write
+  // that failed, a URL that can't be opened, a sound that can't be played. With a handler each is
+  // told at once, a sound's from another thread; else they are kept until they are taken. Once this
+  // has returned, an earlier handler is called no more.
+  void setProblemHandler(std::function<void(const std::string&)> handler);
+  std::vector<std::string> takeProblems();
+
+ private:
+  void problem(const std::string& message);
+  std::function<void(const std::string&)> problems();
+
+  std::recursive_mutex mutex_;  // sounds tell from threads of their own
+  std::function<void(const std::string&)> problemHandler_;
+  std::vector<std::string> problems_;
+
+  services::SessionNotificationCenter darwinCenter_;
+  services::UserCollator collator_;
+  services::DesktopUrls desktop_;
+  ToldUrls urls_;
+  LazyXml xml_;
+
+  foundation::DeviceRoot root_;
+  services::VCardAddressBook addressBook_;
+  services::DeviceSounds sounds_;
+  uikit::Screen screen_;
+  foundation::Preferences preferences_;
+  foundation::NotificationCenter center_;
+  std::unique_ptr<foundation::MainQueue> mainQueue_;
+  preferences::Environment environment_;
+};
+
+}  // namespace assembly

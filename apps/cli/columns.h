@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace cli {
+
+// Lines of two columns, the second one aligned, with headers and an empty line above each.
+class Columns {
+ public:
+  void addHeader(std::string text);
+  void add(std::string first, std::string second);
+
+  std::vector<std::string> lines() const;
+
+ private:
+  struct Line {
+    bool header;
+    std::string first, second;
+  };
+
+  std::vector<Line> lines_;
+};
+
+}  // namespace cli

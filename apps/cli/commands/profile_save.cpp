@@ -1,0 +1,66 @@
+#include <cerrno>
+
+#include "apps/cli/argument.h"
+#include "apps/cli/commands/commands.h"
+#include "apps/cli/trigger.h"
+#include "prefs/core/names.h"
+#include "prefs/profiles/profile_snapshot.h"
+
+namespace cli {
+namespace {
+
+using FileContent = platform::Result<std::vector<std::uint8_t>, foundation::FileError>;
+
+Failure exists(const std::string& path) {
+  return {ExitCode::Exists, path + " exists; --overwrite replaces it"};
+}
+
+// The file is written before the domain is: when the domain can't be, the file goes back to what it
+// was.
+void restore(foundation::DeviceRoot& root, const std::string& path, const FileContent& before) {
+  if (before)
+    static_cast<void>(root.writeDurably(path, *before));
+  else if (before.error().code == ENOENT)
+    static_cast<void>(root.remove(path));
+}
+
+Outcome<Done> save(Session& session, const std::string& text, bool overwrite) {
+  const auto trigger = findTrigger(text);
+  if (!trigger) return trigger.error();
+  const auto& [profileID, path] = *trigger;
+  assembly::Assembly& device = session.device();
+  foundation::DeviceRoot& root = device.root();
+  if (!overwrite && root.exists(path)) return exists(path);
+
+  // Defaults in place of settings that can't be read are no profile of them.
+  static_cast<void>(device.preferences().copyKeyList(prefs::kDomain));
+  if (const auto readable = session.storeWorked(); !readable) return readable;
+
+  const FileContent before = root.read(path);
+  const auto saved = prefs::saveProfile(
+      device.environment(), profileID, path,
+      overwrite ? prefs::Existing::Overwrite : prefs::Existing::Keep, prefs::AfterFailure::Stop);
+  if (saved.outcome == prefs::SaveOutcome::Exists) return exists(path);
+  if (!saved.failure.empty()) return Failure{ExitCode::Failed, saved.failure};
+
+  auto problems = device.takeProblems();
+  const auto remembered =
+      device.preferences().copyAppValue(prefs::kProfilePercentage, prefs::kDomain);
+  if (!problems.empty() && remembered != plist::Value(profileID)) {
+    restore(root, path, before);
+    return Failure{ExitCode::Failed, problems.front()};
+  }
+  session.warnings = std::move(problems);
+  return Done{};
+}
+
+}  // namespace
+
+Run declareProfileSave(CLI::App& app, Session& session) {
+  auto trigger = addArgument(app, "TRIGGER", "The trigger, by its ID or its title");
+  auto overwrite = std::make_shared<bool>(false);
+  app.add_flag("--overwrite", *overwrite, "Replace the profile that the trigger has");
+  return [&session, trigger, overwrite] { return save(session, *trigger, *overwrite); };
+}
+
+}  // namespace cli

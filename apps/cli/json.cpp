@@ -1,0 +1,226 @@
+#include "apps/cli/json.h"
+
+#include <charconv>
+#include <cmath>
+
+#include "apps/cli/base64.h"
+#include "apps/cli/date_text.h"
+#include "platform/foundation/text.h"
+#include "platform/plist/binary.h"
+
+namespace cli {
+namespace {
+
+Json::object_t object() {
+  return {};
+}
+
+Json wrapped(const char* key, Json json) {
+  auto members = object();
+  members.emplace_back(key, std::move(json));
+  return members;
+}
+
+// The double whose shortest text is that of the 4-byte real.
+double widened(float real) {
+  char text[32];
+  const auto end = std::to_chars(text, text + sizeof text, real).ptr;
+  double wide = real;
+  std::from_chars(text, end, wide);
+  return wide;
+}
+
+Json realJson(const plist::Value& value) {
+  const double real = *value.real();
+  return value.isSinglePrecision() && std::isfinite(real) ? widened(static_cast<float>(real))
+                                                          : real;
+}
+
+Json integerJson(const plist::Value& value) {
+  if (auto integer = value.integer()) return *integer;
+  return *value.unsignedInteger();
+}
+
+Json arrayJson(const plist::Array& array) {
+  Json::array_t members;
+  members.reserve(array.size());
+  for (const plist::Value& member : array) members.push_back(toJson(member));
+  return members;
+}
+
+Json dictionaryJson(const plist::Dictionary& dictionary) {
+  auto members = object();
+  members.reserve(dictionary.size());
+  for (const auto& entry : dictionary) members.emplace_back(entry.key, toJson(entry.value));
+  return members;
+}
+
+std::optional<plist::Value> fromJson(const Json& json, std::size_t depth);
+
+std::optional<plist::Value> fromArray(const Json& json, std::size_t depth) {
+  plist::Array array;
+  for (const Json& member : json) {
+    auto value = fromJson(member, depth + 1);
+    if (!value) return std::nullopt;
+    array.push_back(std::move(*value));
+  }
+  return plist::Value(std::move(array));
+}
+
+std::optional<plist::Value> fromObject(const Json& json, std::size_t depth) {
+  if (json.size() == 1 && json.begin().value().is_string()) {
+    const auto& text = json.begin().value().get_ref<const std::string&>();
+    if (json.begin().key() == "$data") return readBase64(text);
+    if (json.begin().key() == "$date") return readDate(text);
+  }
+  plist::Dictionary dictionary;
+  for (const auto& [key, member] : json.items()) {
+    auto value = fromJson(member, depth + 1);
+    if (!value) return std::nullopt;
+    dictionary.insert(key, std::move(*value));
+  }
+  return plist::Value(std::move(dictionary));
+}
+
+std::optional<plist::Value> fromJson(const Json& json, std::size_t depth) {
+  if (depth > plist::kMaximumDepth) return std::nullopt;
+  switch (json.type()) {
+    case Json::value_t::boolean:
+      return plist::Value(json.get<bool>());
+    case Json::value_t::number_integer:
+      return plist::Value(json.get<std::int64_t>());
+    case Json::value_t::number_unsigned:
+      return plist::Value(json.get<std::uint64_t>());
+    case Json::value_t::number_float:
+      return plist::Value(json.get<double>());
+    case Json::value_t::string:
+      return plist::Value(json.get<std::string>());
+    case Json::value_t::array:
+      return fromArray(json, depth);
+    case Json::value_t::object:
+      return fromObject(json, depth);
+    default:
+      return plist::Value();
+  }
+}
+
+void writeReal(double real, std::string& out) {
+  if (!std::isfinite(real)) {
+    out += "null";
+    return;
+  }
+  char text[32];
+  const std::string_view digits(text, std::to_chars(text, text + sizeof text, real).ptr - text);
+  const std::size_t exponent = std::min(digits.find('e'), digits.size());
+  out += digits.substr(0, exponent);
+  if (digits.find('.') == std::string_view::npos) out += ".0";
+  out += digits.substr(exponent);
+}
+
+void writeText(std::string_view text, std::string& out) {
+  out += '"';
+  for (const char c : text) {
+    const auto code = static_cast<unsigned char>(c);
+    if (c == '"' || c == '\\')
+      (out += '\\') += c;
+    else if (c == '\n')
+      out += "\\n";
+    else if (c == '\t')
+      out += "\\t";
+    else if (code < 0x20 || code == 0x7F) {
+      constexpr char kDigits[] = "0123456789abcdef";
+      ((out += "\\u00") += kDigits[code >> 4]) += kDigits[code & 15];
+    } else
+      out += c;
+  }
+  out += '"';
+}
+
+void write(const Json& json, std::string& out);
+
+void writeMembers(const Json& json, std::string& out) {
+  bool first = true;
+  out += json.is_object() ? '{' : '[';
+  for (auto member = json.begin(); member != json.end(); ++member) {
+    if (!std::exchange(first, false)) out += ',';
+    if (json.is_object()) {
+      writeText(foundation::replacingInvalidUtf8(member.key()), out);
+      out += ':';
+    }
+    write(*member, out);
+  }
+  out += json.is_object() ? '}' : ']';
+}
+
+void write(const Json& json, std::string& out) {
+  switch (json.type()) {
+    case Json::value_t::boolean:
+      out += json.get<bool>() ? "true" : "false";
+      break;
+    case Json::value_t::number_integer:
+      out += std::to_string(json.get<std::int64_t>());
+      break;
+    case Json::value_t::number_unsigned:
+      out += std::to_string(json.get<std::uint64_t>());
+      break;
+    case Json::value_t::number_float:
+      writeReal(json.get<double>(), out);
+      break;
+    case Json::value_t::string:
+      writeText(foundation::replacingInvalidUtf8(json.get_ref<const std::string&>()), out);
+      break;
+    case Json::value_t::array:
+    case Json::value_t::object:
+      writeMembers(json, out);
+      break;
+    default:
+      out += "null";
+  }
+}
+
+}  // namespace
+
+Json toJson(const plist::Value& value) {
+  switch (value.kind()) {
+    case plist::Kind::Nothing:
+      return nullptr;
+    case plist::Kind::Boolean:
+      return *value.boolean();
+    case plist::Kind::Integer:
+      return integerJson(value);
+    case plist::Kind::Real:
+      return realJson(value);
+    case plist::Kind::Text:
+      return *value.text();
+    case plist::Kind::Data:
+      return wrapped("$data", writeBase64(*value.data()));
+    case plist::Kind::Date:
+      return wrapped("$date", writeDate(*value.date()));
+    case plist::Kind::Uid:
+      return wrapped("CF$UID", value.uid()->index);
+    case plist::Kind::Array:
+      return arrayJson(*value.array());
+    case plist::Kind::Set:
+      return arrayJson(value.set()->members);
+    case plist::Kind::Dictionary:
+      return dictionaryJson(*value.dictionary());
+  }
+  return nullptr;
+}
+
+std::optional<plist::Value> fromJson(const Json& json) {
+  return fromJson(json, 0);
+}
+
+std::string textOf(const Json& json) {
+  std::string out;
+  write(json, out);
+  return out;
+}
+
+std::string plainTextOf(const plist::Value& value) {
+  if (const std::string* text = value.text()) return foundation::replacingInvalidUtf8(*text);
+  return textOf(toJson(value));
+}
+
+}  // namespace cli

@@ -1,0 +1,85 @@
+#include "apps/cli/row_lookup.h"
+
+#include "platform/plist/binary_walk.h"
+#include "platform/preferences/cell_type.h"
+
+namespace cli {
+namespace {
+
+std::string_view textIn(const plist::Dictionary& properties, std::string_view property) {
+  const plist::Value* value = properties.find(property);
+  return value && value->text() ? std::string_view(*value->text()) : std::string_view();
+}
+
+using plist::Object;
+using plist::ObjectTable;
+
+// Null when the dictionary has no such key.
+const Object* valueUnder(const ObjectTable& list, const Object& dictionary, std::string_view key) {
+  for (std::uint64_t i = 0; i < dictionary.count; ++i) {
+    const Object* name = list.find(list.member(dictionary, i));
+    if (name && name->isText() && name->is(key))
+      return list.find(list.member(dictionary, dictionary.count + i));
+  }
+  return nullptr;
+}
+
+bool bears(const ObjectTable& list, const Object& row, std::string_view property,
+           std::string_view text) {
+  const Object* value = valueUnder(list, row, property);
+  return value && value->isText() && value->is(text);
+}
+
+plist::Dictionary readRow(const ObjectTable& list, std::uint64_t index) {
+  plist::Value row;
+  plist::Allowance allowance(plist::expansionLimit(list.bytes()));
+  const bool read = plist::BinaryWalk(list).read(index, &row, allowance) && row.dictionary();
+  return read ? std::move(*row.dictionary()) : plist::Dictionary();
+}
+
+// Whether a list may have a row of that name: text stands in it byte for byte, and looking for it
+// is much faster than opening the list.
+bool mayName(std::string_view key, const preferences::ListResource& list) {
+  const std::string_view bytes(reinterpret_cast<const char*>(list.bytes.data()), list.bytes.size());
+  return bytes.find(key) != std::string_view::npos;
+}
+
+bool holdsValue(const plist::Dictionary& properties) {
+  const auto type = preferences::cellTypeNamed(textIn(properties, "cell"));
+  return !textIn(properties, "key").empty() || (type && preferences::hasChoices(*type));
+}
+
+}  // namespace
+
+std::string_view FoundRow::text(std::string_view property) const {
+  return textIn(properties, property);
+}
+
+std::string_view FoundRow::id() const {
+  return text("id").empty() ? text("key") : text("id");
+}
+
+// Of a list only the row that is wanted is read.
+Outcome<FoundRow> findRow(const preferences::Bundle& bundle, std::string_view key) {
+  std::optional<FoundRow> byId;
+  for (const preferences::PageClass& page : bundle.pages) {
+    const preferences::ListResource* resource = bundle.list(page.list);
+    if (!resource || !mayName(key, *resource)) continue;
+    const auto list = ObjectTable::open(resource->bytes);
+    const Object* root = list ? list->find(list->top()) : nullptr;
+    const Object* items = root ? valueUnder(*list, *root, "items") : nullptr;
+    for (std::uint64_t i = 0; items && i < items->count; ++i) {
+      const Object* row = list->find(list->member(*items, i));
+      if (!row || row->type != plist::ObjectType::Dictionary) continue;
+      const std::uint64_t index = list->member(*items, i);
+      if (bears(*list, *row, "key", key)) return FoundRow{&page, readRow(*list, index)};
+      if (byId || !bears(*list, *row, "id", key)) continue;
+      if (auto properties = readRow(*list, index); holdsValue(properties))
+        byId = FoundRow{&page, std::move(properties)};
+    }
+  }
+  if (byId) return std::move(*byId);
+  return Failure{ExitCode::NotFound, "no setting \"" + std::string(key) + "\""};
+}
+
+}  // namespace cli

@@ -1,0 +1,57 @@
+#include "apps/cli/session.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "platform/foundation/text.h"
+
+namespace cli {
+namespace {
+
+Outcome<Done> writeAll(int file, std::string_view text) {
+  while (!text.empty()) {
+    const ssize_t written = ::write(file, text.data(), text.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0)
+      return Failure{ExitCode::Failed, std::string("standard output: ") + std::strerror(errno)};
+    text.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return Done{};
+}
+
+}  // namespace
+
+assembly::Assembly& Session::device() {
+  if (!device_) {
+    auto clock = std::make_unique<foundation::StillQueue>();
+    clock_ = clock.get();
+    device_ = std::make_unique<assembly::Assembly>(options, std::move(clock));
+  }
+  return *device_;
+}
+
+foundation::StillQueue& Session::clock() {
+  device();
+  return *clock_;
+}
+
+Outcome<Done> Session::storeWorked() {
+  const auto problems = device().takeProblems();
+  if (problems.empty()) return Done{};
+  return Failure{ExitCode::Failed, problems.front()};
+}
+
+Outcome<Done> Session::flush() {
+  const std::string text = std::exchange(output_, {});
+  return writeAll(STDOUT_FILENO, text);
+}
+
+void complain(std::string_view message) {
+  std::string line = "quorvantis: ";
+  for (const char c : foundation::replacingInvalidUtf8(message)) line += c == '\n' ? ' ' : c;
+  static_cast<void>(writeAll(STDERR_FILENO, line + "\n"));
+}
+
+}  // namespace cli

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "apps/assembly/assembly.h"
+#include "apps/assembly/options.h"
+#include "apps/cli/json.h"
+#include "apps/cli/outcome.h"
+
+namespace cli {
+
+// What one run of the program works with: the options that every command has, the device, made when
+// it is first asked for, and what the command prints, which goes out when it has been done.
+class Session {
+ public:
+  assembly::Options options;
+  bool json = false;
+
+  assembly::Assembly& device();
+  foundation::StillQueue& clock();  // the device's time
+
+  // Failed with the first thing that went wrong with the store, if anything did.
+  Outcome<Done> storeWorked();
+  // What the user should hear of though the command was done.
+  std::vector<std::string> warnings;
+
+  void print(std::string_view line) { (output_ += line) += '\n'; }
+  void printJson(const Json& document) { print(textOf(document)); }
+  // Writes to stdout what was printed; the error is the system's.
+  Outcome<Done> flush();
+
+ private:
+  foundation::StillQueue* clock_ = nullptr;
+  std::unique_ptr<assembly::Assembly> device_;
+  std::string output_;
+};
+
+// One line on stderr: "quorvantis: " and the message.
+void complain(std::string_view message);
+
+}  // namespace cli

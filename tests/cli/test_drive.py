@@ -1,0 +1,101 @@
+import json
+
+from program import ProgramTest
+
+
+class Drive(ProgramTest):
+    def converse(self, *requests, options=()):
+        text = "".join(request if isinstance(request, str) else json.dumps(request) + "\n"
+                       for request in requests)
+        done = self.run_program("drive", *options, input=text.encode())
+        self.assertEqual(done.stderr, b"")
+        self.assertEqual(done.returncode, 0)
+        return [json.loads(line) for line in done.stdout.decode().splitlines()]
+
+    def error(self, *requests):
+        answer = self.converse(*requests)[-1]
+        self.assertEqual(list(answer), ["ok", "error", "message"])
+        self.assertIs(answer["ok"], False)
+        return answer["error"]
+
+    def test_empty_lines_are_passed_over(self):
+        self.assertEqual(self.converse("\n\n", {"do": "opened"}, "  \n\r\n"),
+                         [{"ok": True, "urls": []}])
+
+    def test_last_line_needs_no_newline(self):
+        self.assertEqual(self.converse('{"do":"played"}'), [{"ok": True, "sounds": []}])
+
+    def test_nothing_to_do(self):
+        self.assertEqual(self.converse(), [])
+
+    def test_what_is_no_request(self):
+        for line in ("no JSON\n", "[]\n", "5\n", "{}\n", '{"do":5}\n', '{"do":"nothing"}\n',
+                     '{"do":"launch"} more\n', '{"do":1e999}\n', '{"do":"launch"\n',
+                     "[" * 100000 + "\n"):
+            with self.subTest(line=line[:20]):
+                self.assertEqual(self.error(line), "bad_request")
+
+    def test_bytes_that_are_no_utf8(self):
+        done = self.run_program("drive", input=b'{"do":"\xff"}\n{"do":"opened"}\n')
+        first, second = map(json.loads, done.stdout.splitlines())
+        self.assertEqual(first["error"], "bad_request")
+        self.assertEqual(second["ok"], True)
+
+    def test_value_nested_without_end(self):
+        line = '{"do":"set","row":0,"value":' + "[" * 5000 + "]" * 5000 + "}\n"
+        self.assertEqual(self.error({"do": "launch"}, line), "bad_request")
+
+    def test_field_of_a_wrong_type(self):
+        for request in ({"do": "open"}, {"do": "open", "page": 1}, {"do": "tap"},
+                        {"do": "tap", "row": 1.5}, {"do": "set", "row": 0}, {"do": "scroll"},
+                        {"do": "scroll", "first": "0"}, {"do": "select", "section": 0},
+                        {"do": "drag", "tag": 1, "value": 1}, {"do": "advance"},
+                        {"do": "advance", "seconds": "1"}, {"do": "schemes"},
+                        {"do": "schemes", "schemes": [1]}, {"do": "call"},
+                        {"do": "call", "operation": "test", "arguments": {}}, {"do": "press"},
+                        {"do": "pick", "row": "0"},
+                        {"do": "open", "page": "ExtrasListController", "specifier": []},
+                        {"do": "open", "page": "ExtrasListController", "specifier": {"key": 5}},
+                        {"do": "open", "page": "ExtrasListController", "specifier": {"cell": "x"}}):
+            with self.subTest(request=request):
+                self.assertEqual(self.error({"do": "launch"}, request), "bad_request")
+
+    def test_time_goes_forwards_only(self):
+        for seconds in (-1, -1e-12, 1e300):
+            with self.subTest(seconds=seconds):
+                self.assertEqual(self.error({"do": "advance", "seconds": seconds}), "bad_value")
+
+    def test_before_a_launch(self):
+        for request in ({"do": "page"}, {"do": "back"}, {"do": "scroll", "first": 0},
+                        {"do": "open", "page": "ExtrasListController"}, {"do": "reload"},
+                        {"do": "layout"}, {"do": "call", "operation": "test"}):
+            with self.subTest(request=request):
+                self.assertEqual(self.error(request), "no_page")
+        self.assertEqual(self.error({"do": "tap", "row": 0}), "no_row")
+
+    def test_row_index_beyond_every_number(self):
+        for row in (10**6, -1, 2**40, -2**40, 2**64 - 1):
+            with self.subTest(row=row):
+                self.assertEqual(self.error({"do": "launch"}, {"do": "tap", "row": row}), "no_row")
+
+    def test_options(self):
+        for words in (["--idiom", "watch"], ["--viewport", "0"], ["--viewport", "x"],
+                      ["--viewport", "-1"], ["--viewport", "99999999999"]):
+            with self.subTest(words=words):
+                self.refuse(2, "drive", *words)
+        answers = self.converse({"do": "launch"}, options=["--viewport", "2", "--idiom", "tablet"])
+        self.assertEqual([row["built"] for row in answers[0]["page"]["rows"]][:3],
+                         [True, True, False])
+
+    def test_values_have_their_forms(self):
+        self.write_domain({"custbright": 50.0, "n": 50, "d": b"x"})
+        done = self.run_program("drive", input=b'{"do":"prefs"}\n')
+        self.assertEqual(done.stdout.decode(),
+                         '{"ok":true,"prefs":{"custbright":50.0,"d":{"$data":"eA=="},"n":50}}\n')
+
+    def test_damaged_domain_is_said_on_stderr(self):
+        self.write("var/mobile/Library/Preferences/com.zorvek.quorvantis.plist", b"garbage")
+        done = self.run_program("drive", input=b'{"do":"launch"}\n{"do":"prefs"}\n')
+        self.assertEqual(done.returncode, 0)
+        self.assertEqual(len(done.stderr.splitlines()), 1)
+        self.assertEqual(json.loads(done.stdout.splitlines()[1]), {"ok": True, "prefs": {}})

@@ -1,0 +1,108 @@
+from program import ProgramTest
+
+
+class Line(ProgramTest):
+    def test_no_command(self):
+        self.assertIn("no command", self.refuse(2))
+
+    def test_unknown_command(self):
+        self.assertIn('"bogus"', self.refuse(2, "bogus"))
+
+    def test_group_without_or_with_an_unknown_command(self):
+        for words in (["profile"], ["profile", "bogus"], ["defaults"], ["defaults", "bogus"]):
+            with self.subTest(words=words):
+                self.refuse(2, *words)
+
+    def test_missing_argument(self):
+        for words in (["get"], ["set", "custbright"], ["page"], ["choices"],
+                      ["defaults", "write", "key"], ["defaults", "delete"]):
+            with self.subTest(words=words):
+                self.assertIn("required", self.refuse(2, *words))
+
+    def test_empty_argument(self):
+        for words in (["get", ""], ["set", "", "x"], ["page", ""], ["choices", ""],
+                      ["defaults", "read", ""], ["defaults", "write", "", "x"],
+                      ["defaults", "delete", ""]):
+            with self.subTest(words=words):
+                self.refuse(2, *words)
+
+    def test_surplus_argument(self):
+        self.refuse(2, "get", "custbright", "more")
+        self.refuse(2, "pages", "more")
+
+    def test_unknown_option(self):
+        self.refuse(2, "get", "--bogus", "custbright")
+        self.refuse(2, "pages", "-x")
+
+    def test_option_without_its_value(self):
+        for words in (["get", "custbright", "--root"], ["--root", "", "get", "custbright"],
+                      ["--root=", "get", "custbright"], ["pages", "--contacts"],
+                      ["drive", "--viewport"]):
+            with self.subTest(words=words):
+                self.refuse(2, *words)
+
+    def test_options_stand_anywhere(self):
+        self.write_domain({"custbright": 12.5})
+        self.env.pop("QUORVANTIS_ROOT")
+        root = str(self.root)
+        for words in (["--root", root, "get", "custbright"], ["get", "--root", root, "custbright"],
+                      ["get", "custbright", "--root", root], ["get", "custbright", f"--root={root}"],
+                      ["--json", "get", "--contacts", "/x", "custbright", "--root", root]):
+            with self.subTest(words=words):
+                self.assertEqual(self.output(*words), "12.5\n")
+
+    def test_two_dashes_end_the_options(self):
+        self.output("defaults", "write", "--", "--json", "--root")
+        self.assertEqual(self.domain(), {"--json": "--root"})
+        self.assertIn('"--json"', self.refuse(3, "get", "--", "--json"))
+
+    def test_negative_number_is_no_option(self):
+        self.output("defaults", "write", "key", "-int", "-5")
+        self.output("defaults", "write", "text", "-5")
+        self.assertEqual(self.domain(), {"key": -5, "text": "-5"})
+
+    def test_root_of_the_environment_else_of_the_user(self):
+        self.output("defaults", "write", "key", "1")
+        self.assertTrue(self.root.is_dir())
+        self.env.pop("QUORVANTIS_ROOT")
+        self.output("defaults", "write", "key", "2")
+        self.assertTrue((self.scratch / ".local/share/quorvantis/var").is_dir())
+        self.env["XDG_DATA_HOME"] = str(self.scratch / "data")
+        self.output("defaults", "write", "key", "3")
+        self.assertTrue((self.scratch / "data/quorvantis/var").is_dir())
+
+    def test_no_root_at_all(self):
+        for name in ("QUORVANTIS_ROOT", "HOME"):
+            self.env.pop(name)
+        self.assertIn("--root", self.refuse(2, "pages"))
+
+    def test_missing_root_is_made_by_the_first_write_only(self):
+        self.output("get", "custbright")
+        self.assertFalse(self.root.exists())
+        self.output("defaults", "write", "key", "1")
+        self.assertEqual(self.root.stat().st_mode & 0o777, 0o700)
+
+    def test_help_names_every_command(self):
+        text = self.output("--help")
+        for name in ("pages", "page", "get", "set", "choices", "profile", "triggers", "log",
+                     "watch", "defaults", "drive", "--root", "--contacts", "--json"):
+            self.assertIn(name, text)
+
+    def test_help_of_a_command_and_of_a_group(self):
+        self.assertIn("KEY", self.output("get", "--help"))
+        self.assertIn("write", self.output("defaults", "--help"))
+
+    def test_version(self):
+        self.assertRegex(self.output("--version"), r"^quorvantis \d+\.\d+\.\d+\n$")
+
+    def test_output_that_can_not_be_written(self):
+        with open("/dev/full", "wb") as full:
+            done = self.run_into(full, "pages")
+        self.assertEqual(done.returncode, 1)
+        self.assertIn(b"quorvantis: standard output: ", done.stderr)
+
+    def run_into(self, file, *arguments):
+        import subprocess
+        from program import PROGRAM
+        return subprocess.run([PROGRAM, *arguments], env=self.env, stdout=file,
+                              stderr=subprocess.PIPE, timeout=60, check=False)

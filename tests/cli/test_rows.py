@@ -1,0 +1,162 @@
+import json
+
+from program import DOMAIN, ProgramTest
+
+
+class Pages(ProgramTest):
+    def test_every_page_with_title_and_rows(self):
+        pages = {page["class"]: page for page in self.document("pages")}
+        self.assertEqual(pages["quorvantisprefsListController"]["title"], "Quorvantis")
+        for name, page in pages.items():
+            with self.subTest(page=name):
+                self.assertEqual(list(page), ["class", "title", "rows"])
+                self.assertGreater(page["rows"], 0)
+
+    def test_row_count_includes_groups(self):
+        pages = {page["class"]: page["rows"] for page in self.document("pages")}
+        rows = self.document("page", "PowerSavingListController")
+        self.assertEqual(pages["PowerSavingListController"], len(rows))
+        self.assertIn("PSGroupCell", [row["cell"] for row in rows])
+
+    def test_page_shows_values_and_rules(self):
+        self.write_domain({"custbright": 12.5})
+        rows = {row["id"]: row for row in self.document("page", "PowerSavingListController")}
+        self.assertEqual(rows["custbright"],
+                         {"id": "custbright", "label": rows["custbright"]["label"],
+                          "cell": "PSSliderCell", "value": 12.5, "usable": False,
+                          "dimmedBy": "custbrightenabled"})
+        self.assertEqual(rows["custbrightenabled"]["usable"], True)
+        self.assertNotIn("dimmedBy", rows["custbrightenabled"])
+
+    def test_page_for_people(self):
+        self.write_domain({"custbright": 12.5})
+        text = self.output("page", "PowerSavingListController")
+        self.assertRegex(text, r"12\.5  \(dimmed by custbrightenabled\)")
+
+    def test_unknown_page(self):
+        self.refuse(3, "page", "NoSuchPage")
+
+
+class Get(ProgramTest):
+    def test_default_then_stored(self):
+        self.assertEqual(self.output("get", "custbright"), "50\n")
+        self.write_domain({"custbright": 12.5})
+        self.assertEqual(self.output("get", "custbright"), "12.5\n")
+
+    def test_text_is_bare_without_json(self):
+        self.write_domain({"alertmsg": 'a "b"'})
+        self.assertEqual(self.output("get", "alertmsg"), 'a "b"\n')
+        self.assertEqual(self.output("get", "alertmsg", "--json"), '"a \\"b\\""\n')
+
+    def test_values_of_each_kind(self):
+        for value, text in ((50.0, "50.0"), (50, "50"), (1e22, "1.0e+22"), (1e-7, "1.0e-07"),
+                            (0.1, "0.1"), (-2**63, str(-2**63)), (2**64 - 1, str(2**64 - 1)),
+                            ([1, "a"], '[1,"a"]'), ({"k": False}, '{"k":false}'),
+                            (b"\x00\xff", '{"$data":"AP8="}')):
+            with self.subTest(value=value):
+                self.write_domain({"custbright": value})
+                self.assertEqual(self.output("get", "custbright"), text + "\n")
+
+    def test_what_json_has_no_form_for(self):
+        self.write_domain({"custbright": float("inf"), "alertmsg": float("nan")})
+        self.assertEqual(self.output("get", "custbright"), "null\n")
+        self.assertEqual(self.output("get", "alertmsg"), "null\n")
+
+    def test_four_byte_real_is_short(self):
+        # bplist00, {"custbright": 4-byte real 0.1}
+        objects = [b"\xd1\x01\x02", b"\x5acustbright", bytes.fromhex("223dcccccd")]
+        body, offsets = b"bplist00", []
+        for item in objects:
+            offsets.append(len(body))
+            body += item
+        table = len(body)
+        body += bytes(offsets) + bytes(6) + b"\x01\x01"
+        body += (3).to_bytes(8, "big") + bytes(8) + table.to_bytes(8, "big")
+        self.write(DOMAIN, body)
+        self.assertEqual(self.output("get", "custbright"), "0.1\n")
+
+    def test_unknown_key(self):
+        self.assertIn('"nosuchkey"', self.refuse(3, "get", "nosuchkey"))
+        self.refuse(3, "get", "schlüssel")
+
+    def test_row_that_holds_no_value_is_no_key(self):
+        self.refuse(3, "get", "follow")
+
+    def test_damaged_domain(self):
+        self.write(DOMAIN, b"bplist00 but no more")
+        self.assertIn("com.zorvek.quorvantis.plist", self.refuse(1, "get", "custbright"))
+
+
+class Set(ProgramTest):
+    def test_switch_is_stored_as_a_boolean(self):
+        self.output("set", "custbrightenabled", "true")
+        self.assertIs(self.domain()["custbrightenabled"], True)
+
+    def test_slider_is_stored_as_a_real(self):
+        self.write_domain({"custbrightenabled": True})
+        self.output("set", "custbright", "40")
+        self.assertEqual(repr(self.domain()["custbright"]), "40.0")
+
+    def test_text_is_stored_as_it_stands(self):
+        for text in ("5", "true", "", "zwei Wörter"):
+            with self.subTest(text=text):
+                self.output("set", "alertmsg", text)
+                self.assertEqual(self.domain()["alertmsg"], text)
+
+    def test_choice_is_stored_as_the_list_has_it(self):
+        choice = self.document("choices", "airplanemode")[1]
+        self.output("set", "airplanemode", json.dumps(choice["value"]))
+        self.assertEqual(self.domain()["airplanemode"], choice["value"])
+
+    def test_other_keys_stay(self):
+        self.write_domain({"theirs": [1], "custbrightenabled": False})
+        self.output("set", "custbrightenabled", "true")
+        self.assertEqual(self.domain(), {"theirs": [1], "custbrightenabled": True})
+
+    def test_dimmed_row_names_its_switch(self):
+        self.assertIn('"custbrightenabled"', self.refuse(2, "set", "custbright", "40"))
+
+    def test_value_that_the_row_can_not_take(self):
+        self.write_domain({"custbrightenabled": True})
+        for key, text in (("custbrightenabled", "1"), ("custbrightenabled", "YES"),
+                          ("custbright", "4000"), ("custbright", "-1"), ("custbright", "x"),
+                          ("custbright", "4 "), ("custbright", "0x10"), ("custbright", "nan"),
+                          ("custbright", "inf"), ("custbright", ""), ("airplanemode", "77"),
+                          ("airplanemode", "Leave")):
+            with self.subTest(key=key, text=text):
+                self.refuse(2, "set", key, text)
+
+    def test_text_that_is_no_utf8(self):
+        self.refuse(2, "set", "alertmsg", b"\xff")
+
+    def test_unknown_key(self):
+        self.refuse(3, "set", "nosuchkey", "1")
+
+    def test_write_that_fails(self):
+        (self.root / DOMAIN).mkdir(parents=True)
+        self.refuse(1, "set", "custbrightenabled", "true")
+
+    def test_damaged_domain_is_kept_aside_and_said(self):
+        self.write(DOMAIN, b"garbage")
+        done = self.run_program("set", "custbrightenabled", "true")
+        self.assertEqual(done.returncode, 0)
+        self.assertEqual(len(done.stderr.splitlines()), 1)
+        self.assertEqual(self.domain(), {"custbrightenabled": True})
+        kept = [path for path in (self.root / DOMAIN).parent.iterdir() if "unreadable" in path.name]
+        self.assertEqual([path.read_bytes() for path in kept], [b"garbage"])
+
+
+class Choices(ProgramTest):
+    def test_values_and_titles_in_order(self):
+        choices = self.document("choices", "airplanemode")
+        self.assertEqual([choice["title"] for choice in choices], ["Leave", "On", "Off"])
+        self.assertEqual([list(choice) for choice in choices], [["value", "title"]] * 3)
+
+    def test_row_without_a_key(self):
+        self.assertEqual(self.document("choices", "savedprofiles"), [])
+
+    def test_row_without_choices(self):
+        self.refuse(2, "choices", "custbright")
+
+    def test_unknown_key(self):
+        self.refuse(3, "choices", "nosuchkey")

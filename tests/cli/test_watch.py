@@ -1,0 +1,66 @@
+import shutil
+import signal
+import subprocess
+import unittest
+
+from program import PROGRAM, ProgramTest
+
+CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+ "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig><type>session</type><listen>unix:dir={folder}</listen><auth>EXTERNAL</auth>
+<policy context="default"><allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/>
+<allow own="*"/></policy></busconfig>
+"""
+
+
+class WithoutBus(ProgramTest):
+    def test_watch_says_why_it_can_not(self):
+        self.assertIn("bus", self.refuse(1, "watch"))
+
+    def test_change_is_done_all_the_same(self):
+        self.output("set", "custbrightenabled", "true")
+        self.assertEqual(self.domain(), {"custbrightenabled": True})
+
+
+@unittest.skipUnless(shutil.which("dbus-daemon"), "needs dbus-daemon")
+class WithBus(ProgramTest):
+    def setUp(self):
+        super().setUp()
+        configuration = self.scratch / "bus.conf"
+        configuration.write_text(CONFIGURATION.format(folder=self.scratch))
+        daemon = subprocess.Popen(["dbus-daemon", f"--config-file={configuration}", "--nofork",
+                                   "--print-address"], stdout=subprocess.PIPE)
+        self.addCleanup(daemon.communicate)
+        self.addCleanup(daemon.terminate)
+        self.env["DBUS_SESSION_BUS_ADDRESS"] = daemon.stdout.readline().decode().strip()
+
+    def watch(self, *names):
+        """A watcher that has been seen to listen."""
+        watcher = subprocess.Popen([PROGRAM, "watch", *names], env=self.env,
+                                   stdout=subprocess.PIPE)
+        self.addCleanup(watcher.communicate)
+        self.addCleanup(watcher.kill)
+        line = b""
+        while not line:
+            self.output("set", "custbrightenabled", "true")
+            line = self.read_soon(watcher)
+        return watcher, line
+
+    def read_soon(self, watcher):
+        import select
+        ready, _, _ = select.select([watcher.stdout], [], [], 0.2)
+        return watcher.stdout.readline() if ready else b""
+
+    def test_change_is_announced(self):
+        _, line = self.watch()
+        self.assertEqual(line, b"com.zorvek.quorvantis.prefs\n")
+
+    def test_only_the_names_that_were_given(self):
+        _, line = self.watch("com.zorvek.quorvantis.prefs", "other")
+        self.assertEqual(line, b"com.zorvek.quorvantis.prefs\n")
+
+    def test_interruption_ends_it_well(self):
+        for end in (signal.SIGINT, signal.SIGTERM):
+            watcher, _ = self.watch()
+            watcher.send_signal(end)
+            self.assertEqual(watcher.wait(60), 0)

@@ -1,0 +1,90 @@
+import unittest
+
+from profiles import DAMAGED, ProfileTest, path_of
+from program import DOCUMENTS
+
+
+class Delete(ProfileTest):
+    def test_removes_the_file_and_nothing_else(self):
+        self.output("profile", "save", "20")
+        self.output("profile", "save", "21")
+        before = self.everything()
+        self.output("profile", "delete", "Battery 20%")
+        del before[str(self.root / path_of(20))]
+        self.assertEqual(self.everything(), before)
+
+    def test_removes_a_damaged_one(self):
+        self.write(path_of(20), DAMAGED)
+        self.output("profile", "delete", "20")
+        self.assertFalse((self.root / path_of(20)).exists())
+
+    def test_none(self):
+        self.refuse(3, "profile", "delete", "20")
+        self.output("profile", "save", "21")
+        self.refuse(3, "profile", "delete", "20")
+
+    def test_no_trigger(self):
+        self.refuse(3, "profile", "delete", "nonsense")
+
+    def test_what_can_not_be_removed(self):
+        self.write(f"{path_of(20)}/inside", b"")
+        self.refuse(1, "profile", "delete", "20")
+
+
+class Show(ProfileTest):
+    def test_the_values_of_the_file(self):
+        self.write_profile(20, {"profilepercentage": "20", "wifi": 1, "other": "x"})
+        self.assertEqual(self.show("Battery 20%"),
+                         {"profilepercentage": "20", "wifi": 1, "other": "x"})
+        self.assertEqual(self.output("profile", "show", "20"),
+                         'profilepercentage = "20"\nwifi = 1\nother = "x"\n')
+
+    def test_archive_of_no_dictionary_is_empty(self):
+        self.write_profile(20, ["a"])
+        self.assertEqual(self.show("20"), {})
+
+    def test_none(self):
+        self.refuse(3, "profile", "show", "20")
+        self.refuse(3, "profile", "show", "nonsense")
+
+    def test_no_archive(self):
+        for data in (DAMAGED, b"", b"bplist00"):
+            self.write(path_of(20), data)
+            self.refuse(1, "profile", "show", "20")
+
+    def test_domain_is_not_needed(self):
+        self.write_profile(20, {"wifi": 1})
+        self.damage_domain()
+        self.assertEqual(self.show("20"), {"wifi": 1})
+
+
+class List(ProfileTest):
+    def test_in_the_order_of_the_triggers_with_descriptions(self):
+        self.write_profile(20, {"profilepercentage": "20", "profiledescription": "Night"})
+        self.write_profile(101, {"profilepercentage": "101", "profiledescription": ""})
+        self.write_profile(9, {"profilepercentage": "9"})
+        self.assertEqual(self.document("profile", "list"), [
+            {"path": f"/{path_of(9)}", "title": "Battery 9%"},
+            {"path": f"/{path_of(20)}", "title": "Battery 20% - Night"},
+            {"path": f"/{path_of(101)}", "title": "Charging started"}])
+
+    def test_other_files_are_no_profiles(self):
+        self.write(f"{DOCUMENTS}/quorvantis.log", DAMAGED)
+        self.write(f"{DOCUMENTS}/profile_5.QVX", DAMAGED)
+        self.assertEqual(self.document("profile", "list"), [])
+
+    def test_without_a_folder_there_are_none(self):
+        self.assertEqual(self.document("profile", "list"), [])
+        self.assertEqual(self.output("profile", "list"), "")
+
+    def test_left_out_files_are_told(self):
+        self.write_profile(9, {"profilepercentage": "9"})
+        self.write(path_of(20), DAMAGED)
+        done = self.run_program("profile", "list")
+        self.assertEqual(done.returncode, 0)
+        self.assertEqual(done.stdout.decode().split(), [f"/{path_of(9)}", "Battery", "9%"])
+        self.assertRegex(done.stderr.decode(), rf"^quorvantis: /{path_of(20)}: .+\n$")
+
+
+if __name__ == "__main__":
+    unittest.main()

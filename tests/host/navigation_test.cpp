@@ -1,0 +1,139 @@
+#include <gmock/gmock.h>
+
+#include "platform/preferences/PSListItemsController.h"
+#include "tests/host/sample_bundle.h"
+
+namespace {
+
+using host::RefusalCode;
+using sample::events;
+using sample::refusalOf;
+using testing::ElementsAre;
+
+TEST(Navigation, NothingIsShownBeforeALaunch) {
+  sample::Device device;
+  host::SettingsApplication application(device.environment, 12);
+  EXPECT_EQ(application.shownPage(), nullptr);
+  EXPECT_EQ(application.shownList(), nullptr);
+  EXPECT_EQ(application.shownTable(), nullptr);
+  EXPECT_EQ(refusalOf(application.open("Second", {})), RefusalCode::NoPage);
+  EXPECT_EQ(refusalOf(application.back()), RefusalCode::NoPage);
+  EXPECT_EQ(refusalOf(application.scroll(0)), RefusalCode::NoPage);
+  EXPECT_EQ(refusalOf(application.reload()), RefusalCode::NoPage);
+  EXPECT_EQ(refusalOf(application.call("act", {})), RefusalCode::NoPage);
+  EXPECT_EQ(refusalOf(application.tapBarButton()), RefusalCode::NoPage);
+  EXPECT_EQ(refusalOf(application.set("switch", true)), RefusalCode::NoRow);
+  application.activate();
+  application.layout();
+}
+
+TEST(Navigation, LaunchShowsThePrincipalPageAndMakesItsRowsLast) {
+  sample::Device device;
+  host::SettingsApplication application(device.environment, 12);
+  application.launch();
+  EXPECT_THAT(events, ElementsAre("First loadView", "First viewDidLoad from nowhere",
+                                  "First viewWillAppear", "First has no cells"));
+  EXPECT_EQ(application.shownPage()->title, "First Page");
+  EXPECT_TRUE((*application.row("switch"))->isBuilt());
+}
+
+TEST(Navigation, LaunchOfAnotherPage) {
+  sample::Settings settings;
+  ASSERT_TRUE(settings.application.launch("Second"));
+  EXPECT_EQ(settings.application.shownPage()->className(), "Second");
+  EXPECT_EQ(settings.application.pages().size(), 1u);
+}
+
+TEST(Navigation, LaunchOfAnUnknownPageChangesNothing) {
+  sample::Settings settings;
+  EXPECT_EQ(refusalOf(settings.application.launch("Nowhere")), RefusalCode::NoPage);
+  EXPECT_EQ(settings.application.shownPage()->className(), "First");
+  EXPECT_THAT(events, ElementsAre());
+}
+
+TEST(Navigation, SecondLaunchStartsAnew) {
+  sample::Settings settings;
+  ASSERT_TRUE(settings.application.tap("link"));
+  auto* before = settings.application.pages().front().get();
+  settings.application.launch();
+  EXPECT_EQ(settings.application.pages().size(), 1u);
+  EXPECT_NE(settings.application.shownPage(), before);
+}
+
+TEST(Navigation, LinkRowPushesItsPageWhichIsLoadedBeforeTheOldOneDisappears) {
+  sample::Settings settings;
+  ASSERT_TRUE(settings.application.tap("link"));
+  EXPECT_THAT(events, ElementsAre("Second loadView", "Second viewDidLoad from link",
+                                  "First viewWillDisappear", "Second viewWillAppear",
+                                  "Second has no cells"));
+  EXPECT_EQ(settings.application.shownPage()->title, "link");
+  EXPECT_EQ(settings.application.shownPage()->parent(), settings.application.pages()[0].get());
+}
+
+TEST(Navigation, PushedPageIsOpenedFromTheVeryRow) {
+  sample::Settings settings;
+  auto* row = &settings.row("link");
+  ASSERT_TRUE(settings.application.tap("link"));
+  EXPECT_EQ(settings.application.shownPage()->specifier(), row);
+}
+
+TEST(Navigation, LinkToAnUnknownClassIsRefused) {
+  sample::Settings settings;
+  EXPECT_EQ(refusalOf(settings.application.tap("nowhere")), RefusalCode::NoPage);
+  EXPECT_EQ(settings.application.pages().size(), 1u);
+}
+
+TEST(Navigation, BackDestroysThePageAfterTheOneBelowIsToldThatItAppears) {
+  sample::Settings settings;
+  ASSERT_TRUE(settings.application.tap("link"));
+  events.clear();
+  ASSERT_TRUE(settings.application.back());
+  EXPECT_THAT(events, ElementsAre("Second viewWillDisappear", "First viewWillAppear",
+                                  "First has cells", "Second dealloc"));
+}
+
+TEST(Navigation, NoBackFromTheFirstPage) {
+  sample::Settings settings;
+  EXPECT_EQ(refusalOf(settings.application.back()), RefusalCode::NoPage);
+  EXPECT_EQ(settings.application.pages().size(), 1u);
+}
+
+TEST(Navigation, OpenGivesThePageARowOfTheseProperties) {
+  sample::Settings settings;
+  ASSERT_TRUE(settings.application.open("Second", {{"label", "From afar"}, {"key", "k"}}));
+  EXPECT_EQ(settings.application.shownPage()->title, "From afar");
+  EXPECT_EQ(settings.application.shownPage()->specifier()->textForKey("key"), "k");
+  EXPECT_TRUE(settings.application.shownPage()->specifier()->propertyForKey("default").isNothing());
+}
+
+TEST(Navigation, OpenOfAnUnknownPage) {
+  sample::Settings settings;
+  EXPECT_EQ(refusalOf(settings.application.open("Nowhere", {})), RefusalCode::NoPage);
+}
+
+TEST(Navigation, ChoicesOpenOnlyFromARowOfAList) {
+  sample::Settings settings;
+  EXPECT_EQ(refusalOf(settings.application.launch("PSListItemsController")),
+            RefusalCode::BadRequest);
+  ASSERT_TRUE(settings.application.tap("table"));
+  EXPECT_EQ(refusalOf(settings.application.open("PSListItemsController", {})),
+            RefusalCode::BadRequest);
+}
+
+TEST(Navigation, BrokenListIsToldInItsLoadError) {
+  sample::Settings settings;
+  ASSERT_TRUE(settings.application.open("Broken", {}));
+  ASSERT_NE(settings.application.shownList(), nullptr);
+  EXPECT_THAT(settings.application.shownList()->loadError(), testing::StartsWith("Broken: "));
+  EXPECT_EQ(refusalOf(settings.application.scroll(0)), RefusalCode::BadValue);
+}
+
+TEST(Navigation, ObserverIsToldOfChanges) {
+  sample::Settings settings;
+  int changes = 0;
+  settings.application.setObserver([&] { ++changes; });
+  ASSERT_TRUE(settings.application.tap("link"));
+  EXPECT_GT(changes, 0);
+}
+
+}  // namespace

@@ -1,0 +1,98 @@
+#include <gmock/gmock.h>
+
+#include "tests/host/sample_bundle.h"
+
+namespace {
+
+using host::RefusalCode;
+using preferences::Argument;
+using sample::events;
+using sample::refusalOf;
+using sample::Settings;
+using testing::ElementsAre;
+
+// As the extension's process would.
+void storeElsewhere(Settings& settings, std::string_view key, const plist::Value& value) {
+  foundation::DeviceRoot root(settings.folder.path());
+  foundation::Preferences elsewhere(root);
+  ASSERT_TRUE(elsewhere.setAppValue(key, value, "test.domain"));
+  ASSERT_TRUE(elsewhere.synchronize());
+}
+
+TEST(Requests, ActivationIsPostedInProcess) {
+  Settings settings;
+  std::vector<std::string> posted;
+  settings.center.setWitness(
+      [&](const auto& notification) { posted.push_back(notification.name); });
+  settings.application.activate();
+  EXPECT_THAT(posted, ElementsAre("UIApplicationDidBecomeActiveNotification"));
+}
+
+TEST(Requests, WhatOthersStoredIsSeenOnActivation) {
+  Settings settings;
+  storeElsewhere(settings, "text", "theirs");
+  EXPECT_TRUE(settings.stored("text").isNothing());
+  settings.application.activate();
+  EXPECT_EQ(settings.stored("text"), plist::Value("theirs"));
+}
+
+TEST(Requests, WhatOthersStoredIsSeenOnReload) {
+  Settings settings;
+  storeElsewhere(settings, "text", "theirs");
+  ASSERT_TRUE(settings.application.reload());
+  EXPECT_EQ(settings.row("text").propertyForKey("value"), plist::Value("theirs"));
+}
+
+TEST(Requests, WhatOthersStoredIsSeenByAPageThatOpens) {
+  Settings settings;
+  storeElsewhere(settings, "switch", true);
+  ASSERT_TRUE(settings.application.tap("link"));
+  EXPECT_EQ(settings.row("switch").propertyForKey("value"), plist::Value(true));
+}
+
+TEST(Requests, ReloadMakesNewRows) {
+  Settings settings;
+  const auto before = settings.row("switch").shared_from_this();
+  ASSERT_TRUE(settings.application.reload());
+  EXPECT_NE(&settings.row("switch"), before.get());
+  EXPECT_TRUE(settings.row("switch").isBuilt());
+}
+
+TEST(Requests, CallRunsAnOperationAndGivesItsResult) {
+  Settings settings;
+  const Argument arguments[] = {plist::Value(5), nullptr};
+  const auto result = settings.application.call("echo:object:", arguments);
+  ASSERT_TRUE(result);
+  EXPECT_EQ(preferences::valueIn(*result), plist::Value(plist::Array{5, "nil"}));
+}
+
+TEST(Requests, CallTakesARowByItsIdOnlyWhereAnObjectIsWanted) {
+  Settings settings;
+  const Argument arguments[] = {plist::Value("switch"), plist::Value("slider")};
+  const auto result = settings.application.call("echo:object:", arguments);
+  ASSERT_TRUE(result);
+  EXPECT_EQ(preferences::valueIn(*result), plist::Value(plist::Array{"switch", "PSSpecifier"}));
+}
+
+TEST(Requests, CallThatThePageHasNotOrThatDoesNotFit) {
+  Settings settings;
+  const Argument noRow[] = {plist::Value(1), plist::Value("nothing")};
+  EXPECT_EQ(refusalOf(settings.application.call("nothing", {})), RefusalCode::BadRequest);
+  EXPECT_EQ(refusalOf(settings.application.call("echo:object:", {})), RefusalCode::BadRequest);
+  EXPECT_EQ(refusalOf(settings.application.call("echo:object:", noRow)), RefusalCode::BadRequest);
+}
+
+TEST(Requests, RowsThatACallDroppedAreBuiltAgain) {
+  Settings settings;
+  ASSERT_TRUE(settings.application.call("reloadSpecifiers", {}));
+  EXPECT_TRUE(settings.row("switch").isBuilt());
+}
+
+TEST(Requests, CallOfAPlatformOperation) {
+  Settings settings;
+  const Argument animated[] = {plist::Value(true)};
+  ASSERT_TRUE(settings.application.call("viewWillAppear:", animated));
+  EXPECT_THAT(events, ElementsAre("First viewWillAppear", "First has cells"));
+}
+
+}  // namespace
