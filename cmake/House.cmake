@@ -11,7 +11,7 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 if(NOT CMAKE_BUILD_TYPE)
   set(CMAKE_BUILD_TYPE Release)
 endif()
-add_compile_options(-Wall -Wextra -Wnon-virtual-dtor)
+add_compile_options(-Wall -Wextra -Wnon-virtual-dtor -ffunction-sections -fdata-sections)
 
 # house_library(NAME SOURCES... [USES LIBRARIES...]): one static library a folder. What a folder
 # may include is what its library uses, and no more; tests/house proves it from the include lines.

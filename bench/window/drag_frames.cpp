@@ -28,12 +28,15 @@ QQuickItem* sliderBelow(QQuickItem* item) {
   return nullptr;
 }
 
-double processorTime() { return 1000.0 * static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
+double processorTime() {
+  return 1000.0 * static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
+}
 
 // Sweeps over the slider, two points at a time, faster than frames come.
 void drag(QQuickWindow& window, QQuickItem& slider) {
   const QRectF place = slider.mapRectToScene(QRectF(0, 0, slider.width(), slider.height()));
-  const int left = static_cast<int>(place.left()) + 12, right = static_cast<int>(place.right()) - 12;
+  const int left = static_cast<int>(place.left()) + 12,
+            right = static_cast<int>(place.right()) - 12;
   const int y = static_cast<int>(place.center().y());
   QTest::mousePress(&window, Qt::LeftButton, {}, QPoint(left, y));
   QElapsedTimer time;
@@ -51,10 +54,11 @@ void print(const std::vector<double>& frames, double processor) {
   for (std::size_t i = 1; i < frames.size(); ++i) gaps.push_back(frames[i] - frames[i - 1]);
   std::ranges::sort(gaps);
   const auto dropped = std::ranges::count_if(gaps, [](double gap) { return gap > 1.5 * kFrame; });
-  std::printf("frames %zu in %d ms, gap median %.1f ms, 99%% %.1f ms, longest %.1f ms, dropped %td, "
-              "processor %.0f ms\n",
-              frames.size(), kDuration, gaps[gaps.size() / 2], gaps[gaps.size() * 99 / 100],
-              gaps.back(), dropped, processor);
+  std::printf(
+      "frames %zu in %d ms, gap median %.1f ms, 99%% %.1f ms, longest %.1f ms, dropped %td, "
+      "processor %.0f ms\n",
+      frames.size(), kDuration, gaps[gaps.size() / 2], gaps[gaps.size() * 99 / 100], gaps.back(),
+      dropped, processor);
 }
 
 }  // namespace

@@ -31,13 +31,15 @@ Argument rowArgument(PSSpecifier& specifier) {
 }  // namespace
 
 const Operations PSListController::ownOperations{
-    {
-        {"specifiers", &PSListController::loadRows},
-        {"specifierForID:", &PSListController::findSpecifier},
-        {"reloadSpecifier:", &PSListController::reloadSpecifier},
-        {"reloadSpecifiers", &PSListController::reloadSpecifiers},
-        {"setPreferenceValue:specifier:", &PSListController::setPreferenceValueSpecifier},
-        {"readPreferenceValue:", &PSListController::readPreferenceValue},
+    []() -> OperationTable {
+      return {
+          {"specifiers", &PSListController::loadRows},
+          {"specifierForID:", &PSListController::findSpecifier},
+          {"reloadSpecifier:", &PSListController::reloadSpecifier},
+          {"reloadSpecifiers", &PSListController::reloadSpecifiers},
+          {"setPreferenceValue:specifier:", &PSListController::setPreferenceValueSpecifier},
+          {"readPreferenceValue:", &PSListController::readPreferenceValue},
+      };
     },
     &PSViewController::ownOperations};
 

@@ -2,7 +2,8 @@
 
 namespace preferences {
 
-const Operations PSListItemsController::ownOperations{{}, &PSViewController::ownOperations};
+const Operations PSListItemsController::ownOperations{[]() -> OperationTable { return {}; },
+                                                      &PSViewController::ownOperations};
 
 PSListController& PSListItemsController::list() const {
   return static_cast<PSListController&>(*parent());

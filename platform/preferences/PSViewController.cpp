@@ -4,12 +4,14 @@
 
 namespace preferences {
 
-const Operations PSViewController::ownOperations = {
-    {"loadView", &PSViewController::loadView},
-    {"viewDidLoad", &PSViewController::viewDidLoad},
-    {"viewWillAppear:", &PSViewController::viewWillAppear},
-    {"viewWillDisappear:", &PSViewController::viewWillDisappear},
-};
+const Operations PSViewController::ownOperations{[]() -> OperationTable {
+  return {
+      {"loadView", &PSViewController::loadView},
+      {"viewDidLoad", &PSViewController::viewDidLoad},
+      {"viewWillAppear:", &PSViewController::viewWillAppear},
+      {"viewWillDisappear:", &PSViewController::viewWillDisappear},
+  };
+}};
 
 void PSViewController::setOpener(std::shared_ptr<PSSpecifier> specifier,
                                  std::shared_ptr<PSViewController> parent) {

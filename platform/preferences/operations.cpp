@@ -44,8 +44,13 @@ std::optional<Argument> Operation::run(foundation::Object& self,
   return run_(self, arguments);
 }
 
+const OperationTable& Operations::own() const {
+  if (!own_) own_ = new OperationTable(make_());
+  return *own_;
+}
+
 const Operation* Operations::find(std::string_view selector) const {
-  for (const Operation& operation : own_)
+  for (const Operation& operation : own())
     if (operation.selector() == selector) return &operation;
   return base_ ? base_->find(selector) : nullptr;
 }

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 #include <functional>
-#include <initializer_list>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <span>
@@ -27,13 +27,16 @@ std::optional<plist::Value> valueIn(const Argument& argument);
 // From an argument to a parameter; empty where the argument can't stand for one.
 template <class T>
 struct Convert {
-  static std::optional<T> from(const Argument& argument)
-    requires std::is_arithmetic_v<T>
-  {
+  static std::optional<T> from(const Argument& argument) requires std::is_arithmetic_v<T> {
     auto value = valueIn(argument);
     if (value && value->isNothing()) return T{};
     auto number = value ? value->number() : std::nullopt;
     if (!number) return std::nullopt;
+    if constexpr (std::is_integral_v<T> && !std::is_same_v<T, bool>) {
+      // A cast of what doesn't fit would be undefined.
+      if (!(*number >= std::numeric_limits<T>::min() && *number <= std::numeric_limits<T>::max()))
+        return std::nullopt;
+    }
     return static_cast<T>(*number);
   }
 };
@@ -68,7 +71,9 @@ struct Convert<T*> {
   }
 };
 
-inline Argument resultOf(plist::Value value) { return value; }
+inline Argument resultOf(plist::Value value) {
+  return value;
+}
 inline Argument resultOf(foundation::Object* object) {
   if (!object) return nullptr;
   return object;
@@ -124,19 +129,23 @@ class Operation {
   std::function<std::optional<Argument>(foundation::Object&, std::span<const Argument>)> run_;
 };
 
+using OperationTable = std::vector<Operation>;
+
 // All that a list, a button, an observer or the platform can call on a class, by selector; what
-// isn't in the table is looked for in the base class's.
+// isn't in the table is looked for in the base class's. The table is made when it is first asked
+// for, so that a program pays for none that it doesn't use.
 class Operations {
  public:
-  Operations(std::initializer_list<Operation> own, const Operations* base = nullptr)
-      : own_(own), base_(base) {}
+  constexpr Operations(OperationTable (*make)(), const Operations* base = nullptr)
+      : make_(make), base_(base) {}
 
   const Operation* find(std::string_view selector) const;
-  const std::vector<Operation>& own() const { return own_; }
+  const OperationTable& own() const;
 
  private:
-  std::vector<Operation> own_;
+  OperationTable (*make_)();
   const Operations* base_;
+  mutable const OperationTable* own_ = nullptr;  // lives as long as the program
 };
 
 }  // namespace preferences

@@ -11,7 +11,7 @@ std::vector<std::uint8_t> Swatch::rgba() const {
     return static_cast<std::size_t>(std::ceil(std::max(points, 0.0)));
   };
   const auto byte = [](double part) {
-    return static_cast<std::uint8_t>(std::lround(std::clamp(part, 0.0, 1.0) * 255));
+    return static_cast<std::uint8_t>(std::clamp(part, 0.0, 1.0) * 255 + 0.5);
   };
   const std::array pixel{byte(color.red), byte(color.green), byte(color.blue), byte(color.alpha)};
   std::vector<std::uint8_t> bytes(pixels(size.width) * pixels(size.height) * pixel.size());

@@ -44,64 +44,66 @@ void set(Page& page, const TypeOf<property>& value) {
 }  // namespace
 
 const preferences::Operations ZorvekColorPickerQuorvantis::ownOperations{
-    {
-        {"palettes", &Page::palettes},
-        {"loadView", &Page::loadView},
-        {"viewDidLoad", &Page::viewDidLoad},
-        {"numberOfSectionsInTableView:",
-         +[](Page& page, TableView* table) {
-           return page.numberOfSectionsInTableView(tableOf(page, table));
-         }},
-        {"tableView:titleForHeaderInSection:",
-         +[](Page& page, TableView* table, int section) {
-           return page.tableViewTitleForHeaderInSection(tableOf(page, table), section);
-         }},
-        {"tableView:numberOfRowsInSection:",
-         +[](Page& page, TableView* table, int section) {
-           return page.tableViewNumberOfRowsInSection(tableOf(page, table), section);
-         }},
-        {"tableView:heightForRowAtIndexPath:",
-         +[](Page& page, TableView* table, IndexPath path) {
-           return page.tableViewHeightForRowAtIndexPath(tableOf(page, table), path);
-         }},
-        {"tableView:cellForRowAtIndexPath:",
-         +[](Page& page, TableView* table, IndexPath path) {
-           page.tableViewCellForRowAtIndexPath(tableOf(page, table), path);
-         }},
-        {"tableView:didSelectRowAtIndexPath:",
-         +[](Page& page, TableView* table, IndexPath path) {
-           page.tableViewDidSelectRowAtIndexPath(tableOf(page, table), path);
-         }},
-        {"notifyTweak:", &Page::notifyTweak},
-        {"sliderAction:", &Page::sliderAction},
-        {"sliderDidEndSliding:", &Page::sliderDidEndSliding},
-        {"presetColorExists:", &Page::presetColorExists},
-        {"specialColors", &Page::specialColors},
-        {"iOSColors", &Page::iOSColors},
-        {"crayonColors", &Page::crayonColors},
-        {"customColor", &Page::customColor},
-        {"sortPaletteByHue:", &Page::sortPaletteByHue},
-        // A colour is no object that a call could hand in: without one the sliders stand at 0.
-        {"getSliderViewWithColor:",
-         +[](Page& page, foundation::Object*) { page.getSliderViewWithColor({}); }},
-        {"setCustomColor:notifyTweak:", &Page::setCustomColorNotifyTweak},
-        {"selectedColor", get<&Page::selectedColor>},
-        {"setSelectedColor:", set<&Page::selectedColor>},
-        {"defaultColor", get<&Page::defaultColor>},
-        {"setDefaultColor:", set<&Page::defaultColor>},
-        {"selectedIndexPath", get<&Page::selectedIndexPath>},
-        {"setSelectedIndexPath:",
-         +[](Page& page, IndexPath path) { page.selectedIndexPath = path; }},
-        {"prefKey", get<&Page::prefKey>},
-        {"setPrefKey:", set<&Page::prefKey>},
-        {"appID", get<&Page::appID>},
-        {"setAppID:", set<&Page::appID>},
-        {"notificationKey", get<&Page::notificationKey>},
-        {"setNotificationKey:", set<&Page::notificationKey>},
-        {"refreshPreviewNotificationKey", get<&Page::refreshPreviewNotificationKey>},
-        {"setRefreshPreviewNotificationKey:", set<&Page::refreshPreviewNotificationKey>},
-        {"allowAutomatic", get<&Page::allowAutomatic>},
-        {"setAllowAutomatic:", set<&Page::allowAutomatic>},
+    []() -> preferences::OperationTable {
+      return {
+          {"palettes", &Page::palettes},
+          {"loadView", &Page::loadView},
+          {"viewDidLoad", &Page::viewDidLoad},
+          {"numberOfSectionsInTableView:",
+           +[](Page& page, TableView* table) {
+             return page.numberOfSectionsInTableView(tableOf(page, table));
+           }},
+          {"tableView:titleForHeaderInSection:",
+           +[](Page& page, TableView* table, int section) {
+             return page.tableViewTitleForHeaderInSection(tableOf(page, table), section);
+           }},
+          {"tableView:numberOfRowsInSection:",
+           +[](Page& page, TableView* table, int section) {
+             return page.tableViewNumberOfRowsInSection(tableOf(page, table), section);
+           }},
+          {"tableView:heightForRowAtIndexPath:",
+           +[](Page& page, TableView* table, IndexPath path) {
+             return page.tableViewHeightForRowAtIndexPath(tableOf(page, table), path);
+           }},
+          {"tableView:cellForRowAtIndexPath:",
+           +[](Page& page, TableView* table, IndexPath path) {
+             page.tableViewCellForRowAtIndexPath(tableOf(page, table), path);
+           }},
+          {"tableView:didSelectRowAtIndexPath:",
+           +[](Page& page, TableView* table, IndexPath path) {
+             page.tableViewDidSelectRowAtIndexPath(tableOf(page, table), path);
+           }},
+          {"notifyTweak:", &Page::notifyTweak},
+          {"sliderAction:", &Page::sliderAction},
+          {"sliderDidEndSliding:", &Page::sliderDidEndSliding},
+          {"presetColorExists:", &Page::presetColorExists},
+          {"specialColors", &Page::specialColors},
+          {"iOSColors", &Page::iOSColors},
+          {"crayonColors", &Page::crayonColors},
+          {"customColor", &Page::customColor},
+          {"sortPaletteByHue:", &Page::sortPaletteByHue},
+          // A colour is no object that a call could hand in: without one the sliders stand at 0.
+          {"getSliderViewWithColor:",
+           +[](Page& page, foundation::Object*) { page.getSliderViewWithColor({}); }},
+          {"setCustomColor:notifyTweak:", &Page::setCustomColorNotifyTweak},
+          {"selectedColor", get<&Page::selectedColor>},
+          {"setSelectedColor:", set<&Page::selectedColor>},
+          {"defaultColor", get<&Page::defaultColor>},
+          {"setDefaultColor:", set<&Page::defaultColor>},
+          {"selectedIndexPath", get<&Page::selectedIndexPath>},
+          {"setSelectedIndexPath:",
+           +[](Page& page, IndexPath path) { page.selectedIndexPath = path; }},
+          {"prefKey", get<&Page::prefKey>},
+          {"setPrefKey:", set<&Page::prefKey>},
+          {"appID", get<&Page::appID>},
+          {"setAppID:", set<&Page::appID>},
+          {"notificationKey", get<&Page::notificationKey>},
+          {"setNotificationKey:", set<&Page::notificationKey>},
+          {"refreshPreviewNotificationKey", get<&Page::refreshPreviewNotificationKey>},
+          {"setRefreshPreviewNotificationKey:", set<&Page::refreshPreviewNotificationKey>},
+          {"allowAutomatic", get<&Page::allowAutomatic>},
+          {"setAllowAutomatic:", set<&Page::allowAutomatic>},
+      };
     },
     &PSViewController::ownOperations};
 

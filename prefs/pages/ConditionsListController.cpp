@@ -5,7 +5,9 @@
 namespace prefs {
 
 const preferences::Operations ConditionsListController::ownOperations{
-    {{"setSegmentColor", &ConditionsListController::setSegmentColor}},
+    []() -> preferences::OperationTable {
+      return {{"setSegmentColor", &ConditionsListController::setSegmentColor}};
+    },
     &EvaluatedListController::ownOperations};
 
 void ConditionsListController::setSegmentColor() {

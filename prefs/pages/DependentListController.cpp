@@ -5,9 +5,11 @@
 namespace prefs {
 
 const preferences::Operations DependentListController::ownOperations{
-    {
-        {"setSliderEnableDisable", &DependentListController::setSliderEnableDisable},
-        {"setValue:forSpecifier:", &DependentListController::setValueForSpecifier},
+    []() -> preferences::OperationTable {
+      return {
+          {"setSliderEnableDisable", &DependentListController::setSliderEnableDisable},
+          {"setValue:forSpecifier:", &DependentListController::setValueForSpecifier},
+      };
     },
     &EvaluatedListController::ownOperations};
 

@@ -10,9 +10,11 @@ constexpr foundation::Nanoseconds kEvaluationDelay{100'000'000};
 }  // namespace
 
 const preferences::Operations EvaluatedListController::ownOperations{
-    {
-        {"getViewForID:", &EvaluatedListController::getViewForID},
-        {"getCellForID:", &EvaluatedListController::getCellForID},
+    []() -> preferences::OperationTable {
+      return {
+          {"getViewForID:", &EvaluatedListController::getViewForID},
+          {"getCellForID:", &EvaluatedListController::getCellForID},
+      };
     },
     &PSListController::ownOperations};
 

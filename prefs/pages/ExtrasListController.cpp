@@ -3,7 +3,10 @@
 namespace prefs {
 
 const preferences::Operations ExtrasListController::ownOperations{
-    {{"specifiers", &ExtrasListController::loadRows}}, &PSListController::ownOperations};
+    []() -> preferences::OperationTable {
+      return {{"specifiers", &ExtrasListController::loadRows}};
+    },
+    &PSListController::ownOperations};
 
 const preferences::PSListController::Specifiers& ExtrasListController::specifiers() {
   if (!specifiers_) specifiers_ = loadSpecifiersFromPlistNameTarget("ExtrasListController", *this);

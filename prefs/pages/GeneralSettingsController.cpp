@@ -26,14 +26,16 @@ plist::Array actionTitles() {
 }  // namespace
 
 const preferences::Operations GeneralSettingsController::ownOperations{
-    {
-        {"specifiers", &GeneralSettingsController::loadRows},
-        {"tapValueDataFromTarget:", &GeneralSettingsController::tapValueDataFromTarget},
-        {"tapDataFromTarget:", &GeneralSettingsController::tapDataFromTarget},
-        {"holdValueDataFromTarget:", &GeneralSettingsController::holdValueDataFromTarget},
-        {"holdDataFromTarget:", &GeneralSettingsController::holdDataFromTarget},
-        {"valueDataFromTarget:", &GeneralSettingsController::valueDataFromTarget},
-        {"titlesDataFromTarget:", &GeneralSettingsController::titlesDataFromTarget},
+    []() -> preferences::OperationTable {
+      return {
+          {"specifiers", &GeneralSettingsController::loadRows},
+          {"tapValueDataFromTarget:", &GeneralSettingsController::tapValueDataFromTarget},
+          {"tapDataFromTarget:", &GeneralSettingsController::tapDataFromTarget},
+          {"holdValueDataFromTarget:", &GeneralSettingsController::holdValueDataFromTarget},
+          {"holdDataFromTarget:", &GeneralSettingsController::holdDataFromTarget},
+          {"valueDataFromTarget:", &GeneralSettingsController::valueDataFromTarget},
+          {"titlesDataFromTarget:", &GeneralSettingsController::titlesDataFromTarget},
+      };
     },
     &PSListController::ownOperations};
 

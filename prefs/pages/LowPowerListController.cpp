@@ -33,9 +33,11 @@ constexpr DependencyRule kRules[] = {
 }  // namespace
 
 const preferences::Operations LowPowerListController::ownOperations{
-    {
-        {"setSpecifierView:enabled:", &LowPowerListController::setSpecifierViewEnabled},
-        {"scrollViewDidScroll:", &LowPowerListController::scrollViewDidScroll},
+    []() -> preferences::OperationTable {
+      return {
+          {"setSpecifierView:enabled:", &LowPowerListController::setSpecifierViewEnabled},
+          {"scrollViewDidScroll:", &LowPowerListController::scrollViewDidScroll},
+      };
     },
     &DependentListController::ownOperations};
 

@@ -19,14 +19,16 @@ constexpr DependencyRule kRules[] = {
 }  // namespace
 
 const preferences::Operations UserNotificationListController::ownOperations{
-    {
-        {"valueDataFromTarget:", &UserNotificationListController::valueDataFromTarget},
-        {"titlesDataFromTarget:", &UserNotificationListController::titlesDataFromTarget},
-        {"contactsValueDataFromTarget:",
-         &UserNotificationListController::contactsValueDataFromTarget},
-        {"contactsTitlesDataFromTarget:",
-         &UserNotificationListController::contactsTitlesDataFromTarget},
-        {"testSound", &UserNotificationListController::testSound},
+    []() -> preferences::OperationTable {
+      return {
+          {"valueDataFromTarget:", &UserNotificationListController::valueDataFromTarget},
+          {"titlesDataFromTarget:", &UserNotificationListController::titlesDataFromTarget},
+          {"contactsValueDataFromTarget:",
+           &UserNotificationListController::contactsValueDataFromTarget},
+          {"contactsTitlesDataFromTarget:",
+           &UserNotificationListController::contactsTitlesDataFromTarget},
+          {"testSound", &UserNotificationListController::testSound},
+      };
     },
     &DependentListController::ownOperations};
 

@@ -27,19 +27,21 @@ constexpr std::string_view kDonationPage =
 }  // namespace
 
 const preferences::Operations quorvantisprefsListController::ownOperations{
-    {
-        {"specifiers", &quorvantisprefsListController::loadRows},
-        {"followMe:", &quorvantisprefsListController::followMe},
-        {"donate:", &quorvantisprefsListController::donate},
-        {"test", &quorvantisprefsListController::test},
-        {"valueDataFromTarget:", &quorvantisprefsListController::valueDataFromTarget},
-        {"titlesDataFromTarget:", &quorvantisprefsListController::titlesDataFromTarget},
-        {"batteryLogValueDataFromTarget:",
-         &quorvantisprefsListController::batteryLogValueDataFromTarget},
-        {"batteryLogTitlesDataFromTarget:",
-         &quorvantisprefsListController::batteryLogTitlesDataFromTarget},
-        {"relodSpecifers", &quorvantisprefsListController::relodSpecifers},
-        {"viewDidLoad", &quorvantisprefsListController::viewDidLoad},
+    []() -> preferences::OperationTable {
+      return {
+          {"specifiers", &quorvantisprefsListController::loadRows},
+          {"followMe:", &quorvantisprefsListController::followMe},
+          {"donate:", &quorvantisprefsListController::donate},
+          {"test", &quorvantisprefsListController::test},
+          {"valueDataFromTarget:", &quorvantisprefsListController::valueDataFromTarget},
+          {"titlesDataFromTarget:", &quorvantisprefsListController::titlesDataFromTarget},
+          {"batteryLogValueDataFromTarget:",
+           &quorvantisprefsListController::batteryLogValueDataFromTarget},
+          {"batteryLogTitlesDataFromTarget:",
+           &quorvantisprefsListController::batteryLogTitlesDataFromTarget},
+          {"relodSpecifers", &quorvantisprefsListController::relodSpecifers},
+          {"viewDidLoad", &quorvantisprefsListController::viewDidLoad},
+      };
     },
     &PSListController::ownOperations};
 

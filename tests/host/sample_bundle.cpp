@@ -63,14 +63,16 @@ constexpr PageClass page(std::string_view name, std::string_view list,
 }  // namespace
 
 const preferences::Operations ListPage::ownOperations{
-    {
-        {"numbers:", &ListPage::numbers},
-        {"names:", &ListPage::names},
-        {"act", &ListPage::act},
-        {"actFor:", &ListPage::actFor},
-        {"setThenReload:forSpecifier:", &ListPage::setThenReload},
-        {"echo:object:", &ListPage::echo},
-        {"present", &ListPage::present},
+    []() -> preferences::OperationTable {
+      return {
+          {"numbers:", &ListPage::numbers},
+          {"names:", &ListPage::names},
+          {"act", &ListPage::act},
+          {"actFor:", &ListPage::actFor},
+          {"setThenReload:forSpecifier:", &ListPage::setThenReload},
+          {"echo:object:", &ListPage::echo},
+          {"present", &ListPage::present},
+      };
     },
     &PSListController::ownOperations};
 

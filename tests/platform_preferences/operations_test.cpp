@@ -17,13 +17,11 @@ struct Target : foundation::Object {
   std::string named;
 };
 
-const preferences::Operations kTable{{
-    {"add:to:", &Target::add},
-    {"name:", &Target::name},
-    {"maybe:", &Target::maybe},
-    {"row:", &Target::row},
-    {"same:", &Target::same},
-    {"flag:", &Target::flag},
+const preferences::Operations kTable{[]() -> preferences::OperationTable {
+  return {
+      {"add:to:", &Target::add}, {"name:", &Target::name}, {"maybe:", &Target::maybe},
+      {"row:", &Target::row},    {"same:", &Target::same}, {"flag:", &Target::flag},
+  };
 }};
 
 class OperationsTest : public testing::Test {

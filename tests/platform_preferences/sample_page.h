@@ -34,21 +34,23 @@ class Page : public preferences::PSListController {
 
   const preferences::Operations& operations() const override { return ownOperations; }
   inline static const preferences::Operations ownOperations{
-      {
-          {"numbers:", &Page::numbers},
-          {"names:", &Page::names},
-          {"act", &Page::act},
-          {"actFor:", &Page::actFor},
-          {"setValue:forSpecifier:", &Page::setValueForSpecifier},
-          {"shout:", &Page::shout},
+      []() -> preferences::OperationTable {
+        return {
+            {"numbers:", &Page::numbers},
+            {"names:", &Page::names},
+            {"act", &Page::act},
+            {"actFor:", &Page::actFor},
+            {"setValue:forSpecifier:", &Page::setValueForSpecifier},
+            {"shout:", &Page::shout},
+        };
       },
       &PSListController::ownOperations};
 };
 
 inline plist::Dictionary row(std::string_view cell, std::string_view key,
                              std::initializer_list<plist::Dictionary::Entry> more = {}) {
-  plist::Dictionary row{{"cell", cell}, {"id", key}, {"label", key}, {"key", key},
-                        {"defaults", "test.domain"}};
+  plist::Dictionary row{
+      {"cell", cell}, {"id", key}, {"label", key}, {"key", key}, {"defaults", "test.domain"}};
   for (const auto& entry : more) row.set(entry.key, entry.value);
   return row;
 }
@@ -65,7 +67,8 @@ inline plist::Value list() {
                {{"valuesDataSource", "numbers:"}, {"titlesDataSource", "names:"}, {"default", 2}}),
            row("PSSegmentCell", "segment",
                {{"validValues", plist::Array{0, 1}}, {"validTitles", plist::Array{"Off", "On"}}}),
-           row("PSEditTextCell", "text", {{"placeholder", "type"}, {"get", "shout:"}, {"default", "hey"}}),
+           row("PSEditTextCell", "text",
+               {{"placeholder", "type"}, {"get", "shout:"}, {"default", "hey"}}),
            row("PSSwitchCell", "negated", {{"negate", true}, {"default", false}}),
            row("PSSwitchCell", "own", {{"set", "setValue:forSpecifier:"}}),
            plist::Dictionary{{"cell", "PSButtonCell"}, {"id", "button"}, {"action", "act"}},

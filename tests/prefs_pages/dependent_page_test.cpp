@@ -18,7 +18,9 @@ class CountingPage : public PowerSavingListController {
 
   const preferences::Operations& operations() const override {
     static const preferences::Operations counting{
-        {{"setSliderEnableDisable", &CountingPage::evaluate}},
+        []() -> preferences::OperationTable {
+          return {{"setSliderEnableDisable", &CountingPage::evaluate}};
+        },
         &PowerSavingListController::ownOperations};
     return counting;
   }

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <qqmlintegration.h>
+#include <QAbstractListModel>
+#include <memory>
+#include <vector>
+
+namespace preferences {
+class PSListItemsController;
+class PSSpecifier;
+}  // namespace preferences
+
+namespace window {
+
+class PageModel;
+
+// The choices of a list row, those that match the filter. Titles are read from the row itself, so a
+// list of many thousands costs nothing before it is scrolled to.
+class ChoiceModel : public QAbstractListModel {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("belongs to a page")
+  Q_PROPERTY(int total READ total NOTIFY changed)  // without the filter
+  Q_PROPERTY(int count READ count NOTIFY changed)
+  Q_PROPERTY(bool filterable READ filterable NOTIFY changed)
+  Q_PROPERTY(QString filter READ filter WRITE setFilter NOTIFY changed)
+  Q_PROPERTY(int tickedPosition READ tickedPosition NOTIFY changed)  // -1: not in the list
+
+ public:
+  enum Role { TitleRole = Qt::UserRole, TickedRole, ChoiceRole, PageRole };
+
+  explicit ChoiceModel(PageModel* page);
+
+  void refresh(const preferences::PSListItemsController& page);
+
+  int total() const { return total_; }
+  int count() const { return rowCount(); }
+  bool filterable() const;
+  QString filter() const { return filter_; }
+  void setFilter(const QString& filter);
+  int tickedPosition() const;
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  QHash<int, QByteArray> roleNames() const override;
+
+ signals:
+  void changed();
+
+ private:
+  QString title(int choice) const;
+  std::vector<int> matches() const;
+  int choiceAt(int position) const { return filter_.isEmpty() ? position : matches_[position]; }
+
+  PageModel* page_;
+  std::shared_ptr<const preferences::PSSpecifier> row_;
+  int total_ = 0;
+  int ticked_ = -1;
+  QString filter_;
+  std::vector<int> matches_;  // while there is a filter
+};
+
+}  // namespace window

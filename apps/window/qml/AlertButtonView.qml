@@ -1,0 +1,58 @@
+import QtQuick
+import QtQuick.Templates as T
+import Quorvantis.Settings
+
+// One button of an alert or a sheet.
+T.AbstractButton {
+    id: button
+
+    required property alertButton shown
+    property bool strong: shown.preferred
+    property bool line: true  // at the top
+    property bool bar: false  // at the left
+
+    implicitWidth: implicitContentWidth + 32
+    implicitHeight: Math.max(Theme.rowHeight, implicitContentHeight + 20)
+    focusPolicy: Qt.StrongFocus
+    text: shown.title
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
+    Accessible.name: text
+    Accessible.defaultButton: shown.preferred
+    Accessible.onPressAction: clicked()
+
+    background: Item {
+        Rectangle {
+            anchors.fill: parent
+            anchors.margins: 1
+            radius: Theme.radius
+            color: Theme.pressed
+            visible: button.down
+        }
+        Rectangle {
+            width: parent.width
+            height: 1
+            visible: button.line
+            color: Theme.separator
+        }
+        Rectangle {
+            width: 1
+            height: parent.height
+            visible: button.bar
+            color: Theme.separator
+        }
+    }
+    contentItem: Text {
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
+        text: button.text
+        textFormat: Text.PlainText
+        elide: Text.ElideRight
+        color: button.shown.destructive ? Theme.destructive : Theme.accentText
+        font.pixelSize: Theme.body
+        font.weight: button.strong ? Font.DemiBold : Font.Normal
+    }
+    FocusRing {
+        visible: button.visualFocus
+    }
+}

@@ -1,0 +1,94 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Quorvantis.Settings
+
+// An alert in the middle of the window, with its picker if it has one.
+AlertBase {
+    id: popup
+
+    readonly property bool sideBySide: alert.buttons.length === 2
+    readonly property real roomForWheel: parent ? parent.height - 24 - texts.implicitHeight - buttons.implicitHeight : 0
+
+    width: Math.min(parent ? parent.width - 40 : 0, Math.round(300 * Theme.scale))
+    x: parent ? Math.round((parent.width - width) / 2) : 0
+    y: parent ? Math.round((parent.height - height) / 2) : 0
+    opacity: shown
+    scale: 1.08 - 0.08 * shown
+    onOpened: wheel.visible ? wheel.forceActiveFocus(Qt.PopupFocusReason) : contentItem.forceActiveFocus(Qt.PopupFocusReason)
+
+    background: Rectangle {
+        radius: Theme.radius + 2
+        color: Theme.dialog
+        border.width: Theme.dark ? 1 : 0
+        border.color: Theme.separator
+    }
+
+    contentItem: FocusScope { // qmllint disable deferred-property-id
+        implicitHeight: column.implicitHeight
+        focus: true
+        Keys.onReturnPressed: popup.confirm()
+        Keys.onEnterPressed: popup.confirm()
+        Keys.onEscapePressed: popup.alert.cancel()
+        Keys.onBackPressed: popup.alert.cancel()
+        Accessible.role: Accessible.Dialog
+        Accessible.name: popup.alert.title
+        Accessible.description: popup.alert.message
+
+        Column {
+            id: column
+
+            width: parent.width
+
+            AlertText {
+                id: texts
+                width: parent.width
+                alert: popup.alert
+            }
+            PickerWheel {
+                id: wheel
+
+                x: Theme.inset
+                width: parent.width - 2 * x
+                height: rowHeight * Math.max(1, Math.min(5, Math.floor((popup.roomForWheel - 14) / rowHeight)))
+                visible: popup.alert.picks
+                focus: visible
+                alert: popup.alert
+            }
+            Item {
+                width: 1
+                height: 14
+                visible: wheel.visible
+            }
+            Flow {
+                id: buttons
+
+                width: parent.width
+
+                Repeater {
+                    model: popup.alert.buttons
+
+                    AlertButtonView {
+                        required property int index
+                        required property alertButton modelData
+
+                        width: popup.sideBySide ? buttons.width / 2 : buttons.width
+                        shown: modelData
+                        bar: popup.sideBySide && index === 1
+                        onClicked: popup.press(index)
+                    }
+                }
+            }
+        }
+    }
+
+    // A wheel that still turns stops where it is.
+    function press(button: int) {
+        wheel.settle();
+        alert.press(button);
+    }
+    function confirm() {
+        wheel.settle();
+        alert.pressPreferred();
+    }
+}

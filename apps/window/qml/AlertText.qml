@@ -1,0 +1,40 @@
+import QtQuick
+import Quorvantis.Settings
+
+// What an alert or a sheet says.
+Column {
+    id: words
+
+    required property AlertModel alert
+
+    padding: Theme.inset
+    topPadding: 18
+    spacing: 6
+
+    Text {
+        width: words.width - 2 * words.padding
+        horizontalAlignment: Text.AlignHCenter
+        visible: text !== ""
+        text: words.alert.title
+        textFormat: Text.PlainText
+        wrapMode: Text.Wrap
+        color: Theme.text
+        font.pixelSize: Theme.body
+        font.weight: Font.DemiBold
+        Accessible.role: Accessible.Heading
+        Accessible.name: text
+    }
+    Text {
+        width: words.width - 2 * words.padding
+        horizontalAlignment: Text.AlignHCenter
+        visible: text !== ""
+        text: words.alert.message
+        textFormat: Text.PlainText
+        wrapMode: Text.Wrap
+        color: words.alert.sheet ? Theme.secondary : Theme.text
+        font.pixelSize: Theme.small
+        lineHeight: 1.1
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
+    }
+}

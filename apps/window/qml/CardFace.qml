@@ -1,0 +1,39 @@
+import QtQuick
+
+// The ground of a row: round where its card begins and ends, a line where it goes on.
+Item {
+    id: face
+
+    property bool first: false
+    property bool last: false
+    property bool pressed: false
+    property real separatorInset: Theme.inset
+    readonly property color ground: pressed ? Theme.pressed : Theme.card
+
+    Rectangle {
+        anchors.fill: parent
+        radius: face.first || face.last ? Theme.radius : 0
+        color: face.ground
+    }
+    Rectangle {
+        width: parent.width
+        height: Theme.radius
+        visible: face.last && !face.first
+        color: face.ground
+    }
+    Rectangle {
+        width: parent.width
+        height: Theme.radius
+        anchors.bottom: parent.bottom
+        visible: face.first && !face.last
+        color: face.ground
+    }
+    Rectangle {
+        x: face.separatorInset
+        width: parent.width - x
+        height: 1
+        anchors.bottom: parent.bottom
+        visible: !face.last
+        color: Theme.separator
+    }
+}

@@ -1,0 +1,87 @@
+import QtQuick
+import Quorvantis.Settings
+
+// One row of a card. Its first and last rows are round; below the last one stands the group's
+// footer. What a kind of row shows goes inside.
+FocusScope {
+    id: card
+
+    required property int index
+    required property row entry
+    required property PageModel page
+
+    property Item control: null    // what takes the keyboard
+    property bool ring: false      // it has it
+    property bool pressed: false
+    property real contentHeight: Theme.rowHeight
+    default property alias content: face.data
+
+    // What assistive technology says besides the name.
+    readonly property string value: entry.spoken !== "" ? entry.spoken : entry.value
+    readonly property string description: value === "" || entry.reason === "" ? value + entry.reason : value + ", " + entry.reason
+    readonly property real side: Theme.sideOf(width)
+    readonly property real cardHeight: Math.max(entry.height, contentHeight)
+
+    function take(reason: int) {
+        if (control)
+            control.forceActiveFocus(reason);
+    }
+
+    width: ListView.view ? ListView.view.width : 0
+    height: cardHeight + (footer.visible ? footer.height + 8 : 0)
+
+    Item {
+        id: area
+
+        x: card.side
+        width: card.width - 2 * card.side
+        height: card.cardHeight
+
+        CardFace {
+            anchors.fill: parent
+            first: card.entry.first
+            last: card.entry.last
+            pressed: card.pressed
+        }
+        Item {
+            id: face
+
+            anchors.fill: parent
+            opacity: card.entry.opacity
+            enabled: card.entry.usable
+        }
+        FocusRing {
+            visible: card.ring
+        }
+        HoverHandler {
+            id: pointer
+            enabled: card.entry.reason !== ""
+        }
+        TapHandler {
+            enabled: card.entry.reason !== ""
+            onTapped: hint.linger()
+        }
+        Hint {
+            id: hint
+            text: card.entry.reason
+            wanted: pointer.hovered
+        }
+    }
+
+    Text {
+        id: footer
+
+        anchors.top: area.bottom
+        anchors.topMargin: 8
+        x: card.side + Theme.inset
+        width: card.width - 2 * x
+        visible: text !== ""
+        text: card.entry.footer
+        wrapMode: Text.Wrap
+        color: Theme.secondary
+        font.pixelSize: Theme.small
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
+        Accessible.ignored: !visible
+    }
+}

@@ -1,0 +1,72 @@
+import QtQuick
+import QtQuick.Templates as T
+import Quorvantis.Settings
+
+// One entry of a list of choices.
+Item {
+    id: entry
+
+    required property int index
+    required property string title
+    required property bool ticked
+    required property int choice
+    required property PageModel page
+
+    readonly property bool first: index === 0
+    readonly property bool last: index === ListView.view.count - 1
+
+    // The page has the last word on what is ticked.
+    function pick() {
+        ListView.view.currentIndex = index;
+        page.select(choice);
+        button.checked = Qt.binding(() => entry.ticked);
+    }
+
+    width: ListView.view ? ListView.view.width : 0
+    height: Math.max(Theme.rowHeight, name.implicitHeight + 20)
+
+    T.RadioButton {
+        id: button
+
+        x: Theme.sideOf(entry.width)
+        width: parent.width - 2 * x
+        height: parent.height
+        autoExclusive: false
+        focusPolicy: Qt.NoFocus
+        text: entry.title
+        checked: entry.ticked
+        onClicked: entry.pick()
+        Accessible.name: text
+        Accessible.onPressAction: entry.pick()
+        Accessible.onToggleAction: entry.pick()
+
+        CardFace {
+            anchors.fill: parent
+            first: entry.first
+            last: entry.last
+            pressed: button.down
+        }
+        Text {
+            id: name
+
+            anchors.left: parent.left
+            anchors.leftMargin: Theme.inset
+            anchors.right: parent.right
+            anchors.rightMargin: Theme.inset + 26
+            anchors.verticalCenter: parent.verticalCenter
+            text: entry.title
+            textFormat: Text.PlainText
+            wrapMode: Text.Wrap
+            maximumLineCount: 4
+            elide: Text.ElideRight
+            color: Theme.text
+            font.pixelSize: Theme.body
+        }
+        Tick {
+            anchors.right: parent.right
+            anchors.rightMargin: Theme.inset
+            anchors.verticalCenter: parent.verticalCenter
+            visible: entry.ticked
+        }
+    }
+}

@@ -1,0 +1,56 @@
+import QtQuick
+import QtQuick.Templates as T
+
+// Leads to the page where a colour is chosen, and shows it or the word that stands for it.
+CardRow {
+    id: card
+
+    control: button
+    ring: button.visualFocus
+    pressed: button.down
+    contentHeight: Math.max(Theme.rowHeight, texts.implicitHeight + 20)
+
+    T.AbstractButton {
+        id: button
+
+        anchors.fill: parent
+        focusPolicy: Qt.StrongFocus
+        text: card.entry.label
+        onClicked: card.page.tap(card.index)
+        Keys.onReturnPressed: clicked()
+        Keys.onEnterPressed: clicked()
+        Accessible.name: text
+        Accessible.description: card.description
+        Accessible.onPressAction: clicked()
+
+        LabelledValue {
+            id: texts
+
+            anchors.left: parent.left
+            anchors.leftMargin: Theme.inset
+            anchors.right: swatch.visible ? swatch.left : chevron.left
+            anchors.rightMargin: 10
+            anchors.verticalCenter: parent.verticalCenter
+            label: card.entry.label
+            value: card.entry.value
+        }
+        ColorSwatch {
+            id: swatch
+
+            anchors.right: chevron.left
+            anchors.rightMargin: 12
+            anchors.verticalCenter: parent.verticalCenter
+            width: 24
+            height: 24
+            color: card.entry.swatch
+            outline: card.entry.border
+        }
+        Chevron {
+            id: chevron
+
+            anchors.right: parent.right
+            anchors.rightMargin: Theme.inset - 2
+            anchors.verticalCenter: parent.verticalCenter
+        }
+    }
+}

@@ -1,0 +1,56 @@
+import QtQuick
+import QtQuick.Templates as T
+
+// Leads to another page, and shows what is chosen there.
+CardRow {
+    id: card
+
+    control: button
+    ring: button.visualFocus
+    pressed: button.down
+    contentHeight: Math.max(Theme.rowHeight, texts.implicitHeight + 20)
+
+    T.AbstractButton {
+        id: button
+
+        anchors.fill: parent
+        focusPolicy: Qt.StrongFocus
+        text: card.entry.label
+        onClicked: card.page.tap(card.index)
+        Keys.onReturnPressed: clicked()
+        Keys.onEnterPressed: clicked()
+        Accessible.name: text
+        Accessible.description: card.description
+        Accessible.onPressAction: clicked()
+
+        LabelledValue {
+            id: texts
+
+            anchors.left: parent.left
+            anchors.leftMargin: Theme.inset
+            anchors.right: mark.left
+            anchors.rightMargin: 10
+            anchors.verticalCenter: parent.verticalCenter
+            label: card.entry.label
+            value: card.entry.value
+        }
+        Item {
+            id: mark
+
+            anchors.right: parent.right
+            anchors.rightMargin: Theme.inset - 2
+            anchors.verticalCenter: parent.verticalCenter
+            width: card.entry.opens ? chevron.width : card.entry.ticked ? tick.width : 0
+            height: chevron.height
+
+            Chevron {
+                id: chevron
+                visible: card.entry.opens
+            }
+            Tick {
+                id: tick
+                visible: card.entry.ticked
+            }
+        }
+    }
+}

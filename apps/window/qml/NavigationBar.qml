@@ -1,0 +1,142 @@
+import QtQuick
+import QtQuick.Templates as T
+
+// The page's title, the way back, and what the page does from here.
+Rectangle {
+    id: bar
+
+    property string title
+    property string backTitle
+    property bool canGoBack: false
+    property string actionName   // empty: no button at the right
+    readonly property alias action: actionButton
+    property bool raised: false  // rows pass below
+
+    signal back
+    signal acted
+
+    implicitHeight: Theme.barHeight
+    color: raised ? Theme.bar : Theme.background
+
+    readonly property real rightRoom: actionName !== "" ? actionButton.width + 8 : Theme.inset
+    readonly property real sideRoom: canGoBack ? backButton.width + 12 : Theme.inset
+    // Where both titles don't fit the page's own is the one to keep.
+    readonly property bool namesBack: titleSize.advanceWidth + Math.min(backSize.advanceWidth, width * 0.36) + 60 + rightRoom < width
+
+    TextMetrics {
+        id: titleSize
+        text: bar.title
+        font: title.font
+    }
+    TextMetrics {
+        id: backSize
+        text: backName.text
+        font: backName.font
+    }
+
+    T.AbstractButton {
+        id: backButton
+
+        objectName: "back"
+        x: 4
+        width: Math.min(backContent.implicitWidth + 16, bar.width * 0.36)
+        height: parent.height
+        visible: bar.canGoBack
+        focusPolicy: Qt.TabFocus
+        text: qsTr("Back")
+        opacity: down ? 0.4 : 1
+        onClicked: bar.back()
+        Keys.onReturnPressed: clicked()
+        Keys.onEnterPressed: clicked()
+        Accessible.name: text
+        Accessible.description: bar.backTitle
+        Accessible.onPressAction: clicked()
+
+        Row {
+            id: backContent
+
+            x: 8
+            height: parent.height
+            spacing: 7
+
+            Chevron {
+                anchors.verticalCenter: parent.verticalCenter
+                back: true
+                arm: 12
+                thickness: 2.4
+                color: Theme.accentText
+            }
+            Text {
+                id: backName
+
+                anchors.verticalCenter: parent.verticalCenter
+                visible: bar.namesBack
+                width: Math.min(implicitWidth, bar.width * 0.36 - 36)
+                text: bar.backTitle !== "" ? bar.backTitle : backButton.text
+                textFormat: Text.PlainText
+                elide: Text.ElideRight
+                color: Theme.accentText
+                font.pixelSize: Theme.body
+                Accessible.ignored: true
+            }
+        }
+        FocusRing {
+            visible: backButton.visualFocus
+        }
+    }
+
+    T.AbstractButton {
+        id: actionButton
+
+        objectName: "action"
+        anchors.right: parent.right
+        anchors.rightMargin: 6
+        width: Theme.barHeight
+        height: parent.height
+        visible: bar.actionName !== ""
+        focusPolicy: Qt.TabFocus
+        text: bar.actionName
+        opacity: down ? 0.4 : 1
+        onClicked: bar.acted()
+        Keys.onReturnPressed: clicked()
+        Keys.onEnterPressed: clicked()
+        Accessible.name: text
+        Accessible.onPressAction: clicked()
+
+        ComposeIcon {
+            anchors.centerIn: parent
+        }
+        FocusRing {
+            visible: actionButton.visualFocus
+        }
+    }
+
+    Text {
+        id: title
+
+        // In the middle of the window while there is room, else in what is left of it.
+        readonly property real room: bar.width - bar.sideRoom - bar.rightRoom
+        readonly property real centred: (bar.width - width) / 2
+
+        x: Math.max(bar.sideRoom, Math.min(centred, bar.width - bar.rightRoom - width))
+        width: Math.min(implicitWidth, room)
+        height: parent.height
+        verticalAlignment: Text.AlignVCenter
+        text: bar.title
+        textFormat: Text.PlainText
+        elide: Text.ElideRight
+        color: Theme.text
+        font.pixelSize: Theme.body
+        font.weight: Font.DemiBold
+        Accessible.role: Accessible.Heading
+        Accessible.name: text
+    }
+
+    Rectangle {
+        width: parent.width
+        height: 1
+        anchors.bottom: parent.bottom
+        visible: bar.raised
+        color: Theme.separator
+    }
+}

@@ -1,0 +1,39 @@
+import QtQuick
+
+// A calm sentence where there is nothing else to show.
+Item {
+    id: notice
+
+    property string title
+    property string detail
+
+    Column {
+        anchors.centerIn: parent
+        width: Math.min(parent.width - 64, 420)
+        spacing: 8
+
+        Text {
+            width: parent.width
+            horizontalAlignment: Text.AlignHCenter
+            text: notice.title
+            textFormat: Text.PlainText
+            wrapMode: Text.Wrap
+            color: Theme.secondary
+            font.pixelSize: Math.round(Theme.body * 1.15)
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+        }
+        Text {
+            width: parent.width
+            horizontalAlignment: Text.AlignHCenter
+            visible: text !== ""
+            text: notice.detail
+            textFormat: Text.PlainText
+            wrapMode: Text.Wrap
+            color: Theme.secondary
+            font.pixelSize: Theme.small
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+        }
+    }
+}

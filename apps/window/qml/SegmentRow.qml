@@ -1,0 +1,115 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+
+// Segments of which one is chosen, below the label if there is one.
+CardRow {
+    id: card
+
+    readonly property color chosenColor: Theme.given(entry.tint, Theme.accent)
+    readonly property bool titled: entry.label !== ""
+
+    function move(direction: int) {
+        const next = Math.max(0, Math.min(entry.titles.length - 1, entry.selected + direction));
+        if (next !== entry.selected)
+            page.choose(index, next);
+    }
+
+    control: bar
+    ring: bar.activeFocus && bar.byKeyboard
+    contentHeight: (titled ? label.height + 10 : 0) + 10 + bar.height + 10
+
+    Text {
+        id: label
+
+        x: Theme.inset
+        y: 10
+        width: parent.width - 2 * x
+        visible: card.titled
+        text: card.entry.label
+        textFormat: Text.PlainText
+        wrapMode: Text.Wrap
+        color: Theme.text
+        font.pixelSize: Theme.body
+    }
+
+    Rectangle {
+        id: bar
+
+        property bool byKeyboard: false
+
+        x: Theme.inset
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 10
+        width: parent.width - 2 * x
+        height: 34
+        radius: 9
+        color: Theme.dark ? "#2C2C2E" : "#EBEBEF"
+        visible: card.entry.built
+        activeFocusOnTab: true
+        onActiveFocusChanged: if (!activeFocus) byKeyboard = false
+        Keys.onLeftPressed: { byKeyboard = true; card.move(-1); }
+        Keys.onRightPressed: { byKeyboard = true; card.move(1); }
+        Accessible.role: Accessible.Grouping
+        Accessible.name: card.entry.label
+        Accessible.description: card.description
+
+        Row {
+            anchors.fill: parent
+            anchors.margins: 2
+
+            Repeater {
+                id: segments
+
+                model: card.entry.titles
+
+                T.RadioButton {
+                    id: segment
+
+                    required property int index
+                    required property string modelData
+                    readonly property bool chosen: index === card.entry.selected
+
+                    function pick() {
+                        if (!chosen)
+                            card.page.choose(card.index, index);
+                        checked = Qt.binding(() => chosen);
+                    }
+
+                    width: (bar.width - 4) / Math.max(1, segments.count)
+                    height: bar.height - 4
+                    focusPolicy: Qt.NoFocus
+                    autoExclusive: false
+                    text: modelData
+                    checked: chosen
+                    onClicked: pick()
+                    Accessible.name: text
+                    Accessible.onPressAction: pick()
+                    Accessible.onToggleAction: pick()
+
+                    Rectangle {
+                        anchors.fill: parent
+                        radius: 7
+                        visible: segment.chosen || segment.down
+                        color: segment.chosen ? card.chosenColor : Theme.pressed
+                    }
+                    Text {
+                        anchors.fill: parent
+                        anchors.margins: 4
+                        horizontalAlignment: Text.AlignHCenter
+                        verticalAlignment: Text.AlignVCenter
+                        text: segment.text
+                        textFormat: Text.PlainText
+                        elide: Text.ElideRight
+                        fontSizeMode: Text.HorizontalFit
+                        minimumPixelSize: Math.round(Theme.small * 0.8)
+                        color: segment.chosen ? "#FFFFFF" : Theme.text
+                        font.pixelSize: Theme.small
+                        font.weight: segment.chosen ? Font.DemiBold : Font.Normal
+                    }
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,56 @@
+import QtQuick
+
+// Something is under way.
+CardRow {
+    id: card
+
+    Text {
+        x: Theme.inset
+        anchors.verticalCenter: parent.verticalCenter
+        text: card.entry.label
+        textFormat: Text.PlainText
+        color: Theme.text
+        font.pixelSize: Theme.body
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
+    }
+
+    Item {
+        id: wheel
+
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.inset
+        anchors.verticalCenter: parent.verticalCenter
+        width: 20
+        height: 20
+        Accessible.role: Accessible.ProgressBar
+        Accessible.name: card.entry.label
+
+        Repeater {
+            model: 8
+
+            Rectangle {
+                id: ray
+
+                required property int index
+
+                x: 9
+                y: 1
+                width: 2
+                height: 6
+                radius: 1
+                antialiasing: true
+                color: Theme.secondary
+                opacity: (ray.index + 1) / 8
+                transform: Rotation { origin.x: 1; origin.y: 9; angle: 45 * ray.index }
+            }
+        }
+        RotationAnimator on rotation {
+            from: 0
+            to: 360
+            duration: 900
+            loops: Animation.Infinite
+            running: wheel.visible && card.entry.built
+        }
+    }
+}

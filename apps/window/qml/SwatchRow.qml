@@ -1,0 +1,126 @@
+import QtQuick
+import QtQuick.Templates as T
+import Quorvantis.Settings
+
+// One colour to choose: its patch, its name above its text, the tick.
+FocusScope {
+    id: card
+
+    required property int index
+    required property swatch entry
+    required property PageModel page
+    default property alias content: face.data  // beside the texts
+    property real textWidth: face.width - names.x - 40
+
+    readonly property real side: Theme.sideOf(width)
+    readonly property bool headed: entry.heading !== ""
+
+    function take(reason: int) {
+        if (ListView.view)
+            ListView.view.currentIndex = index;
+        button.forceActiveFocus(reason);
+    }
+    // The page has the last word on what is ticked.
+    function pick() {
+        if (ListView.view)
+            ListView.view.currentIndex = index;
+        page.select(index);
+        button.checked = Qt.binding(() => card.entry.ticked);
+    }
+
+    width: ListView.view ? ListView.view.width : 0
+    height: face.y + face.height
+
+    Text {
+        id: heading
+
+        x: card.side + Theme.inset
+        y: card.index === 0 ? 20 : 26
+        visible: card.headed
+        text: card.entry.heading
+        textFormat: Text.PlainText
+        color: Theme.secondary
+        font.pixelSize: Theme.small
+        font.weight: Font.DemiBold
+        Accessible.role: Accessible.Heading
+        Accessible.name: text
+        Accessible.ignored: !visible
+    }
+
+    Item {
+        id: face
+
+        x: card.side
+        y: card.headed ? heading.y + heading.height + 8 : 0
+        width: card.width - 2 * x
+        height: Math.max(card.entry.height, names.implicitHeight + 10)
+
+        CardFace {
+            anchors.fill: parent
+            first: card.entry.first
+            last: card.entry.last
+            pressed: button.down
+        }
+        T.RadioButton {
+            id: button
+
+            anchors.fill: parent
+            autoExclusive: false
+            focusPolicy: Qt.StrongFocus
+            text: card.entry.title
+            checked: card.entry.ticked
+            onClicked: card.pick()
+            Keys.onReturnPressed: card.pick()
+            Keys.onEnterPressed: card.pick()
+            Accessible.name: text
+            Accessible.description: card.entry.detail
+            Accessible.onPressAction: card.pick()
+            Accessible.onToggleAction: card.pick()
+
+            ColorSwatch {
+                id: patch
+
+                x: Theme.inset
+                anchors.verticalCenter: parent.verticalCenter
+                width: 48
+                height: 24
+                color: card.entry.image
+                outline: card.entry.border
+            }
+            Column {
+                id: names
+
+                x: patch.visible ? patch.x + patch.width + 12 : Theme.inset
+                anchors.verticalCenter: parent.verticalCenter
+                width: card.textWidth
+
+                Text {
+                    width: parent.width
+                    text: card.entry.title
+                    textFormat: Text.PlainText
+                    elide: Text.ElideRight
+                    color: Theme.text
+                    font.pixelSize: Math.round(14.5 * Theme.scale)
+                }
+                Text {
+                    width: parent.width
+                    visible: text !== ""
+                    text: card.entry.detail
+                    textFormat: Text.PlainText
+                    elide: Text.ElideRight
+                    color: Theme.secondary
+                    font.pixelSize: Math.round(11 * Theme.scale)
+                }
+            }
+            Tick {
+                anchors.right: parent.right
+                anchors.rightMargin: Theme.inset - 4
+                anchors.verticalCenter: parent.verticalCenter
+                visible: card.entry.ticked
+            }
+            FocusRing {
+                visible: button.visualFocus
+            }
+        }
+    }
+}

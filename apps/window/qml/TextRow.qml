@@ -1,0 +1,83 @@
+import QtQuick
+import QtQuick.Templates as T
+
+// One line of text to edit, stored when the user is done with it.
+CardRow {
+    id: card
+
+    readonly property bool titled: entry.label !== ""
+
+    control: field
+    ring: field.activeFocus && field.byKeyboard
+
+    Text {
+        id: label
+
+        x: Theme.inset
+        width: Math.min(implicitWidth, (parent.width - 2 * x) * 0.5)
+        anchors.verticalCenter: parent.verticalCenter
+        visible: card.titled
+        text: card.entry.label
+        textFormat: Text.PlainText
+        elide: Text.ElideRight
+        color: Theme.text
+        font.pixelSize: Theme.body
+    }
+
+    T.TextField {
+        id: field
+
+        readonly property bool byKeyboard: focusReason === Qt.TabFocusReason || focusReason === Qt.BacktabFocusReason
+
+        function commit() {
+            if (text !== card.entry.value)
+                card.page.setText(card.index, text);
+            text = Qt.binding(() => card.entry.value);
+        }
+
+        anchors.left: card.titled ? label.right : parent.left
+        anchors.leftMargin: card.titled ? 12 : Theme.inset
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.inset
+        anchors.top: parent.top
+        anchors.bottom: parent.bottom
+        visible: card.entry.built
+        activeFocusOnTab: true
+        horizontalAlignment: card.titled ? TextInput.AlignRight : TextInput.AlignLeft
+        verticalAlignment: TextInput.AlignVCenter
+        text: card.entry.value
+        placeholderText: card.entry.placeholder
+        placeholderTextColor: Theme.placeholder
+        echoMode: card.entry.secret ? TextInput.Password : TextInput.Normal
+        inputMethodHints: card.entry.inputHints
+        color: activeFocus ? Theme.text : "transparent"
+        selectionColor: Theme.accent
+        selectedTextColor: "#FFFFFF"
+        selectByMouse: true
+        font.pixelSize: Theme.body
+        clip: true
+        onEditingFinished: commit()
+        Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Escape && text !== card.entry.value
+        Keys.onEscapePressed: event => {
+            event.accepted = text !== card.entry.value;
+            text = Qt.binding(() => card.entry.value);
+        }
+        Accessible.name: card.entry.label !== "" ? card.entry.label : card.entry.placeholder
+
+        // Stands in for the text while it isn't edited, since a field can't end in an ellipsis.
+        Text {
+            readonly property bool empty: field.text === "" && field.preeditText === ""
+
+            anchors.fill: parent
+            horizontalAlignment: field.horizontalAlignment
+            verticalAlignment: Text.AlignVCenter
+            visible: empty || !field.activeFocus
+            text: empty ? field.placeholderText : field.displayText
+            textFormat: Text.PlainText
+            elide: Text.ElideRight
+            color: empty ? field.placeholderTextColor : Theme.secondary
+            font: field.font
+            Accessible.ignored: true
+        }
+    }
+}

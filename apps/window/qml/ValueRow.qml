@@ -1,0 +1,22 @@
+import QtQuick
+
+// A label and a value that can't be changed here.
+CardRow {
+    id: card
+
+    contentHeight: Math.max(Theme.rowHeight, texts.implicitHeight + 20)
+
+    LabelledValue {
+        id: texts
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.margins: Theme.inset
+        anchors.verticalCenter: parent.verticalCenter
+        label: card.entry.label
+        value: card.entry.value
+        Accessible.role: Accessible.StaticText
+        Accessible.name: label
+        Accessible.description: value
+    }
+}

@@ -1,0 +1,105 @@
+#include "tests/window/sample_window.h"
+
+namespace {
+
+class Accessibility : public SampleWindow {
+ protected:
+  const QString kPress = QAccessibleActionInterface::pressAction();
+  const QString kToggle = QAccessibleActionInterface::toggleAction();
+  const QString kIncrease = QAccessibleActionInterface::increaseAction();
+  const QString kDecrease = QAccessibleActionInterface::decreaseAction();
+};
+
+TEST_F(Accessibility, RowsHaveTheirNamesAndRoles) {
+  EXPECT_TRUE(driver->accessible("Custom level", kCheckBox));
+  EXPECT_TRUE(driver->accessible("Level", kSlider));
+  EXPECT_TRUE(driver->accessible("Tone", kButton));
+  EXPECT_TRUE(driver->accessible("Above", kRadioButton));
+  EXPECT_TRUE(driver->accessible("Name", kText));
+  EXPECT_TRUE(driver->accessible("Press me", kButton));
+  EXPECT_TRUE(driver->accessible("Choices", QAccessible::Heading));
+  EXPECT_TRUE(driver->accessible("Pressed", QAccessible::StaticText));
+}
+
+TEST_F(Accessibility, StatesSayWhatIsOnAndWhatCantBeUsed) {
+  EXPECT_FALSE(driver->accessible("Custom level", kCheckBox)->state().checked);
+  driver->click("Custom level");
+  EXPECT_TRUE(driver->accessible("Custom level", kCheckBox)->state().checked);
+  EXPECT_EQ(driver->accessible("Not available on this device")->text(QAccessible::Description),
+            "dimmed");
+}
+
+TEST_F(Accessibility, ALinksDescriptionIsItsValue) {
+  EXPECT_EQ(driver->accessible("Tone", kButton)->text(QAccessible::Description), "Middle");
+}
+
+TEST_F(Accessibility, TogglingASwitchStores) {
+  ASSERT_TRUE(driver->act("Custom level", kCheckBox, kToggle));
+  EXPECT_EQ(device.stored("custom"), plist::Value(true));
+  ASSERT_TRUE(driver->act("Custom level", kCheckBox, kToggle));
+  EXPECT_EQ(device.stored("custom"), plist::Value(false));
+}
+
+TEST_F(Accessibility, PressingASwitchStores) {
+  ASSERT_TRUE(driver->act("Custom level", kCheckBox, kPress));
+  EXPECT_EQ(device.stored("custom"), plist::Value(true));
+}
+
+TEST_F(Accessibility, ASliderTellsItsRangeAndItsStepsStore) {
+  driver->click("Custom level");
+  QAccessibleInterface* slider = driver->accessible("Level", kSlider);
+  ASSERT_TRUE(slider->valueInterface());
+  EXPECT_EQ(slider->valueInterface()->minimumValue().toDouble(), 0);
+  EXPECT_EQ(slider->valueInterface()->maximumValue().toDouble(), 100);
+  EXPECT_EQ(slider->valueInterface()->currentValue().toDouble(), 50);
+  ASSERT_TRUE(driver->act("Level", kSlider, kIncrease));
+  EXPECT_EQ(device.stored("level"), plist::Value(55.0));
+  ASSERT_TRUE(driver->act("Level", kSlider, kDecrease));
+  EXPECT_EQ(device.stored("level"), plist::Value(50.0));
+}
+
+TEST_F(Accessibility, AValueThatIsSetStores) {
+  driver->click("Custom level");
+  driver->accessible("Level", kSlider)->valueInterface()->setCurrentValue(80.0);
+  driver->settle();
+  EXPECT_EQ(device.stored("level"), plist::Value(80.0));
+}
+
+TEST_F(Accessibility, ADimmedRowCantBeOperated) {
+  driver->act("Not available on this device", kCheckBox, kToggle);
+  EXPECT_TRUE(device.stored("off").isNothing());
+  EXPECT_TRUE(driver->accessible("Not available on this device", kCheckBox)->state().checked);
+}
+
+TEST_F(Accessibility, PressingALinkOpensItsPageAndBackComesBack) {
+  ASSERT_TRUE(driver->act("A long page", kButton, kPress));
+  EXPECT_EQ(title(), "A long page");
+  ASSERT_TRUE(driver->act("Back", kButton, kPress));
+  EXPECT_EQ(title(), "Sample");
+}
+
+TEST_F(Accessibility, PressingAButtonRunsItsAction) {
+  ASSERT_TRUE(driver->act("Press me", kButton, kPress));
+  EXPECT_TRUE(driver->shows("yes"));
+}
+
+TEST_F(Accessibility, PressingASegmentChoosesIt) {
+  ASSERT_TRUE(driver->act("Below", kRadioButton, kPress));
+  EXPECT_EQ(device.stored("when"), plist::Value("below"));
+}
+
+TEST_F(Accessibility, PressingAChoiceChoosesIt) {
+  driver->click("Tone");
+  ASSERT_TRUE(driver->act("Low", kRadioButton, kPress));
+  EXPECT_EQ(device.stored("tone"), plist::Value(1));
+}
+
+TEST_F(Accessibility, AProblemIsAnAlert) {
+  settings->bridge().report("The disk is full.");
+  driver->settle();
+  EXPECT_TRUE(driver->accessible("The disk is full.", QAccessible::AlertMessage));
+  ASSERT_TRUE(driver->act("Dismiss", kButton, kPress));
+  EXPECT_FALSE(driver->accessible("The disk is full."));
+}
+
+}  // namespace

@@ -1,0 +1,186 @@
+#include "tests/window/bundle_window.h"
+
+namespace {
+
+using plist::Value;
+
+constexpr auto kChoice = QAccessible::RadioButton;
+constexpr auto kSlider = QAccessible::Slider;
+
+class Colors : public BundleWindow {
+ protected:
+  Colors() { open("ExtrasListController"); }
+
+  void openPicker(const QString& setting, int height = 3400) {
+    driver->resize(390, height);
+    driver->click(setting);
+    ASSERT_EQ(host->shownPage()->className(), "ZorvekColorPickerQuorvantis");
+  }
+  QString spoken(const QString& name, QAccessible::Role role) const {
+    QAccessibleInterface* face = driver->accessible(name, role);
+    return face ? face->text(QAccessible::Description) : QString("nothing is called so");
+  }
+  bool ticked(const QString& name) const {
+    return driver->accessible(name, kChoice)->state().checked;
+  }
+  double at(const QString& slider) const {
+    return driver->accessible(slider, kSlider)->valueInterface()->currentValue().toDouble();
+  }
+  void tapCustom() {  // beside the sliders
+    const QRectF place = driver->place(driver->find("Custom", kChoice));
+    QTest::mouseClick(
+        window, Qt::LeftButton, {},
+        QPoint(static_cast<int>(place.left()) + 40, static_cast<int>(place.center().y())));
+    driver->settle();
+  }
+  QColor patch(QQuickItem* row) const {
+    for (QQuickItem* item : driver->itemsOfType("ColorSwatch"))
+      if (row->isAncestorOf(item)) return item->property("color").value<QColor>();
+    return {};
+  }
+  QColor patch(const QString& name, QAccessible::Role role) const {
+    return patch(driver->find(name, role));
+  }
+};
+
+TEST_F(Colors, ARowShowsItsPatchOrItsWord) {
+  EXPECT_EQ(patch("Alert Banner", QAccessible::Button), QColor("#34495F"));
+  EXPECT_EQ(patch("Screen Flash", QAccessible::Button), QColor("#FFFFFF"));
+  EXPECT_TRUE(driver->shows("none"));
+}
+
+TEST_F(Colors, ARowTellsTheColorByNameAndText) {
+  EXPECT_EQ(spoken("Alert Banner", QAccessible::Button), "Quorvantis, #34495F");
+  EXPECT_EQ(spoken("Status Icon While Active", QAccessible::Button), "None");
+}
+
+TEST_F(Colors, ThePageHasItsSectionsAndTheChosenColorTicked) {
+  openPicker("Alert Banner");
+  for (const char* title : {"Special", "iOS Palette", "Crayons", "Custom"})
+    EXPECT_TRUE(driver->accessible(title, QAccessible::Heading)) << title;
+  EXPECT_TRUE(ticked("Quorvantis"));
+  EXPECT_FALSE(ticked("None"));
+  EXPECT_EQ(spoken("System Blue", kChoice), "#007AFF");
+  EXPECT_EQ(patch("System Blue", kChoice), QColor("#007AFF"));
+}
+
+TEST_F(Colors, AClickChoosesStoresAndMovesTheSliders) {
+  openPicker("Alert Banner");
+  driver->click("System Blue", kChoice);
+  EXPECT_EQ(stored("bannercolor"), Value("#007AFF"));
+  EXPECT_TRUE(ticked("System Blue"));
+  EXPECT_FALSE(ticked("Quorvantis"));
+  EXPECT_EQ(at("Red"), 0);
+  EXPECT_EQ(at("Green"), 122);
+  EXPECT_EQ(at("Blue"), 255);
+}
+
+TEST_F(Colors, ThePreviewFollowsTheChoice) {
+  openPicker("Alert Banner");
+  EXPECT_EQ(spoken("Alert Banner", QAccessible::StaticText), "Quorvantis, #34495F");
+  driver->click("System Blue", kChoice);
+  EXPECT_EQ(spoken("Alert Banner", QAccessible::StaticText), "System Blue, #007AFF");
+  EXPECT_EQ(patch("Alert Banner", QAccessible::StaticText), QColor("#007AFF"));
+}
+
+TEST_F(Colors, TheRowShowsTheChoiceAfterwards) {
+  openPicker("Alert Banner");
+  driver->click("System Blue", kChoice);
+  driver->click("Back");
+  EXPECT_EQ(patch("Alert Banner", QAccessible::Button), QColor("#007AFF"));
+}
+
+TEST_F(Colors, AssistiveTechnologyChooses) {
+  openPicker("Alert Banner");
+  ASSERT_TRUE(driver->act("Pink", kChoice, QAccessibleActionInterface::pressAction()));
+  EXPECT_EQ(stored("bannercolor"), Value("#FF2D55"));
+}
+
+TEST_F(Colors, KeysChoose) {
+  openPicker("Alert Banner");
+  driver->key(Qt::Key_Home);
+  EXPECT_EQ(driver->focused(), "None");
+  driver->key(Qt::Key_Down);
+  driver->key(Qt::Key_Down);
+  EXPECT_EQ(driver->focused(), "Purple");
+  driver->key(Qt::Key_Return);
+  EXPECT_EQ(stored("bannercolor"), Value("#5856D6"));
+  driver->key(Qt::Key_Down);
+  driver->key(Qt::Key_Space);
+  EXPECT_EQ(stored("bannercolor"), Value("#007AFF"));
+}
+
+TEST_F(Colors, ADragOnTheTickedRowStoresWhenItIsLetGo) {
+  openPicker("Alert Banner");
+  driver->click("System Blue", kChoice);
+  tapCustom();
+  ASSERT_EQ(stored("bannercolor"), Value("#007AFF"));
+  QRectF place = driver->place(driver->find("Red", kSlider));
+  const QPoint start(static_cast<int>(place.left()) + 10, static_cast<int>(place.center().y()));
+  const QPoint end(static_cast<int>(place.right()) + 40, start.y());
+  QTest::mousePress(window, Qt::LeftButton, {}, start);
+  for (int step = 1; step <= 8; ++step) QTest::mouseMove(window, start + (end - start) * step / 8);
+  driver->settle();
+  EXPECT_EQ(spoken("Custom", kChoice), "#FF7AFF");
+  EXPECT_EQ(patch("Custom", kChoice), QColor("#FF7AFF"));
+  EXPECT_EQ(stored("bannercolor"), Value("#007AFF"));
+  QTest::mouseRelease(window, Qt::LeftButton, {}, end);
+  driver->settle();
+  EXPECT_EQ(stored("bannercolor"), Value("#FF7AFF"));
+}
+
+TEST_F(Colors, ADragWhileAPresetIsTickedStoresNothing) {
+  openPicker("Alert Banner");
+  driver->click("System Blue", kChoice);
+  driver->find("Red", kSlider)->forceActiveFocus();
+  driver->key(Qt::Key_End);
+  EXPECT_EQ(spoken("Custom", kChoice), "#FF7AFF");
+  EXPECT_EQ(stored("bannercolor"), Value("#007AFF"));
+  tapCustom();
+  EXPECT_EQ(stored("bannercolor"), Value("#FF7AFF"));
+}
+
+TEST_F(Colors, SlidersMoveByKeysInStepsOf1And16) {
+  openPicker("Alert Banner");
+  driver->click("System Blue", kChoice);
+  driver->find("Green", kSlider)->forceActiveFocus();
+  driver->key(Qt::Key_Right);
+  EXPECT_EQ(at("Green"), 123);
+  driver->key(Qt::Key_Left, Qt::ShiftModifier);
+  EXPECT_EQ(at("Green"), 107);
+  driver->key(Qt::Key_PageUp);
+  EXPECT_EQ(at("Green"), 123);
+  driver->key(Qt::Key_PageDown);
+  driver->key(Qt::Key_Left);
+  EXPECT_EQ(at("Green"), 106);
+  driver->key(Qt::Key_Home);
+  EXPECT_EQ(at("Green"), 0);
+  EXPECT_EQ(spoken("Custom", kChoice), "#0000FF");
+  driver->key(Qt::Key_End);
+  EXPECT_EQ(at("Green"), 255);
+}
+
+TEST_F(Colors, AssistiveTechnologyMovesTheSliders) {
+  openPicker("Alert Banner");
+  driver->click("System Blue", kChoice);
+  ASSERT_TRUE(driver->act("Red", kSlider, QAccessibleActionInterface::increaseAction()));
+  EXPECT_EQ(spoken("Custom", kChoice), "#017AFF");
+  driver->accessible("Blue", kSlider)->valueInterface()->setCurrentValue(16.0);
+  driver->settle();
+  EXPECT_EQ(spoken("Custom", kChoice), "#017A10");
+  QAccessibleValueInterface* range = driver->accessible("Red", kSlider)->valueInterface();
+  EXPECT_EQ(range->minimumValue().toDouble(), 0);
+  EXPECT_EQ(range->maximumValue().toDouble(), 255);
+}
+
+TEST_F(Colors, EveryRowIsReachedByKeysOnAScreenThatHoldsFew) {
+  openPicker("Alert Banner", 500);
+  driver->key(Qt::Key_End);
+  EXPECT_EQ(driver->focused(), "Custom");
+  driver->key(Qt::Key_Home);
+  EXPECT_EQ(driver->focused(), "None");
+  driver->key(Qt::Key_Return);
+  EXPECT_EQ(stored("bannercolor"), Value("none"));
+}
+
+}  // namespace

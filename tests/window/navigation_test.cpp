@@ -1,0 +1,112 @@
+#include "tests/window/sample_window.h"
+
+namespace {
+
+class Navigation : public SampleWindow {};
+
+TEST_F(Navigation, ALinkOpensItsPageAndTheBarNamesTheWayBack) {
+  driver->click("A long page");
+  EXPECT_EQ(title(), "A long page");
+  EXPECT_TRUE(driver->shows("A long page"));
+  EXPECT_TRUE(driver->shows("Sample"));
+  EXPECT_EQ(window->title(), "A long page");
+}
+
+TEST_F(Navigation, TheFirstPageHasNoWayBack) {
+  EXPECT_FALSE(driver->find("Back"));
+  driver->key(Qt::Key_Escape);
+  EXPECT_EQ(title(), "Sample");
+}
+
+TEST_F(Navigation, TheBackButtonGoesBack) {
+  driver->click("A long page");
+  driver->click("Back", kButton);
+  EXPECT_EQ(title(), "Sample");
+  EXPECT_TRUE(driver->shows("Custom level"));
+}
+
+TEST_F(Navigation, KeysGoBack) {
+  struct Way {
+    Qt::Key key;
+    Qt::KeyboardModifiers modifiers;
+  };
+  for (auto [key, modifiers] : {Way{Qt::Key_Escape, {}}, Way{Qt::Key_Backspace, {}},
+                                Way{Qt::Key_Left, Qt::AltModifier}, Way{Qt::Key_Back, {}}}) {
+    driver->click("A long page");
+    ASSERT_EQ(title(), "A long page");
+    driver->key(key, modifiers);
+    EXPECT_EQ(title(), "Sample") << key;
+  }
+}
+
+TEST_F(Navigation, TheBackButtonOfAMouseGoesBack) {
+  driver->click("A long page");
+  driver->clickItem(driver->find("Row 5"), Qt::BackButton);
+  EXPECT_EQ(title(), "Sample");
+}
+
+TEST_F(Navigation, BackspaceInATextEditsTheText) {
+  driver->click("Tone");
+  driver->key(Qt::Key_Escape);
+  driver->click("Name", kText);
+  driver->type("Ann");
+  driver->key(Qt::Key_Backspace);
+  driver->key(Qt::Key_Return);
+  EXPECT_EQ(device.stored("name"), plist::Value("An"));
+}
+
+TEST_F(Navigation, TheListIsWhereItWasAfterGoingBack) {
+  driver->resize(390, 700);
+  driver->scrollTo(700);
+  double before = driver->place(driver->find("A long page")).top();
+  driver->click("A long page");
+  driver->click("Back", kButton);
+  EXPECT_EQ(driver->place(driver->find("A long page")).top(), before);
+}
+
+TEST_F(Navigation, APageThatCantBeShownSaysWhy) {
+  driver->click("A page that can't be shown");
+  EXPECT_TRUE(driver->shows("This page can't be shown"));
+  EXPECT_TRUE(driver->shows("BrokenListController: row 0: unknown cell type \"PSNoSuchCell\""));
+  driver->click("Back", kButton);
+  EXPECT_EQ(title(), "Sample");
+}
+
+TEST_F(Navigation, PagesThatWereLeftAreDestroyed) {
+  driver->click("A long page");
+  std::weak_ptr<preferences::PSViewController> page = host.pages().back();
+  driver->key(Qt::Key_Escape);
+  EXPECT_TRUE(page.expired());
+  EXPECT_TRUE(driver->until(
+      [&] { return settings->bridge().findChildren<window::PageModel*>().size() == 1; }));
+}
+
+TEST_F(Navigation, ComingToTheForegroundIsToldToThePages) {
+  std::vector<std::string> posted;
+  device.center.setWitness([&](const auto& notification) { posted.push_back(notification.name); });
+  emit qApp->applicationStateChanged(Qt::ApplicationInactive);
+  EXPECT_THAT(posted, testing::IsEmpty());
+  emit qApp->applicationStateChanged(Qt::ApplicationActive);
+  EXPECT_THAT(posted, testing::ElementsAre("UIApplicationDidBecomeActiveNotification"));
+}
+
+TEST_F(Navigation, AProblemStaysOnScreenUntilItIsDismissed) {
+  settings->bridge().report("The disk is full.");
+  settings->bridge().report("The disk is full.");
+  driver->settle();
+  EXPECT_EQ(driver->itemsOfType("Banner").size(), 1u);
+  driver->click("Tone");
+  EXPECT_TRUE(driver->shows("The disk is full."));
+  driver->click("Dismiss", kButton);
+  EXPECT_FALSE(driver->shows("The disk is full."));
+}
+
+TEST_F(Navigation, ABannerMovesThePageDown) {
+  double before = driver->place(driver->find("Tone")).top();
+  settings->bridge().report("The disk is full.");
+  driver->settle();
+  QRectF banner = driver->place(driver->itemsOfType("Banner").front());
+  EXPECT_EQ(driver->place(driver->find("Tone")).top(), before + banner.height());
+}
+
+}  // namespace

@@ -1,0 +1,174 @@
+#include "tests/window/sample_window.h"
+
+namespace {
+
+class Rows : public SampleWindow {};
+
+TEST_F(Rows, ShowsEveryRowOfThePageByItsLabel) {
+  for (const char* label :
+       {"Switches and a slider", "Custom level", "Level", "Stays as it is", "Choices", "Tone",
+        "Middle", "When", "Above", "Exactly at", "Name", "Password", "Press me",
+        "Delete everything", "Pressed", "no", "Looking for devices", "Giant", "An item of a list"})
+    EXPECT_TRUE(driver->shows(label)) << label;
+}
+
+TEST_F(Rows, AFooterStandsBelowItsGroup) {
+  QQuickItem* footer = driver->find("Nothing here can break anything.");
+  ASSERT_TRUE(footer);
+  EXPECT_GT(driver->place(footer).top(), driver->place(driver->find("Delete everything")).bottom());
+  EXPECT_LT(driver->place(footer).bottom(), driver->place(driver->find("Reading only")).top());
+}
+
+TEST_F(Rows, AGroupWithoutRowsHasItsFooter) {
+  EXPECT_TRUE(driver->shows("A group without rows has its footer all the same."));
+}
+
+TEST_F(Rows, AClickOnASwitchStoresAndAppliesThePagesRules) {
+  driver->click("Custom level");
+  EXPECT_EQ(device.stored("custom"), plist::Value(true));
+  EXPECT_TRUE(driver->find("Level", kSlider)->isEnabled());
+  driver->click("Custom level");
+  EXPECT_EQ(device.stored("custom"), plist::Value(false));
+  EXPECT_FALSE(driver->find("Level", kSlider)->isEnabled());
+}
+
+TEST_F(Rows, TheRulesOfAPageShowByThemselvesAMomentAfterItAppears) {
+  EXPECT_FALSE(driver->find("Level", kSlider)->isEnabled());
+}
+
+TEST_F(Rows, ASwitchWhoseSetterRefusesSpringsBackEachTime) {
+  for (int i = 0; i < 2; ++i) {
+    driver->click("Stays as it is");
+    EXPECT_FALSE(driver->find("Stays as it is", kCheckBox)->property("checked").toBool()) << i;
+  }
+}
+
+TEST_F(Rows, ADimmedRowIgnoresClicks) {
+  driver->click("Not available on this device");
+  EXPECT_TRUE(device.stored("off").isNothing());
+  EXPECT_FLOAT_EQ(driver->find("Not available on this device")->parentItem()->opacity(), 0.3f);
+}
+
+TEST_F(Rows, ASliderStoresItsValueWhenItIsLetGo) {
+  driver->click("Custom level");
+  QRectF place = driver->place(driver->find("Level", kSlider));
+  QPoint start = place.center().toPoint(), end(static_cast<int>(place.right()) - 5, start.y());
+  QTest::mousePress(window, Qt::LeftButton, {}, start);
+  QTest::mouseMove(window, (start + end) / 2);
+  QTest::mouseMove(window, end);
+  EXPECT_TRUE(device.stored("level").isNothing());
+  QTest::mouseRelease(window, Qt::LeftButton, {}, end);
+  driver->settle();
+  EXPECT_EQ(device.stored("level"), plist::Value(100.0));
+  EXPECT_TRUE(driver->shows("100"));
+}
+
+TEST_F(Rows, AClickOnASegmentStoresItsValue) {
+  driver->click("Below", kRadioButton);
+  EXPECT_EQ(device.stored("when"), plist::Value("below"));
+  EXPECT_TRUE(driver->find("Below", kRadioButton)->property("chosen").toBool());
+  EXPECT_FALSE(driver->find("Above", kRadioButton)->property("chosen").toBool());
+}
+
+TEST_F(Rows, AClickOnTheChosenSegmentLeavesItChosen) {
+  driver->click("Above", kRadioButton);
+  EXPECT_TRUE(driver->find("Above", kRadioButton)->property("checked").toBool());
+}
+
+TEST_F(Rows, TextIsStoredWhenReturnEndsIt) {
+  driver->click("Name", kText);
+  driver->type("Ann");
+  EXPECT_TRUE(device.stored("name").isNothing());
+  driver->key(Qt::Key_Return);
+  EXPECT_EQ(device.stored("name"), plist::Value("Ann"));
+}
+
+TEST_F(Rows, TextIsStoredWhenThePageIsLeft) {
+  driver->click("A long page");
+  driver->key(Qt::Key_Escape);
+  driver->click("Name", kText);
+  driver->type("Ann");
+  driver->click("Tone");
+  EXPECT_EQ(device.stored("name"), plist::Value("Ann"));
+}
+
+TEST_F(Rows, TextIsStoredWhenTheWindowIsClosed) {
+  driver->click("Name", kText);
+  driver->type("Ann");
+  window->close();
+  EXPECT_EQ(device.stored("name"), plist::Value("Ann"));
+}
+
+TEST_F(Rows, EscapeGivesBackTheTextThatWasThere) {
+  driver->click("Password", kText);
+  driver->type("x");
+  driver->key(Qt::Key_Escape);
+  EXPECT_EQ(driver->find("Password", kText)->property("text").toString(), "secret");
+  driver->key(Qt::Key_Return);
+  EXPECT_TRUE(device.stored("secret").isNothing());
+}
+
+TEST_F(Rows, ASecretIsMasked) {
+  EXPECT_FALSE(driver->find("Password", kText)->property("displayText").toString().contains("s"));
+}
+
+TEST_F(Rows, AButtonRunsItsAction) {
+  driver->click("Press me");
+  EXPECT_TRUE(driver->shows("yes"));
+}
+
+TEST_F(Rows, ARowThatIsOffScreenIsMadeWhenItScrollsIn) {
+  driver->resize(390, 700);
+  driver->click("Choices");
+  driver->scrollTo(700);
+  driver->click("A long page");
+  ASSERT_EQ(title(), "A long page");
+  EXPECT_TRUE(row("row1").isBuilt());
+  EXPECT_FALSE(row("row40").isBuilt());
+  driver->scrollTo(1700);
+  EXPECT_TRUE(row("row40").isBuilt());
+  EXPECT_FALSE(row("row59").isBuilt());
+  driver->click("Row 40");
+  EXPECT_EQ(device.stored("row40"), plist::Value(true));
+}
+
+TEST_F(Rows, ATallerWindowMakesMoreRows) {
+  driver->resize(390, 700);
+  driver->scrollTo(700);
+  driver->click("A long page");
+  EXPECT_FALSE(row("row30").isBuilt());
+  driver->resize(390, 2000);
+  EXPECT_TRUE(row("row30").isBuilt());
+}
+
+class Widths : public Rows, public testing::WithParamInterface<int> {};
+INSTANTIATE_TEST_SUITE_P(, Widths, testing::Values(320, 390, 768, 1200));
+
+TEST_P(Widths, NoTextLeavesTheWindow) {
+  driver->resize(GetParam(), 2000);
+  for (QQuickItem* text : driver->itemsOfType("QQuickText")) {
+    QRectF place = driver->place(text);
+    EXPECT_GE(place.left(), 0) << text->property("text").toString().toStdString();
+    EXPECT_LE(place.right(), GetParam()) << text->property("text").toString().toStdString();
+  }
+}
+
+TEST_P(Widths, RowsFollowOneAnotherWithoutOverlap) {
+  driver->resize(GetParam(), 2000);
+  double bottom = 0;
+  for (const char* label : {"Custom level", "Stays as it is", "Tone", "One of very many entries",
+                            "No entries at all", "A long page", "Press me"}) {
+    QRectF place = driver->place(driver->find(label));
+    EXPECT_GE(place.top(), bottom) << label;
+    bottom = place.bottom();
+  }
+}
+
+TEST_P(Widths, TheColumnOfRowsIsNeverTooWideToRead) {
+  driver->resize(GetParam(), 2000);
+  QRectF place = driver->place(driver->find("Tone"));
+  EXPECT_LE(place.width(), 640);
+  EXPECT_NEAR(place.center().x(), GetParam() / 2.0, 1);
+}
+
+}  // namespace
