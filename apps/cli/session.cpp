@@ -50,7 +50,7 @@ Outcome<Done> Session::flush() {
 
 void complain(std::string_view message) {
   std::string line = "quorvantis: ";
-  for (const char c : foundation::replacingInvalidUtf8(message)) line += c == '\n' ? ' ' : c;
+  for (const char c : foundation::replacingInvalidUtf8(message)) line += static_cast<unsigned char>(c) < ' ' || c == 0x7F ? ' ' : c;
   static_cast<void>(writeAll(STDERR_FILENO, line + "\n"));
 }
 

@@ -85,8 +85,8 @@ host::Outcome<plist::Value> Request::value() const {
   const auto found = field("value");
   if (!found) return found.error();
   auto read = fromJson(*found);
-  if (!read) return badRequest("\"value\" can't be a stored value");
-  return std::move(*read);
+  // What can't be stored no row can take; the row has its say first.
+  return read ? std::move(*read) : plist::Value();
 }
 
 }  // namespace cli
