@@ -43,7 +43,7 @@ class Drive(ProgramTest):
 
     def test_value_nested_without_end(self):
         line = '{"do":"set","row":0,"value":' + "[" * 5000 + "]" * 5000 + "}\n"
-        self.assertEqual(self.error({"do": "launch"}, line), "bad_request")
+        self.assertEqual(self.error({"do": "launch"}, line), "bad_value")
 
     def test_field_of_a_wrong_type(self):
         for request in ({"do": "open"}, {"do": "open", "page": 1}, {"do": "tap"},
