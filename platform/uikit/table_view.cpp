@@ -4,6 +4,17 @@
 #include <utility>
 
 namespace uikit {
+namespace {
+
+// As the platform's table does: what is looked up by tag is found in the newest cell first, however
+// many older ones have kept the tag through reuse.
+void addInFront(View& table, const std::shared_ptr<TableViewCell>& cell) {
+  const auto others = table.subviews();
+  table.addSubview(cell);
+  for (const auto& other : others) table.addSubview(other);
+}
+
+}  // namespace
 
 double TableViewSource::tableViewHeightForRowAtIndexPath(TableView& table, IndexPath) {
   return table.rowHeight;
@@ -49,7 +60,7 @@ void TableView::show(int first, int count) {
   for (IndexPath path : wanted) {
     if (shown_.contains(path)) continue;
     auto cell = source->tableViewCellForRowAtIndexPath(*this, path);
-    addSubview(cell);
+    addInFront(*this, cell);
     shown_.emplace(path, std::move(cell));
   }
 }

@@ -177,16 +177,27 @@ TEST_F(PickerSliders, DoNothingWhenOneOfThemIsMissing) {
   EXPECT_TRUE(events.empty());
 }
 
-// The cell is found by its tag, and a cell that the row left behind still carries it.
-TEST_F(PickerSliders, ShowTheirColorOnTheFirstCellThatEverWasTheCustomRow) {
+// The cell is found by its tag, and a cell that the row left behind still carries it: the newest
+// counts, and that is the custom row's, the last of the table.
+TEST_F(PickerSliders, ShowTheirColorOnTheCustomRowThoughAnotherCellKeptItsTag) {
   openWith("#007AFF", kCustomOnScreen);
   for (int first : {40, 45, kCustomOnScreen}) show(first);
   const uikit::IndexPath left{2, 44};
   ASSERT_EQ(cell(left)->tag, 205);
   ASSERT_EQ(cell(kCustom)->tag, 205);
+  const auto before = detail(left);
   slider(201)->drag(255);
-  EXPECT_EQ(detail(left), "#FF7AFF");
-  EXPECT_EQ(detail(kCustom), "#007AFF");
+  EXPECT_EQ(detail(left), before);
+  EXPECT_EQ(detail(kCustom), "#FF7AFF");
+}
+
+TEST_F(PickerSliders, StoreWhatIsLetGoOfOnATickedCustomRowAfterAReload) {
+  openWith("#FF7AFF", kCustomOnScreen);
+  page->table()->reloadData();
+  slider(202)->drag(127.6f);
+  slider(202)->letGo();
+  EXPECT_EQ(detail(kCustom), "#FF7FFF");
+  EXPECT_EQ(page->selectedColor, plist::Value("#FF7FFF"));
 }
 
 }  // namespace

@@ -47,7 +47,7 @@ Json swatchJson(const uikit::ImageView& view) {
   return {{"hidden", view.hidden},
           {"hex", view.image ? Json(view.image->color.hex()) : Json()},
           {"frame", frameJson(view.frame)},
-          {"borderWidth", orNull(view.layer.borderWidth)}};
+          {"borderWidth", view.layer.borderWidth.value_or(0.0)}};
 }
 
 Json labelJson(const uikit::Label& label) {
