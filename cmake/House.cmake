@@ -33,15 +33,42 @@ function(house_test name)
     file(WRITE ${CMAKE_BINARY_DIR}/house_test_headers.cpp "")
     add_executable(house_test_headers ${CMAKE_BINARY_DIR}/house_test_headers.cpp)
     target_link_libraries(house_test_headers PRIVATE GTest::gmock GTest::gtest_main)
+    target_compile_options(house_test_headers PRIVATE -fPIC)
     target_precompile_headers(house_test_headers PRIVATE
       <gmock/gmock.h> <gtest/gtest.h> <filesystem> <fstream> <functional> <map> <memory> <optional>
       <string> <variant> <vector>)
   endif()
   add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
   target_precompile_headers(${name} REUSE_FROM house_test_headers)
+  # As Qt asks of the tests that use it: only what is compiled alike can share the headers.
+  target_compile_options(${name} PRIVATE -fPIC)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
   target_link_libraries(${name} PRIVATE ${arg_USES} GTest::gmock GTest::gtest_main)
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120)
+endfunction()
+
+# house_program_tests(PREFIX FILES...): tests of the built program, written in Python; one ctest test,
+# PREFIX.CLASS.METHOD, for each test_… of the files' classes.
+function(house_program_tests prefix)
+  find_package(Python3 REQUIRED COMPONENTS Interpreter)
+  set(shared ${PROJECT_SOURCE_DIR}/tests/cli:${PROJECT_SOURCE_DIR}/tests/support)
+  foreach(file IN LISTS ARGN)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${file}.py)
+    file(STRINGS ${file}.py lines REGEX "^(class|    def test_)")
+    foreach(line IN LISTS lines)
+      if(line MATCHES "^class ([A-Za-z]+)")
+        set(class ${CMAKE_MATCH_1})
+        continue()
+      endif()
+      string(REGEX REPLACE "^ *def (test_[a-z0-9_]+).*" "\\1" method "${line}")
+      set(name ${prefix}.${class}.${method})
+      add_test(NAME ${name}
+               COMMAND ${Python3_EXECUTABLE} -B -m unittest ${file}.${class}.${method}
+               WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+      set_tests_properties(${name} PROPERTIES TIMEOUT 120
+        ENVIRONMENT "QUORVANTIS=$<TARGET_FILE:quorvantis>;PYTHONPATH=${shared}")
+    endforeach()
+  endforeach()
 endfunction()
 
 # house_bench(NAME SOURCES... [USES LIBRARIES...]): a benchmark program, run by hand.

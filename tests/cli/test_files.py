@@ -1,7 +1,8 @@
 import signal
 import subprocess
 
-from program import DOCUMENTS, PROGRAM, ProgramTest, archive
+from keyed_archive import archive
+from program import DOCUMENTS, PROGRAM, ProgramTest
 
 
 class Triggers(ProgramTest):

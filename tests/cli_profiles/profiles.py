@@ -1,5 +1,6 @@
 """What the tests of profiles share."""
-from program import DOCUMENTS, DOMAIN, ProgramTest, archive
+from keyed_archive import archive
+from program import DOCUMENTS, DOMAIN, ProgramTest
 
 LOCK = "var/mobile/Library/Preferences/.com.zorvek.quorvantis.plist.lock"
 DAMAGED = b"no archive"

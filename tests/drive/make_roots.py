@@ -6,32 +6,16 @@ Archives and domains are written by Python's own property list library, as anoth
 """
 import plistlib
 import shutil
+import sys
 from pathlib import Path
 
 HERE = Path(__file__).parent
+sys.path.append(str(HERE.parent / "support"))
+
+from keyed_archive import archive  # noqa: E402
+
 DOCUMENTS = "var/mobile/Documents/Quorvantis"
 DOMAIN = "var/mobile/Library/Preferences/com.zorvek.quorvantis.plist"
-
-
-def archive(value):
-    """A keyed archive of a dictionary of texts or of an array of texts."""
-    uid, objects = plistlib.UID, ["$null", None]
-    if isinstance(value, dict):
-        count = len(value)
-        objects += [*value.keys(), *value.values()]
-        objects[1] = {"NS.keys": [uid(2 + i) for i in range(count)],
-                      "NS.objects": [uid(2 + count + i) for i in range(count)],
-                      "$class": uid(len(objects))}
-        names = ["NSMutableDictionary", "NSDictionary", "NSObject"]
-    else:
-        objects += value
-        objects[1] = {"NS.objects": [uid(2 + i) for i in range(len(value))],
-                      "$class": uid(len(objects))}
-        names = ["NSArray", "NSObject"]
-    objects.append({"$classname": names[0], "$classes": names})
-    return plistlib.dumps({"$version": 100000, "$archiver": "NSKeyedArchiver",
-                           "$top": {"root": uid(1)}, "$objects": objects},
-                          fmt=plistlib.FMT_BINARY)
 
 
 def profile(code, **more):
