@@ -1,6 +1,7 @@
 #include "apps/cli/profile_import.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "platform/archive/keyed_archive.h"
 #include "prefs/core/names.h"
@@ -40,6 +41,11 @@ Outcome<plist::Value> unarchived(plist::Value list) {
   return std::move(*root);
 }
 
+bool isFinite(const plist::Value& value) {
+  const auto real = value.real();
+  return !real || std::isfinite(*real);
+}
+
 // A key that the table of defaults lacks is a number.
 bool wantsText(std::string_view key) {
   const auto standard = prefs::profileDefault(key);
@@ -52,6 +58,7 @@ Outcome<Done> check(const plist::Dictionary& values, const std::vector<std::stri
       return wrong(key, "is no setting of a profile");
     if (wantsText(key) && !value.text()) return wrong(key, "must be text");
     if (!wantsText(key) && !value.isNumber()) return wrong(key, "must be a number");
+    if (!isFinite(value)) return wrong(key, "must be a finite number");
   }
   return Done{};
 }
