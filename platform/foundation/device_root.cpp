@@ -8,6 +8,7 @@
 
 #include "platform/foundation/durable_file.h"
 #include "platform/foundation/file_reading.h"
+#include "platform/foundation/removal.h"
 
 namespace foundation {
 namespace {
@@ -81,6 +82,10 @@ bool DeviceRoot::exists(std::string_view path) const {
   return static_cast<bool>(open(path, O_PATH));
 }
 
+bool DeviceRoot::hasEntry(std::string_view path) const {
+  return static_cast<bool>(open(path, O_PATH | O_NOFOLLOW));
+}
+
 Result<Directory, FileError> DeviceRoot::openDirectory(std::string_view path) const {
   auto folder = open(path, O_RDONLY | O_DIRECTORY);
   if (!folder) return folder.error();
@@ -138,10 +143,8 @@ Result<Done, FileError> DeviceRoot::remove(std::string_view path) {
   if (!namesAnEntry(at.name)) return FileError{std::string(path), EINVAL};
   const auto folder = openDirectory(at.folder);
   if (!folder) return FileError{std::string(path), folder.error().code};
-  const int parent = folder->descriptor();
-  if (unlinkat(parent, at.name.c_str(), 0) != 0 &&
-      (errno != EISDIR || unlinkat(parent, at.name.c_str(), AT_REMOVEDIR) != 0)) {
-    return FileError{std::string(path), errno};
+  if (const int code = removeEntry(folder->descriptor(), at.name)) {
+    return FileError{std::string(path), code};
   }
   return flushFolder(*folder);
 }

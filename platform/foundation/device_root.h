@@ -33,6 +33,8 @@ class DeviceRoot {
                                                               Links links = Links::Follow) const;
   // Whatever it is; a link that leads nowhere doesn't exist.
   bool exists(std::string_view path) const;
+  // Whether the name is taken, if only by a link that leads nowhere.
+  bool hasEntry(std::string_view path) const;
 
   platform::Result<Directory, FileError> openDirectory(std::string_view path) const;
   // Names in a folder, without "." and "..", in directory order.
@@ -42,14 +44,14 @@ class DeviceRoot {
   // With intermediates, all 0700, made to last; done already where the folder is there.
   platform::Result<platform::Done, FileError> createDirectory(std::string_view path);
 
-  // A new file, mode 0600, in place of whatever file or link is there, in missing folders if need
-  // be: after a crash there is the old one or the new one, whole, and once this says done it is the
+  // A new file, mode 0600, in place of whatever is there, a link or a whole folder too, in missing
+  // folders if need be: after a crash there is the old one or the new one, whole, and once this says done it is the
   // new one. On an error the old one is there still, unless it was in flushing the folder, when the
   // new one is there but may not last.
   platform::Result<platform::Done, FileError> writeDurably(std::string_view path,
                                                            plist::Bytes bytes);
 
-  // A file, a link (not what it leads to) or an empty folder, for good.
+  // A file, a link (not what it leads to) or a folder with all that it holds, for good.
   platform::Result<platform::Done, FileError> remove(std::string_view path);
 
   // An open file or folder; `flags` are those of open(2), without O_CREAT.

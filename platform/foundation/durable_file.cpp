@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "platform/foundation/removal.h"
+
 namespace foundation {
 namespace {
 
@@ -96,10 +98,16 @@ Result<Done, FileError> PendingFile::flush() {
 Result<Done, FileError> PendingFile::putInPlace() {
   if (!file_.close()) return folder_->error(name_, errno, "close");
   const int folder = folder_->descriptor();
-  if (renameat(folder, temporary_.c_str(), folder, name_.c_str()) != 0) {
-    return folder_->error(name_, errno, "rename");
+  if (renameat(folder, temporary_.c_str(), folder, name_.c_str()) == 0) {
+    temporary_.clear();
+    return Done{};
   }
-  temporary_.clear();
+  if (errno != EISDIR) return folder_->error(name_, errno, "rename");
+  // A folder can't be renamed over, but the two can change places.
+  if (renameat2(folder, temporary_.c_str(), folder, name_.c_str(), RENAME_EXCHANGE) != 0)
+    return folder_->error(name_, errno, "rename");
+  const int code = removeEntry(folder, std::exchange(temporary_, {}));
+  if (code != 0) return folder_->error(name_, code, "remove the folder of that name");
   return Done{};
 }
 

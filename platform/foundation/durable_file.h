@@ -15,7 +15,8 @@ namespace foundation {
 //   durable now      write, flush, putInPlace, flushFolder
 //   visible now      write, putInPlace; later, when it shall last, flushFile and flushFolder
 //
-// Each step's failure names the file and the step. A file that was not put in place is removed.
+// Each step's failure names the file and the step. A file that was not put in place is removed; a
+// folder that had its name goes with all that it holds.
 class PendingFile {
  public:
   // Mode 0600, exclusively created, with a random name that begins with a dot. `folder` has to

@@ -49,7 +49,7 @@ bool isActive(const plist::Dictionary& domain) {
 SaveResult saveProfile(const preferences::Environment& environment, const std::string& profileID,
                        const std::string& path, Existing existing, AfterFailure afterFailure) {
   if (!environment.root.exists(kDocuments)) (void)environment.root.createDirectory(kDocuments);
-  const bool exists = environment.root.exists(path);
+  const bool exists = environment.root.hasEntry(path);
   if (exists && existing == Existing::Keep) return {SaveOutcome::Exists};
 
   plist::Dictionary domain = wholeDomainRead(environment.preferences);

@@ -35,8 +35,8 @@ Result<archive::Lookup, std::string> readProfile(foundation::Directory& folder,
 }  // namespace
 
 void sortLocalized(std::vector<std::string>& texts, platform::Collator& collator) {
-  std::stable_sort(texts.begin(), texts.end(),
-                   [&](const auto& a, const auto& b) { return collator.compare(a, b) < 0; });
+  std::ranges::stable_sort(
+      texts, [&](const auto& a, const auto& b) { return collator.compare(a, b) < 0; });
 }
 
 SavedProfiles savedProfiles(const preferences::Environment& environment, TitleForm form) {
@@ -58,6 +58,10 @@ SavedProfiles savedProfiles(const preferences::Environment& environment, TitleFo
   }
   sortLocalized(profiles.paths, environment.collator);
   sortLocalized(profiles.titles, environment.collator);
+  std::ranges::sort(
+      profiles.leftOut,
+      [&](const auto& a, const auto& b) { return environment.collator.compare(a, b) < 0; },
+      &LeftOut::path);
   return profiles;
 }
 

@@ -23,7 +23,7 @@ struct LeftOut {
 // they line up because a profile's file is named after its trigger and both sort alike.
 struct SavedProfiles {
   std::vector<std::string> paths, titles;
-  std::vector<LeftOut> leftOut;  // in no order
+  std::vector<LeftOut> leftOut;  // in the order of their paths
 };
 
 // Every entry whose extension is exactly "qvx" and that holds a keyed archive; a missing folder

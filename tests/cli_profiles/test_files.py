@@ -26,9 +26,14 @@ class Delete(ProfileTest):
     def test_no_trigger(self):
         self.refuse(3, "profile", "delete", "nonsense")
 
-    def test_what_can_not_be_removed(self):
+    def test_removes_a_folder_and_a_link_of_that_name(self):
         self.write(f"{path_of(20)}/inside", b"")
-        self.refuse(1, "profile", "delete", "20")
+        self.write(f"{DOCUMENTS}/kept", b"")
+        (self.root / path_of(21)).symlink_to("kept")
+        (self.root / path_of(22)).symlink_to("nowhere")
+        for trigger in ("20", "21", "22"):
+            self.output("profile", "delete", trigger)
+        self.assertEqual([file.name for file in (self.root / DOCUMENTS).iterdir()], ["kept"])
 
 
 class Show(ProfileTest):
@@ -84,6 +89,13 @@ class List(ProfileTest):
         self.assertEqual(done.returncode, 0)
         self.assertEqual(done.stdout.decode().split(), [f"/{path_of(9)}", "Battery", "9%"])
         self.assertRegex(done.stderr.decode(), rf"^quorvantis: /{path_of(20)}: .+\n$")
+
+    def test_left_out_files_are_told_in_the_order_of_their_names(self):
+        for trigger in (30, 9, 100, 21):
+            self.write(path_of(trigger), DAMAGED)
+        told = self.run_program("profile", "list").stderr.decode().splitlines()
+        self.assertEqual([line.split(": ")[1] for line in told],
+                         [f"/{path_of(trigger)}" for trigger in (9, 21, 30, 100)])
 
 
 if __name__ == "__main__":

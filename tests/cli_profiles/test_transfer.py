@@ -1,8 +1,9 @@
 import plistlib
 import unittest
 
+from keyed_archive import archive
 from profiles import DAMAGED, DEFAULTS, ProfileTest, path_of
-from program import archive
+from program import DOCUMENTS
 
 VALUES = {"profilepercentage": "20", "wifi": 1, "vibrate": True, "custbright": 41.5,
           "msgtext": "Low & <out>"}
@@ -185,8 +186,22 @@ class Import(ProfileTest):
         self.refuse(1, "profile", "import",
                     self.file(plistlib.dumps(broken, fmt=plistlib.FMT_BINARY)))
 
+    def test_numbers_that_are_none(self):
+        for number in (float("nan"), float("inf"), float("-inf")):
+            values = {**VALUES, "custbright": number}
+            self.refuse_key("custbright", values)
+            file = self.file(plistlib.dumps(values, fmt=plistlib.FMT_BINARY))
+            self.assertIn('"custbright"', self.refuse(2, "profile", "import", file))
+
+    def test_link_of_that_name_is_kept_or_overwritten(self):
+        self.write(f"{DOCUMENTS}/kept", b"kept")
+        (self.root / path_of(20)).symlink_to("nowhere")
+        self.refuse(4, "profile", "import", self.xml(VALUES))
+        self.output("profile", "import", self.xml(VALUES), "--overwrite")
+        self.assertEqual(self.show("20"), VALUES)
+
     def test_profile_that_can_not_be_written(self):
-        self.write(f"{path_of(20)}/inside", b"")
+        self.write("var/mobile/Documents", b"")
         self.refuse(1, "profile", "import", self.xml(VALUES), "--overwrite")
 
 

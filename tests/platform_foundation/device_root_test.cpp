@@ -214,15 +214,46 @@ TEST_F(DeviceRootTest, RootThatIsAFileIsAnError) {
   EXPECT_FALSE(root.writeDurably("/a", bytesOf("x")));
 }
 
-TEST_F(DeviceRootTest, RemovesAFileALinkAndAnEmptyFolder) {
+TEST_F(DeviceRootTest, RemovesAFileAndALinkButNotItsTarget) {
   folder.write("/folder/file", "text");
   fs::create_symlink("file", folder.at("/folder/link"));
   EXPECT_TRUE(root.remove("/folder/link"));
   EXPECT_EQ(read("/folder/file"), "text");
-  EXPECT_EQ(root.remove("/folder").error().code, ENOTEMPTY);
   EXPECT_TRUE(root.remove("/folder/file"));
   EXPECT_TRUE(root.remove("/folder/"));
   EXPECT_THAT(folder.names("/"), IsEmpty());
+}
+
+TEST_F(DeviceRootTest, RemovesAFolderWithAllThatItHoldsAndNothingThatItsLinksLeadTo) {
+  folder.write("/kept/file", "text");
+  folder.write("/folder/a/b/file", "");
+  folder.write("/folder/.hidden", "");
+  ASSERT_EQ(mkfifo(folder.at("/folder/fifo").c_str(), 0600), 0);
+  fs::create_symlink("../kept", folder.at("/folder/link"));
+  EXPECT_TRUE(root.remove("/folder"));
+  EXPECT_THAT(folder.names("/"), ElementsAre("kept"));
+  EXPECT_EQ(read("/kept/file"), "text");
+}
+
+TEST_F(DeviceRootTest, RemovingAFolderSaysWhyItCouldNot) {
+  EXPECT_TRUE(succeedsUnprivileged([] {
+    TemporaryRoot own;
+    DeviceRoot locked(own.path());
+    own.write("/folder/inner/file", "");
+    fs::permissions(own.at("/folder/inner"), fs::perms(0500));
+    const auto removed = locked.remove("/folder");
+    fs::permissions(own.at("/folder/inner"), fs::perms(0700));
+    return !removed && removed.error().code == EACCES && removed.error().path == "/folder";
+  }));
+}
+
+TEST_F(DeviceRootTest, NameIsTakenByALinkThatLeadsNowhere) {
+  folder.write("/file", "");
+  fs::create_symlink("nowhere", folder.at("/link"));
+  fs::create_symlink("loop", folder.at("/loop"));
+  for (const char* taken : {"/", "/file", "/link", "/loop"}) EXPECT_TRUE(root.hasEntry(taken));
+  EXPECT_FALSE(root.hasEntry("/nowhere"));
+  EXPECT_FALSE(root.exists("/link"));
 }
 
 TEST_F(DeviceRootTest, RemovingWhatIsNotThereIsAnError) {
@@ -263,6 +294,14 @@ TEST_F(DeviceRootTest, WriteReplacesALinkNotItsTarget) {
   ASSERT_TRUE(root.writeDurably("/link", bytesOf("new")));
   EXPECT_EQ(read("/target"), "target");
   EXPECT_EQ(read("/link", Links::Refuse), "new");
+}
+
+TEST_F(DeviceRootTest, WriteReplacesAFolderWithAllThatItHolds) {
+  folder.write("/folder/inner/file", "old");
+  ASSERT_TRUE(root.writeDurably("/folder", bytesOf("new")));
+  EXPECT_EQ(read("/folder"), "new");
+  EXPECT_EQ(modeOf(folder.at("/folder")), 0600u);
+  EXPECT_THAT(folder.names("/"), ElementsAre("folder"));
 }
 
 TEST_F(DeviceRootTest, WriteNeverLeavesTheRoot) {

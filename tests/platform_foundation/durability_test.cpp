@@ -70,12 +70,6 @@ TEST_F(Durability, FailedFlushOfTheFolderIsToldThoughTheNewFileIsThere) {
   EXPECT_EQ(folder.contents("/folder/file"), "new");
 }
 
-TEST_F(Durability, RenameOntoAFolderLeavesNothingBehind) {
-  folder.write("/folder/file/inner", "");
-  EXPECT_EQ(root.writeDurably("/folder/file", bytesOf("new")).error().code, EISDIR);
-  EXPECT_THAT(folder.names("/folder"), ElementsAre("file"));
-}
-
 TEST_F(Durability, PendingFileThatIsGivenUpIsRemoved) {
   folder.write("/folder/file", "old");
   const auto directory = root.openDirectory("/folder");

@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
 
 #include "platform/preferences/specifier_list.h"
+#include "prefs/core/names.h"
+#include "prefs/profiles/profile_settings.h"
 #include "prefs/resources/bundle.h"
 
 namespace {
@@ -27,6 +30,20 @@ TEST(Lists, NameOnlyClassesAndOperationsThatExist) {
     EXPECT_FALSE(list.title.empty()) << page.list;
     for (auto& error : preferences::validate(list, *page.operations, prefs::bundle()))
       ADD_FAILURE() << page.list << ": row " << error.row << ": " << error.what;
+  }
+}
+
+TEST(Lists, HoldEachSettingOfAProfileOnceWithItsDefaultAndItsKind) {
+  std::multimap<std::string, std::shared_ptr<preferences::PSSpecifier>> rows;
+  for (const auto& resource : prefs::bundle().lists)
+    for (const auto& row : read(resource).specifiers)
+      if (const auto key = row->propertyForKey("key"); key.text()) rows.emplace(*key.text(), row);
+  for (std::string_view key : prefs::profileKeys()) {
+    ASSERT_EQ(rows.count(std::string(key)), 1u) << key;
+    const auto& row = rows.find(std::string(key))->second;
+    EXPECT_EQ(row->propertyForKey("defaults"), plist::Value(prefs::kDomain)) << key;
+    // Without a default a setting shows as one that leaves all as it is.
+    EXPECT_EQ(row->propertyForKey("default"), prefs::profileDefault(key).value_or(0)) << key;
   }
 }
 

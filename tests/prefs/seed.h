@@ -19,6 +19,14 @@ inline void write(testing_support::TestDevice& device, const std::string& name,
       .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
 }
 
+// A file where the profiles' folder goes, so that none can be written.
+inline void noFolder(testing_support::TestDevice& device) {
+  const std::filesystem::path folder = device.folder.path() + std::string(prefs::kDocuments);
+  const std::filesystem::path name = folder.parent_path();  // without the slash
+  std::filesystem::create_directories(name.parent_path());
+  std::ofstream(name) << "no folder";
+}
+
 inline void archive(testing_support::TestDevice& device, const std::string& name,
                     const plist::Value& root) {
   write(device, name, *archive::archive(root, archive::Mutability::Mutable));

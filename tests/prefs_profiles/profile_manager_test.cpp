@@ -299,12 +299,10 @@ TEST_F(ProfileManager, SaysThatItDeletedEvenWhatWasGone) {
 }
 
 TEST_F(ProfileManager, SaysThatItSavedEvenIfItCouldNot) {
-  std::filesystem::create_directories(device.at(profilePath(7)));
+  seed::noFolder(device);
   choose("Save", "Battery 7%");
-  press("Overwrite");
-  expectInfo(
-      "Success",
-      "The settings for the battery profile trigger - Battery 7% - were successfully overwritten!");
+  expectInfo("Success",
+             "The current settings were successfully saved as a profile for trigger: Battery 7%");
   EXPECT_EQ(device.problems.size(), 1u) << "the host is told";
 }
 

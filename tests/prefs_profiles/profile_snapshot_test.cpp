@@ -144,14 +144,24 @@ TEST_F(ProfileSave, SeesWhatAnotherProcessStored) {
 }
 
 TEST_F(ProfileSave, RemembersTheTriggerEvenIfTheFileCannotBeWritten) {
-  std::filesystem::create_directories(device.at(profilePath(5)));
+  seed::noFolder(device);
   const SaveResult result = save("5", Existing::Overwrite);
-  EXPECT_NE(result.failure.find("profile_5.qvx"), std::string::npos) << result.failure;
+  EXPECT_NE(result.failure.find("/var/mobile/Documents"), std::string::npos) << result.failure;
   EXPECT_EQ(device.stored("profilepercentage"), Value("5"));
 }
 
+TEST_F(ProfileSave, TakesTheNameOfWhateverIsThereForAFile) {
+  std::filesystem::create_directories(device.at(profilePath(5)) / "inner");
+  std::filesystem::create_symlink("nowhere", device.at(profilePath(6)));
+  for (const char* taken : {"5", "6"}) {
+    EXPECT_EQ(save(taken, Existing::Keep).outcome, SaveOutcome::Exists);
+    EXPECT_EQ(save(taken, Existing::Overwrite).outcome, SaveOutcome::Overwritten);
+    EXPECT_EQ(device.profile(taken).find("profilepercentage")->text()->front(), taken[0]);
+  }
+}
+
 TEST_F(ProfileSave, CanStopWhereTheFileCannotBeWritten) {
-  std::filesystem::create_directories(device.at(profilePath(5)));
+  seed::noFolder(device);
   EXPECT_FALSE(save("5", Existing::Overwrite, AfterFailure::Stop).failure.empty());
   EXPECT_TRUE(device.domain().empty());
 }

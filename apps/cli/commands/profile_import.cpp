@@ -14,7 +14,7 @@ Outcome<Done> importProfile(Session& session, const std::string& file, bool over
   const auto read = readImport(*bytes, environment.xml);
   if (!read) return Failure{read.error().code, file + ": " + read.error().reason};
   const auto& [trigger, values] = *read;
-  if (!overwrite && environment.root.exists(trigger.path))
+  if (!overwrite && environment.root.hasEntry(trigger.path))
     return Failure{ExitCode::Exists, trigger.path + " exists; --overwrite replaces it"};
   const auto written = prefs::writeProfile(environment, trigger.path, values);
   if (!written) return Failure{ExitCode::Failed, written.error()};

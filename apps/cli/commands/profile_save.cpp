@@ -30,7 +30,7 @@ Outcome<Done> save(Session& session, const std::string& text, bool overwrite) {
   const auto& [profileID, path] = *trigger;
   assembly::Assembly& device = session.device();
   foundation::DeviceRoot& root = device.root();
-  if (!overwrite && root.exists(path)) return exists(path);
+  if (!overwrite && root.hasEntry(path)) return exists(path);
 
   // Defaults in place of settings that can't be read are no profile of them.
   static_cast<void>(device.preferences().copyKeyList(prefs::kDomain));
