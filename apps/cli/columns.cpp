@@ -25,10 +25,11 @@ std::vector<std::string> Columns::lines() const {
   std::size_t widest = 0;
   for (const Line& line : lines_)
     if (!line.header) widest = std::max(widest, width(line.first));
+  const std::string indent(std::ranges::any_of(lines_, &Line::header) ? 2 : 0, ' ');
   std::vector<std::string> out;
   for (const auto& [header, first, second] : lines_) {
     if (header && !out.empty()) out.emplace_back();
-    std::string line = header ? first : "  " + first;
+    std::string line = header ? first : indent + first;
     if (!second.empty()) line.append(widest - width(first) + 2, ' ').append(second);
     if (!line.empty()) out.push_back(std::move(line));
   }

@@ -5,7 +5,8 @@
 
 namespace cli {
 
-// Lines of two columns, the second one aligned, with headers and an empty line above each.
+// Lines of two columns, the second one aligned; where there are headers, an empty line above each
+// and the rest indented.
 class Columns {
  public:
   void addHeader(std::string text);
