@@ -42,8 +42,12 @@ std::string_view nameOf(ErrorKind kind) {
 }
 
 std::string Error::message() const {
-  if (kind == ErrorKind::PropertyList) return plist::Error{propertyList, offset}.message();
-  return std::string(wordsFor(kind).message) + className + " at byte " + std::to_string(offset);
+  return reason() + " at byte " + std::to_string(offset);
+}
+
+std::string Error::reason() const {
+  if (kind == ErrorKind::PropertyList) return plist::Error{propertyList, offset}.reason();
+  return std::string(wordsFor(kind).message) + className;
 }
 
 }  // namespace archive

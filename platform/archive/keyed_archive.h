@@ -44,6 +44,7 @@ struct Error {
   plist::ErrorKind propertyList{};  // for ErrorKind::PropertyList
   std::string className{};          // for ErrorKind::UnknownClass
   std::string message() const;      // for people: what and where
+  std::string reason() const;       // for people: what
 };
 
 // Decodes the root object. Mutable and immutable class names give the same values; nil and NSNull

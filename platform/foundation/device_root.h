@@ -44,9 +44,10 @@ class DeviceRoot {
   // With intermediates, all 0700, made to last; done already where the folder is there.
   platform::Result<platform::Done, FileError> createDirectory(std::string_view path);
 
-  // A new file, mode 0600, in place of whatever is there, a link or a whole folder too, in missing
-  // folders if need be: after a crash there is the old one or the new one, whole, and once this says done it is the
-  // new one. On an error the old one is there still, unless it was in flushing the folder, when the
+  // A new file, mode 0600, in missing folders if need be, in place of whatever is there: a file, a
+  // link, or a folder with all that it holds. After a crash there is the old one or the new one,
+  // whole, and once this says done it is the new one. On an error the old one is there still (a
+  // folder perhaps without some of what it held), unless it was in flushing the folder, when the
   // new one is there but may not last.
   platform::Result<platform::Done, FileError> writeDurably(std::string_view path,
                                                            plist::Bytes bytes);

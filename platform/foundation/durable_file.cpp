@@ -103,11 +103,16 @@ Result<Done, FileError> PendingFile::putInPlace() {
     return Done{};
   }
   if (errno != EISDIR) return folder_->error(name_, errno, "rename");
-  // A folder can't be renamed over, but the two can change places.
-  if (renameat2(folder, temporary_.c_str(), folder, name_.c_str(), RENAME_EXCHANGE) != 0)
-    return folder_->error(name_, errno, "rename");
-  const int code = removeEntry(folder, std::exchange(temporary_, {}));
-  if (code != 0) return folder_->error(name_, code, "remove the folder of that name");
+  // A folder can't be renamed over, but the two can change places, and back if it can't go.
+  const auto exchange = [&] {
+    return renameat2(folder, temporary_.c_str(), folder, name_.c_str(), RENAME_EXCHANGE) == 0;
+  };
+  if (!exchange()) return folder_->error(name_, errno, "rename");
+  if (const int code = removeEntry(folder, temporary_)) {
+    if (!exchange()) temporary_.clear();
+    return folder_->error(name_, code, "remove the folder of that name");
+  }
+  temporary_.clear();
   return Done{};
 }
 

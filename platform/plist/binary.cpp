@@ -41,7 +41,11 @@ std::string_view nameOf(ErrorKind kind) {
 }
 
 std::string Error::message() const {
-  return std::string(wordsFor(kind).message) + " at byte " + std::to_string(offset);
+  return reason() + " at byte " + std::to_string(offset);
+}
+
+std::string Error::reason() const {
+  return std::string(wordsFor(kind).message);
 }
 
 }  // namespace plist

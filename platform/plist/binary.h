@@ -41,6 +41,7 @@ struct Error {
   ErrorKind kind{};
   std::size_t offset = 0;       // where in the bytes; when writing a text: where in that text
   std::string message() const;  // for people: what and where
+  std::string reason() const;   // for people: what
 };
 
 using Bytes = std::span<const std::uint8_t>;

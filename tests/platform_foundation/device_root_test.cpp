@@ -304,6 +304,19 @@ TEST_F(DeviceRootTest, WriteReplacesAFolderWithAllThatItHolds) {
   EXPECT_THAT(folder.names("/"), ElementsAre("folder"));
 }
 
+TEST_F(DeviceRootTest, FolderThatCannotGoKeepsItsName) {
+  EXPECT_TRUE(succeedsUnprivileged([] {
+    TemporaryRoot own;
+    DeviceRoot locked(own.path());
+    own.write("/a/folder/inner/file", "");
+    fs::permissions(own.at("/a/folder/inner"), fs::perms(0500));
+    const auto written = locked.writeDurably("/a/folder", bytesOf("x"));
+    fs::permissions(own.at("/a/folder/inner"), fs::perms(0700));
+    return !written && written.error().code == EACCES && own.names("/a").size() == 1 &&
+           fs::exists(own.at("/a/folder/inner/file"));
+  }));
+}
+
 TEST_F(DeviceRootTest, WriteNeverLeavesTheRoot) {
   ASSERT_TRUE(root.createDirectory("/"));
   ASSERT_TRUE(root.writeDurably("/../../file", bytesOf("x")));

@@ -70,6 +70,26 @@ TEST_F(Durability, FailedFlushOfTheFolderIsToldThoughTheNewFileIsThere) {
   EXPECT_EQ(folder.contents("/folder/file"), "new");
 }
 
+TEST_F(Durability, FolderThatIsReplacedIsReplacedDurably) {
+  folder.write("/folder/file/inner", "");
+  systemCalls().log.clear();
+  ASSERT_TRUE(root.writeDurably("/folder/file", bytesOf("new")));
+  EXPECT_THAT(systemCalls().log, ElementsAre("fsync *", "rename * file", "fsync folder"));
+  EXPECT_THAT(folder.names("/folder"), ElementsAre("file"));
+}
+
+TEST_F(Durability, TemporaryNamesAreRandom) {
+  folder.write("/folder/file", "");
+  const auto directory = root.openDirectory("/folder");
+  const auto first = PendingFile::write(*directory, "file", bytesOf("1"));
+  const auto second = PendingFile::write(*directory, "file", bytesOf("2"));
+  ASSERT_TRUE(first && second);
+  const auto names = folder.names("/folder");
+  EXPECT_THAT(names, SizeIs(3));
+  EXPECT_THAT(names,
+              testing::Contains(testing::ContainsRegex("^\\.file\\.[0-9a-f]{16}$")).Times(2));
+}
+
 TEST_F(Durability, PendingFileThatIsGivenUpIsRemoved) {
   folder.write("/folder/file", "old");
   const auto directory = root.openDirectory("/folder");

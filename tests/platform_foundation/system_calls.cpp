@@ -8,6 +8,7 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <utility>
 
 namespace foundation::test {
 namespace {
@@ -36,6 +37,7 @@ using foundation::test::systemCalls;
 extern "C" __attribute__((visibility("default"))) int fsync(int file) {
   const auto path = std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(file));
   systemCalls().log.push_back("fsync " + shown(path.filename()));
+  if (const auto act = std::exchange(systemCalls().atNextFsync, {})) act();
   if (shallFail(systemCalls().failFsync)) return errno = EIO, -1;
   return static_cast<int>(syscall(SYS_fsync, file));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -11,7 +12,8 @@ struct SystemCalls {
   std::vector<std::string> log;  // "fsync file", "rename old new"; temporary names as "*"
   int failFsync = 0;             // which one from now fails with EIO: 1 the next, 0 none
   int failRename = 0;
-  bool coarseClock = false;  // as if the file system's clock ticked every 2 s
+  std::function<void()> atNextFsync;  // what another process does just before it
+  bool coarseClock = false;           // as if the file system's clock ticked every 2 s
 };
 
 SystemCalls& systemCalls();
