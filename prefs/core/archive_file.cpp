@@ -12,6 +12,10 @@ bool isBinary(plist::Bytes bytes) {
   return bytes.size() >= kMagic.size() && std::equal(kMagic.begin(), kMagic.end(), bytes.begin());
 }
 
+std::string noArchive(const std::string& reason) {
+  return "no keyed archive: " + reason;
+}
+
 // There is one reader of archives, of the binary form; XML is brought to that form first.
 template <class Read>
 auto readArchive(plist::Bytes bytes, platform::XmlPropertyLists& xml, Read read)
@@ -19,15 +23,16 @@ auto readArchive(plist::Bytes bytes, platform::XmlPropertyLists& xml, Read read)
   std::vector<std::uint8_t> converted;
   if (!isBinary(bytes)) {
     auto list = xml.read(bytes);
-    if (!list) return list.error();
+    if (!list) return noArchive(list.error());
     auto binary = plist::writeBinary(*list);
-    if (!binary) return binary.error().message();
+    if (!binary) return noArchive(binary.error().reason());
     converted = std::move(*binary);
     bytes = converted;
   }
   auto found = read(bytes);
-  if (!found) return found.error().message();
-  return std::move(*found);
+  if (found) return std::move(*found);
+  // Places in what was brought to binary form are places in nobody's file.
+  return noArchive(converted.empty() ? found.error().message() : found.error().reason());
 }
 
 }  // namespace

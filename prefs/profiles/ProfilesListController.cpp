@@ -1,6 +1,7 @@
 #include "prefs/profiles/ProfilesListController.h"
 
 #include <algorithm>
+#include <cerrno>
 
 #include "platform/foundation/text.h"
 #include "platform/uikit/alert_controller.h"
@@ -143,8 +144,10 @@ void ProfilesListController::showPickerAlertWithTileMessageBtnNameTag(const std:
                                                                       const std::string& btnName,
                                                                       std::int32_t tag) {
   const auto entries = environment().root.contentsOfDirectory(kDocuments);
-  if (tag != kSaveTag && (!entries || entries->empty()))
+  if (tag != kSaveTag && (!entries || entries->empty())) {
+    if (!entries && entries.error().code != ENOENT) report(entries.error().message());
     return showInfoAlertWithTitleMessage("Error", "No profiles found");
+  }
 
   lists_ = makeLists(tag);
   auto alert = std::make_shared<uikit::AlertView>(title, message, self(), "Cancel",
@@ -212,6 +215,7 @@ platform::Result<platform::Done, ProfileError> ProfilesListController::loadProfi
     const std::string& path) {
   const auto loaded = prefs::loadProfile(environment(), path);
   if (!loaded) return loaded.error();
+  if (!loaded->missing.empty()) report(loaded->missing);
   setProfileActive(loaded->active);
   environment().darwinCenter.post(kPrefsNotification);
   cleanUpPickerAndRelodSpecifers();

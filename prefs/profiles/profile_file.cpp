@@ -13,8 +13,11 @@ namespace {
 using platform::Done;
 using platform::Result;
 
-ProfileError profileError(const foundation::FileError& error) {
-  return {error.code == ENOENT, error.message()};
+ProfileError profileError(const foundation::DeviceRoot& root, const std::string& path,
+                          const foundation::FileError& error) {
+  if (error.code != ENOENT) return {false, error.message()};
+  if (root.hasEntry(path)) return {false, path + ": a link that leads nowhere"};
+  return {true, error.message()};
 }
 
 }  // namespace
@@ -29,10 +32,10 @@ Result<plist::Dictionary, ProfileError> readProfile(const preferences::Environme
                                                     const std::string& path) {
   const std::string name(foundation::lastPathComponent(path));
   auto folder = environment.root.openDirectory(path.substr(0, path.rfind('/') + 1));
-  if (!folder) return profileError(folder.error());
+  if (!folder) return profileError(environment.root, path, folder.error());
   // Through the folder, as the listing does, so that a link can't lead out of it.
   auto bytes = folder->read(name);
-  if (!bytes) return profileError(bytes.error());
+  if (!bytes) return profileError(environment.root, path, bytes.error());
   auto root = unarchive(*bytes, environment.xml);
   if (!root) return ProfileError{false, path + ": " + root.error()};
   if (!root->dictionary()) return plist::Dictionary();

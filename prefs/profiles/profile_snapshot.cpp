@@ -70,7 +70,7 @@ Result<LoadedProfile, ProfileError> loadProfile(const preferences::Environment& 
   if (!profile && !profile.error().missing) return profile.error();
   lay(profile ? *profile : plist::Dictionary(), domain);
   wholeDomainWrite(environment.preferences, domain);
-  return LoadedProfile{isActive(domain)};
+  return LoadedProfile{isActive(domain), profile ? "" : profile.error().message};
 }
 
 std::vector<Difference> differences(const plist::Dictionary& from, const plist::Dictionary& to) {

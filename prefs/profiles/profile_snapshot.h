@@ -31,7 +31,8 @@ SaveResult saveProfile(const preferences::Environment& environment, const std::s
                        const std::string& path, Existing existing, AfterFailure afterFailure);
 
 struct LoadedProfile {
-  bool active;  // the truth of its "profileactive"
+  bool active;            // the truth of its "profileactive"
+  std::string missing{};  // that there was no file, for people; else empty
 };
 
 // Sets every setting of a profile in the domain to the file's value, else to its default; a setting

@@ -1,6 +1,7 @@
 #include "prefs/profiles/saved_profiles.h"
 
 #include <algorithm>
+#include <cerrno>
 
 #include "platform/foundation/text.h"
 #include "prefs/core/archive_file.h"
@@ -39,12 +40,25 @@ void sortLocalized(std::vector<std::string>& texts, platform::Collator& collator
       texts, [&](const auto& a, const auto& b) { return collator.compare(a, b) < 0; });
 }
 
+void sortTitles(std::vector<std::string>& titles, platform::Collator& collator) {
+  std::ranges::stable_sort(titles, [&](const auto& a, const auto& b) {
+    const auto first = eventOfTitle(a), second = eventOfTitle(b);
+    return first && second && first != second ? first < second : collator.compare(a, b) < 0;
+  });
+}
+
 SavedProfiles savedProfiles(const preferences::Environment& environment, TitleForm form) {
   SavedProfiles profiles;
   auto folder = environment.root.openDirectory(kDocuments);
-  if (!folder) return profiles;
+  if (!folder) {
+    if (folder.error().code != ENOENT) profiles.failure = folder.error().message();
+    return profiles;
+  }
   auto names = folder->names();
-  if (!names) return profiles;
+  if (!names) {
+    profiles.failure = names.error().message();
+    return profiles;
+  }
   for (const std::string& name : *names) {
     if (foundation::pathExtension(name) != kExtension) continue;
     std::string path = std::string(kDocuments) + name;
@@ -57,7 +71,7 @@ SavedProfiles savedProfiles(const preferences::Environment& environment, TitleFo
     profiles.paths.push_back(std::move(path));
   }
   sortLocalized(profiles.paths, environment.collator);
-  sortLocalized(profiles.titles, environment.collator);
+  sortTitles(profiles.titles, environment.collator);
   std::ranges::sort(
       profiles.leftOut,
       [&](const auto& a, const auto& b) { return environment.collator.compare(a, b) < 0; },

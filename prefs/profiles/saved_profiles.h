@@ -23,16 +23,21 @@ struct LeftOut {
 // they line up because a profile's file is named after its trigger and both sort alike.
 struct SavedProfiles {
   std::vector<std::string> paths, titles;
+  std::string failure;           // why the folder couldn't be listed; empty where it could
   std::vector<LeftOut> leftOut;  // in the order of their paths
 };
 
-// Every entry whose extension is exactly "qvx" and that holds a keyed archive; a missing folder
-// yields none. An archive without a dictionary or without a trigger is listed as "Battery (null)%",
-// a trigger that isn't text by its description.
+// Every entry whose extension is exactly "qvx" and that holds a keyed archive; a folder that is
+// missing, or can't be listed, yields none. An archive without a dictionary or without a trigger is
+// listed as "Battery (null)%", a trigger that isn't text by its description.
 SavedProfiles savedProfiles(const preferences::Environment& environment, TitleForm form);
 
 // With localizedStandardCompare:; what compares equal stays in order.
 void sortLocalized(std::vector<std::string>& texts, platform::Collator& collator);
+
+// Likewise, but that events are in the order of their codes whatever the user's language: in Czech
+// "ch" comes behind "d", and a title would stand beside the path of another profile.
+void sortTitles(std::vector<std::string>& titles, platform::Collator& collator);
 
 // The two lists as a page's data sources give them.
 plist::Array asArray(const std::vector<std::string>& texts);

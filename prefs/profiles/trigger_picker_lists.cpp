@@ -17,7 +17,7 @@ TriggerPickerLists listsOfTriggers(platform::Collator& collator) {
     lists.fileNameArray.push_back(profilePath(std::stoi(profileID)));
     lists.profileIDArray.push_back(profileID);
   }
-  sortLocalized(lists.profileNameArray, collator);
+  sortTitles(lists.profileNameArray, collator);
   sortLocalized(lists.fileNameArray, collator);
   return lists;
 }

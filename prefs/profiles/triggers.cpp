@@ -1,5 +1,7 @@
 #include "prefs/profiles/triggers.h"
 
+#include <iterator>
+
 namespace prefs {
 namespace {
 
@@ -36,6 +38,12 @@ std::string triggerTitle(std::string_view profileID) {
   for (const Event& event : kEvents)
     if (event.code == profileID) return std::string(event.title);
   return "Battery " + std::string(profileID) + "%";
+}
+
+std::optional<std::size_t> eventOfTitle(std::string_view title) {
+  for (std::size_t i = 0; i < std::size(kEvents); ++i)
+    if (title.starts_with(kEvents[i].title)) return i;
+  return std::nullopt;
 }
 
 }  // namespace prefs

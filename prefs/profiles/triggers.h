@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,5 +20,8 @@ plist::Array triggerTitles();
 // The title of a stored profile ID: an event's, else that of a battery level with the text inserted
 // as it stands. There is no range check.
 std::string triggerTitle(std::string_view profileID);
+
+// Which of the eight events, counted from 0, a title or the beginning of a longer one names.
+std::optional<std::size_t> eventOfTitle(std::string_view title);
 
 }  // namespace prefs

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "prefs/core/names.h"
+#include "tests/platform_foundation/system_calls.h"
 #include "tests/platform_preferences/sample_page.h"
 
 namespace {
@@ -24,7 +25,12 @@ TEST_F(PreferenceStore, PageWriteStoresPostsRedrawsAndFlushes) {
   page->buildRow(*row);
   auto* before = row->cellObject();
   before->tag = 77;
+  (void)device.preferences.setAppValue("another", 1, "test.domain");
+  auto& calls = foundation::test::systemCalls();
+  calls.log.clear();
   pageWrite(*page, device.preferences, false, row);
+  EXPECT_EQ(calls.log, (std::vector<std::string>{"rename * test.domain.plist",
+                                                 "fsync test.domain.plist", "fsync Preferences"}));
   EXPECT_EQ(onDisk("switch", "test.domain"), plist::Value(false));
   EXPECT_EQ(device.darwin.posted, std::vector<std::string>{"changed"});
   EXPECT_EQ(row->cellObject()->tag, 0) << "the row was made anew";

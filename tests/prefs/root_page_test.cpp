@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <algorithm>
+
 #include "prefs/resources/bundle.h"
 #include "prefs/root/quorvantisprefsListController.h"
 #include "tests/prefs/seed.h"
@@ -102,6 +104,10 @@ TEST_F(RootPage, LeavesOutWhatIsNoKeyedArchiveFromBothLists) {
   std::filesystem::create_directory(folder + "profile_4.qvx");
   mkfifo((folder + "profile_6.qvx").c_str(), 0600);
   std::filesystem::create_symlink("/etc/passwd", folder + "profile_7.qvx");
+  std::filesystem::create_symlink("nowhere", folder + "profile_9.qvx");
+  seed::profile(device, "10");
+  std::filesystem::rename(folder + "profile_10.qvx", device.folder.path() + "/whole.qvx");
+  std::filesystem::create_symlink("/whole.qvx", folder + "profile_10.qvx");
   auto whole = *archive::archive(plist::Dictionary{{"profilepercentage", "8"}},
                                  archive::Mutability::Mutable);
   whole.resize(whole.size() - 1);
@@ -169,7 +175,23 @@ TEST_F(RootPage, TestDoesNothing) {
   EXPECT_TRUE(device.darwin.posted.empty());
 }
 
+struct CountingPage : quorvantisprefsListController {
+  using quorvantisprefsListController::quorvantisprefsListController;
+  void reloadSpecifiers() override {
+    ++rebuilds;
+    quorvantisprefsListController::reloadSpecifiers();
+  }
+  int rebuilds = 0;
+};
+
+TEST_F(RootPage, LoadsItsListOnce) {
+  const auto* first = page->specifiers().front().get();
+  EXPECT_EQ(page->specifiers().front().get(), first);
+}
+
 TEST_F(RootPage, RebuildsOnceForEachReloadNotification) {
+  const auto counting = std::make_shared<CountingPage>(device.environment);
+  page = counting;
   page->viewDidLoad();
   auto* before = page->specifierForID("savedprofiles");
   EXPECT_TRUE(before->titles.empty());
@@ -177,6 +199,9 @@ TEST_F(RootPage, RebuildsOnceForEachReloadNotification) {
   device.center.postNotificationName(kReloadSpecifiersNotification, page.get());
   EXPECT_EQ(page->specifierForID("savedprofiles")->titles,
             (std::vector<std::string>{"Battery 5%"}));
+  EXPECT_EQ(counting->rebuilds, 1);
+  device.center.postNotificationName(kReloadSpecifiersNotification, page.get());
+  EXPECT_EQ(counting->rebuilds, 2);
 }
 
 TEST_F(RootPage, RebuildsForAnyPoster) {
@@ -194,9 +219,16 @@ TEST_F(RootPage, RebuildsByItsOwnAction) {
 }
 
 TEST_F(RootPage, StopsObservingWhenItGoes) {
-  page->viewDidLoad();
-  page.reset();
+  struct Storage {
+    alignas(CountingPage) std::byte bytes[sizeof(CountingPage)];
+  } storage;
+  // Held by nobody, so the centre can't see by itself that it is gone.
+  auto* counting = new (&storage) CountingPage(device.environment);
+  counting->viewDidLoad();
+  counting->~CountingPage();
+  std::ranges::fill(storage.bytes, std::byte(0));
   device.center.postNotificationName(kReloadSpecifiersNotification, nullptr);
+  EXPECT_TRUE(std::ranges::all_of(storage.bytes, [](std::byte b) { return b == std::byte(0); }));
 }
 
 TEST_F(RootPage, DoesNotObserveBeforeItIsLoaded) {

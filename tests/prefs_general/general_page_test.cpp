@@ -1,6 +1,7 @@
 #include "prefs/pages/GeneralSettingsController.h"
 
 #include "platform/preferences/specifier_list.h"
+#include "tests/platform_foundation/system_calls.h"
 #include "tests/prefs_profiles/profiles_device.h"
 
 namespace {
@@ -125,6 +126,19 @@ TEST_F(GeneralPage, StoresAndAnnouncesEachChangeAndNothingElse) {
         << row->identifier();
     EXPECT_EQ(device.stored(row->textForKey("key")), row->propertyForKey("default"));
   }
+}
+
+TEST_F(GeneralPage, NeitherRedrawsNorFlushesAfterAChange) {
+  device.store("tapaction", 201);
+  auto* row = page->specifierForID("enabled");
+  page->buildRow(*row);
+  const auto* cell = row->cellObject();
+  auto& calls = foundation::test::systemCalls();
+  calls.log.clear();
+  page->userChanged(*row, false);
+  EXPECT_EQ(device.stored("enabled"), Value(false));
+  EXPECT_EQ(calls.log, std::vector<std::string>{"rename * com.zorvek.quorvantis.plist"});
+  EXPECT_EQ(row->cellObject(), cell);
 }
 
 }  // namespace

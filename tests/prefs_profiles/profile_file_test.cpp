@@ -123,6 +123,22 @@ TEST_F(ProfileFile, IsMissingWhereNothingIs) {
   EXPECT_TRUE(profile.error().missing);
 }
 
+TEST_F(ProfileFile, IsRefusedNotMissingWhereALinkLeadsNowhere) {
+  seed::profile(device, "1");
+  std::filesystem::create_symlink("nowhere", at("profile_2.qvx"));
+  expectRefused("profile_2.qvx");
+}
+
+TEST_F(ProfileFile, SaysThatItIsNoArchiveAndWhereOnlyInItsOwnBytes) {
+  seed::write(device, "profile_1.qvx", bytes("<plist><dict/></plist>"));
+  seed::write(device, "profile_2.qvx", *plist::writeBinary(plist::Dictionary{{"wifi", 1}}));
+  EXPECT_EQ(read("profile_1.qvx").error().message,
+            "/var/mobile/Documents/Quorvantis/profile_1.qvx: no keyed archive: not written by a "
+            "keyed archiver");
+  EXPECT_NE(read("profile_2.qvx").error().message.find("keyed archiver at byte "),
+            std::string::npos);
+}
+
 TEST_F(ProfileFile, IsRefusedWhenDamaged) {
   auto whole = *archive::archive(plist::Dictionary{{"wifi", 1}}, archive::Mutability::Mutable);
   whole.resize(whole.size() - 1);

@@ -115,6 +115,14 @@ TEST_F(ProfileManager, SaysThatThereAreNoProfilesWithoutTheFolder) {
   EXPECT_FALSE(device.root.exists(kDocuments));
 }
 
+TEST_F(ProfileManager, TellsTheHostWhyTheFolderCannotBeListed) {
+  seed::noFolder(device);
+  page->loadProfileBtn();
+  expectInfo("Error", "No profiles found");
+  EXPECT_EQ(device.problems,
+            std::vector<std::string>{"/var/mobile/Documents/Quorvantis/: Not a directory"});
+}
+
 TEST_F(ProfileManager, SaysThatThereAreNoProfilesInAnEmptyFolder) {
   ASSERT_TRUE(device.root.createDirectory(kDocuments));
   page->loadProfileBtn();
@@ -277,6 +285,52 @@ TEST_F(ProfileManager, LoadsNothingFromAFileThatWasDamagedMeanwhile) {
   EXPECT_TRUE(device.events.empty());
   ASSERT_EQ(device.problems.size(), 1u);
   EXPECT_NE(device.problems[0].find("profile_20.qvx"), std::string::npos) << device.problems[0];
+}
+
+TEST_F(ProfileManager, LoadsAFileThatWentMeanwhileAsAnEmptyProfileAndTellsTheHost) {
+  seed::profile(device, "5");
+  device.store("wifi", 2);
+  page->showProfileManagerBar();
+  press("Load");
+  std::filesystem::remove(device.at(profilePath(5)));
+  press("Load");
+  EXPECT_EQ(device.stored("wifi"), Value(0));
+  EXPECT_EQ(onScreen(), 0u);
+  EXPECT_EQ(device.problems,
+            std::vector<std::string>{profilePath(5) + ": No such file or directory"});
+}
+
+TEST_F(ProfileManager, LoadsNothingThroughALinkThatLeadsNowhere) {
+  seed::profile(device, "5");
+  device.store("wifi", 2);
+  page->showProfileManagerBar();
+  press("Load");
+  std::filesystem::remove(device.at(profilePath(5)));
+  std::filesystem::create_symlink("nowhere", device.at(profilePath(5)));
+  press("Load");
+  EXPECT_EQ(device.stored("wifi"), Value(2));
+  EXPECT_TRUE(device.events.empty());
+  EXPECT_EQ(device.problems.size(), 1u);
+}
+
+TEST_F(ProfileManager, GoesOnWhereTheStoreCannotBeWritten) {
+  seed::profile(device, "5");
+  std::filesystem::create_directories(
+      device.at("/var/mobile/Library/Preferences/.com.zorvek.quorvantis.plist.lock"));
+  choose("Save", "Battery 7%");
+  expectInfo("Success",
+             "The current settings were successfully saved as a profile for trigger: Battery 7%");
+  press("Ok");
+  choose("Load", "Battery 5%");
+  EXPECT_EQ(onScreen(), 0u);
+  EXPECT_TRUE(device.domain().empty());
+}
+
+TEST_F(ProfileManager, KeepsItsListsAfterCancel) {
+  page->saveProfileBtn();
+  press("Cancel");
+  waitForRelease();
+  EXPECT_EQ(page->pickerViewNumberOfRowsInComponent(nullptr, 0), 108);
 }
 
 TEST_F(ProfileManager, DeletesAndSaysSo) {

@@ -1,3 +1,4 @@
+#include "prefs/root/quorvantisprefsListController.h"
 #include "tests/prefs_profiles/profile_page.h"
 
 namespace {
@@ -104,6 +105,17 @@ TEST_F(ProfilePageEvents, TheListsAndThePickerAreReleasedHalfASecondLater) {
   EXPECT_EQ(page->pickerViewNumberOfRowsInComponent(nullptr, 0), 0);
 }
 
+TEST_F(ProfilePageEvents, ThePickerIsKeptByThePageAloneAndGoesAtTheRelease) {
+  page->saveProfileBtn();
+  const std::weak_ptr<uikit::PickerView> watch =
+      std::static_pointer_cast<uikit::PickerView>(picker().shared_from_this());
+  press("Save");
+  press("Ok");
+  EXPECT_FALSE(watch.expired());
+  waitForRelease();
+  EXPECT_TRUE(watch.expired());
+}
+
 TEST_F(ProfilePageEvents, TheReleaseTakesWhatIsCurrentThen) {
   choose("Save", "Battery 5%");
   press("Ok");
@@ -180,6 +192,41 @@ struct Observer : foundation::Object {
   }
   int called = 0;
 };
+
+template <class Page>
+struct Counting : Page {
+  using Page::Page;
+  void reloadSpecifiers() override {
+    ++rebuilds;
+    Page::reloadSpecifiers();
+  }
+  int rebuilds = 0;
+};
+
+TEST_F(ProfilePageEvents, TheFirstPageIsRebuiltOnceForEachChangeAndThisOneTwiceForAnOverwrite) {
+  const auto first = std::make_shared<Counting<quorvantisprefsListController>>(device.environment);
+  const auto counting = std::make_shared<Counting<ProfilesListController>>(device.environment);
+  page = counting;
+  first->viewDidLoad();
+  page->viewDidLoad();
+  int changes = 0;
+  const auto expectRebuilds = [&](int own) {
+    EXPECT_EQ(first->rebuilds, ++changes);
+    EXPECT_EQ(std::exchange(counting->rebuilds, 0), own);
+  };
+  choose("Save", "Battery 5%");
+  press("Ok");
+  expectRebuilds(1);
+  choose("Save", "Battery 5%");
+  EXPECT_EQ(counting->rebuilds, 0);
+  press("Overwrite");
+  press("Ok");
+  expectRebuilds(2);
+  choose("Load", "Battery 5%");
+  expectRebuilds(1);
+  choose("Delete", "Battery 5%");
+  expectRebuilds(1);
+}
 
 TEST_F(ProfilePageEvents, EachChangeReloadsTheOtherPagesOnce) {
   auto observer = std::make_shared<Observer>();
