@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "apps/cli/one_line.h"
+
 namespace cli {
 namespace {
 
@@ -13,12 +15,12 @@ std::size_t width(const std::string& text) {
 
 }  // namespace
 
-void Columns::addHeader(std::string text) {
-  lines_.push_back({true, std::move(text), {}});
+void Columns::addHeader(std::string_view text) {
+  lines_.push_back({true, oneLine(text), {}});
 }
 
-void Columns::add(std::string first, std::string second) {
-  lines_.push_back({false, std::move(first), std::move(second)});
+void Columns::add(std::string_view first, std::string_view second) {
+  lines_.push_back({false, oneLine(first), oneLine(second)});
 }
 
 std::vector<std::string> Columns::lines() const {

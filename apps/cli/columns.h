@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace cli {
@@ -9,8 +10,8 @@ namespace cli {
 // and the rest indented.
 class Columns {
  public:
-  void addHeader(std::string text);
-  void add(std::string first, std::string second);
+  void addHeader(std::string_view text);
+  void add(std::string_view first, std::string_view second);
 
   std::vector<std::string> lines() const;
 

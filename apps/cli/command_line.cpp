@@ -88,9 +88,12 @@ Failure wrongUse(std::string reason) {
 
 Failure noCommand(const Words& words) {
   if (words.others.empty()) return wrongUse("no command is given; quorvantis --help lists them");
-  std::string name = words.others[0];
-  if (groupNamed(name)) name += words.others.size() > 1 ? " " + words.others[1] : " …";
-  return wrongUse("no command \"" + name + "\"; quorvantis --help lists them");
+  std::string name = words.others[0], help = "quorvantis --help";
+  if (groupNamed(name)) {
+    help = "quorvantis " + name + " --help";
+    name += words.others.size() > 1 ? " " + words.others[1] : " …";
+  }
+  return wrongUse("no command \"" + name + "\"; " + help + " lists them");
 }
 
 std::string helpOf(const CLI::App& app) {

@@ -5,7 +5,7 @@
 #include <cerrno>
 #include <cstring>
 
-#include "platform/foundation/text.h"
+#include "apps/cli/one_line.h"
 
 namespace cli {
 namespace {
@@ -49,9 +49,7 @@ Outcome<Done> Session::flush() {
 }
 
 void complain(std::string_view message) {
-  std::string line = "quorvantis: ";
-  for (const char c : foundation::replacingInvalidUtf8(message)) line += static_cast<unsigned char>(c) < ' ' || c == 0x7F ? ' ' : c;
-  static_cast<void>(writeAll(STDERR_FILENO, line + "\n"));
+  static_cast<void>(writeAll(STDERR_FILENO, "quorvantis: " + oneLine(message) + "\n"));
 }
 
 }  // namespace cli

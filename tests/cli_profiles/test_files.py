@@ -82,6 +82,25 @@ class List(ProfileTest):
         self.assertEqual(self.document("profile", "list"), [])
         self.assertEqual(self.output("profile", "list"), "")
 
+    def test_folder_that_can_not_be_listed(self):
+        self.write(DOCUMENTS, b"")
+        self.assertIn("Not a directory", self.refuse(1, "profile", "list"))
+
+    def test_one_line_each_whatever_they_hold(self):
+        self.write_profile(9, {"profilepercentage": "9", "profiledescription": "a\nb\x1b[31m"})
+        lines = self.output("profile", "list").splitlines()
+        self.assertEqual(len(lines), 1)
+        self.assertTrue(lines[0].endswith("Battery 9% - a b [31m"), lines[0])
+
+    def test_events_are_in_the_order_of_their_codes_in_any_language(self):
+        for code in (111, 101, 112):
+            self.write_profile(code, {"profilepercentage": str(code)})
+        self.env["LC_ALL"] = "cs_CZ.UTF-8"
+        self.assertEqual(self.document("profile", "list"), [
+            {"path": f"/{path_of(101)}", "title": "Charging started"},
+            {"path": f"/{path_of(111)}", "title": "Device locked"},
+            {"path": f"/{path_of(112)}", "title": "Device unlocked"}])
+
     def test_left_out_files_are_told(self):
         self.write_profile(9, {"profilepercentage": "9"})
         self.write(path_of(20), DAMAGED)

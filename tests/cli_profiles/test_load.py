@@ -1,5 +1,6 @@
 import unittest
 
+from keyed_archive import archive
 from profiles import DAMAGED, DEFAULTS, ProfileTest, path_of
 from program import DOMAIN
 
@@ -54,10 +55,15 @@ class Load(ProfileTest):
         self.refuse(1, "profile", "load", "20")
 
     def test_link_that_leaves_the_folder(self):
-        outside = self.write("outside.qvx", b"")
+        outside = self.write("outside.qvx", archive({"profilepercentage": "20"}))
         self.write_profile(5, {})
         (self.root / path_of(20)).symlink_to(outside)
         self.refuse(1, "profile", "load", "20")
+
+    def test_link_that_leads_nowhere(self):
+        self.write_profile(5, {})
+        (self.root / path_of(20)).symlink_to("nowhere")
+        self.assertIn("a link that leads nowhere", self.refuse(1, "profile", "load", "20"))
 
     def test_domain_that_can_not_be_written(self):
         self.write_profile(20, {"profilepercentage": "20", "wifi": 2})

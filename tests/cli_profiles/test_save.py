@@ -1,3 +1,4 @@
+import os
 import unittest
 
 from profiles import DAMAGED, DEFAULTS, ProfileTest, path_of
@@ -110,6 +111,20 @@ class Save(ProfileTest):
         self.write_profile(20, {"profilepercentage": "20", "wifi": 2})
         self.lock_store()
         self.refuse(1, "profile", "save", "20", "--overwrite")
+
+    def test_whatever_is_there_stays_when_the_domain_can_not_be_written(self):
+        self.write(f"{path_of(20)}/inside", b"")
+        self.write(f"{DOCUMENTS}/kept", b"kept")
+        (self.root / path_of(21)).symlink_to("kept")
+        (self.root / path_of(22)).symlink_to("nowhere")
+        os.mkfifo(self.root / path_of(23))
+        self.write_domain({"wifi": 2})
+        self.lock_store()
+        for trigger in ("20", "21", "22", "23"):
+            self.refuse(1, "profile", "save", trigger, "--overwrite")
+        self.assertTrue((self.root / path_of(21)).is_symlink())
+        self.assertTrue((self.root / path_of(22)).is_symlink())
+        self.assertTrue((self.root / path_of(23)).is_fifo())
 
     def test_wrong_use(self):
         self.refuse(2, "profile", "save")

@@ -9,6 +9,7 @@
 
 #include "apps/cli/argument.h"
 #include "apps/cli/commands/commands.h"
+#include "apps/cli/one_line.h"
 #include "prefs/core/archive_file.h"
 #include "prefs/core/names.h"
 
@@ -49,7 +50,7 @@ std::size_t known(const plist::Array& before, const plist::Array& now) {
 }
 
 void print(Session& session, const plist::Value& entry) {
-  session.print(session.json ? textOf(toJson(entry)) : plainTextOf(entry));
+  session.print(session.json ? textOf(toJson(entry)) : oneLine(plainTextOf(entry)));
 }
 
 // A log that can't be read may be in the middle of being written by one that doesn't replace it.

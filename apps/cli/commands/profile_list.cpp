@@ -10,6 +10,7 @@ namespace {
 Outcome<Done> list(Session& session) {
   const auto saved =
       prefs::savedProfiles(session.device().environment(), prefs::TitleForm::WithDescription);
+  if (!saved.failure.empty()) return Failure{ExitCode::Failed, saved.failure};
   Json::array_t document;
   Columns columns;
   for (std::size_t i = 0; i < saved.paths.size(); ++i) {

@@ -15,8 +15,19 @@ Failure exists(const std::string& path) {
   return {ExitCode::Exists, path + " exists; --overwrite replaces it"};
 }
 
-// The file is written before the domain is: when the domain can't be, the file goes back to what it
-// was.
+// Whether the domain can be written, found out by storing what it holds already.
+Outcome<Done> storeCanBeWritten(foundation::Preferences& preferences,
+                                const std::vector<std::string>& keys) {
+  if (keys.empty()) return Done{};
+  const auto value = preferences.copyAppValue(keys.front(), prefs::kDomain);
+  const auto stored =
+      preferences.setAppValue(keys.front(), value.value_or(plist::Value()), prefs::kDomain);
+  if (!stored) return Failure{ExitCode::Failed, stored.error().message()};
+  return Done{};
+}
+
+// The file is written before the domain is: when the domain can't be after all, a file goes back to
+// what it was. What is no file can't be put back, so that the domain is tried first.
 void restore(foundation::DeviceRoot& root, const std::string& path, const FileContent& before) {
   if (before)
     static_cast<void>(root.writeDurably(path, *before));
@@ -33,8 +44,10 @@ Outcome<Done> save(Session& session, const std::string& text, bool overwrite) {
   if (!overwrite && root.hasEntry(path)) return exists(path);
 
   // Defaults in place of settings that can't be read are no profile of them.
-  static_cast<void>(device.preferences().copyKeyList(prefs::kDomain));
+  const auto keys = device.preferences().copyKeyList(prefs::kDomain);
   if (const auto readable = session.storeWorked(); !readable) return readable;
+  if (const auto writable = storeCanBeWritten(device.preferences(), keys); !writable)
+    return writable;
 
   const FileContent before = root.read(path);
   const auto saved = prefs::saveProfile(
