@@ -1,20 +1,10 @@
 #include "platform/uikit/table_view.h"
 
 #include <algorithm>
+#include <ranges>
 #include <utility>
 
 namespace uikit {
-namespace {
-
-// As the platform's table does: what is looked up by tag is found in the newest cell first, however
-// many older ones have kept the tag through reuse.
-void addInFront(View& table, const std::shared_ptr<TableViewCell>& cell) {
-  const auto others = table.subviews();
-  table.addSubview(cell);
-  for (const auto& other : others) table.addSubview(other);
-}
-
-}  // namespace
 
 double TableViewSource::tableViewHeightForRowAtIndexPath(TableView& table, IndexPath) {
   return table.rowHeight;
@@ -57,12 +47,16 @@ void TableView::show(int first, int count) {
     if (auto cell = left.extract(path)) kept.insert(std::move(cell));
   shown_ = std::move(kept);
   putAside(std::move(left));
+  bool added = false;
   for (IndexPath path : wanted) {
     if (shown_.contains(path)) continue;
     auto cell = source->tableViewCellForRowAtIndexPath(*this, path);
-    addInFront(*this, cell);
+    addSubview(cell);
     shown_.emplace(path, std::move(cell));
+    added = true;
   }
+  if (!added) return;
+  for (const auto& [path, cell] : shown_ | std::views::reverse) addSubview(cell);
 }
 
 int TableView::rowCount() {

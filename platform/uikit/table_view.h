@@ -42,7 +42,9 @@ class TableView : public View {
   void reloadData();  // all cells leave the screen; the rows on screen are asked for anew
 
   // Shows the rows first to first + count - 1, counted over all sections; makes the cells of rows
-  // that came into view after those that left have been put aside.
+  // that came into view after those that left have been put aside. Cells stand in the table from
+  // the last row to the first: what is looked up by tag is found in the lowest row that carries it,
+  // however many others have kept the tag through reuse.
   void show(int first, int count);
   int rowCount();  // of all sections
   IndexPath pathOfRow(int index);

@@ -135,6 +135,23 @@ TEST_F(PickerChoice, OfAPresetTakesTheTickFromTheCustomRow) {
   EXPECT_EQ(events.size(), 2u);
 }
 
+// The mixed colour became a preset's, whose row was made since: the tick of that row goes, and the
+// custom row, ticked still, stores the colour that its sliders take.
+TEST_F(PickerChoice, OfAPresetIsAnnouncedTwiceWhileTheCustomRowStaysTicked) {
+  openWith("#007AFE", kCustomOnScreen);
+  slider(203)->drag(255);
+  slider(203)->letGo();
+  events.clear();
+  page->tableViewCellForRowAtIndexPath(*page->table(), kSystemBlue);
+  ASSERT_EQ(page->selectedIndexPath, kSystemBlue);
+  tap(kMocha);
+  const Event local{"local", std::string(kPreview), "#804000"};
+  const Event darwin{"darwin", std::string(kPost), "#804000"};
+  EXPECT_EQ(events, (Events{local, darwin, local, darwin}));
+  EXPECT_TRUE(ticked(kMocha) && ticked(kCustom));
+  EXPECT_EQ(page->selectedIndexPath, kMocha);
+}
+
 TEST_F(PickerChoice, OfTheCustomRowStoresItsCaption) {
   openWith("#007AFF", kCustomOnScreen);
   tap(kCustom);

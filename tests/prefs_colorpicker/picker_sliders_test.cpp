@@ -177,8 +177,8 @@ TEST_F(PickerSliders, DoNothingWhenOneOfThemIsMissing) {
   EXPECT_TRUE(events.empty());
 }
 
-// The cell is found by its tag, and a cell that the row left behind still carries it: the newest
-// counts, and that is the custom row's, the last of the table.
+// The cell is found by its tag, and a cell that the row left behind still carries it: the lowest
+// row's counts, and that is the custom row.
 TEST_F(PickerSliders, ShowTheirColorOnTheCustomRowThoughAnotherCellKeptItsTag) {
   openWith("#007AFF", kCustomOnScreen);
   for (int first : {40, 45, kCustomOnScreen}) show(first);
@@ -188,6 +188,23 @@ TEST_F(PickerSliders, ShowTheirColorOnTheCustomRowThoughAnotherCellKeptItsTag) {
   const auto before = detail(left);
   slider(201)->drag(255);
   EXPECT_EQ(detail(left), before);
+  EXPECT_EQ(detail(kCustom), "#FF7AFF");
+}
+
+TEST_F(PickerSliders, ShowTheirColorOnTheCustomRowThoughANewerCellKeptItsTag) {
+  openWith("#007AFF", kCustomOnScreen);
+  uikit::TableViewCell* first = cell(kCustom);
+  for (int row = 40; row <= kCustomOnScreen; ++row) show(row);
+  // The tall row takes the place of several, which come back while it is still in sight.
+  const int left = 52;
+  ASSERT_EQ(cell(page->table()->pathOfRow(left)), first);
+  page->table()->show(left + 1, 60 - left);
+  page->table()->show(left, 61 - left);
+  ASSERT_EQ(cell(page->table()->pathOfRow(left)), first);
+  ASSERT_EQ(first->tag, 205);
+  const auto before = first->detailTextLabel.text;
+  slider(201)->drag(255);
+  EXPECT_EQ(first->detailTextLabel.text, before);
   EXPECT_EQ(detail(kCustom), "#FF7AFF");
 }
 
