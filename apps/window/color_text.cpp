@@ -11,13 +11,10 @@ QColor colorOf(const std::optional<uikit::Color>& color) {
 }
 
 QString spokenColor(std::string_view text) {
-  for (const prefs::Palette& palette : prefs::colorPalettes())
-    for (const prefs::ColorEntry& entry : palette.colors) {
-      if (entry.hex != text) continue;
-      const QString name = toQString(entry.name);
-      return text.starts_with('#') ? name + ", " + toQString(text) : name;
-    }
-  return toQString(text);
+  const prefs::ColorEntry* preset = prefs::presetColor(text);
+  if (!preset) return toQString(text);
+  const QString name = toQString(preset->name);
+  return text.starts_with('#') ? name + ", " + toQString(text) : name;
 }
 
 }  // namespace window

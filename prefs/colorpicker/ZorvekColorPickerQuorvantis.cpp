@@ -68,7 +68,7 @@ plist::Array ZorvekColorPickerQuorvantis::customColor() {
 }
 
 bool ZorvekColorPickerQuorvantis::presetColorExists(const std::optional<std::string>& color) {
-  return color && prefs::presetColorExists(*color);
+  return color && presetColor(*color);
 }
 
 plist::Array ZorvekColorPickerQuorvantis::sortPaletteByHue(const plist::Array& entries) {

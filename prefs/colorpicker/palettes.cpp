@@ -1,7 +1,5 @@
 #include "prefs/colorpicker/palettes.h"
 
-#include <algorithm>
-
 namespace prefs {
 namespace {
 
@@ -50,10 +48,11 @@ std::span<const Palette> colorPalettes() {
   return kPalettes;
 }
 
-bool presetColorExists(std::string_view text) {
-  return std::ranges::any_of(kPalettes, [text](const Palette& palette) {
-    return std::ranges::find(palette.colors, text, &ColorEntry::hex) != palette.colors.end();
-  });
+const ColorEntry* presetColor(std::string_view text) {
+  for (const Palette& palette : kPalettes)
+    for (const ColorEntry& entry : palette.colors)
+      if (entry.hex == text) return &entry;
+  return nullptr;
 }
 
 plist::Array asArray(std::span<const ColorEntry> colors) {

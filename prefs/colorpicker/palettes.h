@@ -22,8 +22,8 @@ struct Palette {
 enum PaletteSection { kSpecialSection, kIOSSection, kCrayonsSection, kCustomSection };
 std::span<const Palette> colorPalettes();
 
-// Whether the text is the hex of an entry, letter by letter: "#ffffff" is none.
-bool presetColorExists(std::string_view text);
+// The entry whose hex is the text, letter by letter: "#ffffff" is none's. Null where there is none.
+const ColorEntry* presetColor(std::string_view text);
 
 // A dictionary of "name" and "hex" for each entry, and of "title" and "colors" for each palette.
 plist::Array asArray(std::span<const ColorEntry> colors);
