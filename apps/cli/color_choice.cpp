@@ -63,6 +63,11 @@ bool leadsToColorPicker(std::string_view detail) {
   return detail == kPicker;
 }
 
+std::string shownColor(const std::string& text) {
+  const prefs::ColorEntry* preset = text.starts_with('#') ? prefs::presetColor(text) : nullptr;
+  return preset ? std::string(preset->name) + ", " + text : text;
+}
+
 std::vector<prefs::ColorEntry> presetColors() {
   std::vector<prefs::ColorEntry> colors;
   for (int section = 0; section < prefs::kCustomSection; ++section)

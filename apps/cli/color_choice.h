@@ -15,6 +15,10 @@ namespace cli {
 // Whether a row that leads to this page is a colour.
 bool leadsToColorPicker(std::string_view detail);
 
+// What to show people of a stored colour text: "System Blue, #007AFF"; the text itself where no
+// palette has it, and for a word.
+std::string shownColor(const std::string& text);
+
 // The picker's named colours, in its order.
 std::vector<prefs::ColorEntry> presetColors();
 

@@ -59,6 +59,17 @@ class Colors(ProfileTest):
                                        {"value": "#5856D6", "title": "Purple"}])
         self.assertEqual(choices[-1], {"value": "#804000", "title": "Mocha"})
 
+    def test_page_shows_names_to_people(self):
+        self.output("set", "bannercolor", "System Blue")
+        self.output("set", "iconsavingcolor", "#010203")
+        lines = {line[:26].strip(): line[26:].strip()
+                 for line in self.output("page", "ExtrasListController").splitlines()}
+        self.assertEqual(lines["Alert Banner"], "System Blue, #007AFF")
+        self.assertEqual(lines["Status Icon While Active"], "none")
+        self.assertEqual(lines["Status Icon While Saving"], "#010203")
+        values = {row["id"]: row["value"] for row in self.document("page", "ExtrasListController")}
+        self.assertEqual(values["bannercolor"], "#007AFF")
+
     def test_store_that_can_not_be_written(self):
         self.write_domain({"wifi": 1})
         self.lock_store()

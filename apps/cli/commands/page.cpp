@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "apps/cli/argument.h"
+#include "apps/cli/color_choice.h"
 #include "apps/cli/columns.h"
 #include "apps/cli/commands/commands.h"
 #include "apps/cli/page_on_show.h"
@@ -36,6 +37,8 @@ std::string shownValue(PSListController& page, PSSpecifier& row) {
   if (const std::string* title = row.titleForValue(value)) return *title;
   if (auto* control = dynamic_cast<uikit::Switch*>(row.control()))
     return control->isOn() ? "on" : "off";
+  if (value.text() && leadsToColorPicker(row.textForKey("detail")))
+    return shownColor(plainTextOf(value));
   return plainTextOf(value);
 }
 
