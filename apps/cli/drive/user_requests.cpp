@@ -12,6 +12,11 @@ host::Outcome<Json> nothingMore(const host::Outcome<host::Done>& done) {
 constexpr std::string_view kTextProperties[] = {"label", "key", "defaults", "PostNotification",
                                                 "PreviewNotification"};
 
+// As a list may write a boolean.
+bool standsForBoolean(const Json& json) {
+  return json.is_boolean() || json.is_number() || json.is_string();
+}
+
 // A row as a request describes it; null is as good as absent.
 host::Outcome<plist::Dictionary> rowProperties(const Json& json) {
   if (!json.is_object()) return badRequest("\"specifier\" must be an object");
@@ -22,6 +27,8 @@ host::Outcome<plist::Dictionary> rowProperties(const Json& json) {
       return badRequest("a specifier has no \"" + name + "\" here");
     if (property.is_null()) continue;
     if (isText && !property.is_string()) return badRequest("\"" + name + "\" must be text");
+    if (name == "allowAutomatic" && !standsForBoolean(property))
+      return badRequest("\"allowAutomatic\" must be true or false");
     auto value = fromJson(property);
     if (!value) return badRequest("\"" + name + "\" can't be a stored value");
     properties.set(name, std::move(*value));
