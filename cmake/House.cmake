@@ -51,7 +51,11 @@ endfunction()
 # PREFIX.CLASS.METHOD, for each test_… of the files' classes.
 function(house_program_tests prefix)
   find_package(Python3 REQUIRED COMPONENTS Interpreter)
-  set(shared ${PROJECT_SOURCE_DIR}/tests/cli:${PROJECT_SOURCE_DIR}/tests/support)
+  set(environment "QUORVANTIS=$<TARGET_FILE:quorvantis>"
+      "PYTHONPATH=${PROJECT_SOURCE_DIR}/tests/cli:${PROJECT_SOURCE_DIR}/tests/support")
+  if(TARGET quorvantis-settings)
+    list(APPEND environment "QUORVANTIS_SETTINGS=$<TARGET_FILE:quorvantis-settings>")
+  endif()
   foreach(file IN LISTS ARGN)
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${file}.py)
     file(STRINGS ${file}.py lines REGEX "^(class|    def test_)")
@@ -65,8 +69,7 @@ function(house_program_tests prefix)
       add_test(NAME ${name}
                COMMAND ${Python3_EXECUTABLE} -B -m unittest ${file}.${class}.${method}
                WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
-      set_tests_properties(${name} PROPERTIES TIMEOUT 120
-        ENVIRONMENT "QUORVANTIS=$<TARGET_FILE:quorvantis>;PYTHONPATH=${shared}")
+      set_tests_properties(${name} PROPERTIES TIMEOUT 120 ENVIRONMENT "${environment}")
     endforeach()
   endforeach()
 endfunction()

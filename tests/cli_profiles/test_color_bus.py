@@ -1,0 +1,61 @@
+import os
+import subprocess
+import unittest
+
+from bus import PREFS, BusTest
+from program import PROGRAM, TIMEOUT_SECONDS
+
+WINDOW = os.environ.get("QUORVANTIS_SETTINGS")
+
+
+class ColorsOnTheBus(BusTest):
+    def read_on_hearing(self, *command, sent=None):
+        """The color in the store at the moment when another process hears of a change."""
+        process = subprocess.Popen(command, env=self.env, cwd=self.scratch, stdin=subprocess.PIPE,
+                                   stdout=subprocess.DEVNULL)
+        self.addCleanup(process.communicate)
+        if sent:
+            process.stdin.write(sent.encode())
+            process.stdin.flush()
+        self.assertEqual(self.next_heard(), PREFS)
+        read = self.output("defaults", "read", "bannercolor")
+        process.stdin.close()
+        self.assertEqual(process.wait(TIMEOUT_SECONDS), 0)
+        self.assertEqual(self.heard_until("end"), [])
+        return read
+
+    def test_each_choice_is_announced_once(self):
+        self.output("set", "bannercolor", "System Blue")
+        self.assertEqual(self.heard_until("preset"), [PREFS])
+        self.output("set", "bannercolor", "#010203")
+        self.assertEqual(self.heard_until("mixed"), [PREFS])
+        self.output("set", "bannercolor", "#010204")
+        self.assertEqual(self.heard_until("mixed again"), [PREFS])
+        self.output("set", "bannercolor", "none")
+        self.assertEqual(self.heard_until("none"), [PREFS])
+        self.output("set", "bannercolor", "none")
+        self.assertEqual(self.heard_until("none again"), [])
+
+    def test_who_hears_of_a_preset_reads_it(self):
+        read = self.read_on_hearing(PROGRAM, "set", "bannercolor", "System Blue")
+        self.assertEqual(read, "#007AFF\n")
+
+    def test_who_hears_of_a_mixed_color_reads_it(self):
+        self.assertEqual(self.read_on_hearing(PROGRAM, "set", "bannercolor", "#010203"),
+                         "#010203\n")
+
+    def test_who_hears_of_a_choice_on_the_page_reads_it_while_the_page_is_open(self):
+        read = self.read_on_hearing(PROGRAM, "drive", sent=(
+            '{"do":"launch"}\n{"do":"open","page":"ExtrasListController"}\n'
+            '{"do":"tap","row":"bannercolor"}\n{"do":"select","section":1,"index":1}\n'))
+        self.assertEqual(read, "#007AFF\n")
+
+    @unittest.skipUnless(WINDOW, "needs the window")
+    def test_who_hears_of_a_choice_in_the_window_reads_it(self):
+        read = self.read_on_hearing(WINDOW, "--page", "ExtrasListController", "--tap",
+                                    "bannercolor", "--select", "1.1", "--screenshot", "page.png")
+        self.assertEqual(read, "#007AFF\n")
+
+
+if __name__ == "__main__":
+    unittest.main()
