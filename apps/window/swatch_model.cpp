@@ -40,6 +40,9 @@ void describe(const uikit::TableViewCell& cell, Swatch& row) {
   const bool bordered = cell.imageView.layer.borderWidth.value_or(0) > 0;
   row.border = bordered ? colorOf(cell.imageView.layer.borderColor) : Qt::transparent;
   row.ticked = cell.accessory == uikit::Accessory::Checkmark;
+  if (row.mixes)
+    row.hint = row.ticked ? SwatchModel::tr("The color is set when you let go of a slider.")
+                          : SwatchModel::tr("Tap the row to set the color that you have mixed.");
   row.sliders.clear();
   addSliders(cell, row.sliders);
 }

@@ -40,6 +40,7 @@ struct Swatch {
   Q_PROPERTY(QString heading MEMBER heading)
   Q_PROPERTY(QString title MEMBER title)
   Q_PROPERTY(QString detail MEMBER detail)
+  Q_PROPERTY(QString hint MEMBER hint)
   Q_PROPERTY(QColor image MEMBER image)
   Q_PROPERTY(QColor border MEMBER border)
   Q_PROPERTY(double height MEMBER height)
@@ -51,6 +52,7 @@ struct Swatch {
  public:
   QString heading;  // above the first row of a section
   QString title, detail;
+  QString hint;  // below the row: how its colour is taken
   // A colour, or transparent where there is none.
   QColor image = Qt::transparent, border = Qt::transparent;
   double height = 44;

@@ -33,6 +33,14 @@ class Colors : public BundleWindow {
         QPoint(static_cast<int>(place.left()) + 40, static_cast<int>(place.center().y())));
     driver->settle();
   }
+  void store(const Value& value) {
+    ASSERT_TRUE(device->preferences().setAppValue("bannercolor", value, "com.zorvek.quorvantis"));
+  }
+  void toTheEnd() {
+    QQuickItem* table = driver->itemsOfType("SwatchesView").front();
+    table->forceActiveFocus();
+    driver->key(Qt::Key_End);
+  }
   QColor patch(QQuickItem* row) const {
     for (QQuickItem* item : driver->itemsOfType("ColorSwatch"))
       if (row->isAncestorOf(item)) return item->property("color").value<QColor>();
@@ -83,6 +91,22 @@ TEST_F(Colors, ThePreviewFollowsTheChoice) {
   EXPECT_EQ(patch("Alert Banner", QAccessible::StaticText), QColor("#007AFF"));
 }
 
+TEST_F(Colors, ThePreviewFollowsASliderOnceItIsLetGo) {
+  openPicker("Alert Banner");
+  tapCustom();
+  driver->find("Red", kSlider)->forceActiveFocus();
+  driver->key(Qt::Key_End);
+  EXPECT_EQ(spoken("Alert Banner", QAccessible::StaticText), "#FF495F");
+  EXPECT_EQ(patch("Alert Banner", QAccessible::StaticText), QColor("#FF495F"));
+}
+
+TEST_F(Colors, ThePreviewOfNoColorHasAWordAndNoPatch) {
+  openPicker("Alert Banner");
+  driver->click("None", kChoice);
+  EXPECT_EQ(spoken("Alert Banner", QAccessible::StaticText), "None");
+  EXPECT_FALSE(patch("Alert Banner", QAccessible::StaticText).isValid());
+}
+
 TEST_F(Colors, TheRowShowsTheChoiceAfterwards) {
   openPicker("Alert Banner");
   driver->click("System Blue", kChoice);
@@ -127,6 +151,72 @@ TEST_F(Colors, ADragOnTheTickedRowStoresWhenItIsLetGo) {
   QTest::mouseRelease(window, Qt::LeftButton, {}, end);
   driver->settle();
   EXPECT_EQ(stored("bannercolor"), Value("#FF7AFF"));
+}
+
+TEST_F(Colors, AFingerDragsASlider) {
+  openPicker("Alert Banner");
+  driver->click("System Blue", kChoice);
+  tapCustom();
+  QPointingDevice* finger = QTest::createTouchDevice();
+  const QRectF place = driver->place(driver->find("Green", kSlider));
+  const QPoint start(place.center().toPoint()),
+      end(static_cast<int>(place.right()) + 40, start.y());
+  QTest::touchEvent(window, finger).press(0, start, window);
+  for (int step = 1; step <= 8; ++step)
+    QTest::touchEvent(window, finger).move(0, start + (end - start) * step / 8, window);
+  driver->settle();
+  EXPECT_EQ(spoken("Custom", kChoice), "#00FFFF");
+  EXPECT_EQ(stored("bannercolor"), Value("#007AFF"));
+  QTest::touchEvent(window, finger).release(0, end, window);
+  driver->settle();
+  EXPECT_EQ(stored("bannercolor"), Value("#00FFFF"));
+}
+
+TEST_F(Colors, AClickBesideTheHandleMovesASliderAndLetsGo) {
+  openPicker("Alert Banner");
+  driver->click("System Blue", kChoice);
+  tapCustom();
+  const QRectF place = driver->place(driver->find("Blue", kSlider));
+  QTest::mouseClick(
+      window, Qt::LeftButton, {},
+      QPoint(static_cast<int>(place.left()) + 3, static_cast<int>(place.center().y())));
+  driver->settle();
+  EXPECT_EQ(stored("bannercolor"), Value("#007A00"));
+}
+
+TEST_F(Colors, SlidersMixOnTheCustomRowAfterItsCellWentToOtherRows) {
+  openPicker("Alert Banner", 700);
+  for (int turn = 0; turn < 3; ++turn) {
+    toTheEnd();
+    for (int step = 0; step < 12; ++step) driver->key(Qt::Key_Up);
+    for (int step = 0; step < 12; ++step) driver->key(Qt::Key_Down);
+    driver->key(Qt::Key_Up);
+  }
+  driver->find("Red", kSlider)->forceActiveFocus();
+  driver->key(Qt::Key_End);
+  EXPECT_EQ(spoken("Custom", kChoice), "#FF495F");
+  EXPECT_EQ(patch("Custom", kChoice), QColor("#FF495F"));
+  EXPECT_EQ(spoken("Mocha", kChoice), "#804000");
+}
+
+TEST_F(Colors, WhatOthersHaveStoredIsShownOnTheCustomRow) {
+  const std::pair<Value, const char*> cases[] = {
+      {"#007aff", "#007aff"}, {"automatic", "automatic"}, {12, "12"}};
+  for (const auto& [value, shown] : cases) {
+    store(value);
+    openPicker("Alert Banner");
+    EXPECT_TRUE(ticked("Custom")) << shown;
+    EXPECT_FALSE(ticked("System Blue")) << shown;
+    EXPECT_EQ(spoken("Custom", kChoice), shown);
+    driver->click("Back");
+  }
+}
+
+TEST_F(Colors, TheCustomRowTellsHowItsColorIsTaken) {
+  openPicker("Alert Banner");
+  EXPECT_TRUE(driver->shows("Tap the row to set the color that you have mixed."));
+  tapCustom();
+  EXPECT_TRUE(driver->shows("The color is set when you let go of a slider."));
 }
 
 TEST_F(Colors, ADragWhileAPresetIsTickedStoresNothing) {

@@ -7,9 +7,10 @@ import Quorvantis.Settings
 SwatchRow {
     id: row
 
-    readonly property real slidersLeft: Math.max(150, width - 2 * side - 300)
+    readonly property real slidersLeft: Math.max(78 + textWidth, width - 2 * side - 300)
 
-    textWidth: 72
+    textWidth: Math.round(72 * Theme.scale)
+    footer: hint.height + 8
 
     Column {
         id: sliders
@@ -30,5 +31,19 @@ SwatchRow {
                 page: row.page
             }
         }
+    }
+    Text {
+        id: hint
+
+        x: Theme.inset
+        y: parent.height + 8
+        width: parent.width - 2 * x
+        text: row.entry.hint
+        textFormat: Text.PlainText
+        wrapMode: Text.Wrap
+        color: Theme.secondary
+        font.pixelSize: Theme.small
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
     }
 }

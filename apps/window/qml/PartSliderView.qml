@@ -81,6 +81,6 @@ T.Slider {
         radius: 10
         color: slider.pressed ? Qt.darker(slider.tint, 1.15) : slider.tint
         border.width: slider.visualFocus ? 3 : 1
-        border.color: slider.visualFocus ? Theme.accentText : Qt.darker(slider.tint, 1.4)
+        border.color: slider.visualFocus ? Theme.accentText : Theme.dark ? Qt.lighter(slider.tint, 1.5) : Qt.darker(slider.tint, 1.4)
     }
 }

@@ -10,6 +10,7 @@ FocusScope {
     required property swatch entry
     required property PageModel page
     default property alias content: face.data  // beside the texts
+    property real footer: 0  // what is below the face
     property real textWidth: face.width - names.x - 40
 
     readonly property real side: Theme.sideOf(width)
@@ -29,7 +30,7 @@ FocusScope {
     }
 
     width: ListView.view ? ListView.view.width : 0
-    height: face.y + face.height
+    height: face.y + face.height + footer
 
     Text {
         id: heading
