@@ -246,6 +246,7 @@ TEST_F(Colors, SlidersMoveByKeysInStepsOf1And16) {
   driver->key(Qt::Key_Home);
   EXPECT_EQ(at("Green"), 0);
   EXPECT_EQ(spoken("Custom", kChoice), "#0000FF");
+  EXPECT_EQ(spoken("Green", kSlider), "#0000FF");
   driver->key(Qt::Key_End);
   EXPECT_EQ(at("Green"), 255);
 }

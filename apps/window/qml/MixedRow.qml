@@ -29,6 +29,7 @@ SwatchRow {
                 height: (row.entry.height - 10) / 3
                 shown: row.entry.sliders[index]
                 page: row.page
+                Accessible.description: row.entry.detail
             }
         }
     }
