@@ -11,7 +11,7 @@
 #include "linux/xml_reader.h"
 #include "platform/plist/binary.h"
 #include "platform/preferences/specifier_list.h"
-#include "prefs/root/classes.h"
+#include "prefs/entry/classes.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "prefs/root/classes.h"
+#include "prefs/entry/classes.h"
 
 #include "prefs/colorpicker/ZorvekColorPickerQuorvantis.h"
 #include "prefs/colorpicker/ZorvekColorPickerQuorvantisLinkCell.h"
@@ -12,7 +12,7 @@
 #include "prefs/pages/SoundsListController.h"
 #include "prefs/pages/UserNotificationListController.h"
 #include "prefs/profiles/ProfilesListController.h"
-#include "prefs/root/quorvantisprefsListController.h"
+#include "prefs/entry/quorvantisprefsListController.h"
 
 namespace prefs {
 namespace {

@@ -1,4 +1,4 @@
-#include "prefs/root/quorvantisprefsListController.h"
+#include "prefs/entry/quorvantisprefsListController.h"
 
 #include <algorithm>
 

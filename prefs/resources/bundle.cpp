@@ -1,6 +1,6 @@
 #include "prefs/resources/bundle.h"
 
-#include "prefs/root/classes.h"
+#include "prefs/entry/classes.h"
 
 namespace prefs {
 

@@ -14,7 +14,7 @@ FOUNDATION = PLIST + ["platform/foundation"]
 PLATFORM = FOUNDATION + ["platform/archive", "platform/uikit", "platform/preferences",
                          "platform/services.h"]
 CORE = PLATFORM + ["prefs/core"]
-PREFS = CORE + ["prefs/profiles", "prefs/pages", "prefs/colorpicker", "prefs/root"]
+PREFS = CORE + ["prefs/profiles", "prefs/pages", "prefs/colorpicker", "prefs/entry"]
 BUNDLE = PREFS + ["prefs/resources"]
 HOST = BUNDLE + ["host"]
 LINUX = PLATFORM + ["linux"]
@@ -33,7 +33,7 @@ KNOWS = {
     "prefs/profiles": CORE,
     "prefs/pages": CORE + ["prefs/profiles"],
     "prefs/colorpicker": CORE,
-    "prefs/root": PREFS,
+    "prefs/entry": PREFS,
     "prefs/resources": BUNDLE,
     "host": HOST,
     "linux": LINUX,

@@ -10,7 +10,7 @@ HOUSE = [
     "platform/result.h", "platform/services.h", "platform/plist/value.h",
     "platform/archive/keyed.h", "platform/foundation/text.h", "platform/uikit/view.h",
     "platform/preferences/cell.h", "prefs/core/store.h", "prefs/profiles/profile.h",
-    "prefs/pages/page.h", "prefs/colorpicker/picker.h", "prefs/root/root.h",
+    "prefs/pages/page.h", "prefs/colorpicker/picker.h", "prefs/entry/root.h",
     "prefs/resources/bundle.h", "host/host.h", "linux/bus.h", "apps/cli/cli.h",
     "apps/window/window.h", "tools/lists.h", "tests/a/helper.h",
 ]
@@ -54,7 +54,7 @@ class Includes(unittest.TestCase):
         self.allows("tests/a/a.cpp", '#include "linux/bus.h"\n#include "host/host.h"')
 
     def test_root_may_know_every_room_of_prefs(self):
-        self.allows("prefs/root/a.cpp", '#include "prefs/pages/page.h"\n'
+        self.allows("prefs/entry/a.cpp", '#include "prefs/pages/page.h"\n'
                     '#include "prefs/profiles/profile.h"\n#include "prefs/colorpicker/picker.h"')
 
     def test_pages_may_know_profiles(self):
@@ -79,7 +79,7 @@ class Includes(unittest.TestCase):
         self.rejects("platform/foundation/a.h", '#include "linux/bus.h"', "may not know")
 
     def test_prefs_may_not_know_host(self):
-        self.rejects("prefs/root/a.cpp", '#include "host/host.h"', "may not know host")
+        self.rejects("prefs/entry/a.cpp", '#include "host/host.h"', "may not know host")
 
     def test_prefs_may_not_know_linux(self):
         self.rejects("prefs/core/a.cpp", '#include "linux/bus.h"', "may not know linux")
@@ -155,13 +155,13 @@ class Includes(unittest.TestCase):
         self.rejects("prefs/pages/a.cpp", '#include "prefs/colorpicker/picker.h"', "may not know")
 
     def test_pages_may_not_know_root(self):
-        self.rejects("prefs/pages/a.cpp", '#include "prefs/root/root.h"', "may not know")
+        self.rejects("prefs/pages/a.cpp", '#include "prefs/entry/root.h"', "may not know")
 
     def test_the_bundle_may_know_root(self):
-        self.allows("prefs/resources/a.cpp", '#include "prefs/root/root.h"')
+        self.allows("prefs/resources/a.cpp", '#include "prefs/entry/root.h"')
 
     def test_root_may_not_know_the_bundle(self):
-        self.rejects("prefs/root/a.cpp", '#include "prefs/resources/bundle.h"', "may not know")
+        self.rejects("prefs/entry/a.cpp", '#include "prefs/resources/bundle.h"', "may not know")
 
     # What is no part of the house.
 

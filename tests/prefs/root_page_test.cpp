@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "prefs/resources/bundle.h"
-#include "prefs/root/quorvantisprefsListController.h"
+#include "prefs/entry/quorvantisprefsListController.h"
 #include "tests/prefs/seed.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "prefs/root/quorvantisprefsListController.h"
+#include "prefs/entry/quorvantisprefsListController.h"
 #include "tests/prefs_profiles/profile_page.h"
 
 namespace {
