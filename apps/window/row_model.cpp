@@ -14,6 +14,8 @@ QString reasonOf(preferences::PSListController& page, const Row& row) {
   const std::string_view id = page.dimmedBy(row.identifier.toStdString());
   preferences::PSSpecifier* by = id.empty() ? nullptr : page.specifierForID(id);
   if (!by) return RowModel::tr("dimmed");
+  if (page.dimmingLags(row.identifier.toStdString()))
+    return RowModel::tr("dimmed until this page is opened again");
   const bool on = by->control() && by->control()->isOn();
   const QString reason =
       on ? RowModel::tr("dimmed: switch off %1 first") : RowModel::tr("dimmed: switch on %1 first");

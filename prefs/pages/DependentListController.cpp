@@ -23,7 +23,12 @@ const preferences::PSListController::Specifiers& DependentListController::specif
 
 std::string_view DependentListController::dimmedBy(std::string_view row) {
   specifiers();
-  return bound_.dimmedBy(row, *this);
+  return bound_.dimmingOf(row, *this).by;
+}
+
+bool DependentListController::dimmingLags(std::string_view row) {
+  specifiers();
+  return bound_.dimmingOf(row, *this).lags;
 }
 
 void DependentListController::setSliderEnableDisable() {

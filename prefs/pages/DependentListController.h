@@ -16,6 +16,7 @@ class DependentListController : public EvaluatedListController {
 
   const Specifiers& specifiers() override;
   std::string_view dimmedBy(std::string_view row) override;
+  bool dimmingLags(std::string_view row) override;
 
   void setSliderEnableDisable();
   // The setter of the page's rows: stores, redraws, flushes, evaluates.

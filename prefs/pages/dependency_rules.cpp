@@ -60,8 +60,8 @@ void BoundRules::evaluate() const {
   }
 }
 
-std::string_view BoundRules::dimmedBy(std::string_view row,
-                                      preferences::PSListController& page) const {
+BoundRules::Dimming BoundRules::dimmingOf(std::string_view row,
+                                          preferences::PSListController& page) const {
   const preferences::PSSpecifier* dependent = page.specifierForID(row);
   if (!dependent || !dependent->isBuilt() || !isDimmed(*dependent->cellObject())) return {};
   std::string_view last, dimming;
@@ -71,7 +71,7 @@ std::string_view BoundRules::dimmedBy(std::string_view row,
     const bool on = isOn(page.specifierForID(last));
     if (applies(rule.effect, on)) dimming = enables(rule.effect, on) ? std::string_view() : last;
   }
-  return dimming.empty() ? last : dimming;
+  return dimming.empty() ? Dimming{last, !last.empty()} : Dimming{dimming};
 }
 
 }  // namespace prefs

@@ -42,10 +42,14 @@ class BoundRules {
   // that isn't there or isn't built is off.
   void evaluate() const;
 
-  // The switch of the last rule that dims the row. Rules may lag behind their switches: for a row
-  // that is still dimmed though no rule would dim it now, the switch of its last rule. Empty for a
-  // row that isn't dimmed, or not by a rule.
-  std::string_view dimmedBy(std::string_view row, preferences::PSListController& page) const;
+  // By which switch a row is dimmed: that of the last rule that does. Rules may lag behind their
+  // switches: for a row that is still dimmed though no rule would dim it now, that of its last
+  // rule. Empty for a row that isn't dimmed, or not by a rule.
+  struct Dimming {
+    std::string_view by;
+    bool lags = false;
+  };
+  Dimming dimmingOf(std::string_view row, preferences::PSListController& page) const;
 
  private:
   // Neighbouring rules of one switch and one way; nothing that a rule does turns a switch, so that

@@ -91,13 +91,16 @@ TEST(UserNotificationPage, DurationsLagBehindTheirSwitches) {
     EXPECT_EQ(opened.stored(key), plist::Value(true));
     EXPECT_TRUE(looksDimmed(opened.cell(duration)));
     EXPECT_EQ(opened.page->dimmedBy(duration), key);
+    EXPECT_TRUE(opened.page->dimmingLags(duration));
     opened.activate();
+    EXPECT_FALSE(opened.page->dimmingLags(duration));
     EXPECT_TRUE(looksEnabled(opened.cell(duration)));
     opened.change(key, false);
     EXPECT_TRUE(looksEnabled(opened.cell(duration)));
     EXPECT_EQ(opened.page->dimmedBy(duration), "");
     opened.change("sendmessage", true);
     EXPECT_TRUE(looksDimmed(opened.cell(duration)));
+    EXPECT_FALSE(opened.page->dimmingLags(duration));
   }
 }
 

@@ -103,6 +103,32 @@ TEST_F(BundleWindow, ADimmedRowSaysWhichSwitchToTurnOn) {
   EXPECT_TRUE(driver->until([&] { return !reasons(*driver).contains(reason); }));
 }
 
+TEST_F(BundleWindow, ARowThatLagsBehindItsSwitchSaysHowItIsGot) {
+  open("UserNotificationListController");
+  const auto dimmed = [this] {
+    return !host::isUsable(**host->row(std::string("flashledduration")));
+  };
+  ASSERT_TRUE(driver->until(dimmed));
+  ASSERT_TRUE(host->set(std::string("flashled"), true));
+  const QString lagging = "dimmed until this page is opened again";
+  EXPECT_TRUE(driver->until([&] { return reasons(*driver).contains(lagging); }));
+  host->activate();
+  EXPECT_TRUE(driver->until([&] { return !reasons(*driver).contains(lagging); }));
+}
+
+TEST_F(BundleWindow, ADimmedTextSaysWhichSwitchToTurnOn) {
+  open("UserNotificationListController");
+  const auto named = [this](const char* id) {
+    return QString::fromStdString((*host->row(std::string(id)))->name());
+  };
+  const QString reason = QString("dimmed: switch on %1 first").arg(named("sendmessage"));
+  for (const char* id : {"msgrecipient", "msgtext"})
+    EXPECT_TRUE(driver->until([&] {
+      QAccessibleInterface* face = driver->accessible(named(id), QAccessible::EditableText);
+      return face && face->text(QAccessible::Description) == reason;
+    })) << id;
+}
+
 TEST_F(BundleWindow, ADimmedRowSaysWhichSwitchToTurnOff) {
   open("LowPowerListController");
   ASSERT_TRUE(host->set(std::string("lowpowermodeenabled"), true));

@@ -40,6 +40,7 @@ CardRow {
         Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
         Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
         Accessible.name: card.entry.label !== "" ? card.entry.label : card.entry.placeholder
+        Accessible.description: card.entry.reason
 
         Text {
             x: area.leftPadding

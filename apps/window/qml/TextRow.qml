@@ -63,6 +63,7 @@ CardRow {
             text = Qt.binding(() => card.entry.value);
         }
         Accessible.name: card.entry.label !== "" ? card.entry.label : card.entry.placeholder
+        Accessible.description: card.entry.reason
 
         // Stands in for the text while it isn't edited, since a field can't end in an ellipsis.
         Text {
