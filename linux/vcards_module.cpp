@@ -41,7 +41,7 @@ void add(std::vector<std::string>& values, EVCardAttribute* attribute, std::stri
 
 platform::Person personOf(EVCard* card) {
   platform::Person person;
-  bool named = false;
+  bool named = false, hasName = false;
   std::string formatted;
   for (const GList* each = e_vcard_get_attributes(card); each; each = each->next) {
     auto* const attribute = static_cast<EVCardAttribute*>(each->data);
@@ -52,13 +52,14 @@ platform::Person personOf(EVCard* card) {
     } else if (isNamed(attribute, EVC_FN)) {
       if (formatted.empty()) formatted = wholeText(attribute);
     } else if (isNamed(attribute, EVC_N) && !named) {
+      hasName = true;
       const GList* const family = e_vcard_attribute_get_values(attribute);
       person.lastName = textOf(family);
       person.firstName = textOf(family ? family->next : nullptr);
       named = !person.lastName.empty() || !person.firstName.empty();
     }
   }
-  if (!named) person.firstName = std::move(formatted);
+  if (!hasName) person.firstName = std::move(formatted);
   return person;
 }
 

@@ -84,7 +84,12 @@ TEST(VCards, FamilyAndGivenNameMayBeAlone) {
 }
 TEST(VCards, TheFormattedNameStandsInForAMissingOne) {
   EXPECT_EQ(nameOf(personOf("FN:Example\\, Inc.")), "Example, Inc.|");
-  EXPECT_EQ(nameOf(personOf("FN:Example; Inc.\r\nN:;;;;\r\nFN:other")), "Example; Inc.|");
+  EXPECT_EQ(nameOf(personOf("VERSION:4.0\r\nFN:Example; Inc.\r\nFN:other")), "Example; Inc.|");
+}
+TEST(VCards, ANameThatIsEmptyStaysEmpty) {
+  for (const char* name : {"N:;;;;", "N:;", "N:"})
+    EXPECT_EQ(nameOf(personOf(std::string(name) + "\r\nFN:Example")), "|") << name;
+  EXPECT_EQ(nameOf(personOf("FN:Example\r\nN:;;;;")), "|");
 }
 TEST(VCards, APersonMayHaveNoName) {
   const auto person = personOf("TEL:1");
@@ -93,6 +98,7 @@ TEST(VCards, APersonMayHaveNoName) {
 }
 TEST(VCards, TheFirstNameOfSeveralCounts) {
   EXPECT_EQ(nameOf(personOf("N;LANGUAGE=de:a;b\r\nN;LANGUAGE=ja:c;d")), "b|a");
+  EXPECT_EQ(nameOf(personOf("N:;;;;\r\nN:a;b\r\nN:c;d")), "b|a");
 }
 
 TEST(VCards, EscapesAreUndone) {
