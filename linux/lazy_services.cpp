@@ -1,17 +1,22 @@
 #include "linux/lazy_services.h"
 
+#include <utility>
+
 #include "linux/ascii_collation.h"
 #include "linux/collation_locale.h"
 #include "linux/services.h"
 
 namespace services {
 
-UserCollator::UserCollator() : asciiOrderKnown_(hasRootAsciiOrder(collationLocale())) {}
+UserCollator::UserCollator(Told told)
+    : asciiOrderKnown_(hasRootAsciiOrder(collationLocale())), told_(std::move(told)) {}
 
 int UserCollator::compare(std::string_view a, std::string_view b) {
   if (asciiOrderKnown_)
     if (const auto order = compareAscii(a, b)) return *order;
-  if (const auto& collator = collation()) return (*collator)->compare(a, b);
+  const auto& collator = collation();
+  if (collator) return (*collator)->compare(a, b);
+  if (const Told told = std::exchange(told_, {})) told(collator.error());
   return a.compare(b);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/services.h"
@@ -9,14 +10,17 @@
 namespace services {
 
 // Plain ASCII is compared without loading anything where compareAscii knows the order. Without ICU
-// all else is in the order of its bytes; ask services::collation() for the reason.
+// all else is in the order of its bytes, and `told` hears once why.
 class UserCollator : public platform::Collator {
  public:
-  UserCollator();
+  using Told = std::function<void(const std::string& message)>;
+
+  explicit UserCollator(Told told = {});
   int compare(std::string_view a, std::string_view b) override;
 
  private:
   bool asciiOrderKnown_;
+  Told told_;
 };
 
 // Without the module posts are dropped, as they are without a bus.

@@ -16,7 +16,8 @@ const foundation::FallbackFolder& desktopSounds() {
 
 Assembly::Assembly(const Options& options, std::unique_ptr<foundation::MainQueue> mainQueue,
                    const Substitutes& substitutes)
-    : urls_(desktop_, problems()),
+    : collator_(tellingInto(warnings_)),
+      urls_(desktop_, problems()),
       root_(options.root),
       addressBook_(root_, options.contacts, collator_, problems()),
       sounds_(root_, desktopSounds(), problems()),
@@ -50,28 +51,32 @@ Assembly::~Assembly() {
   mainQueue_.reset();
 }
 
-std::function<void(const std::string&)> Assembly::problems() {
-  return [this](const std::string& message) { problem(message); };
-}
-
-void Assembly::problem(const std::string& message) {
-  const std::lock_guard lock(mutex_);
-  if (problemHandler_)
-    problemHandler_(message);
-  else
-    problems_.push_back(message);
+std::function<void(const std::string&)> Assembly::tellingInto(Messages& kept) {
+  return [this, &kept](const std::string& message) {
+    const std::lock_guard lock(mutex_);
+    if (problemHandler_)
+      problemHandler_(message);
+    else
+      kept.push_back(message);
+  };
 }
 
 void Assembly::setProblemHandler(std::function<void(const std::string&)> handler) {
   const std::lock_guard lock(mutex_);
   problemHandler_ = std::move(handler);
   if (!problemHandler_) return;
-  for (const std::string& message : std::exchange(problems_, {})) problemHandler_(message);
+  for (Messages* kept : {&problems_, &warnings_})
+    for (const std::string& message : std::exchange(*kept, {})) problemHandler_(message);
 }
 
 std::vector<std::string> Assembly::takeProblems() {
   const std::lock_guard lock(mutex_);
   return std::exchange(problems_, {});
+}
+
+std::vector<std::string> Assembly::takeWarnings() {
+  const std::lock_guard lock(mutex_);
+  return std::exchange(warnings_, {});
 }
 
 }  // namespace assembly

@@ -45,14 +45,17 @@ class Assembly {
   // has returned, an earlier handler is called no more.
   void setProblemHandler(std::function<void(const std::string&)> handler);
   std::vector<std::string> takeProblems();
+  // Likewise what was done all the same, only not as well: text in the order of its bytes.
+  std::vector<std::string> takeWarnings();
 
  private:
-  void problem(const std::string& message);
-  std::function<void(const std::string&)> problems();
+  using Messages = std::vector<std::string>;
+  std::function<void(const std::string&)> tellingInto(Messages& kept);
+  std::function<void(const std::string&)> problems() { return tellingInto(problems_); }
 
   std::recursive_mutex mutex_;  // sounds tell from threads of their own
   std::function<void(const std::string&)> problemHandler_;
-  std::vector<std::string> problems_;
+  Messages problems_, warnings_;
 
   services::SessionNotificationCenter darwinCenter_;
   services::UserCollator collator_;

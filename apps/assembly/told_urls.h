@@ -4,11 +4,13 @@
 #include <string>
 #include <utility>
 
+#include "linux/services.h"
 #include "platform/services.h"
 
 namespace assembly {
 
-// URLs of which the user hears when they can't be opened.
+// The machine's URLs. When one can't be opened the user hears of it, and of a library that is
+// missing for it.
 class ToldUrls : public platform::Urls {
  public:
   using Problem = std::function<void(const std::string& message)>;
@@ -17,9 +19,10 @@ class ToldUrls : public platform::Urls {
 
   bool canOpen(std::string_view url) override { return next_.canOpen(url); }
   bool open(std::string_view url) override {
-    const bool opened = next_.open(url);
-    if (!opened) problem_("can't open " + std::string(url));
-    return opened;
+    if (next_.open(url)) return true;
+    const auto& desktop = services::urls();
+    problem_("can't open " + std::string(url) + (desktop ? "" : ": " + desktop.error()));
+    return false;
   }
 
  private:

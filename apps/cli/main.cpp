@@ -11,7 +11,7 @@ cli::Outcome<cli::Done> runLine(const std::vector<std::string>& arguments, cli::
   const auto done = (*run)();
   if (!done) return done.error();
   const auto flushed = session.flush();
-  for (const std::string& warning : session.warnings) cli::complain(warning);
+  for (const std::string& warning : session.takeWarnings()) cli::complain(warning);
   return flushed;
 }
 

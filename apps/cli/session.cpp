@@ -2,8 +2,11 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <iterator>
+#include <utility>
 
 #include "apps/cli/one_line.h"
 
@@ -41,6 +44,12 @@ Outcome<Done> Session::storeWorked() {
   const auto problems = device().takeProblems();
   if (problems.empty()) return Done{};
   return Failure{ExitCode::Failed, problems.front()};
+}
+
+std::vector<std::string> Session::takeWarnings() {
+  auto taken = std::exchange(warnings, {});
+  if (device_) std::ranges::move(device_->takeWarnings(), std::back_inserter(taken));
+  return taken;
 }
 
 Outcome<Done> Session::flush() {

@@ -25,6 +25,7 @@ class Session {
   Outcome<Done> storeWorked();
   // What the user should hear of though the command was done.
   std::vector<std::string> warnings;
+  std::vector<std::string> takeWarnings();  // those, and the device's
 
   void print(std::string_view line) { (output_ += line) += '\n'; }
   void printJson(const Json& document) { print(textOf(document)); }

@@ -51,6 +51,15 @@ TEST(MissingModules, OtherTextIsInTheOrderOfItsBytes) {
   EXPECT_LT(collator.compare("a", "é"), 0);
   EXPECT_EQ(collator.compare("é", "é"), 0);
 }
+TEST(MissingModules, WhyItIsIsToldOnceAndOnlyForSuchText) {
+  std::vector<std::string> told;
+  services::UserCollator collator([&](const std::string& message) { told.push_back(message); });
+  collator.compare("Battery 9%", "Battery 10%");
+  EXPECT_TRUE(told.empty());
+  collator.compare("a", "é");
+  collator.compare("b", "é");
+  EXPECT_EQ(told, std::vector{reason("collation", "icu")});
+}
 TEST(MissingModules, PostsAreDropped) {
   testing::internal::CaptureStderr();
   services::SessionNotificationCenter().post("name");

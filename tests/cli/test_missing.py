@@ -1,0 +1,62 @@
+from program import DOCUMENTS, ProgramTest, archive
+
+CONTACTS = "var/mobile/Library/AddressBook/people.vcf"
+SOUNDS = "System/Library/Audio/UISounds/bell.caf"
+
+
+class Missing(ProgramTest):
+    """On a machine that has none of the modules, each is told of by the command that needs it."""
+
+    def setUp(self):
+        super().setUp()
+        (self.scratch / "modules").mkdir()
+        self.env["QUORVANTIS_MODULES"] = str(self.scratch / "modules")
+
+    def warned(self, *arguments):
+        """What the program prints though it says, in one line, what it lacks; and that line."""
+        done = self.run_program(*arguments)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        lines = done.stderr.decode().splitlines()
+        self.assertEqual(len(lines), 1, lines)
+        return done.stdout.decode(), lines[0]
+
+    def save(self, trigger, description):
+        self.write(f"{DOCUMENTS}/profile_{trigger}.qvx",
+                   archive({"profilepercentage": trigger, "profiledescription": description}))
+
+    def test_profiles_are_listed_in_the_order_of_their_bytes(self):
+        self.save("5", "Zoo")
+        self.save("6", "Été")
+        self.save("7", "Übung")
+        printed, line = self.warned("profile", "list")
+        self.assertEqual(len(printed.splitlines()), 3)
+        self.assertRegex(line, "^quorvantis: collation is not available: ")
+
+    def test_plain_titles_need_no_collation(self):
+        self.save("5", "Zoo")
+        self.save("6", "Ete")
+        self.assertEqual(len(self.output("profile", "list").splitlines()), 2)
+
+    def test_contacts(self):
+        self.write(CONTACTS, b"BEGIN:VCARD\nN:;Ann\nTEL:1\nEND:VCARD\n")
+        self.assertIn("reading vCards is not available: ", self.refuse(1, "choices", "adressbook"))
+
+    def test_no_contacts_miss_nothing(self):
+        self.assertEqual(self.output("choices", "adressbook"), "")
+
+    def test_sounds_are_listed(self):
+        self.write(SOUNDS, b"x")
+        self.assertEqual([each["title"] for each in self.document("choices", "playsound")],
+                         ["Disabled", "bell.caf"])
+
+    def test_export(self):
+        self.save("5", "")
+        self.assertIn("reading and writing XML is not available: ",
+                      self.refuse(1, "profile", "export", "5", "-"))
+
+    def test_watch(self):
+        self.assertIn("the session bus is not available: ", self.refuse(1, "watch"))
+
+    def test_a_change_is_stored_without_the_bus(self):
+        self.assertEqual(self.output("set", "vibrate", "true"), "")
+        self.assertIs(self.domain()["vibrate"], True)
