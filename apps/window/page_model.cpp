@@ -111,6 +111,21 @@ void PageModel::setNumber(int row, double number) {
   set(row, number);
 }
 
+void PageModel::setTypedNumber(int row, const QString& text) {
+  bool isNumber = false;
+  const double number = QString(text).replace(',', '.').toDouble(&isNumber);
+  const auto specifier = host_.row(row);
+  if (!isShown() || !specifier) return;
+  const Row shown = describe(**specifier);
+  const auto done =
+      host_.set(row, isNumber ? plist::Value(number) : plist::Value(text.toStdString()));
+  if (!done && done.error().code == host::RefusalCode::BadValue)
+    report_(tr("%1 takes a number from %2 to %3.")
+                .arg(shown.label, Row::numberText(shown.minimum), Row::numberText(shown.maximum)));
+  else
+    tell(done);
+}
+
 void PageModel::setText(int row, const QString& text) {
   set(row, text.toStdString());
 }

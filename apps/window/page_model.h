@@ -54,6 +54,7 @@ class PageModel : public QObject {
   Q_INVOKABLE void tap(int row);
   Q_INVOKABLE void setOn(int row, bool on);
   Q_INVOKABLE void setNumber(int row, double number);
+  Q_INVOKABLE void setTypedNumber(int row, const QString& text);
   Q_INVOKABLE void setText(int row, const QString& text);
   Q_INVOKABLE void choose(int row, int choice);  // on a page of rows
   Q_INVOKABLE void select(int choice);           // on a page of choices or colours

@@ -67,10 +67,9 @@ int inputHintsOf(const PSSpecifier& specifier) {
   return hints;
 }
 
-// As many digits as a person can aim at within the range.
-QString numberText(double number, double range) {
-  int digits = range >= 20 ? 0 : range >= 2 ? 1 : 2;
-  return QString::number(number, 'f', digits);
+// What a person can aim at within the range.
+double grainOf(double range) {
+  return range >= 20 ? 1 : range >= 2 ? 0.1 : 0.01;
 }
 
 QString valueText(const PSSpecifier& specifier, const preferences::PSTableCell& cell) {
@@ -92,7 +91,9 @@ void describeControl(const uikit::Slider& slider, const PSSpecifier& specifier, 
   row.step = row.stops > 0 ? range / row.stops
              : range >= 20 ? std::max(1.0, std::round(range / 20))
                            : range / 20;
-  row.value = specifier.boolForKey("showValue", false) ? numberText(row.number, range) : QString();
+  if (!specifier.boolForKey("showValue", false)) return row.value.clear();
+  row.grain = grainOf(range);
+  row.value = Row::numberText(row.number);
 }
 
 void describeControl(const uikit::Control& control, const PSSpecifier& specifier, Row& row) {
@@ -124,6 +125,13 @@ void describeColor(const prefs::ZorvekColorPickerQuorvantisLinkCell& cell, Row& 
 }
 
 }  // namespace
+
+QString Row::numberText(double number) {
+  QString text = QString::number(number, 'f', 3);
+  while (text.endsWith('0')) text.chop(1);
+  if (text.endsWith('.')) text.chop(1);
+  return text;
+}
 
 Row describe(const PSSpecifier& specifier) {
   Row row;

@@ -35,6 +35,7 @@ struct Row {
   Q_PROPERTY(double minimum MEMBER minimum)
   Q_PROPERTY(double maximum MEMBER maximum)
   Q_PROPERTY(double step MEMBER step)
+  Q_PROPERTY(double grain MEMBER grain)
   Q_PROPERTY(int stops MEMBER stops)
   Q_PROPERTY(bool continuous MEMBER continuous)
   Q_PROPERTY(QStringList titles MEMBER titles)
@@ -66,6 +67,7 @@ struct Row {
   bool on = false;                              // a switch
   double number = 0, minimum = 0, maximum = 1;  // a slider
   double step = 0;                              // what a key press moves it by
+  double grain = 0;                             // what a drag can aim at; 0: anything
   int stops = 0;                                // it snaps to so many steps; 0: to none
   bool continuous = false;
   QStringList titles;  // segments
@@ -81,6 +83,9 @@ struct Row {
   QString reason;  // why the row can't be used; empty while it can
 
   bool operator==(const Row&) const = default;
+
+  // As a slider's value stands beside it: to a thousandth, without zeros at its end.
+  Q_INVOKABLE static QString numberText(double number);
 };
 
 // The row's own part; first, last and footer follow from its neighbours, the reason from its page.

@@ -68,6 +68,41 @@ TEST_F(Keyboard, LeftAndRightMoveASliderAndStoreEachStep) {
   EXPECT_EQ(device.stored("level"), plist::Value(45.0));
 }
 
+TEST_F(Keyboard, HomeEndAndPageKeysMoveASlider) {
+  driver->click("Custom level");
+  driver->key(Qt::Key_Down);
+  driver->key(Qt::Key_PageUp);
+  EXPECT_EQ(device.stored("level"), plist::Value(70.0));
+  driver->key(Qt::Key_PageDown);
+  driver->key(Qt::Key_PageDown);
+  EXPECT_EQ(device.stored("level"), plist::Value(30.0));
+  driver->key(Qt::Key_End);
+  EXPECT_EQ(device.stored("level"), plist::Value(100.0));
+  driver->key(Qt::Key_Home);
+  EXPECT_EQ(device.stored("level"), plist::Value(0.0));
+}
+
+TEST_F(Keyboard, ADigitOnASliderBeginsToTypeItsValue) {
+  driver->click("Custom level");
+  driver->key(Qt::Key_Down);
+  driver->type("33,25");
+  driver->key(Qt::Key_Return);
+  EXPECT_EQ(device.stored("level"), plist::Value(33.25));
+  EXPECT_EQ(driver->focused(), "Level");
+  driver->key(Qt::Key_Right);
+  EXPECT_EQ(device.stored("level"), plist::Value(38.25));
+}
+
+TEST_F(Keyboard, ReturnOnASliderOffersItsValueForTyping) {
+  driver->click("Custom level");
+  driver->key(Qt::Key_Down);
+  driver->key(Qt::Key_Return);
+  driver->type("8");
+  driver->key(Qt::Key_Down);
+  EXPECT_EQ(device.stored("level"), plist::Value(8.0));
+  EXPECT_EQ(driver->focused(), "Stays as it is");
+}
+
 TEST_F(Keyboard, LeftAndRightChooseASegment) {
   goTo("When");
   driver->key(Qt::Key_Right);

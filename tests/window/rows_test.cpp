@@ -2,7 +2,10 @@
 
 namespace {
 
-class Rows : public SampleWindow {};
+class Rows : public SampleWindow {
+ protected:
+  const QString kLevelField = "Level, as a number";
+};
 
 TEST_F(Rows, ShowsEveryRowOfThePageByItsLabel) {
   for (const char* label :
@@ -61,6 +64,71 @@ TEST_F(Rows, ASliderStoresItsValueWhenItIsLetGo) {
   driver->settle();
   EXPECT_EQ(device.stored("level"), plist::Value(100.0));
   EXPECT_TRUE(driver->shows("100"));
+}
+
+TEST_F(Rows, ASliderThatShowsItsValueStoresWhatItShows) {
+  driver->click("Custom level");
+  const QRectF place = driver->place(driver->find("Level", kSlider));
+  const QPoint start = place.center().toPoint();
+  QTest::mousePress(window, Qt::LeftButton, {}, start);
+  for (int x : {3, 7, 11}) QTest::mouseMove(window, start + QPoint(x, 0));
+  const QString shown = QString::number(driver->find("Level", kSlider)->property("value").toReal());
+  EXPECT_FALSE(shown.contains('.')) << shown.toStdString();
+  EXPECT_NE(shown, "50");
+  EXPECT_TRUE(driver->shows(shown));
+  QTest::mouseRelease(window, Qt::LeftButton, {}, start + QPoint(11, 0));
+  driver->settle();
+  EXPECT_EQ(device.stored("level"), plist::Value(shown.toDouble()));
+}
+
+TEST_F(Rows, AClickOnAValueLetsItBeTyped) {
+  driver->click("Custom level");
+  driver->click(kLevelField, kText);
+  driver->type("12.5");
+  EXPECT_TRUE(device.stored("level").isNothing());
+  driver->key(Qt::Key_Return);
+  EXPECT_EQ(device.stored("level"), plist::Value(12.5));
+  EXPECT_TRUE(driver->shows("12.5"));
+  EXPECT_EQ(driver->focused(), "Level");
+}
+
+TEST_F(Rows, ATypedValueIsStoredWhenTheFieldIsLeft) {
+  driver->click("Custom level");
+  driver->click(kLevelField, kText);
+  driver->type("7");
+  driver->click("Stays as it is");
+  EXPECT_EQ(device.stored("level"), plist::Value(7.0));
+}
+
+TEST_F(Rows, EscapeGivesBackTheValueThatWasThere) {
+  driver->click("Custom level");
+  driver->click(kLevelField, kText);
+  driver->type("7");
+  driver->key(Qt::Key_Escape);
+  EXPECT_TRUE(device.stored("level").isNothing());
+  EXPECT_TRUE(driver->shows("50"));
+  EXPECT_EQ(title(), "Sample");
+}
+
+TEST_F(Rows, WhatASliderCantTakeIsRefusedInWords) {
+  driver->click("Custom level");
+  for (const char* typed : {"100.5", "-1", "ten", "nan", "inf", "1e3", "5 0"}) {
+    driver->click(kLevelField, kText);
+    driver->type(typed);
+    driver->key(Qt::Key_Return);
+    EXPECT_TRUE(device.stored("level").isNothing()) << typed;
+    EXPECT_TRUE(driver->shows("50")) << typed;
+    ASSERT_EQ(settings->bridge().problems().size(), 1) << typed;
+    EXPECT_EQ(settings->bridge().problems().first(), "Level takes a number from 0 to 100.");
+    settings->bridge().dismiss(0);
+  }
+}
+
+TEST_F(Rows, AValueOfADimmedSliderCantBeTyped) {
+  driver->clickItem(driver->find(kLevelField, kText));
+  driver->type("7");
+  driver->key(Qt::Key_Return);
+  EXPECT_TRUE(device.stored("level").isNothing());
 }
 
 TEST_F(Rows, AClickOnASegmentStoresItsValue) {

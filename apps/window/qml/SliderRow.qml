@@ -1,7 +1,8 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// A slider, below its label and value if it has them.
+// A slider, below its label and value if it has them. A click on the value, or a digit while the
+// slider has the keyboard, lets the value be typed.
 CardRow {
     id: card
 
@@ -22,7 +23,21 @@ CardRow {
         y: 12
         visible: card.titled
         label: card.entry.label
-        value: card.entry.value
+        value: number.activeFocus ? "" : slider.pressed && card.entry.value !== "" ? card.entry.numberText(slider.value) : card.entry.value
+    }
+
+    NumberField {
+        id: number
+
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.inset - rightPadding
+        anchors.verticalCenter: texts.verticalCenter
+        visible: card.entry.built && card.entry.value !== ""
+        shown: card.entry.value
+        Accessible.name: qsTr("%1, as a number").arg(card.entry.label)
+        Accessible.description: card.entry.reason
+        onTyped: typed => card.page.setTypedNumber(card.index, typed)
+        onDone: slider.forceActiveFocus(Qt.TabFocusReason)
     }
 
     T.Slider {
@@ -48,8 +63,8 @@ CardRow {
                 card.page.setNumber(card.index, value);
             sync();
         }
-        function step(direction: int) {
-            value = Math.max(from, Math.min(to, value + direction * card.entry.step));
+        function step(steps: int) {
+            value = Math.max(from, Math.min(to, value + steps * card.entry.step));
         }
 
         anchors.left: parent.left
@@ -60,8 +75,8 @@ CardRow {
         height: card.titled ? 40 : parent.height
         focusPolicy: Qt.StrongFocus
         visible: card.entry.built
-        stepSize: card.entry.stops > 0 ? card.entry.step : 0
-        snapMode: card.entry.stops > 0 ? T.Slider.SnapAlways : T.Slider.NoSnap
+        stepSize: card.entry.stops > 0 ? card.entry.step : card.entry.grain
+        snapMode: stepSize > 0 ? T.Slider.SnapAlways : T.Slider.NoSnap
         live: true
         onMoved: if (card.entry.continuous) card.page.setNumber(card.index, value)
         onPressedChanged: if (!pressed) commit()
@@ -69,6 +84,21 @@ CardRow {
         Component.onCompleted: sync()
         Keys.onLeftPressed: step(-1)
         Keys.onRightPressed: step(1)
+        Keys.onReturnPressed: number.edit("")
+        Keys.onEnterPressed: number.edit("")
+        Keys.onPressed: event => {
+            event.accepted = true;
+            switch (event.key) {
+            case Qt.Key_Home: value = from; break;
+            case Qt.Key_End: value = to; break;
+            case Qt.Key_PageUp: step(4); break;
+            case Qt.Key_PageDown: step(-4); break;
+            default:
+                event.accepted = number.takes(event.text);
+                if (event.accepted)
+                    number.edit(event.text);
+            }
+        }
         Accessible.name: card.entry.label
         Accessible.description: card.description
         Accessible.onIncreaseAction: step(1)

@@ -1,0 +1,60 @@
+import QtQuick
+import QtQuick.Templates as T
+
+// A number that can be typed. It is seen while it is; before that it lies over the number as shown.
+T.TextField {
+    id: field
+
+    property string shown
+
+    signal typed(string typed)
+    signal done
+
+    function takes(key: string): bool {
+        return visible && key.length === 1 && "0123456789.,-".includes(key);
+    }
+    // Begins with this text, or with the number that is shown.
+    function edit(begin: string) {
+        if (!visible)
+            return;
+        forceActiveFocus(Qt.OtherFocusReason);
+        if (begin !== "")
+            text = begin;
+    }
+
+    implicitWidth: Math.max(activeFocus ? 84 : 44, contentWidth + leftPadding + rightPadding)
+    implicitHeight: Math.round(Theme.body * 1.9)
+    leftPadding: 10
+    rightPadding: 10
+    horizontalAlignment: TextInput.AlignRight
+    verticalAlignment: TextInput.AlignVCenter
+    activeFocusOnTab: false
+    selectByMouse: true
+    inputMethodHints: Qt.ImhFormattedNumbersOnly
+    text: shown
+    color: activeFocus ? Theme.text : "transparent"
+    selectionColor: Theme.accent
+    selectedTextColor: "#FFFFFF"
+    font.pixelSize: Theme.body
+    onActiveFocusChanged: if (activeFocus) selectAll()
+    onEditingFinished: {
+        if (text !== shown)
+            typed(text);
+        text = Qt.binding(() => shown);
+        if (activeFocus)
+            done();
+    }
+    Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Escape
+    Keys.onEscapePressed: {
+        text = Qt.binding(() => shown);
+        done();
+    }
+
+    background: Rectangle {
+        visible: field.activeFocus
+        radius: 7
+        color: Theme.background
+        border.width: 2
+        border.color: Theme.accentText
+    }
+}
