@@ -104,7 +104,8 @@ CardRow {
                         elide: Text.ElideRight
                         fontSizeMode: Text.HorizontalFit
                         minimumPixelSize: Math.round(Theme.small * 0.8)
-                        color: segment.chosen ? "#FFFFFF" : Theme.text
+                        // White could not be read on the pale ground of a dimmed row.
+                        color: segment.chosen && card.entry.opacity === 1 ? "#FFFFFF" : Theme.text
                         font.pixelSize: Theme.small
                         font.weight: segment.chosen ? Font.DemiBold : Font.Normal
                     }
