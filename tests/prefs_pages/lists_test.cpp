@@ -1,7 +1,9 @@
+#include <algorithm>
 #include <map>
 #include <set>
 
 #include "platform/preferences/specifier_list.h"
+#include "prefs/pages/DependentListController.h"
 #include "tests/prefs_pages/pages_bundle.h"
 
 // What the specifier lists of the option pages hold.
@@ -254,6 +256,28 @@ TEST(OptionListRows, OfTheLowPowerRowsOnlyControllingSwitchesAreSwitches) {
               row->identifier() == "lowpowermodeenabled" ||
                   row->identifier() == "lowpowercustbrightenabled")
         << row->identifier();
+}
+
+// Rows that come on screen later than the evaluation would look usable until the next one. Only the
+// low-power page evaluates when it scrolls.
+TEST(OptionListRows, WhatRulesDimIsOnTheFirstScreen) {
+  constexpr std::size_t kScreenful = 12;
+  std::size_t dimmed = 0;
+  for (const char* name :
+       {"PowerSavingListController", "SoundsListController", "UserNotificationListController"}) {
+    testing_support::TestDevice device(prefs::bundle());
+    auto page = std::dynamic_pointer_cast<prefs::DependentListController>(
+        prefs::bundle().pageClass(name)->create(device.environment));
+    page->viewDidLoad();
+    for (const prefs::DependencyRule& rule : page->rules()) {
+      const auto& rows = page->specifiers();
+      const auto row = std::ranges::find(rows, rule.dependentRow,
+                                         [](const auto& each) { return each->identifier(); });
+      EXPECT_LT(row - rows.begin(), kScreenful) << rule.dependentRow;
+      ++dimmed;
+    }
+  }
+  EXPECT_EQ(dimmed, 7u);
 }
 
 TEST(OptionListRows, TheTintedRowsHaveAControl) {
