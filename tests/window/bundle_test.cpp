@@ -1,4 +1,5 @@
 #include <QFile>
+#include <QGuiApplication>
 
 #include "tests/window/bundle_window.h"
 
@@ -114,6 +115,19 @@ TEST_F(BundleWindow, ARowThatLagsBehindItsSwitchSaysHowItIsGot) {
   EXPECT_TRUE(driver->until([&] { return reasons(*driver).contains(lagging); }));
   host->activate();
   EXPECT_TRUE(driver->until([&] { return !reasons(*driver).contains(lagging); }));
+}
+
+TEST_F(BundleWindow, RulesAreEvaluatedWhenTheApplicationBecomesActive) {
+  open("UserNotificationListController");
+  const auto dimmed = [this] {
+    return !host::isUsable(**host->row(std::string("vibrateduration")));
+  };
+  ASSERT_TRUE(driver->until(dimmed));
+  ASSERT_TRUE(host->set(std::string("vibrate"), true));
+  emit qApp->applicationStateChanged(Qt::ApplicationInactive);
+  EXPECT_TRUE(dimmed());
+  emit qApp->applicationStateChanged(Qt::ApplicationActive);
+  EXPECT_FALSE(dimmed());
 }
 
 TEST_F(BundleWindow, ADimmedTextSaysWhichSwitchToTurnOn) {

@@ -143,6 +143,24 @@ TEST_F(Rows, AClickOnTheChosenSegmentLeavesItChosen) {
   EXPECT_TRUE(driver->find("Above", kRadioButton)->property("checked").toBool());
 }
 
+TEST_F(Rows, TheChosenSegmentHasTheTintThatThePageGaveIt) {
+  QQuickItem* segments = driver->itemsOfType("SegmentRow").front();
+  const QColor before = segments->property("chosenColor").value<QColor>();
+  row("when").control()->tintColor = uikit::Color::fromBytes(200, 0, 0);
+  host.settle();
+  driver->settle();
+  EXPECT_EQ(segments->property("chosenColor").value<QColor>(), QColor(200, 0, 0));
+  EXPECT_NE(before, QColor(200, 0, 0));
+}
+
+TEST_F(Rows, AnEmptyTextShowsItsPlaceholder) {
+  EXPECT_TRUE(driver->shows("Somebody"));
+  driver->click("Name", kText);
+  EXPECT_TRUE(driver->shows("Somebody"));
+  driver->type("A");
+  EXPECT_FALSE(driver->shows("Somebody"));
+}
+
 TEST_F(Rows, TextIsStoredWhenReturnEndsIt) {
   driver->click("Name", kText);
   driver->type("Ann");
