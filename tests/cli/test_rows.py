@@ -116,6 +116,47 @@ class Set(ProgramTest):
     def test_dimmed_row_names_its_switch(self):
         self.assertIn('"custbrightenabled"', self.refuse(2, "set", "custbright", "40"))
 
+    def test_every_dimmed_row_names_its_switch(self):
+        dimmed = {}
+        for domain, page in (({}, "PowerSavingListController"), ({}, "SoundsListController"),
+                             ({}, "UserNotificationListController"), ({}, "LowPowerListController"),
+                             ({"lowpowermodeenabled": True}, "LowPowerListController")):
+            self.write_domain(domain)
+            for row in self.document("page", page):
+                if row["usable"]:
+                    continue
+                dimmed[row["id"]] = row["dimmedBy"]
+                with self.subTest(row=row["id"], domain=domain):
+                    self.assertIn(f'dimmed by "{row["dimmedBy"]}"',
+                                  self.refuse(2, "set", row["id"], "1"))
+        self.assertEqual({row: by for row, by in dimmed.items() if not row.startswith("lowpower")},
+                         {"custbright": "custbrightenabled", "customvolume": "customvolumeenabled",
+                          "vibrateduration": "vibrate", "flashledduration": "flashled",
+                          "adressbook": "sendmessage", "msgrecipient": "sendmessage",
+                          "msgtext": "sendmessage"})
+        self.assertEqual(sum(by == "lowpowermodeenabled" for by in dimmed.values()), 19)
+
+    def test_contact_becomes_the_recipient(self):
+        self.write("var/mobile/Library/AddressBook/people.vcf",
+                   "BEGIN:VCARD\nN:;Jörg\nTEL:tel:+49 30 1\nEND:VCARD\n".encode())
+        self.write_domain({"sendmessage": True})
+        self.output("set", "adressbook", "+49 30 1")
+        self.assertEqual(self.domain(), {"sendmessage": True, "msgrecipient": "+49 30 1"})
+        self.refuse(2, "set", "adressbook", "+49 30 2")
+
+    def test_sound_is_stored_as_its_url(self):
+        self.write("System/Library/Audio/UISounds/New/a b.caf", b"x")
+        url = "file:///System/Library/Audio/UISounds/New/a%20b.caf"
+        self.output("set", "playsound", url)
+        self.assertEqual(self.domain()["playsound"], url)
+        self.output("set", "playsound", "Disabled")
+        self.assertEqual(self.domain()["playsound"], "Disabled")
+
+    def test_choice_goes_by_the_text_of_its_value(self):
+        for text in ("true", "1.0", "01"):
+            with self.subTest(text=text):
+                self.refuse(2, "set", "airplanemode", text)
+
     def test_value_that_the_row_can_not_take(self):
         self.write_domain({"custbrightenabled": True})
         for key, text in (("custbrightenabled", "1"), ("custbrightenabled", "YES"),
