@@ -10,8 +10,10 @@ T.TextField {
     signal typed(string typed)
     signal done
 
-    function takes(key: string): bool {
-        return visible && key.length === 1 && "0123456789.,-".includes(key);
+    // Whether a key begins a number.
+    function takes(key: KeyEvent): bool {
+        const command = Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier;
+        return visible && (key.modifiers & command) === 0 && key.text.length === 1 && "0123456789.,-".includes(key.text);
     }
     // Begins with this text, or with the number that is shown.
     function edit(begin: string) {

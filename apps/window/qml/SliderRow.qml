@@ -94,7 +94,7 @@ CardRow {
             case Qt.Key_PageUp: step(4); break;
             case Qt.Key_PageDown: step(-4); break;
             default:
-                event.accepted = number.takes(event.text);
+                event.accepted = number.takes(event);
                 if (event.accepted)
                     number.edit(event.text);
             }
