@@ -1,5 +1,6 @@
 #include "apps/window/choice_model.h"
 
+#include <QUrl>
 #include <algorithm>
 
 #include "apps/window/page_model.h"
@@ -52,8 +53,13 @@ void ChoiceModel::setFilter(const QString& filter) {
 std::vector<int> ChoiceModel::matches() const {
   std::vector<int> found;
   if (filter_.isEmpty() || !row_) return found;
-  for (int choice = 0; choice < static_cast<int>(row_->titles.size()); ++choice)
-    if (title(choice).contains(filter_, Qt::CaseInsensitive)) found.push_back(choice);
+  // The title of a file is its name as a URL has it.
+  const QString escaped = QUrl::toPercentEncoding(filter_, "!$&'()*+,/:=@");
+  for (int choice = 0; choice < static_cast<int>(row_->titles.size()); ++choice) {
+    const QString text = title(choice);
+    if (text.contains(filter_, Qt::CaseInsensitive) || text.contains(escaped, Qt::CaseInsensitive))
+      found.push_back(choice);
+  }
   return found;
 }
 

@@ -14,8 +14,8 @@ namespace window {
 
 class PageModel;
 
-// The choices of a list row, those that match the filter. Titles are read from the row itself, so a
-// list of many thousands costs nothing before it is scrolled to.
+// The choices of a list row, those whose title holds the filter, as it is or escaped. Titles are
+// read from the row itself, so a list of many thousands costs nothing before it is scrolled to.
 class ChoiceModel : public QAbstractListModel {
   Q_OBJECT
   QML_ELEMENT

@@ -117,6 +117,25 @@ TEST_F(BundleWindow, ARowThatLagsBehindItsSwitchSaysHowItIsGot) {
   EXPECT_TRUE(driver->until([&] { return !reasons(*driver).contains(lagging); }));
 }
 
+TEST_F(BundleWindow, ASoundIsFoundByItsNameAndStoredAsItsUrl) {
+  const std::string sounds = "/System/Library/Audio/UISounds/";
+  foundation::DeviceRoot root(folder.path().toStdString());
+  const std::uint8_t byte = 'x';
+  for (int i = 0; i < 30; ++i)
+    ASSERT_TRUE(root.writeDurably(sounds + "a b " + std::to_string(i) + ".caf", {&byte, 1}));
+  open("UserNotificationListController");
+  driver->click("Sound", QAccessible::Button);
+  driver->clickItem(driver->itemsOfType("FilterField").front());
+  for (const char* typed : {"A B 17", "a%20b%2017"}) {
+    driver->type(typed);
+    ASSERT_EQ(driver->itemsOfType("ChoiceRow").size(), 1u) << typed;
+    driver->key(Qt::Key_Escape);
+  }
+  driver->type("b 17");
+  driver->click("a%20b%2017.caf", QAccessible::RadioButton);
+  EXPECT_EQ(stored("playsound"), Value("file://" + sounds + "a%20b%2017.caf"));
+}
+
 TEST_F(BundleWindow, RulesAreEvaluatedWhenTheApplicationBecomesActive) {
   open("UserNotificationListController");
   const auto dimmed = [this] {
