@@ -1,4 +1,5 @@
-from program import DOCUMENTS, ProgramTest, archive
+from keyed_archive import archive
+from program import DOCUMENTS, ProgramTest
 
 CONTACTS = "var/mobile/Library/AddressBook/people.vcf"
 SOUNDS = "System/Library/Audio/UISounds/bell.caf"
