@@ -74,8 +74,16 @@ Outcome<Done> SettingsApplication::scroll(int first) {
   return Done{};
 }
 
+Outcome<Done> SettingsApplication::show(int first, int count) {
+  viewport_ = std::max(count, 1);
+  const auto done = scroll(first);
+  if (!done) settle();
+  return done;
+}
+
 Outcome<Done> SettingsApplication::select(int section, int index) {
   if (const auto refused = refusedForAlert()) return *refused;
+  if (pages_.empty()) return Refusal{RefusalCode::NoPage, "no page is shown"};
   uikit::TableView* table = shownTable();
   const bool exists = table && section >= 0 && index >= 0 &&
                       section < table->source->numberOfSectionsInTableView(*table) &&
@@ -91,6 +99,7 @@ Outcome<Done> SettingsApplication::select(int section, int index) {
 
 Outcome<Done> SettingsApplication::drag(int tag, double value, bool release) {
   if (const auto refused = refusedForAlert()) return *refused;
+  if (pages_.empty()) return Refusal{RefusalCode::NoPage, "no page is shown"};
   const std::string name = "the slider of tag " + std::to_string(tag);
   if (!shownTable() || !shownPage()->hasSlider(tag))
     return Refusal{RefusalCode::NoRow, "no slider has the tag " + std::to_string(tag)};

@@ -75,6 +75,8 @@ class SettingsApplication {
   Outcome<Done> scroll(int first);
   int firstShown() const;
   void setViewport(int entries);
+  // Both at once, so that what stays on screen stays built.
+  Outcome<Done> show(int first, int count);
 
   Outcome<Done> select(int section, int index);  // taps a row of a table page
   // Moves the slider of that tag on a table page, within its range; `release` also lets go of it.

@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "apps/cli/page_on_show.h"
+#include "prefs/colorpicker/ZorvekColorPickerQuorvantis.h"
 #include "prefs/colorpicker/view_tags.h"
 
 namespace cli {
@@ -82,9 +83,13 @@ Outcome<Done> chooseColor(host::SettingsApplication& application,
   const auto hex = hexIn(text);
   if (!preset && !hex)
     return Failure{ExitCode::WrongUse,
-                   "\"" + row.identifier() + "\" takes the name of a color, none, or #RRGGBB"};
+                   "\"" + row.identifier() +
+                       "\" takes the name of a color (choices lists them), none, or #RRGGBB"};
   const auto opened = application.tap(row.identifier());
   if (!opened) return failureOf(opened.error());
+  const auto* picker = dynamic_cast<prefs::ZorvekColorPickerQuorvantis*>(application.shownPage());
+  if (hex && picker && picker->selectedColor == plist::Value(*hex))
+    return Done{};  // its row is ticked already
   const auto chosen =
       preset ? application.select(preset->section, preset->row) : mix(application, *hex);
   if (!chosen) return failureOf(chosen.error());

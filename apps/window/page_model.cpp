@@ -93,10 +93,13 @@ bool PageModel::isShown() const {
 
 void PageModel::show(int first, int count) {
   if (!isShown() || count < 1) return;
-  bool scrolled = first != host_.firstShown() || (viewport_ != 0 && count != viewport_);
-  if (count != viewport_) host_.setViewport(count);
+  const bool resized = count != viewport_;
+  const bool scrolled = first != host_.firstShown() || (viewport_ != 0 && resized);
   viewport_ = count;
-  if (scrolled) tell(host_.scroll(first));
+  if (scrolled)
+    tell(host_.show(first, count));
+  else if (resized)
+    host_.setViewport(count);
 }
 
 void PageModel::tap(int row) {

@@ -79,6 +79,8 @@ void SettingsBridge::back() {
 
 void SettingsBridge::activate() {
   host_.activate();
+  // Other programs may have stored what cells show as they are laid out.
+  host_.layout();
 }
 
 void SettingsBridge::dismiss(int problem) {

@@ -20,15 +20,6 @@ std::optional<std::string> Convert<std::string>::from(const Argument& argument) 
   return *value->text();
 }
 
-std::optional<std::optional<std::string>> Convert<std::optional<std::string>>::from(
-    const Argument& argument) {
-  auto value = valueIn(argument);
-  if (!value) return std::nullopt;
-  if (value->isNothing()) return std::optional<std::string>();
-  if (!value->text()) return std::nullopt;
-  return std::optional<std::string>(*value->text());
-}
-
 std::optional<uikit::IndexPath> Convert<uikit::IndexPath>::from(const Argument& argument) {
   auto value = valueIn(argument);
   const plist::Array* pair = value ? value->array() : nullptr;

@@ -53,12 +53,18 @@ struct Convert<std::string> {
   static std::optional<std::string> from(const Argument& argument);
 };
 template <>
-struct Convert<std::optional<std::string>> {
-  static std::optional<std::optional<std::string>> from(const Argument& argument);
-};
-template <>
 struct Convert<uikit::IndexPath> {  // an array of section and row
   static std::optional<uikit::IndexPath> from(const Argument& argument);
+};
+template <class T>
+struct Convert<std::optional<T>> {  // empty for null
+  static std::optional<std::optional<T>> from(const Argument& argument) {
+    const auto value = valueIn(argument);
+    if (value && value->isNothing()) return std::optional<T>();
+    auto given = Convert<T>::from(argument);
+    if (!given) return std::nullopt;
+    return std::optional<T>(std::move(*given));
+  }
 };
 template <class T>
 struct Convert<T*> {

@@ -31,6 +31,8 @@ class ColorsOnTheBus(BusTest):
         self.assertEqual(self.heard_until("mixed"), [PREFS])
         self.output("set", "bannercolor", "#010204")
         self.assertEqual(self.heard_until("mixed again"), [PREFS])
+        self.output("set", "bannercolor", "#010204")
+        self.assertEqual(self.heard_until("the same mix"), [])
         self.output("set", "bannercolor", "none")
         self.assertEqual(self.heard_until("none"), [PREFS])
         self.output("set", "bannercolor", "none")

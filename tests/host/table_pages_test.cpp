@@ -44,6 +44,16 @@ TEST_F(TablePages, ScrollTakesCellsOffTheScreen) {
   EXPECT_EQ(settings.application.firstShown(), sample::kTableRows - 6);
 }
 
+TEST_F(TablePages, ShowKeepsTheCellsThatStayOnScreen) {
+  ASSERT_TRUE(settings.application.scroll(10));
+  auto* table = settings.application.shownTable();
+  auto* cell = table->cellForRowAtIndexPath(table->pathOfRow(15));
+  cell->detailTextLabel.text = "marked";
+  ASSERT_TRUE(settings.application.show(14, 2));
+  EXPECT_EQ(table->cellForRowAtIndexPath(table->pathOfRow(15))->detailTextLabel.text, "marked");
+  EXPECT_EQ(table->cellForRowAtIndexPath(table->pathOfRow(13)), nullptr);
+}
+
 TEST_F(TablePages, SelectTapsARowOnScreen) {
   ASSERT_TRUE(settings.application.select(0, 3));
   EXPECT_THAT(settings.table().selected, ElementsAre(IndexPath{0, 3}));

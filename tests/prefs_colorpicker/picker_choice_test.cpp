@@ -1,3 +1,4 @@
+#include "tests/platform_foundation/system_calls.h"
 #include "tests/prefs_colorpicker/picker_fixture.h"
 
 namespace {
@@ -199,6 +200,16 @@ TEST_F(PickerChoice, IsNotStoredWithoutAKeyButAnnounced) {
   tap(kSystemBlue);
   EXPECT_TRUE(device.preferences.copyKeyList(prefs::kDomain).empty());
   EXPECT_EQ(events.size(), 2u);
+}
+
+TEST_F(PickerChoice, SynchronisesTheDomainEvenWithoutAKey) {
+  open(rowWithout("key"));
+  ASSERT_TRUE(device.preferences.setAppValue("wifi", true, prefs::kDomain));
+  auto& calls = foundation::test::systemCalls();
+  calls.log.clear();
+  tap(kSystemBlue);
+  EXPECT_EQ(calls.log,
+            (std::vector<std::string>{"fsync com.zorvek.quorvantis.plist", "fsync Preferences"}));
 }
 
 TEST_F(PickerChoice, IsStoredInSilenceWithoutNotifications) {

@@ -274,4 +274,67 @@ TEST_F(Colors, EveryRowIsReachedByKeysOnAScreenThatHoldsFew) {
   EXPECT_EQ(stored("bannercolor"), Value("none"));
 }
 
+TEST_F(Colors, AMixIsKeptWhileTheCustomRowStaysOnScreen) {
+  openPicker("Alert Banner", 844);
+  toTheEnd();
+  driver->find("Red", kSlider)->forceActiveFocus();
+  for (int step = 0; step < 6; ++step) driver->key(Qt::Key_Right);
+  EXPECT_EQ(spoken("Custom", kChoice), "#3A495F");
+  QQuickItem* row = driver->find("Mocha", kChoice);
+  for (const int turned : {120, 120, 120, -120, -120, -120}) {
+    driver->wheel(row, turned);
+    EXPECT_EQ(spoken("Custom", kChoice), "#3A495F");
+  }
+}
+
+TEST_F(Colors, TheEndShowsTheWholeCustomRow) {
+  openPicker("Alert Banner", 844);
+  toTheEnd();
+  QQuickItem* hint = nullptr;
+  for (QQuickItem* text : driver->itemsOfType("QQuickText"))
+    if (text->property("text").toString().startsWith("Tap the row")) hint = text;
+  ASSERT_TRUE(hint);
+  EXPECT_LE(driver->place(hint).bottom(), 844);
+}
+
+TEST_F(Colors, TabGoesThroughTheRowsAndKeepsThemOnScreen) {
+  openPicker("Alert Banner", 500);
+  const auto onScreen = [this] {
+    const QRectF place = driver->place(driver->find(driver->focused(), kChoice));
+    return place.top() >= 0 && place.bottom() <= 500;
+  };
+  driver->key(Qt::Key_Home);
+  for (const char* next : {"Quorvantis", "Purple", "System Blue", "Marine Blue", "Light Blue",
+                           "Pink", "System Red", "Orange", "Yellow", "System Green", "Gray"}) {
+    driver->key(Qt::Key_Tab);
+    EXPECT_EQ(driver->focused(), next);
+    EXPECT_TRUE(onScreen()) << next;
+  }
+  driver->key(Qt::Key_Backtab);
+  EXPECT_EQ(driver->focused(), "System Green");
+}
+
+TEST_F(Colors, TabGoesFromTheCustomRowToItsSlidersAndBack) {
+  openPicker("Alert Banner", 500);
+  driver->key(Qt::Key_End);
+  for (const char* next : {"Red", "Green", "Blue"}) {
+    driver->key(Qt::Key_Tab);
+    EXPECT_EQ(driver->focused(), next);
+  }
+  for (const char* next : {"Green", "Red", "Custom", "Mocha"}) {
+    driver->key(Qt::Key_Backtab);
+    EXPECT_EQ(driver->focused(), next);
+  }
+}
+
+TEST_F(Colors, ComingToTheForegroundShowsWhatOthersHaveStored) {
+  foundation::Preferences another(device->root());
+  ASSERT_TRUE(another.setAppValue("bannercolor", "#FF9500", "com.zorvek.quorvantis"));
+  EXPECT_EQ(patch("Alert Banner", QAccessible::Button), QColor("#34495F"));
+  emit qApp->applicationStateChanged(Qt::ApplicationInactive);
+  emit qApp->applicationStateChanged(Qt::ApplicationActive);
+  driver->settle();
+  EXPECT_EQ(patch("Alert Banner", QAccessible::Button), QColor("#FF9500"));
+}
+
 }  // namespace

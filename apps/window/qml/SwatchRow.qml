@@ -16,19 +16,21 @@ FocusScope {
     readonly property real side: Theme.sideOf(width)
     readonly property bool headed: entry.heading !== ""
 
+    signal wanted(int to)  // the keyboard goes to another row
+
     function take(reason: int) {
-        if (ListView.view)
-            ListView.view.currentIndex = index;
         button.forceActiveFocus(reason);
     }
     // The page has the last word on what is ticked.
     function pick() {
-        if (ListView.view)
-            ListView.view.currentIndex = index;
         page.select(index);
         button.checked = Qt.binding(() => card.entry.ticked);
     }
 
+    onActiveFocusChanged: {
+        if (activeFocus && ListView.view)
+            ListView.view.currentIndex = index;
+    }
     width: ListView.view ? ListView.view.width : 0
     height: face.y + face.height + footer
 
@@ -73,6 +75,16 @@ FocusScope {
             onClicked: card.pick()
             Keys.onReturnPressed: card.pick()
             Keys.onEnterPressed: card.pick()
+            Keys.onTabPressed: event => {
+                event.accepted = card.index < card.ListView.view.count - 1;
+                if (event.accepted)
+                    card.wanted(card.index + 1);
+            }
+            Keys.onBacktabPressed: event => {
+                event.accepted = card.index > 0;
+                if (event.accepted)
+                    card.wanted(card.index - 1);
+            }
             Accessible.name: text
             Accessible.description: card.entry.detail
             Accessible.onPressAction: card.pick()

@@ -49,6 +49,8 @@ FocusScope {
                 return false;
             currentIndex = index;
             show(index, ListView.Contain);
+            if (index === count - 1)
+                positionViewAtEnd();
             itemAtIndex(index)?.take(reason);
             return true;
         }
@@ -97,8 +99,8 @@ FocusScope {
         delegate: DelegateChooser {
             role: "kind"
 
-            DelegateChoice { roleValue: "preset"; SwatchRow {} }
-            DelegateChoice { roleValue: "mixed"; MixedRow {} }
+            DelegateChoice { roleValue: "preset"; SwatchRow { onWanted: to => list.go(to) } }
+            DelegateChoice { roleValue: "mixed"; MixedRow { onWanted: to => list.go(to) } }
         }
     }
 
