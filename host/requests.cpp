@@ -28,8 +28,10 @@ Outcome<SettingsApplication::Row> SettingsApplication::operableRow(
   if (!row.isBuilt()) return Refusal{RefusalCode::NotBuilt, "row " + name + " is off screen"};
   if (isUsable(row)) return std::static_pointer_cast<PSSpecifier>(row.shared_from_this());
   const std::string_view by = shownList()->dimmedBy(row.identifier());
-  return Refusal{RefusalCode::Disabled, "row " + name + " is dimmed" +
-                                            (by.empty() ? "" : " by \"" + std::string(by) + "\"")};
+  std::string reason = "row " + name + " is dimmed";
+  if (!by.empty()) reason += " by \"" + std::string(by) + "\"";
+  if (shownList()->dimmingLags(row.identifier())) reason += " until its rules are applied again";
+  return Refusal{RefusalCode::Disabled, reason};
 }
 
 Outcome<Done> SettingsApplication::set(const RowReference& reference, const plist::Value& value) {

@@ -1,5 +1,9 @@
 #include "host/row_change.h"
 
+#include <algorithm>
+
+#include "platform/foundation/text.h"
+
 namespace host {
 namespace {
 
@@ -27,7 +31,8 @@ Outcome<Done> change(uikit::Slider& control, PSListController& page, PSSpecifier
   const double minimum = row.propertyForKey("min").number().value_or(control.minimumValue());
   const double maximum = row.propertyForKey("max").number().value_or(control.maximumValue());
   if (!(*number >= minimum && *number <= maximum))
-    return badValue(row, "takes a number within its range");
+    return badValue(row, "takes a number from " + foundation::descriptionOf(minimum) + " to " +
+                             foundation::descriptionOf(maximum));
   control.setValue(static_cast<float>(*number));
   page.userChanged(row, *number);
   return Done{};
@@ -36,6 +41,13 @@ Outcome<Done> change(uikit::Slider& control, PSListController& page, PSSpecifier
 Outcome<Done> change(uikit::TextField& control, PSListController& page, PSSpecifier& row,
                      const Value& value) {
   if (!value.text()) return badValue(row, "takes text");
+  const bool lines = row.cellType() == preferences::CellType::PSEditTextViewCell;
+  const auto cannotBeTyped = [lines](unsigned char c) {
+    return (c < ' ' && !(lines && (c == '\n' || c == '\t'))) || c == 0x7F;
+  };
+  if (std::ranges::any_of(*value.text(), cannotBeTyped))
+    return badValue(row,
+                    lines ? "takes text without control characters" : "takes one line of text");
   control.text = *value.text();
   page.userChanged(row, value);
   return Done{};

@@ -19,7 +19,7 @@ Assembly::Assembly(const Options& options, std::unique_ptr<foundation::MainQueue
     : collator_(tellingInto(warnings_)),
       urls_(desktop_, problems()),
       root_(options.root),
-      addressBook_(root_, options.contacts, collator_, problems()),
+      addressBook_(root_, options.contacts, collator_, tellingInto(warnings_)),
       sounds_(root_, desktopSounds(), problems()),
       preferences_(root_),
       mainQueue_(std::move(mainQueue)),

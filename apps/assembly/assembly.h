@@ -45,7 +45,8 @@ class Assembly {
   // has returned, an earlier handler is called no more.
   void setProblemHandler(std::function<void(const std::string&)> handler);
   std::vector<std::string> takeProblems();
-  // Likewise what was done all the same, only not as well: text in the order of its bytes.
+  // Likewise what was done all the same, only not as well: text in the order of its bytes, contacts
+  // without those that can't be read.
   std::vector<std::string> takeWarnings();
 
  private:

@@ -7,6 +7,8 @@
 namespace cli {
 namespace {
 
+constexpr std::size_t kGap = 2;
+
 // In characters; that some are wider on screen is let pass.
 std::size_t width(const std::string& text) {
   return static_cast<std::size_t>(
@@ -16,23 +18,32 @@ std::size_t width(const std::string& text) {
 }  // namespace
 
 void Columns::addHeader(std::string_view text) {
-  lines_.push_back({true, oneLine(text), {}});
+  lines_.push_back({true, {oneLine(text)}});
 }
 
-void Columns::add(std::string_view first, std::string_view second) {
-  lines_.push_back({false, oneLine(first), oneLine(second)});
+void Columns::add(const std::vector<std::string>& cells) {
+  lines_.push_back({false, {}});
+  for (const std::string& cell : cells) lines_.back().cells.push_back(oneLine(cell));
 }
 
 std::vector<std::string> Columns::lines() const {
-  std::size_t widest = 0;
-  for (const Line& line : lines_)
-    if (!line.header) widest = std::max(widest, width(line.first));
-  const std::string indent(std::ranges::any_of(lines_, &Line::header) ? 2 : 0, ' ');
+  std::vector<std::size_t> widths;
+  for (const Line& line : lines_) {
+    if (line.header) continue;
+    widths.resize(std::max(widths.size(), line.cells.size()));
+    for (std::size_t i = 0; i < line.cells.size(); ++i)
+      widths[i] = std::max(widths[i], width(line.cells[i]));
+  }
+  const std::string indent(std::ranges::any_of(lines_, &Line::header) ? kGap : 0, ' ');
   std::vector<std::string> out;
-  for (const auto& [header, first, second] : lines_) {
+  for (const auto& [header, cells] : lines_) {
     if (header && !out.empty()) out.emplace_back();
-    std::string line = header ? first : indent + first;
-    if (!second.empty()) line.append(widest - width(first) + 2, ' ').append(second);
+    std::string line = header ? "" : indent;
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+      line += cells[i];
+      if (i + 1 < cells.size()) line.append(widths[i] - width(cells[i]) + kGap, ' ');
+    }
+    line.erase(line.find_last_not_of(' ') + 1);
     if (!line.empty()) out.push_back(std::move(line));
   }
   return out;

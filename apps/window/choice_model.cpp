@@ -17,6 +17,11 @@ std::shared_ptr<const preferences::PSSpecifier> shared(const preferences::PSSpec
   return std::static_pointer_cast<const preferences::PSSpecifier>(row.shared_from_this());
 }
 
+// The title of a file is its name as a URL has it; this is the name as people write it.
+QString asWritten(const QString& title) {
+  return QUrl::fromPercentEncoding(title.toUtf8()).normalized(QString::NormalizationForm_C);
+}
+
 }  // namespace
 
 ChoiceModel::ChoiceModel(PageModel* page) : QAbstractListModel(page), page_(page) {}
@@ -53,11 +58,11 @@ void ChoiceModel::setFilter(const QString& filter) {
 std::vector<int> ChoiceModel::matches() const {
   std::vector<int> found;
   if (filter_.isEmpty() || !row_) return found;
-  // The title of a file is its name as a URL has it.
-  const QString escaped = QUrl::toPercentEncoding(filter_, "!$&'()*+,/:=@");
+  const QString wanted = filter_.normalized(QString::NormalizationForm_C);
   for (int choice = 0; choice < static_cast<int>(row_->titles.size()); ++choice) {
     const QString text = title(choice);
-    if (text.contains(filter_, Qt::CaseInsensitive) || text.contains(escaped, Qt::CaseInsensitive))
+    if (text.contains(filter_, Qt::CaseInsensitive) ||
+        asWritten(text).contains(wanted, Qt::CaseInsensitive))
       found.push_back(choice);
   }
   return found;

@@ -15,7 +15,7 @@ QString reasonOf(preferences::PSListController& page, const Row& row) {
   preferences::PSSpecifier* by = id.empty() ? nullptr : page.specifierForID(id);
   if (!by) return RowModel::tr("dimmed");
   if (page.dimmingLags(row.identifier.toStdString()))
-    return RowModel::tr("dimmed until this page is opened again");
+    return RowModel::tr("dimmed until you come back to this page");
   const bool on = by->control() && by->control()->isOn();
   const QString reason =
       on ? RowModel::tr("dimmed: switch off %1 first") : RowModel::tr("dimmed: switch on %1 first");

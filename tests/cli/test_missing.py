@@ -42,6 +42,15 @@ class Missing(ProgramTest):
         self.write(CONTACTS, b"BEGIN:VCARD\nN:;Ann\nTEL:1\nEND:VCARD\n")
         self.assertIn("reading vCards is not available: ", self.refuse(1, "choices", "adressbook"))
 
+    def test_contacts_are_missed_by_nothing_else(self):
+        self.write(CONTACTS, b"BEGIN:VCARD\nN:;Ann\nTEL:1\nEND:VCARD\n")
+        for command in (["choices", "playsound"], ["page", "UserNotificationListController"],
+                        ["set", "vibrate", "true"], ["set", "vibrate", "true"],
+                        ["choices", "alerttype"]):
+            with self.subTest(command=command):
+                _, line = self.warned(*command)
+                self.assertRegex(line, "^quorvantis: reading vCards is not available: ")
+
     def test_no_contacts_miss_nothing(self):
         self.assertEqual(self.output("choices", "adressbook"), "")
 

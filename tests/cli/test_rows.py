@@ -31,7 +31,7 @@ class Pages(ProgramTest):
     def test_page_for_people(self):
         self.write_domain({"custbright": 12.5})
         text = self.output("page", "PowerSavingListController")
-        self.assertRegex(text, r"12\.5  \(dimmed by custbrightenabled\)")
+        self.assertRegex(text, r"custbright  +12\.5  \(dimmed by custbrightenabled\)")
 
     def test_unknown_page(self):
         self.refuse(3, "page", "NoSuchPage")
@@ -102,6 +102,16 @@ class Set(ProgramTest):
             with self.subTest(text=text):
                 self.output("set", "alertmsg", text)
                 self.assertEqual(self.domain()["alertmsg"], text)
+
+    def test_text_that_can_not_be_typed(self):
+        for text in ("a\nb", "a\tb", "\x1b[0m", "\x7f"):
+            with self.subTest(text=text):
+                self.assertIn("one line", self.refuse(2, "set", "alertmsg", text))
+
+    def test_refusals_say_what_can_be_set(self):
+        self.write_domain({"custbrightenabled": True})
+        self.assertIn("from 0 to 100", self.refuse(2, "set", "custbright", "4000"))
+        self.assertIn("quorvantis choices wifi", self.refuse(2, "set", "wifi", "On"))
 
     def test_choice_is_stored_as_the_list_has_it(self):
         choice = self.document("choices", "airplanemode")[1]
@@ -188,6 +198,21 @@ class Set(ProgramTest):
 
 
 class Choices(ProgramTest):
+    def test_contacts_that_can_not_be_read_cost_only_themselves(self):
+        book = self.root / "var/mobile/Library/AddressBook"
+        (book / "folder.vcf").mkdir(parents=True)
+        self.assertIn("folder.vcf", self.refuse(1, "choices", "adressbook"))
+        self.write("var/mobile/Library/AddressBook/ann.vcf", b"BEGIN:VCARD\nN:;Ann\nTEL:1\nEND:VCARD\n")
+        for command, printed in ((["choices", "adressbook"], "1  Ann  (1)\n"),
+                                 (["choices", "playsound"], None), (["set", "vibrate", "true"], ""),
+                                 (["set", "vibrate", "true"], "")):
+            with self.subTest(command=command):
+                done = self.run_program(*command)
+                self.assertEqual(done.returncode, 0)
+                self.assertRegex(done.stderr.decode(), r"^quorvantis: .*folder\.vcf.*\n$")
+                if printed is not None:
+                    self.assertEqual(done.stdout.decode(), printed)
+
     def test_values_and_titles_in_order(self):
         choices = self.document("choices", "airplanemode")
         self.assertEqual([choice["title"] for choice in choices], ["Leave", "On", "Off"])

@@ -1,3 +1,4 @@
+import re
 import unittest
 
 from profiles import ProfileTest
@@ -62,11 +63,11 @@ class Colors(ProfileTest):
     def test_page_shows_names_to_people(self):
         self.output("set", "bannercolor", "System Blue")
         self.output("set", "iconsavingcolor", "#010203")
-        lines = {line[:26].strip(): line[26:].strip()
-                 for line in self.output("page", "ExtrasListController").splitlines()}
-        self.assertEqual(lines["Alert Banner"], "System Blue, #007AFF")
-        self.assertEqual(lines["Status Icon While Active"], "none")
-        self.assertEqual(lines["Status Icon While Saving"], "#010203")
+        lines = [re.split("  +", line.strip())
+                 for line in self.output("page", "ExtrasListController").splitlines()]
+        self.assertIn(["Alert Banner", "bannercolor", "System Blue, #007AFF"], lines)
+        self.assertIn(["Status Icon While Active", "iconactivecolor", "none"], lines)
+        self.assertIn(["Status Icon While Saving", "iconsavingcolor", "#010203"], lines)
         values = {row["id"]: row["value"] for row in self.document("page", "ExtrasListController")}
         self.assertEqual(values["bannercolor"], "#007AFF")
 

@@ -28,6 +28,7 @@ TEST_F(PreferenceStore, PageWriteStoresPostsRedrawsAndFlushes) {
   (void)device.preferences.setAppValue("another", 1, "test.domain");
   auto& calls = foundation::test::systemCalls();
   calls.log.clear();
+  calls.atNextFsync = [&] { EXPECT_EQ(row->cellObject()->tag, 0) << "redrawn before the flush"; };
   pageWrite(*page, device.preferences, false, row);
   EXPECT_EQ(calls.log, (std::vector<std::string>{"rename * test.domain.plist",
                                                  "fsync test.domain.plist", "fsync Preferences"}));

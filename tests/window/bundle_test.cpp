@@ -111,7 +111,7 @@ TEST_F(BundleWindow, ARowThatLagsBehindItsSwitchSaysHowItIsGot) {
   };
   ASSERT_TRUE(driver->until(dimmed));
   ASSERT_TRUE(host->set(std::string("flashled"), true));
-  const QString lagging = "dimmed until this page is opened again";
+  const QString lagging = "dimmed until you come back to this page";
   EXPECT_TRUE(driver->until([&] { return reasons(*driver).contains(lagging); }));
   host->activate();
   EXPECT_TRUE(driver->until([&] { return !reasons(*driver).contains(lagging); }));

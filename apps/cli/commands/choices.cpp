@@ -33,11 +33,14 @@ Outcome<Done> choices(Session& session, const std::string& key) {
   if (!row) return row.error();
   const auto choices = choicesOf(session, *row);
   if (!choices) return choices.error();
+  if (choices->values.empty())
+    if (const auto why = session.takeWarnings(); !why.empty())
+      return Failure{ExitCode::Failed, why.front()};
   Json::array_t document;
   Columns columns;
   for (std::size_t i = 0; i < choices->values.size(); ++i) {
     document.push_back({{"value", toJson(choices->values[i])}, {"title", choices->titles[i]}});
-    columns.add(plainTextOf(choices->values[i]), choices->titles[i]);
+    columns.add({plainTextOf(choices->values[i]), choices->titles[i]});
   }
   if (session.json)
     session.printJson(Json(std::move(document)));

@@ -54,7 +54,8 @@ void printRows(Session& session, PSListController& page) {
       const std::string by = dimmedBy(page, *row);
       value += by.empty() ? "  (dimmed)" : "  (dimmed by " + by + ")";
     }
-    columns.add(row->name().empty() ? row->identifier() : row->name(), value);
+    columns.add({row->name().empty() ? row->identifier() : row->name(),
+                 std::string(row->textForKey("key")), value});
   }
   for (const std::string& line : columns.lines()) session.print(line);
 }
@@ -79,7 +80,7 @@ void printRows(Session& session, uikit::TableView& table) {
     for (; section < path.section; ++section)
       columns.addHeader(table.source->tableViewTitleForHeaderInSection(table, section + 1));
     const uikit::TableViewCell* cell = table.cellForRowAtIndexPath(path);
-    columns.add(cell->textLabel.text.value_or(""), cell->detailTextLabel.text.value_or(""));
+    columns.add({cell->textLabel.text.value_or(""), cell->detailTextLabel.text.value_or("")});
   }
   for (const std::string& line : columns.lines()) session.print(line);
 }

@@ -31,8 +31,8 @@ Outcome<Done> pages(Session& session) {
     if (session.json)
       document.push_back({{"class", pageClass}, {"title", title}, {"rows", rows}});
     else
-      columns.add(pageClass,
-                  (title.empty() ? "" : title + " ") + "(" + std::to_string(rows) + " rows)");
+      columns.add(
+          {pageClass, (title.empty() ? "" : title + " ") + "(" + std::to_string(rows) + " rows)"});
   }
   if (session.json)
     session.printJson(Json(std::move(document)));

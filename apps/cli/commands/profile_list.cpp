@@ -15,7 +15,7 @@ Outcome<Done> list(Session& session) {
   Columns columns;
   for (std::size_t i = 0; i < saved.paths.size(); ++i) {
     document.push_back({{"path", saved.paths[i]}, {"title", saved.titles[i]}});
-    columns.add(saved.paths[i], saved.titles[i]);
+    columns.add({saved.paths[i], saved.titles[i]});
   }
   if (session.json)
     session.printJson(Json(std::move(document)));

@@ -22,7 +22,8 @@ Outcome<plist::Value> choiceNamed(host::SettingsApplication& application, PSSpec
   if (!choices) return failureOf(choices.error());
   for (const plist::Value& value : choices->values)
     if (plainTextOf(value) == text) return value;
-  return badValue(row, "has no choice \"" + text + "\"");
+  return badValue(row, "has no choice \"" + text + "\"; quorvantis choices " + row.identifier() +
+                           " lists them");
 }
 
 // The value that the text stands for in a row of this kind.

@@ -13,7 +13,7 @@ Outcome<Done> triggers(Session& session) {
   Columns columns;
   for (std::size_t i = 0; i < values.size(); ++i) {
     document.push_back({{"value", toJson(values[i])}, {"title", toJson(titles[i])}});
-    columns.add(plainTextOf(values[i]), plainTextOf(titles[i]));
+    columns.add({plainTextOf(values[i]), plainTextOf(titles[i])});
   }
   if (session.json)
     session.printJson(Json(std::move(document)));

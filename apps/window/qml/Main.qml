@@ -31,7 +31,7 @@ ApplicationWindow {
     width: 390
     height: Math.min(844, Screen.desktopAvailableHeight - 60)
     minimumWidth: 320
-    minimumHeight: 360
+    minimumHeight: 600
     visible: true
     title: settings.shown ? settings.shown.title : ""
     color: Theme.background
