@@ -52,6 +52,8 @@ TEST_F(DirectoryTest, LinkOutOfTheFolderIsRefused) {
   fs::create_symlink("/other", folder.at("/folder/absolute"));
   Directory directory = open("/folder");
   EXPECT_EQ(directory.read("relative").error().code, EXDEV);
+  EXPECT_THAT(directory.read("relative").error().message(),
+              testing::EndsWith("/relative: a link that leads out of its folder"));
   EXPECT_EQ(directory.read("absolute").error().code, EXDEV);
   EXPECT_EQ(directory.read("../other").error().code, EXDEV);
 }

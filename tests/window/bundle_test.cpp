@@ -123,12 +123,15 @@ TEST_F(BundleWindow, ASoundIsFoundByItsNameAndStoredAsItsUrl) {
   const std::uint8_t byte = 'x';
   for (int i = 0; i < 30; ++i)
     ASSERT_TRUE(root.writeDurably(sounds + "a b " + std::to_string(i) + ".caf", {&byte, 1}));
+  ASSERT_TRUE(root.writeDurably(sounds + "gru\u00DF.caf", {&byte, 1}));
+  ASSERT_TRUE(root.writeDurably(sounds + "tu\u0308r.caf", {&byte, 1}));
   open("UserNotificationListController");
   driver->click("Sound", QAccessible::Button);
   driver->clickItem(driver->itemsOfType("FilterField").front());
-  for (const char* typed : {"A B 17", "a%20b%2017"}) {
-    driver->type(typed);
-    ASSERT_EQ(driver->itemsOfType("ChoiceRow").size(), 1u) << typed;
+  for (const char16_t* typed : {u"A B 17", u"a%20b%2017", u"RU\u00DF", u"T\u00DCR"}) {
+    driver->type(QString::fromUtf16(typed));
+    ASSERT_EQ(driver->itemsOfType("ChoiceRow").size(), 1u)
+        << QString::fromUtf16(typed).toStdString();
     driver->key(Qt::Key_Escape);
   }
   driver->type("b 17");
