@@ -85,10 +85,8 @@ Outcome<Done> write(Session& session, const std::string& key, Kind kind, const s
 
 Run declareDefaultsRead(CLI::App& app, Session& session) {
   auto key = addArgument(app, "KEY", "Only this key's value");
-  CLI::Option* option = app.get_option("KEY")->required(false);
-  return [&session, key, option] {
-    return option->count() ? readOne(session, *key) : readAll(session);
-  };
+  app.get_option("KEY")->required(false);
+  return [&session, key] { return key->empty() ? readAll(session) : readOne(session, *key); };
 }
 
 Run declareDefaultsWrite(CLI::App& app, Session& session) {
