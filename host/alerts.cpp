@@ -47,7 +47,7 @@ Outcome<Done> SettingsApplication::pick(int row) {
 Outcome<Done> SettingsApplication::tapBarButton() {
   if (const auto refused = refusedForAlert()) return *refused;
   preferences::PSViewController* page = shownPage();
-  if (!page) return Refusal{RefusalCode::NoPage, "no page is shown"};
+  if (!page) return noPage();
   const auto button = page->navigationItem.rightBarButtonItem;
   if (!button) return Refusal{RefusalCode::BadRequest, "the shown page has no bar button"};
   if (const auto target = button->target.lock()) send(button->action, *target, *button);

@@ -61,7 +61,7 @@ Outcome<Done> SettingsApplication::push(std::string_view pageClass, Row opener) 
 Outcome<Done> SettingsApplication::open(std::string_view pageClass,
                                         plist::Dictionary rowProperties) {
   if (const auto refused = refusedForAlert()) return *refused;
-  if (pages_.empty()) return Refusal{RefusalCode::NoPage, "no page is shown"};
+  if (pages_.empty()) return noPage();
   return push(pageClass,
               std::make_shared<PSSpecifier>(CellType::PSLinkCell, std::move(rowProperties)));
 }

@@ -24,6 +24,10 @@ struct Refusal {
   std::string message;
 };
 
+inline Refusal noPage() {
+  return {RefusalCode::NoPage, "no page is shown; launch comes first"};
+}
+
 template <class T>
 using Outcome = platform::Result<T, Refusal>;
 using Done = platform::Done;

@@ -64,7 +64,7 @@ Outcome<SettingsApplication::Choices> SettingsApplication::choices(const RowRefe
 
 Outcome<Done> SettingsApplication::scroll(int first) {
   if (const auto refused = refusedForAlert()) return *refused;
-  if (pages_.empty()) return Refusal{RefusalCode::NoPage, "no page is shown"};
+  if (pages_.empty()) return noPage();
   if (first < 0 || first >= entries())
     return Refusal{RefusalCode::BadValue, "there is no entry " + std::to_string(first)};
   firstRows_.back() = std::min(first, lastFirst());
@@ -85,7 +85,7 @@ Outcome<Done> SettingsApplication::show(int first, int count) {
 
 Outcome<Done> SettingsApplication::select(int section, int index) {
   if (const auto refused = refusedForAlert()) return *refused;
-  if (pages_.empty()) return Refusal{RefusalCode::NoPage, "no page is shown"};
+  if (pages_.empty()) return noPage();
   uikit::TableView* table = shownTable();
   const bool exists = table && section >= 0 && index >= 0 &&
                       section < table->source->numberOfSectionsInTableView(*table) &&
@@ -101,7 +101,7 @@ Outcome<Done> SettingsApplication::select(int section, int index) {
 
 Outcome<Done> SettingsApplication::drag(int tag, double value, bool release) {
   if (const auto refused = refusedForAlert()) return *refused;
-  if (pages_.empty()) return Refusal{RefusalCode::NoPage, "no page is shown"};
+  if (pages_.empty()) return noPage();
   const std::string name = "the slider of tag " + std::to_string(tag);
   if (!shownTable() || !shownPage()->hasSlider(tag))
     return Refusal{RefusalCode::NoRow, "no slider has the tag " + std::to_string(tag)};
@@ -128,7 +128,7 @@ void SettingsApplication::layout() {
 }
 
 Outcome<Done> SettingsApplication::reload() {
-  if (pages_.empty()) return Refusal{RefusalCode::NoPage, "no page is shown"};
+  if (pages_.empty()) return noPage();
   static_cast<void>(environment_.preferences.synchronize());
   if (PSListController* page = shownList())
     page->reloadSpecifiers();
@@ -162,7 +162,7 @@ std::optional<Argument> SettingsApplication::run(const Operation& operation,
 
 Outcome<Argument> SettingsApplication::call(std::string_view selector,
                                             std::span<const Argument> arguments) {
-  if (pages_.empty()) return Refusal{RefusalCode::NoPage, "no page is shown"};
+  if (pages_.empty()) return noPage();
   const Operation* operation = shownPage()->operations().find(selector);
   const std::string name = "\"" + std::string(selector) + "\"";
   if (!operation)

@@ -31,6 +31,8 @@ Outcome<std::unique_ptr<PageOnShow>> PageOnShow::open(Session& session,
                                                       std::string_view pageClass) {
   std::unique_ptr<PageOnShow> page(new PageOnShow(session));
   const auto launched = page->application_.launch(pageClass);
+  if (!launched && launched.error().code == host::RefusalCode::NoPage)
+    return Failure{ExitCode::NotFound, launched.error().message + "; quorvantis pages lists them"};
   if (!launched) return failureOf(launched.error());
   session.clock().advance(kRulesApplied);
   const preferences::PSListController* list = page->application_.shownList();

@@ -10,7 +10,8 @@ namespace {
 Outcome<Trigger> triggerAt(const plist::Array& texts, std::string_view text) {
   const auto found = std::ranges::find(texts, plist::Value(text));
   if (found == texts.end())
-    return Failure{ExitCode::NotFound, "no trigger \"" + std::string(text) + "\""};
+    return Failure{ExitCode::NotFound,
+                   "no trigger \"" + std::string(text) + "\"; quorvantis triggers lists them"};
   const plist::Array values = prefs::triggerValues();
   const std::string& profileID = *values[static_cast<std::size_t>(found - texts.begin())].text();
   return Trigger{profileID, prefs::profilePath(std::stoi(profileID))};

@@ -13,6 +13,7 @@ SettingsBridge::~SettingsBridge() {
 }
 
 void SettingsBridge::refresh() {
+  if (!refused_.isEmpty()) dismiss(static_cast<int>(problems_.indexOf(refused_)));
   dropLeftPages();
   addNewPages();
   if (!pages_.isEmpty()) pages_.last()->refresh();
@@ -37,7 +38,7 @@ void SettingsBridge::addNewPages() {
   while (pages_.size() < static_cast<qsizetype>(now.size())) {
     const PageModel* previous = pages_.isEmpty() ? nullptr : pages_.last();
     auto* page = new PageModel(
-        host_, now[pages_.size()], previous, [this](const QString& problem) { report(problem); },
+        host_, now[pages_.size()], previous, [this](const QString& problem) { refuse(problem); },
         this);
     pages_.append(page);
     emit shownChanged();
@@ -53,7 +54,7 @@ void SettingsBridge::refreshAlerts() {
   alerts_.resize(kept);
   while (alerts_.size() < std::ssize(now)) {
     alerts_.append(new AlertModel(
-        host_, now[alerts_.size()], [this](const QString& problem) { report(problem); }, this));
+        host_, now[alerts_.size()], [this](const QString& problem) { refuse(problem); }, this));
   }
   for (AlertModel* alert : gone) alert->leave();
   for (AlertModel* alert : alerts_.mid(kept)) emit alertShown(alert);
@@ -72,9 +73,16 @@ void SettingsBridge::report(const QString& problem) {
   emit problemsChanged();
 }
 
+void SettingsBridge::refuse(const QString& problem) {
+  if (problems_.contains(problem)) return;
+  if (!refused_.isEmpty()) dismiss(static_cast<int>(problems_.indexOf(refused_)));
+  report(problem);
+  refused_ = problem;
+}
+
 void SettingsBridge::back() {
   if (pages_.size() < 2) return;
-  if (auto done = host_.back(); !done) report(QString::fromStdString(done.error().message));
+  if (auto done = host_.back(); !done) refuse(QString::fromStdString(done.error().message));
 }
 
 void SettingsBridge::activate() {
@@ -85,6 +93,7 @@ void SettingsBridge::activate() {
 
 void SettingsBridge::dismiss(int problem) {
   if (problem < 0 || problem >= problems_.size()) return;
+  if (problems_[problem] == refused_) refused_.clear();
   problems_.removeAt(problem);
   emit problemsChanged();
 }

@@ -45,6 +45,7 @@ class SettingsBridge : public QObject {
   void problemsChanged();
 
  private:
+  void refuse(const QString& problem);  // until something else is done
   void dropLeftPages();
   void addNewPages();
   void refreshAlerts();
@@ -53,6 +54,7 @@ class SettingsBridge : public QObject {
   QList<PageModel*> pages_;
   QList<AlertModel*> alerts_;
   QStringList problems_;
+  QString refused_;  // the one of them that is a refusal
 };
 
 }  // namespace window

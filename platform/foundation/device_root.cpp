@@ -58,7 +58,8 @@ DeviceRoot::DeviceRoot(std::string directory) : directory_(std::move(directory))
 
 Result<Descriptor, FileError> DeviceRoot::open(std::string_view path, int flags) const {
   const Descriptor root(::open(directory_.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-  if (!root) return FileError{std::string(path), errno};
+  // A missing root is no error of its own: nothing is there yet.
+  if (!root) return FileError{std::string(path), errno, errno == ENOENT ? "" : "the device root"};
   Descriptor file = openBelow(root.number(), std::string(path), flags, RESOLVE_IN_ROOT);
   if (!file) return FileError{std::string(path), errno};
   return file;

@@ -312,6 +312,12 @@ TEST_F(Colors, TabGoesThroughTheRowsAndKeepsThemOnScreen) {
   }
   driver->key(Qt::Key_Backtab);
   EXPECT_EQ(driver->focused(), "System Green");
+  driver->click("Orange", kChoice);
+  EXPECT_EQ(driver->rings(), 0);
+  driver->key(Qt::Key_Down);
+  driver->key(Qt::Key_Up);
+  EXPECT_EQ(driver->focused(), "Orange");
+  EXPECT_EQ(driver->rings(), 1);
 }
 
 TEST_F(Colors, TabGoesFromTheCustomRowToItsSlidersAndBack) {
@@ -321,7 +327,9 @@ TEST_F(Colors, TabGoesFromTheCustomRowToItsSlidersAndBack) {
     driver->key(Qt::Key_Tab);
     EXPECT_EQ(driver->focused(), next);
   }
-  for (const char* next : {"Green", "Red", "Custom", "Mocha"}) {
+  driver->key(Qt::Key_Tab);
+  EXPECT_EQ(driver->focused(), "Back") << "out of the table";
+  for (const char* next : {"Blue", "Green", "Red", "Custom", "Mocha"}) {
     driver->key(Qt::Key_Backtab);
     EXPECT_EQ(driver->focused(), next);
   }

@@ -130,6 +130,15 @@ TEST_F(Keyboard, AFocusRingShowsOnlyWhereTheKeyboardIsUsed) {
   EXPECT_EQ(driver->rings(), 0);
 }
 
+TEST_F(Keyboard, AFocusRingShowsOnARowThatWasClickedBefore) {
+  driver->click("Stays as it is");
+  driver->key(Qt::Key_Down);
+  EXPECT_EQ(driver->rings(), 1);
+  driver->key(Qt::Key_Up);
+  EXPECT_EQ(driver->focused(), "Stays as it is");
+  EXPECT_EQ(driver->rings(), 1);
+}
+
 TEST_F(Keyboard, ReturnOpensAPageAndTheKeyboardGoesOnThereAndComesBack) {
   goTo("A long page");
   driver->key(Qt::Key_Return);

@@ -101,12 +101,22 @@ TEST_F(Navigation, AProblemStaysOnScreenUntilItIsDismissed) {
   EXPECT_FALSE(driver->shows("The disk is full."));
 }
 
-TEST_F(Navigation, ABannerMovesThePageDown) {
-  double before = driver->place(driver->find("Tone")).top();
+TEST_F(Navigation, ABannerStandsBelowThePageWhichStaysWhereItIs) {
+  const QRectF before = driver->place(driver->find("Tone"));
   settings->bridge().report("The disk is full.");
   driver->settle();
-  QRectF banner = driver->place(driver->itemsOfType("Banner").front());
-  EXPECT_EQ(driver->place(driver->find("Tone")).top(), before + banner.height());
+  EXPECT_EQ(driver->place(driver->itemsOfType("Banner").front()).bottom(), window->height());
+  EXPECT_EQ(driver->place(driver->find("Tone")), before);
+}
+
+TEST_F(Navigation, ARefusalStandsUntilSomethingElseIsDone) {
+  settings->bridge().report("The disk is full.");
+  settings->bridge().shown()->select(10000);
+  settings->bridge().shown()->setNumber(0, 1);
+  const auto problems = settings->bridge().problems();
+  ASSERT_EQ(problems.size(), 2);
+  driver->click("Stays as it is");
+  EXPECT_EQ(settings->bridge().problems(), QStringList{"The disk is full."});
 }
 
 }  // namespace

@@ -37,6 +37,8 @@ Run declareDrive(CLI::App& app, Session& session) {
   auto viewport = std::make_shared<std::string>(std::to_string(kDefaultViewport));
   app.add_option("--idiom", *idiom, "phone or tablet")->type_name("IDIOM");
   app.add_option("--viewport", *viewport, "How many entries the screen shows")->type_name("N");
+  app.footer("Each line is a request, {\"do\":\"launch\"} the first; there are " +
+             Driver::requests() + ".");
   return [&session, idiom, viewport]() -> Outcome<Done> {
     if (*idiom != "phone" && *idiom != "tablet")
       return Failure{ExitCode::WrongUse, "--idiom is phone or tablet"};

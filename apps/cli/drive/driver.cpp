@@ -77,12 +77,17 @@ Driver::Answer Driver::dispatch(std::string_view line) {
   if (!request) return request.error();
   for (const Handler& handler : kHandlers)
     if (request->what() == handler.what) return (this->*handler.run)(*request);
-  return badRequest("nothing is known as \"" + request->what() + "\"");
+  return badRequest("no request is called \"" + request->what() + "\"; there are " + requests());
+}
+
+std::string Driver::requests() {
+  std::string names;
+  for (const Handler& handler : kHandlers) (names += names.empty() ? "" : ", ") += handler.what;
+  return names;
 }
 
 Driver::Answer Driver::page() const {
-  if (!application_.shownPage())
-    return host::Refusal{host::RefusalCode::NoPage, "no page is shown"};
+  if (!application_.shownPage()) return host::noPage();
   return Json{{"page", pageJson(application_)}};
 }
 

@@ -18,6 +18,7 @@ class Driver {
 
   // The answer to one line, without a newline.
   std::string answer(std::string_view line);
+  static std::string requests();  // what can be asked, for people
 
  private:
   // What is answered besides "ok".

@@ -87,6 +87,7 @@ ApplicationWindow {
     Column {
         id: banners
 
+        anchors.bottom: parent.bottom
         width: parent.width
 
         Repeater {
@@ -107,7 +108,7 @@ ApplicationWindow {
         id: stack
 
         anchors.fill: parent
-        anchors.topMargin: banners.height
+        anchors.bottomMargin: banners.height
         focus: true
         clip: true
 

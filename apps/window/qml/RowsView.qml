@@ -23,10 +23,11 @@ ListView {
         if (index < 0)
             return false;
         positionViewAtIndex(index, ListView.Contain);
-        currentIndex = index;
         const row = itemAtIndex(index) as CardRow;
         if (row)
             row.take(reason);
+        // Only now: the list would give its current row the keyboard for no reason, without a ring.
+        currentIndex = index;
         return true;
     }
     function focusedIndex(): int {

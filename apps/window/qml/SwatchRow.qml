@@ -69,7 +69,8 @@ FocusScope {
 
             anchors.fill: parent
             autoExclusive: false
-            focusPolicy: Qt.StrongFocus
+            // Tab goes on from the current row by the table, and from its sliders out of it.
+            focusPolicy: card.ListView.isCurrentItem ? Qt.StrongFocus : Qt.ClickFocus
             text: card.entry.title
             checked: card.entry.ticked
             onClicked: card.pick()

@@ -47,11 +47,11 @@ FocusScope {
         function enter(index: int, reason: int): bool {
             if (index < 0 || index >= count)
                 return false;
-            currentIndex = index;
             show(index, ListView.Contain);
             if (index === count - 1)
                 positionViewAtEnd();
             itemAtIndex(index)?.take(reason);
+            currentIndex = index;
             return true;
         }
         function go(index: int): bool {
