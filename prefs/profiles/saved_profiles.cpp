@@ -41,10 +41,14 @@ void sortLocalized(std::vector<std::string>& texts, platform::Collator& collator
 }
 
 void sortTitles(std::vector<std::string>& titles, platform::Collator& collator) {
-  std::ranges::stable_sort(titles, [&](const auto& a, const auto& b) {
-    const auto first = eventOfTitle(a), second = eventOfTitle(b);
-    return first && second && first != second ? first < second : collator.compare(a, b) < 0;
-  });
+  sortLocalized(titles, collator);
+  std::vector<std::string> events;
+  for (const std::string& title : titles)
+    if (eventOfTitle(title)) events.push_back(title);
+  std::ranges::stable_sort(events, {}, [](const auto& title) { return *eventOfTitle(title); });
+  auto next = events.begin();
+  for (std::string& title : titles)
+    if (eventOfTitle(title)) title = std::move(*next++);
 }
 
 SavedProfiles savedProfiles(const preferences::Environment& environment, TitleForm form) {
