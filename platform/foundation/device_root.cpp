@@ -1,7 +1,6 @@
 #include "platform/foundation/device_root.h"
 
 #include <fcntl.h>
-#include <linux/openat2.h>
 #include <sys/stat.h>
 
 #include <cerrno>
@@ -60,7 +59,7 @@ Result<Descriptor, FileError> DeviceRoot::open(std::string_view path, int flags)
   const Descriptor root(::open(directory_.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
   // A missing root is no error of its own: nothing is there yet.
   if (!root) return FileError{std::string(path), errno, errno == ENOENT ? "" : "the device root"};
-  Descriptor file = openBelow(root.number(), std::string(path), flags, RESOLVE_IN_ROOT);
+  Descriptor file = openBelow(root.number(), std::string(path), flags, Below::AsRoot);
   if (!file) return FileError{std::string(path), errno};
   return file;
 }

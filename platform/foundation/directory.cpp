@@ -2,7 +2,6 @@
 
 #include <dirent.h>
 #include <fcntl.h>
-#include <linux/openat2.h>
 
 #include <cerrno>
 #include <memory>
@@ -43,7 +42,7 @@ platform::Result<std::vector<std::string>, FileError> Directory::names() const {
 }
 
 platform::Result<plist::Bytes, FileError> Directory::read(const std::string& name) {
-  const Descriptor file = openBelow(descriptor(), name, O_RDONLY, RESOLVE_BENEATH);
+  const Descriptor file = openBelow(descriptor(), name, O_RDONLY, Below::Strictly);
   if (!file) return error(name, errno);
   const auto status = statRegular(file, name);
   if (!status) return error(name, status.error().code, status.error().detail);

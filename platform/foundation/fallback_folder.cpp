@@ -1,7 +1,6 @@
 #include "platform/foundation/fallback_folder.h"
 
 #include <fcntl.h>
-#include <linux/openat2.h>
 
 #include <cerrno>
 
@@ -29,7 +28,7 @@ platform::Result<Descriptor, FileError> openWithFallback(const DeviceRoot& root,
   if (!folder) return FileError{std::string(path), errno};
   std::string below = ".";
   below += path.substr(fallback.path.size());
-  Descriptor found = openBelow(folder.number(), below, flags, RESOLVE_IN_ROOT);
+  Descriptor found = openBelow(folder.number(), below, flags, Below::AsRoot);
   if (!found) return FileError{std::string(path), errno};
   return found;
 }
