@@ -1,16 +1,9 @@
-import shutil
+import select
 import signal
 import subprocess
-import unittest
 
 from program import PROGRAM, ProgramTest
-
-CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
- "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
-<busconfig><type>session</type><listen>unix:dir={folder}</listen><auth>EXTERNAL</auth>
-<policy context="default"><allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/>
-<allow own="*"/></policy></busconfig>
-"""
+from session_bus import needs_bus, start_session_bus
 
 
 class WithoutBus(ProgramTest):
@@ -22,17 +15,11 @@ class WithoutBus(ProgramTest):
         self.assertEqual(self.domain(), {"custbrightenabled": True})
 
 
-@unittest.skipUnless(shutil.which("dbus-daemon"), "needs dbus-daemon")
+@needs_bus
 class WithBus(ProgramTest):
     def setUp(self):
         super().setUp()
-        configuration = self.scratch / "bus.conf"
-        configuration.write_text(CONFIGURATION.format(folder=self.scratch))
-        daemon = subprocess.Popen(["dbus-daemon", f"--config-file={configuration}", "--nofork",
-                                   "--print-address"], stdout=subprocess.PIPE)
-        self.addCleanup(daemon.communicate)
-        self.addCleanup(daemon.terminate)
-        self.env["DBUS_SESSION_BUS_ADDRESS"] = daemon.stdout.readline().decode().strip()
+        start_session_bus(self)
 
     def watch(self, *names):
         """A watcher that has been seen to listen."""
@@ -47,7 +34,6 @@ class WithBus(ProgramTest):
         return watcher, line
 
     def read_soon(self, watcher):
-        import select
         ready, _, _ = select.select([watcher.stdout], [], [], 0.2)
         return watcher.stdout.readline() if ready else b""
 

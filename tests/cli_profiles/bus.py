@@ -1,30 +1,19 @@
 """A session bus of the test's own, and a `quorvantis watch` that listens on it."""
 import select
-import shutil
 import subprocess
-import unittest
 
 from profiles import ProfileTest
 from program import PROGRAM, TIMEOUT_SECONDS
+from session_bus import needs_bus, start_session_bus
 
-CONFIGURATION = """<busconfig><type>session</type><listen>unix:dir={folder}</listen>
-<policy context="default"><allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/>
-<allow own="*"/></policy></busconfig>
-"""
 PREFS = "com.zorvek.quorvantis.prefs"
 
 
-@unittest.skipUnless(shutil.which("dbus-daemon") and shutil.which("dbus-send"), "needs D-Bus")
+@needs_bus
 class BusTest(ProfileTest):
     def setUp(self):
         super().setUp()
-        configuration = self.scratch / "bus.conf"
-        configuration.write_text(CONFIGURATION.format(folder=self.scratch))
-        daemon = subprocess.Popen(["dbus-daemon", f"--config-file={configuration}", "--nofork",
-                                   "--print-address"], stdout=subprocess.PIPE)
-        self.addCleanup(daemon.communicate)
-        self.addCleanup(daemon.terminate)
-        self.env["DBUS_SESSION_BUS_ADDRESS"] = daemon.stdout.readline().decode().strip()
+        start_session_bus(self)
         self.watcher = subprocess.Popen([PROGRAM, "watch"], env=self.env, stdout=subprocess.PIPE)
         self.addCleanup(self.watcher.communicate)
         self.addCleanup(self.watcher.kill)
