@@ -1,6 +1,6 @@
 // A specifier list from any bytes: read, checked, and its rows asked for what pages ask.
 #include "platform/preferences/specifier_list.h"
-#include "prefs/entry/classes.h"
+#include "prefs/resources/classes.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   auto root = plist::readBinary({bytes, size});

@@ -1,4 +1,4 @@
-#include "linux/vcard_splitter.h"
+#include "services/vcard_splitter.h"
 
 #include <cstdint>
 #include <cstdlib>

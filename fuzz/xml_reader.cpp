@@ -1,8 +1,8 @@
 // An XML property list from any bytes; what is read can be written and is read back the same.
 #include <cstdlib>
 
-#include "linux/xml_reader.h"
-#include "linux/xml_writer.h"
+#include "services/xml_reader.h"
+#include "services/xml_writer.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   auto list = services::readXmlWithLines({bytes, size});

@@ -30,7 +30,7 @@ Outcome<Done> SettingsApplication::press(int button) {
   if (!topmostAlert()) return Refusal{RefusalCode::NoAlert, "no alert is on screen"};
   if (!environment_.screen->press(button))
     return Refusal{RefusalCode::NoButton, "the alert has no button " + std::to_string(button)};
-  settle();
+  buildVisibleRows();
   return Done{};
 }
 
@@ -40,7 +40,7 @@ Outcome<Done> SettingsApplication::pick(int row) {
   uikit::PickerView* picker = alert->picker();
   if (!picker || !picker->turn(row, 0))
     return Refusal{RefusalCode::BadValue, "the alert has no picker row " + std::to_string(row)};
-  settle();
+  buildVisibleRows();
   return Done{};
 }
 
@@ -51,7 +51,7 @@ Outcome<Done> SettingsApplication::tapBarButton() {
   const auto button = page->navigationItem.rightBarButtonItem;
   if (!button) return Refusal{RefusalCode::BadRequest, "the shown page has no bar button"};
   if (const auto target = button->target.lock()) send(button->action, *target, *button);
-  settle();
+  buildVisibleRows();
   return Done{};
 }
 

@@ -43,7 +43,7 @@ Outcome<Done> SettingsApplication::launch(std::string_view pageClass) {
   pages_.push_back(*page);
   firstRows_.assign(1, 0);
   pages_.back()->viewWillAppear(true);
-  settle();
+  buildVisibleRows();
   return Done{};
 }
 
@@ -54,7 +54,7 @@ Outcome<Done> SettingsApplication::push(std::string_view pageClass, Row opener) 
   pages_.push_back(*page);
   firstRows_.push_back(0);
   pages_.back()->viewWillAppear(true);
-  settle();
+  buildVisibleRows();
   return Done{};
 }
 
@@ -75,7 +75,7 @@ Outcome<Done> SettingsApplication::back() {
   left->viewWillDisappear(true);
   pages_.back()->viewWillAppear(true);
   layOutRows();
-  settle();
+  buildVisibleRows();
   return Done{};
 }
 
@@ -90,7 +90,7 @@ Outcome<Done> SettingsApplication::tap(const RowReference& reference) {
   if (detail.empty() && row->cellType() == CellType::PSLinkListCell)
     detail = "PSListItemsController";
   if (!detail.empty()) return push(detail, row);
-  settle();
+  buildVisibleRows();
   return Done{};
 }
 

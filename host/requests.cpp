@@ -38,7 +38,7 @@ Outcome<Done> SettingsApplication::set(const RowReference& reference, const plis
   const auto found = operableRow(reference);
   if (!found) return found.error();
   const auto changed = changeRow(*shownList(), **found, value);
-  if (changed) settle();
+  if (changed) buildVisibleRows();
   return changed;
 }
 
@@ -68,10 +68,10 @@ Outcome<Done> SettingsApplication::scroll(int first) {
   if (first < 0 || first >= entries())
     return Refusal{RefusalCode::BadValue, "there is no entry " + std::to_string(first)};
   firstRows_.back() = std::min(first, lastFirst());
-  settle();
+  buildVisibleRows();
   if (PSListController* page = shownList()) {
     page->scrollViewDidScroll(nullptr);
-    settle();
+    buildVisibleRows();
   }
   return Done{};
 }
@@ -79,7 +79,7 @@ Outcome<Done> SettingsApplication::scroll(int first) {
 Outcome<Done> SettingsApplication::show(int first, int count) {
   viewport_ = std::max(count, 1);
   const auto done = scroll(first);
-  if (!done) settle();
+  if (!done) buildVisibleRows();
   return done;
 }
 
@@ -95,7 +95,7 @@ Outcome<Done> SettingsApplication::select(int section, int index) {
   if (!table->cellForRowAtIndexPath({section, index}))
     return Refusal{RefusalCode::NotBuilt, "table row " + name + " is off screen"};
   table->source->tableViewDidSelectRowAtIndexPath(*table, {section, index});
-  settle();
+  buildVisibleRows();
   return Done{};
 }
 
@@ -111,20 +111,20 @@ Outcome<Done> SettingsApplication::drag(int tag, double value, bool release) {
     return Refusal{RefusalCode::BadValue, name + " takes a number within its range"};
   const auto held = slider->shared_from_this();
   slider->drag(static_cast<float>(value));
-  if (release) slider->letGo();
-  settle();
+  if (release) slider->endTracking();
+  buildVisibleRows();
   return Done{};
 }
 
 void SettingsApplication::activate() {
   static_cast<void>(environment_.preferences.synchronize());
   environment_.defaultCenter.postNotificationName(kDidBecomeActive, nullptr);
-  settle();
+  buildVisibleRows();
 }
 
 void SettingsApplication::layout() {
   layOutRows();
-  settle();
+  buildVisibleRows();
 }
 
 Outcome<Done> SettingsApplication::reload() {
@@ -134,7 +134,7 @@ Outcome<Done> SettingsApplication::reload() {
     page->reloadSpecifiers();
   else if (uikit::TableView* table = shownTable())
     table->reloadData();
-  settle();
+  buildVisibleRows();
   return Done{};
 }
 
@@ -172,7 +172,7 @@ Outcome<Argument> SettingsApplication::call(std::string_view selector,
                    name + " takes " + std::to_string(operation->arity()) + " arguments"};
   auto result = run(*operation, arguments);
   if (!result) return Refusal{RefusalCode::BadRequest, name + " can't take these arguments"};
-  settle();
+  buildVisibleRows();
   return *result;
 }
 

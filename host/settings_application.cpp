@@ -56,10 +56,10 @@ int SettingsApplication::firstShown() const {
 
 void SettingsApplication::setViewport(int entries) {
   viewport_ = std::max(entries, 1);
-  settle();
+  buildVisibleRows();
 }
 
-void SettingsApplication::settle() {
+void SettingsApplication::buildVisibleRows() {
   if (!pages_.empty()) {
     int& first = firstRows_.back();
     first = std::min(first, lastFirst());

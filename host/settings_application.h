@@ -102,7 +102,7 @@ class SettingsApplication {
                                       std::span<const preferences::Argument> arguments);
 
   // Makes the rows that are on screen, as every request does; for what happened without one.
-  void settle();
+  void buildVisibleRows();
 
   // Called after anything on screen may have changed.
   void setObserver(std::function<void()> changed) { changed_ = std::move(changed); }

@@ -9,7 +9,7 @@
 #include "platform/plist/binary.h"
 #include "platform/plist/value.h"
 
-// What only a real system can give. Each is an interface here and a module in linux/; a service
+// What only a real system can give. Each is an interface here and a module in services/; a service
 // whose library is missing on a machine is absent, and the one who asks is told.
 namespace platform {
 

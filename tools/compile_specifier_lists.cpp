@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "linux/xml_reader.h"
 #include "platform/plist/binary.h"
 #include "platform/preferences/specifier_list.h"
-#include "prefs/entry/classes.h"
+#include "prefs/resources/classes.h"
+#include "services/xml_reader.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include "apps/cli/cli11.h"
 #include "apps/cli/commands/commands.h"
-#include "apps/cli/words.h"
+#include "apps/cli/split_arguments.h"
 
 namespace cli {
 namespace {
@@ -73,7 +73,7 @@ Run declare(const Command& command, CLI::App& app, Session& session) {
 }
 
 // As CLI11 takes it: the last word first.
-std::vector<std::string> reversed(const Beginning& beginning, const Words& words) {
+std::vector<std::string> reversed(const Beginning& beginning, const SplitArguments& words) {
   const auto arguments = words.others.begin() + static_cast<std::ptrdiff_t>(beginning.words);
   std::vector<std::string> line(words.others.begin(), arguments);
   line.insert(line.end(), words.options.begin(), words.options.end());
@@ -86,7 +86,7 @@ Failure wrongUse(std::string reason) {
   return {ExitCode::WrongUse, std::move(reason)};
 }
 
-Failure noCommand(const Words& words) {
+Failure noCommand(const SplitArguments& words) {
   if (words.others.empty()) return wrongUse("no command is given; quorvantis --help lists them");
   std::string name = words.others[0], help = "quorvantis --help";
   if (groupNamed(name)) {
@@ -103,13 +103,13 @@ std::string helpOf(const CLI::App& app) {
 }
 
 Outcome<Done> checkOptions(Session& session) {
-  if (session.options.root.empty()) session.options.root = assembly::defaultRoot();
+  if (session.options.root.empty()) session.options.root = host::defaultRoot();
   if (session.options.root.empty())
     return wrongUse("no device root: give --root DIR or set QUORVANTIS_ROOT");
   return Done{};
 }
 
-Outcome<Run> readWithLibrary(const Words& words, Session& session) {
+Outcome<Run> readWithLibrary(const SplitArguments& words, Session& session) {
   const Beginning beginning = beginningOf(words.others);
   CLI::App app(kAbout, "quorvantis");
   addCommonOptions(app, session);
@@ -151,7 +151,7 @@ bool readCommonOptions(const std::vector<std::string>& options, Session& session
 
 // What scripts run in loops, `get KEY`, is read without the library, which takes longer to set up
 // than the command itself.
-std::optional<Run> readQuickly(const Words& words, Session& session) {
+std::optional<Run> readQuickly(const SplitArguments& words, Session& session) {
   const auto& others = words.others;
   if (others.size() != 2 || others[0] != "get" || others[1].empty()) return std::nullopt;
   if (!readCommonOptions(words.options, session)) return std::nullopt;
@@ -161,7 +161,7 @@ std::optional<Run> readQuickly(const Words& words, Session& session) {
 }  // namespace
 
 Outcome<Run> readCommandLine(const std::vector<std::string>& arguments, Session& session) {
-  const Words words = sortWords(arguments);
+  const SplitArguments words = splitArguments(arguments);
   if (!words.unfinished.empty()) return wrongUse(words.unfinished + " needs a value");
   Outcome<Run> run = Run();
   if (auto quick = readQuickly(words, session))

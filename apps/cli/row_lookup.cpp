@@ -32,8 +32,8 @@ bool bears(const ObjectTable& list, const Object& row, std::string_view property
 
 plist::Dictionary readRow(const ObjectTable& list, std::uint64_t index) {
   plist::Value row;
-  plist::Allowance allowance(plist::expansionLimit(list.bytes()));
-  const bool read = plist::BinaryWalk(list).read(index, &row, allowance) && row.dictionary();
+  plist::MemoryBudget budget(plist::expansionLimit(list.bytes()));
+  const bool read = plist::BinaryWalk(list).read(index, &row, budget) && row.dictionary();
   return read ? std::move(*row.dictionary()) : plist::Dictionary();
 }
 

@@ -26,16 +26,16 @@ Outcome<Done> writeAll(int file, std::string_view text) {
 
 }  // namespace
 
-assembly::Assembly& Session::device() {
+host::Device& Session::device() {
   if (!device_) {
-    auto clock = std::make_unique<foundation::StillQueue>();
+    auto clock = std::make_unique<foundation::ManualQueue>();
     clock_ = clock.get();
-    device_ = std::make_unique<assembly::Assembly>(options, std::move(clock));
+    device_ = std::make_unique<host::Device>(options, std::move(clock));
   }
   return *device_;
 }
 
-foundation::StillQueue& Session::clock() {
+foundation::ManualQueue& Session::clock() {
   device();
   return *clock_;
 }

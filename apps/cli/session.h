@@ -4,10 +4,10 @@
 #include <string>
 #include <string_view>
 
-#include "apps/assembly/assembly.h"
-#include "apps/assembly/options.h"
 #include "apps/cli/json.h"
 #include "apps/cli/outcome.h"
+#include "host/device.h"
+#include "host/device_options.h"
 
 namespace cli {
 
@@ -15,11 +15,11 @@ namespace cli {
 // it is first asked for, and what the command prints, which goes out when it has been done.
 class Session {
  public:
-  assembly::Options options;
+  host::DeviceOptions options;
   bool json = false;
 
-  assembly::Assembly& device();
-  foundation::StillQueue& clock();  // the device's time
+  host::Device& device();
+  foundation::ManualQueue& clock();  // the device's time
 
   // Failed with the first thing that went wrong with the store, if anything did.
   Outcome<Done> storeWorked();
@@ -33,8 +33,8 @@ class Session {
   Outcome<Done> flush();
 
  private:
-  foundation::StillQueue* clock_ = nullptr;
-  std::unique_ptr<assembly::Assembly> device_;
+  foundation::ManualQueue* clock_ = nullptr;
+  std::unique_ptr<host::Device> device_;
   std::string output_;
 };
 

@@ -3,13 +3,13 @@
 #include <QQuickWindow>
 #include <cstdio>
 
-#include "apps/assembly/assembly.h"
 #include "apps/window/display.h"
 #include "apps/window/options.h"
 #include "apps/window/screenshot.h"
 #include "apps/window/settings_window.h"
 #include "apps/window/steps.h"
 #include "apps/window/text.h"
+#include "host/device.h"
 
 namespace {
 
@@ -35,7 +35,7 @@ void setAppearance(bool dark) {
 int run(const window::Options& options) {
   auto mainQueue = std::make_unique<window::QtMainQueue>();
   window::QtMainQueue& queue = *mainQueue;
-  assembly::Assembly device(options.device, std::move(mainQueue));
+  host::Device device(options.device, std::move(mainQueue));
   constexpr int kGuessedEntries = 12;  // until the window is laid out
   host::SettingsApplication host(device.environment(), kGuessedEntries);
   if (options.page.empty())

@@ -50,8 +50,7 @@ platform::Result<Options, QString> readOptions(const QStringList& arguments) {
 
   Options options;
   options.help = parser.isSet(help);
-  options.device.root =
-      parser.isSet(root) ? parser.value(root).toStdString() : assembly::defaultRoot();
+  options.device.root = parser.isSet(root) ? parser.value(root).toStdString() : host::defaultRoot();
   if (options.device.root.empty()) return QString("no device root: use --root DIR.");
   if (parser.isSet(contacts)) options.device.contacts = parser.value(contacts).toStdString();
   options.page = parser.value(page).toStdString();

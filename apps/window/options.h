@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-#include "apps/assembly/options.h"
+#include "host/device_options.h"
 #include "platform/result.h"
 
 namespace window {
@@ -22,7 +22,7 @@ struct Step {
 };
 
 struct Options {
-  assembly::Options device;
+  host::DeviceOptions device;
   bool help = false;
   std::string page;  // in place of the first one
   std::optional<Picture> picture;

@@ -11,7 +11,7 @@ namespace window {
 
 SettingsWindow::SettingsWindow(host::SettingsApplication& host, QtMainQueue& queue)
     : bridge_(host) {
-  connect(&queue, &QtMainQueue::ran, &bridge_, [&host] { host.settle(); });
+  connect(&queue, &QtMainQueue::ran, &bridge_, [&host] { host.buildVisibleRows(); });
   connect(qApp, &QGuiApplication::applicationStateChanged, &bridge_,
           [this](Qt::ApplicationState state) {
             if (state == Qt::ApplicationActive) bridge_.activate();

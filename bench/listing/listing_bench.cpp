@@ -11,11 +11,11 @@
 #include <functional>
 #include <vector>
 
-#include "linux/lazy_services.h"
 #include "platform/archive/keyed_archive.h"
 #include "prefs/core/names.h"
 #include "prefs/profiles/saved_profiles.h"
 #include "prefs/profiles/triggers.h"
+#include "services/lazy_services.h"
 #include "tests/support/environment.h"
 
 namespace {

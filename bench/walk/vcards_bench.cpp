@@ -13,8 +13,8 @@
 #include <string>
 
 #include "bench/rules/measure.h"
-#include "linux/address_book.h"
-#include "linux/lazy_services.h"
+#include "services/address_book.h"
+#include "services/lazy_services.h"
 
 namespace {
 

@@ -16,8 +16,8 @@
 #include <functional>
 #include <vector>
 
-#include "apps/assembly/assembly.h"
 #include "apps/window/settings_window.h"
+#include "host/device.h"
 
 namespace {
 
@@ -155,8 +155,8 @@ int main(int argc, char** argv) {
   fill(folder.path().toStdString());
   auto owned = std::make_unique<window::QtMainQueue>();
   window::QtMainQueue& queue = *owned;
-  assembly::Assembly device({.root = folder.path().toStdString(), .contacts = {}, .idiom = {}},
-                            std::move(owned));
+  host::Device device({.root = folder.path().toStdString(), .contacts = {}, .idiom = {}},
+                      std::move(owned));
   if (!device.preferences().setAppValue("sendmessage", true, "com.zorvek.quorvantis")) return 1;
   host::SettingsApplication host(device.environment(), 40);
   if (!host.launch("UserNotificationListController")) return 1;

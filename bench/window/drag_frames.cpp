@@ -20,8 +20,8 @@
 #include <set>
 #include <vector>
 
-#include "apps/assembly/assembly.h"
 #include "apps/window/settings_window.h"
+#include "host/device.h"
 
 namespace {
 
@@ -125,8 +125,8 @@ bool dragPicker() {
   QTemporaryDir folder;
   auto owned = std::make_unique<window::QtMainQueue>();
   window::QtMainQueue& queue = *owned;
-  assembly::Assembly device({.root = folder.path().toStdString(), .contacts = {}, .idiom = {}},
-                            std::move(owned));
+  host::Device device({.root = folder.path().toStdString(), .contacts = {}, .idiom = {}},
+                      std::move(owned));
   host::SettingsApplication host(device.environment(), 12);
   if (!host.launch("ExtrasListController")) return false;
   window::SettingsWindow settings(host, queue);

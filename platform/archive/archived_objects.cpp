@@ -23,8 +23,8 @@ Error fromPropertyList(const plist::Error& error) {
 }
 
 bool ArchivedObjects::open() {
-  plist::Allowance allowance(plist::expansionLimit(table_.bytes()));
-  if (!walk_.read(table_.top(), nullptr, allowance)) {
+  plist::MemoryBudget budget(plist::expansionLimit(table_.bytes()));
+  if (!walk_.read(table_.top(), nullptr, budget)) {
     error_ = fromPropertyList(walk_.error());
     return false;
   }
@@ -62,12 +62,12 @@ const Object* ArchivedObjects::follow(const Object* field, ObjectType type,
 }
 
 bool ArchivedObjects::readPlain(std::uint32_t uid, plist::Value* value) {
-  return walk_.read(table_.member(*objects_, uid), value, allowance_) ||
+  return walk_.read(table_.member(*objects_, uid), value, budget_) ||
          fail(ErrorKind::TooLarge, uid);
 }
 
 bool ArchivedObjects::readFields(std::uint32_t uid, const Object& dictionary, Fields& fields) {
-  if (!pay(dictionary.count * kLookCost, uid)) return false;
+  if (!charge(dictionary.count * kLookCost, uid)) return false;
   fields.fill(nullptr);
   for (std::uint64_t i = 0; i < dictionary.count; ++i) {
     const Object& key = memberOf(dictionary, i);
@@ -85,7 +85,7 @@ std::optional<Shape> ArchivedObjects::resolveClass(std::uint32_t uid, std::uint3
   const Object* description = target(uid);
   if (!isPresent(description, ObjectType::Dictionary))
     return fail(ErrorKind::Class, instance), std::nullopt;
-  if (!pay(description->count * kLookCost, uid)) return {};
+  if (!charge(description->count * kLookCost, uid)) return {};
   const Object* name = find(*description, "$classname");
   if (!name || !name->isText()) return fail(ErrorKind::Class, uid), std::nullopt;
 
@@ -104,7 +104,7 @@ std::optional<Shape> ArchivedObjects::resolveClass(std::uint32_t uid, std::uint3
 
 bool ArchivedObjects::shapeAmong(const Object& names, std::optional<Shape>& shape) {
   for (std::uint64_t i = 0; i < names.count && !shape; ++i) {
-    if (!allowance_.take(kLookCost)) return false;
+    if (!budget_.take(kLookCost)) return false;
     shape = shapeOfClass(memberOf(names, i));
   }
   return true;

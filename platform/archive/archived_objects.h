@@ -29,7 +29,7 @@ Error fromPropertyList(const plist::Error& error);
 class ArchivedObjects {
  public:
   explicit ArchivedObjects(const plist::ObjectTable& table)
-      : table_(table), walk_(table), allowance_(plist::expansionLimit(table.bytes())) {}
+      : table_(table), walk_(table), budget_(plist::expansionLimit(table.bytes())) {}
 
   // Checks the whole property list and the frame. After that every member of an object is there.
   bool open();
@@ -57,10 +57,10 @@ class ArchivedObjects {
   // An object that is no encoded one, as the property list value that it is.
   bool readPlain(std::uint32_t uid, plist::Value* value);
 
-  bool pay(std::uint64_t cost, std::uint32_t uid) {
-    return allowance_.take(cost) || fail(ErrorKind::TooLarge, uid);
+  bool charge(std::uint64_t cost, std::uint32_t uid) {
+    return budget_.take(cost) || fail(ErrorKind::TooLarge, uid);
   }
-  plist::Allowance& allowance() { return allowance_; }
+  plist::MemoryBudget& budget() { return budget_; }
 
   // Blames an object.
   bool fail(ErrorKind kind, std::uint32_t uid);
@@ -79,7 +79,7 @@ class ArchivedObjects {
 
   const plist::ObjectTable& table_;
   plist::BinaryWalk walk_;
-  plist::Allowance allowance_;
+  plist::MemoryBudget budget_;
   Error error_;
   std::uint32_t culprit_ = 0;
 

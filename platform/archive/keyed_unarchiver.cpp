@@ -103,7 +103,7 @@ bool Unarchiver::step(Open& open) {
     const Object* object = followMember(reference);
     const Object* key = object ? keyOf(reference.uid(), *object) : nullptr;
     if (!key) return false;
-    if (!readKey(*key, open.entries, place, objects_.allowance()))
+    if (!readKey(*key, open.entries, place, objects_.budget()))
       return objects_.fail(ErrorKind::TooLarge, open.uid);
     if (lookup_ && depth_ == 1) place = placeFor(*key);
   } else if (open.members) {
@@ -151,7 +151,7 @@ Value* Unarchiver::placeFor(const Object& key) {
 
 inline bool Unarchiver::enter(std::uint32_t uid, const Object& object, Value* place) {
   if (object.isContainer()) return enterContainer(uid, object, place);
-  if (!objects_.pay(object.cost, uid)) return false;
+  if (!objects_.charge(object.cost, uid)) return false;
   if (place && !object.is(kNil)) object.read(*place);
   return true;
 }
@@ -187,7 +187,7 @@ bool Unarchiver::enterEncoded(std::uint32_t uid, const Fields& fields, Value* pl
       return true;
   }
   if (!content) return objects_.failContent(uid, fields);
-  if (!objects_.pay(content->cost, uid)) return false;
+  if (!objects_.charge(content->cost, uid)) return false;
   if (!place) return true;
   content->read(*place);
   if (*shape == Shape::Date) *place = plist::Date{*place->number()};
@@ -203,7 +203,7 @@ bool Unarchiver::enterCollection(std::uint32_t uid, Shape shape, const Fields& f
     return objects_.failContent(uid, fields);
   if (keys->count != values->count) return objects_.fail(ErrorKind::UnequalLengths, uid);
   const auto type = isDictionary ? ObjectType::Dictionary : ObjectType::Array;
-  if (!objects_.pay(plist::memoryCost(type, values->count), uid)) return false;
+  if (!objects_.charge(plist::memoryCost(type, values->count), uid)) return false;
   if (depth_ == open_.size()) return objects_.fail(ErrorKind::TooDeep, uid);
 
   if (lookup_ && depth_ == 0) {

@@ -37,8 +37,8 @@ std::string describeDate(const plist::Date& date) {
   using namespace std::chrono;
   constexpr double kCalendarEnds = 9e11;  // the calendar's years have 16 bits
   if (!(std::abs(date.seconds) < kCalendarEnds)) return describeReal(date.seconds, 16) + " s";
-  const sys_seconds time =
-      sys_days(2001y / January / 1) + std::chrono::floor<seconds>(std::chrono::duration<double>(date.seconds));
+  const sys_seconds time = sys_days(2001y / January / 1) +
+                           std::chrono::floor<seconds>(std::chrono::duration<double>(date.seconds));
   const auto day = floor<days>(time);
   const year_month_day calendar(day);
   const hh_mm_ss clock(time - day);

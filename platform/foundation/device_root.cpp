@@ -59,7 +59,7 @@ Result<Descriptor, FileError> DeviceRoot::open(std::string_view path, int flags)
   const Descriptor root(::open(directory_.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
   // A missing root is no error of its own: nothing is there yet.
   if (!root) return FileError{std::string(path), errno, errno == ENOENT ? "" : "the device root"};
-  Descriptor file = openBelow(root.number(), std::string(path), flags, Below::AsRoot);
+  Descriptor file = openBelow(root.number(), std::string(path), flags, Resolve::InRoot);
   if (!file) return FileError{std::string(path), errno};
   return file;
 }
@@ -133,7 +133,7 @@ Result<Done, FileError> DeviceRoot::writeDurably(std::string_view path, plist::B
   if (!pending) return pending.error();
   const auto flushed = pending->flush();
   if (!flushed) return flushed.error();
-  const auto placed = pending->putInPlace();
+  const auto placed = pending->replaceTarget();
   if (!placed) return placed.error();
   return flushFolder(*folder);
 }

@@ -42,7 +42,7 @@ platform::Result<std::vector<std::string>, FileError> Directory::names() const {
 }
 
 platform::Result<plist::Bytes, FileError> Directory::read(const std::string& name) {
-  const Descriptor file = openBelow(descriptor(), name, O_RDONLY, Below::Strictly);
+  const Descriptor file = openBelow(descriptor(), name, O_RDONLY, Resolve::Beneath);
   if (!file) return error(name, errno);
   const auto status = statRegular(file, name);
   if (!status) return error(name, status.error().code, status.error().detail);

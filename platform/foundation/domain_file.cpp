@@ -181,7 +181,7 @@ Result<DomainFile::Change, FileError> DomainFile::store(const Directory& folder,
     if (!aside) return aside.error();
     change.keptAside = damageError(damage).message() + "; kept aside as " + *aside;
   }
-  const auto placed = pending->putInPlace();
+  const auto placed = pending->replaceTarget();
   if (!placed) return placed.error();
   return change;
 }

@@ -95,7 +95,7 @@ Result<Done, FileError> PendingFile::flush() {
   return Done{};
 }
 
-Result<Done, FileError> PendingFile::putInPlace() {
+Result<Done, FileError> PendingFile::replaceTarget() {
   if (!file_.close()) return folder_->error(name_, errno, "close");
   const int folder = folder_->descriptor();
   if (renameat(folder, temporary_.c_str(), folder, name_.c_str()) == 0) {

@@ -12,8 +12,8 @@ namespace foundation {
 // The steps of replacing a file so that nobody ever sees half of it: it is written in full under
 // another name in the same folder and then renamed over the old one. Two uses:
 //
-//   durable now      write, flush, putInPlace, flushFolder
-//   visible now      write, putInPlace; later, when it shall last, flushFile and flushFolder
+//   durable now      write, flush, replaceTarget, flushFolder
+//   visible now      write, replaceTarget; later, when it shall last, flushFile and flushFolder
 //
 // Each step's failure names the file and the step. A file that was not put in place is removed; a
 // folder that had its name goes with all that it holds.
@@ -29,7 +29,7 @@ class PendingFile {
   ~PendingFile();
 
   platform::Result<platform::Done, FileError> flush();
-  platform::Result<platform::Done, FileError> putInPlace();
+  platform::Result<platform::Done, FileError> replaceTarget();
 
  private:
   PendingFile(const Directory& folder, std::string name);

@@ -28,7 +28,7 @@ platform::Result<Descriptor, FileError> openWithFallback(const DeviceRoot& root,
   if (!folder) return FileError{std::string(path), errno};
   std::string below = ".";
   below += path.substr(fallback.path.size());
-  Descriptor found = openBelow(folder.number(), below, flags, Below::AsRoot);
+  Descriptor found = openBelow(folder.number(), below, flags, Resolve::InRoot);
   if (!found) return FileError{std::string(path), errno};
   return found;
 }

@@ -8,13 +8,13 @@
 
 namespace foundation {
 
-Descriptor openBelow(int folder, const std::string& path, int flags, Below below) {
+Descriptor openBelow(int folder, const std::string& path, int flags, Resolve resolve) {
   if (path.find('\0') != std::string::npos) return errno = EINVAL, Descriptor();
   open_how how{};
   how.flags = static_cast<std::uint64_t>(flags | O_CLOEXEC);
   if (!(flags & O_PATH)) how.flags |= O_NONBLOCK | O_NOCTTY;
   how.resolve = RESOLVE_NO_MAGICLINKS;
-  how.resolve |= below == Below::AsRoot ? RESOLVE_IN_ROOT : RESOLVE_BENEATH;
+  how.resolve |= resolve == Resolve::InRoot ? RESOLVE_IN_ROOT : RESOLVE_BENEATH;
   // EAGAIN: something on the way of a ".." was renamed meanwhile, so the kernel can't tell.
   for (int attempt = 0; attempt < 100; ++attempt) {
     const long opened = syscall(SYS_openat2, folder, path.c_str(), &how, sizeof how);

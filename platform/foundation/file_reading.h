@@ -19,11 +19,11 @@ inline constexpr std::uint64_t kLargestFile = std::uint64_t{1} << 30;
 
 // How a path is kept below a folder: what leads out of it is taken as if the folder were "/", or is
 // an error (EXDEV).
-enum class Below { AsRoot, Strictly };
+enum class Resolve { InRoot, Beneath };
 
 // openat2: `path` below `folder`, without blocking and without giving the descriptor away to a
 // child. The result is empty and errno set when it fails.
-Descriptor openBelow(int folder, const std::string& path, int flags, Below below);
+Descriptor openBelow(int folder, const std::string& path, int flags, Resolve resolve);
 
 // What the open file is, once it is known to be a regular one of bearable size.
 platform::Result<struct stat, FileError> statRegular(const Descriptor& file,

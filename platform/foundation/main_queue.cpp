@@ -4,15 +4,15 @@
 
 namespace foundation {
 
-Nanoseconds StillQueue::fromNow(Nanoseconds time) const {
+Nanoseconds ManualQueue::fromNow(Nanoseconds time) const {
   return now_ + std::clamp(time, Nanoseconds(0), Nanoseconds::max() - now_);
 }
 
-void StillQueue::after(Nanoseconds delay, std::function<void()> task) {
+void ManualQueue::after(Nanoseconds delay, std::function<void()> task) {
   tasks_.emplace(fromNow(delay), std::move(task));
 }
 
-void StillQueue::advance(Nanoseconds time) {
+void ManualQueue::advance(Nanoseconds time) {
   const Nanoseconds end = fromNow(time);
   while (!tasks_.empty() && tasks_.begin()->first <= end) {
     const auto next = tasks_.extract(tasks_.begin());

@@ -23,7 +23,7 @@ class MainQueue {
 // there, and runs within the same advance if it falls due by its end. A task that hands itself in
 // again without delay therefore never lets an advance end. A task may advance the queue itself: the
 // clock then shows the later time when the outer advance goes on, and never goes back.
-class StillQueue : public MainQueue {
+class ManualQueue : public MainQueue {
  public:
   void after(Nanoseconds delay, std::function<void()> task) override;
   void advance(Nanoseconds time);  // 0 runs what is due already; a negative time counts as 0

@@ -9,10 +9,10 @@ namespace plist {
 platform::Result<Value, Error> readBinary(Bytes bytes) {
   const auto table = ObjectTable::open(bytes);
   if (!table) return table.error();
-  Allowance allowance(expansionLimit(bytes.size()));
+  MemoryBudget budget(expansionLimit(bytes.size()));
   BinaryWalk walk(*table);
   Value value;
-  if (!walk.read(table->top(), &value, allowance)) return walk.error();
+  if (!walk.read(table->top(), &value, budget)) return walk.error();
   return value;
 }
 
@@ -27,9 +27,9 @@ std::string keyText(const Object& key) {
   return keyText(leaf);
 }
 
-bool readKey(const Object& key, Dictionary* dictionary, Value*& place, Allowance& allowance) {
+bool readKey(const Object& key, Dictionary* dictionary, Value*& place, MemoryBudget& budget) {
   const bool hexadecimal = key.type == ObjectType::Data;
-  if (!allowance.take(key.cost + (hexadecimal ? key.count : 0))) return false;
+  if (!budget.take(key.cost + (hexadecimal ? key.count : 0))) return false;
   const std::string_view bytes(reinterpret_cast<const char*>(key.payload), key.count);
   if (!dictionary)
     place = nullptr;
@@ -40,13 +40,13 @@ bool readKey(const Object& key, Dictionary* dictionary, Value*& place, Allowance
   return true;
 }
 
-bool BinaryWalk::read(std::uint64_t index, Value* value, Allowance& allowance) {
+bool BinaryWalk::read(std::uint64_t index, Value* value, MemoryBudget& budget) {
   depth_ = 0;
-  if (!visit(index, value, allowance)) return false;
+  if (!visit(index, value, budget)) return false;
   while (depth_ > 0) {
     Open& open = open_[depth_ - 1];
     const Object& container = *open.container;
-    if (!open.value) passLeaves(open, allowance);
+    if (!open.value) passLeaves(open, budget);
     if (open.next == container.count) {
       --depth_;
       continue;
@@ -54,35 +54,35 @@ bool BinaryWalk::read(std::uint64_t index, Value* value, Allowance& allowance) {
     std::uint64_t member = open.next++;
     Value* place = nullptr;
     if (container.type == ObjectType::Dictionary) {
-      if (!visitKey(open, member, place, allowance)) return false;
+      if (!visitKey(open, member, place, budget)) return false;
       member += container.count;
     } else if (open.value) {
       Array* members = open.value->array();
       place = &(members ? *members : open.value->set()->members).emplace_back();
     }
-    if (!visit(table_.member(container, member), place, allowance)) return blame(container, member);
+    if (!visit(table_.member(container, member), place, budget)) return blame(container, member);
   }
   return true;
 }
 
 // Checks the members up to one that needs more than a look.
-inline void BinaryWalk::passLeaves(Open& open, Allowance& allowance) {
+inline void BinaryWalk::passLeaves(Open& open, MemoryBudget& budget) {
   if (open.container->type == ObjectType::Dictionary) return;
   std::uint64_t next = open.next;
   for (const std::uint64_t count = open.container->count; next < count; ++next) {
     const Object* member = table_.find(table_.member(*open.container, next));
-    if (!member || member->isContainer() || !allowance.take(member->cost)) break;
+    if (!member || member->isContainer() || !budget.take(member->cost)) break;
   }
   open.next = next;
 }
 
-inline bool BinaryWalk::visit(std::uint64_t index, Value* value, Allowance& allowance) {
+inline bool BinaryWalk::visit(std::uint64_t index, Value* value, MemoryBudget& budget) {
   const Object* object = table_.find(index);
   if (!object) {
     error_ = table_.errorOf(index);
     return false;
   }
-  if (!allowance.take(object->cost)) return fail(ErrorKind::TooLarge, index);
+  if (!budget.take(object->cost)) return fail(ErrorKind::TooLarge, index);
   if (object->isContainer()) return open(index, *object, value);
   if (value) object->read(*value);
   return true;
@@ -102,7 +102,7 @@ bool BinaryWalk::open(std::uint64_t index, const Object& container, Value* value
 }
 
 bool BinaryWalk::visitKey(const Open& open, std::uint64_t member, Value*& place,
-                          Allowance& allowance) {
+                          MemoryBudget& budget) {
   const std::uint64_t index = table_.member(*open.container, member);
   const Object* key = table_.find(index);
   if (!key) {
@@ -111,7 +111,7 @@ bool BinaryWalk::visitKey(const Open& open, std::uint64_t member, Value*& place,
   }
   if (key->isContainer()) return fail(ErrorKind::KeyKind, index);
   Dictionary* dictionary = open.value ? open.value->dictionary() : nullptr;
-  return readKey(*key, dictionary, place, allowance) || fail(ErrorKind::TooLarge, index);
+  return readKey(*key, dictionary, place, budget) || fail(ErrorKind::TooLarge, index);
 }
 
 // A reference to nothing has no object to point at: the error points at the reference.

@@ -7,9 +7,9 @@
 namespace plist {
 
 // What reading may still take, in bytes of memory.
-class Allowance {
+class MemoryBudget {
  public:
-  explicit Allowance(std::uint64_t bytes) : left_(bytes) {}
+  explicit MemoryBudget(std::uint64_t bytes) : left_(bytes) {}
   bool take(std::uint64_t bytes) {
     if (bytes > left_) return false;
     left_ -= bytes;
@@ -22,8 +22,8 @@ class Allowance {
 
 // Appends an entry with this key, a leaf, to a dictionary and tells where its value goes: nowhere
 // (null) when the key is there already. A null dictionary only pays for the key. False when the
-// allowance is used up.
-bool readKey(const Object& key, Dictionary* dictionary, Value*& place, Allowance& allowance);
+// budget is used up.
+bool readKey(const Object& key, Dictionary* dictionary, Value*& place, MemoryBudget& budget);
 
 // The text of a leaf as a key.
 std::string keyText(const Object& key);
@@ -36,7 +36,7 @@ class BinaryWalk {
 
   // Object number `index` into *value; a null value checks only. False with error() when it can't
   // be read.
-  bool read(std::uint64_t index, Value* value, Allowance& allowance);
+  bool read(std::uint64_t index, Value* value, MemoryBudget& budget);
 
   const Error& error() const { return error_; }
 
@@ -48,10 +48,10 @@ class BinaryWalk {
     Value* value;
   };
 
-  void passLeaves(Open& open, Allowance& allowance);
-  bool visit(std::uint64_t index, Value* value, Allowance& allowance);
+  void passLeaves(Open& open, MemoryBudget& budget);
+  bool visit(std::uint64_t index, Value* value, MemoryBudget& budget);
   bool open(std::uint64_t index, const Object& container, Value* value);
-  bool visitKey(const Open& open, std::uint64_t member, Value*& place, Allowance& allowance);
+  bool visitKey(const Open& open, std::uint64_t member, Value*& place, MemoryBudget& budget);
   bool blame(const Object& container, std::uint64_t member);
   bool fail(ErrorKind kind, std::uint64_t index);
   bool isCircular(std::uint64_t index) const;

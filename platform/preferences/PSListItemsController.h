@@ -20,8 +20,8 @@ class PSListItemsController : public PSViewController, public uikit::TableViewSo
   int selectedRow() const;  // -1 when the row's value is none of its choices
 
   int tableViewNumberOfRowsInSection(uikit::TableView& table, int section) override;
-  std::shared_ptr<uikit::TableViewCell> tableViewCellForRowAtIndexPath(uikit::TableView& table,
-                                                                       uikit::IndexPath path) override;
+  std::shared_ptr<uikit::TableViewCell> tableViewCellForRowAtIndexPath(
+      uikit::TableView& table, uikit::IndexPath path) override;
   void tableViewDidSelectRowAtIndexPath(uikit::TableView& table, uikit::IndexPath path) override;
 
   const Operations& operations() const override { return ownOperations; }

@@ -25,7 +25,7 @@ void Slider::drag(float value) {
   if (continuous) sendActions(event::kValueChanged);
 }
 
-void Slider::letGo() {
+void Slider::endTracking() {
   if (!continuous) sendActions(event::kValueChanged);
   sendActions(event::kTouchUpInside);
 }

@@ -25,7 +25,9 @@ class Control : public View {
 
   // The action is told of each of these events, in the order in which actions were added.
   using Action = std::function<void(Control& sender)>;
-  void addAction(unsigned events, Action action) { actions_.push_back({events, std::move(action)}); }
+  void addAction(unsigned events, Action action) {
+    actions_.push_back({events, std::move(action)});
+  }
   void sendActions(unsigned events);
 
  protected:
@@ -58,7 +60,7 @@ class Slider : public Control {
   bool continuous = true;  // tells of each step of a drag, else of its end
   // What the user does. The program's own setValue tells nobody.
   void drag(float value);
-  void letGo();
+  void endTracking();
   std::optional<Color> minimumTrackTintColor;
   std::optional<Color> thumbTintColor;
 

@@ -288,7 +288,7 @@ void ProfilesListController::viewDidLoad() {
 TriggerPickerLists ProfilesListController::makeLists(std::int32_t tag) const {
   if (tag == kSaveTag) return listsOfTriggers(environment().collator);
   SavedProfiles saved = savedProfiles(environment(), TitleForm::Trigger);
-  for (const LeftOut& file : saved.leftOut) report(file.path + ": " + file.reason);
+  for (const SkippedFile& file : saved.skipped) report(file.path + ": " + file.reason);
   return listsOfProfiles(std::move(saved));
 }
 

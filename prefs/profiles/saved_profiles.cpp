@@ -68,7 +68,7 @@ SavedProfiles savedProfiles(const preferences::Environment& environment, TitleFo
     std::string path = std::string(kDocuments) + name;
     auto profile = readProfile(*folder, name, environment.xml);
     if (!profile) {
-      profiles.leftOut.push_back({std::move(path), profile.error()});
+      profiles.skipped.push_back({std::move(path), profile.error()});
       continue;
     }
     profiles.titles.push_back(titleOf(*profile, form));
@@ -77,9 +77,9 @@ SavedProfiles savedProfiles(const preferences::Environment& environment, TitleFo
   sortLocalized(profiles.paths, environment.collator);
   sortTitles(profiles.titles, environment.collator);
   std::ranges::sort(
-      profiles.leftOut,
+      profiles.skipped,
       [&](const auto& a, const auto& b) { return environment.collator.compare(a, b) < 0; },
-      &LeftOut::path);
+      &SkippedFile::path);
   return profiles;
 }
 

@@ -14,7 +14,7 @@ enum class TitleForm {
 };
 
 // A file that bears a profile's extension but can't be one, and why.
-struct LeftOut {
+struct SkippedFile {
   std::string path;
   std::string reason;
 };
@@ -23,8 +23,8 @@ struct LeftOut {
 // they line up because a profile's file is named after its trigger and both sort alike.
 struct SavedProfiles {
   std::vector<std::string> paths, titles;
-  std::string failure;           // why the folder couldn't be listed; empty where it could
-  std::vector<LeftOut> leftOut;  // in the order of their paths
+  std::string failure;               // why the folder couldn't be listed; empty where it could
+  std::vector<SkippedFile> skipped;  // in the order of their paths
 };
 
 // Every entry whose extension is exactly "qvx" and that holds a keyed archive; a folder that is

@@ -1,6 +1,6 @@
 #include "prefs/resources/bundle.h"
 
-#include "prefs/entry/classes.h"
+#include "prefs/resources/classes.h"
 
 namespace prefs {
 

@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
+#include "prefs/core/quorvantisprefsListController.h"
 #include "prefs/resources/bundle.h"
-#include "prefs/entry/quorvantisprefsListController.h"
 #include "tests/prefs/seed.h"
 
 namespace {

@@ -16,7 +16,8 @@ inline void write(testing_support::TestDevice& device, const std::string& name,
   std::filesystem::path folder = device.folder.path() + std::string(prefs::kDocuments);
   std::filesystem::create_directories(folder);
   std::ofstream(folder / name, std::ios::binary)
-      .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+      .write(reinterpret_cast<const char*>(bytes.data()),
+             static_cast<std::streamsize>(bytes.size()));
 }
 
 // A file where the profiles' folder goes, so that none can be written.

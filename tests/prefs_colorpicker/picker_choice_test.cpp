@@ -141,7 +141,7 @@ TEST_F(PickerChoice, OfAPresetTakesTheTickFromTheCustomRow) {
 TEST_F(PickerChoice, OfAPresetIsAnnouncedTwiceWhileTheCustomRowStaysTicked) {
   openWith("#007AFE", kCustomOnScreen);
   slider(203)->drag(255);
-  slider(203)->letGo();
+  slider(203)->endTracking();
   events.clear();
   page->tableViewCellForRowAtIndexPath(*page->table(), kSystemBlue);
   ASSERT_EQ(page->selectedIndexPath, kSystemBlue);

@@ -87,7 +87,7 @@ TEST_F(PickerSliders, StoreNothingWhileDraggedOnATickedCustomRow) {
 TEST_F(PickerSliders, StoreWhenLetGoOnATickedCustomRow) {
   openWith("#FF9501", kCustomOnScreen);
   slider(201)->drag(1);
-  slider(201)->letGo();
+  slider(201)->endTracking();
   EXPECT_EQ(stored(), plist::Value("#019501"));
   EXPECT_EQ(page->selectedColor, plist::Value("#019501"));
   EXPECT_EQ(events, (std::vector<Event>{{"local", std::string(kPreview), "#019501"},
@@ -97,7 +97,7 @@ TEST_F(PickerSliders, StoreWhenLetGoOnATickedCustomRow) {
 TEST_F(PickerSliders, StoreNothingWhenLetGoWhileAPresetIsTicked) {
   openWith("#007AFF", kCustomOnScreen);
   slider(201)->drag(255);
-  slider(201)->letGo();
+  slider(201)->endTracking();
   EXPECT_EQ(detail(kCustom), "#FF7AFF");
   EXPECT_EQ(stored(), plist::Value("#007AFF"));
   EXPECT_TRUE(events.empty());
@@ -114,7 +114,7 @@ TEST_F(PickerSliders, StoreAfterTheCustomRowWasTapped) {
   openWith("#007AFF", kCustomOnScreen);
   tap(kCustom);
   slider(201)->drag(255);
-  slider(201)->letGo();
+  slider(201)->endTracking();
   EXPECT_EQ(stored(), plist::Value("#FF7AFF"));
   EXPECT_EQ(events.size(), 4u);
 }
@@ -122,7 +122,7 @@ TEST_F(PickerSliders, StoreAfterTheCustomRowWasTapped) {
 TEST_F(PickerSliders, StoreAPresetsColorFromTheTickedCustomRow) {
   openWith("#007AFE", kCustomOnScreen);
   slider(203)->drag(255);
-  slider(203)->letGo();
+  slider(203)->endTracking();
   EXPECT_EQ(stored(), plist::Value("#007AFF"));
   show(0);
   EXPECT_TRUE(ticked(kSystemBlue));
@@ -133,7 +133,7 @@ TEST_F(PickerSliders, StoreAPresetsColorFromTheTickedCustomRow) {
 TEST_F(PickerSliders, DriveAnUnsetColor) {
   open(row(), kCustomOnScreen);
   slider(202)->drag(16);
-  slider(202)->letGo();
+  slider(202)->endTracking();
   EXPECT_EQ(stored(), plist::Value("#001000"));
 }
 
@@ -212,7 +212,7 @@ TEST_F(PickerSliders, StoreWhatIsLetGoOfOnATickedCustomRowAfterAReload) {
   openWith("#FF7AFF", kCustomOnScreen);
   page->table()->reloadData();
   slider(202)->drag(127.6f);
-  slider(202)->letGo();
+  slider(202)->endTracking();
   EXPECT_EQ(detail(kCustom), "#FF7FFF");
   EXPECT_EQ(page->selectedColor, plist::Value("#FF7FFF"));
 }

@@ -68,7 +68,7 @@ TEST_F(ControlTest, ADragTellsOfEachStepAndLettingGoOfItself) {
   slider->drag(0.5f);
   slider->drag(0.75f);
   EXPECT_EQ(told, "vv");
-  slider->letGo();
+  slider->endTracking();
   EXPECT_EQ(told, "vvu");
   EXPECT_EQ(slider->value(), 0.75f);
 }
@@ -78,7 +78,7 @@ TEST_F(ControlTest, ASliderThatIsNotContinuousTellsAtTheEnd) {
   slider->addAction(event::kValueChanged, tell('v'));
   slider->drag(0.5f);
   EXPECT_EQ(told, "");
-  slider->letGo();
+  slider->endTracking();
   EXPECT_EQ(told, "v");
 }
 

@@ -1,6 +1,6 @@
-#include "linux/icu_collator.h"
 #include "prefs/profiles/trigger_picker_lists.h"
 #include "prefs/profiles/triggers.h"
+#include "services/icu_collator.h"
 #include "tests/prefs_profiles/profiles_device.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "prefs/entry/quorvantisprefsListController.h"
+#include "prefs/core/quorvantisprefsListController.h"
 #include "tests/prefs_profiles/profile_page.h"
 
 namespace {

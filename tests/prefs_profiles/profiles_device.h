@@ -6,12 +6,12 @@
 #include <memory>
 #include <string>
 
-#include "linux/xml_reader.h"
 #include "prefs/core/names.h"
 #include "prefs/profiles/profile_settings.h"
 #include "prefs/profiles/profile_snapshot.h"
-#include "tests/prefs/seed.h"
 #include "prefs/resources/bundle.h"
+#include "services/xml_reader.h"
+#include "tests/prefs/seed.h"
 
 namespace profiles_test {
 
@@ -43,9 +43,9 @@ class ProfilesDevice : public testing_support::TestDevice {
 
   HookedDarwinCenter darwinCenter;
   RealXml realXml;
-  ::preferences::Environment environment{
-      root, preferences, center, queue,   darwinCenter,    collator,
-      urls, addressBook, sounds, realXml, prefs::bundle()};
+  ::preferences::Environment environment{root,         preferences, center,         queue,
+                                         darwinCenter, collator,    urls,           addressBook,
+                                         sounds,       realXml,     prefs::bundle()};
   std::vector<std::string> events;
 
   // The store as another process sees it.

@@ -41,7 +41,8 @@ struct NumericCollator : platform::Collator {
 
 struct RecordingUrls : platform::Urls {
   bool canOpen(std::string_view url) override {
-    return std::ranges::any_of(schemes, [&](auto& scheme) { return url.starts_with(scheme + ":"); });
+    return std::ranges::any_of(schemes,
+                               [&](auto& scheme) { return url.starts_with(scheme + ":"); });
   }
   bool open(std::string_view url) override { return opened.emplace_back(url), true; }
   std::vector<std::string> schemes, opened;
@@ -69,17 +70,19 @@ struct NoXml : platform::XmlPropertyLists {
 class TestDevice {
  public:
   explicit TestDevice(const preferences::Bundle& bundle)
-      : environment{root,   preferences, center,      queue,  darwin, collator,
-                    urls,   addressBook, sounds,      xml,    bundle} {
+      : environment{root, preferences, center, queue, darwin, collator,
+                    urls, addressBook, sounds, xml,   bundle} {
     environment.screen = &screen;
-    environment.problemHandler = [this](const std::string& message) { problems.push_back(message); };
+    environment.problemHandler = [this](const std::string& message) {
+      problems.push_back(message);
+    };
   }
 
   TemporaryFolder folder;
   foundation::DeviceRoot root{folder.path()};
   foundation::Preferences preferences{root};
   foundation::NotificationCenter center;
-  foundation::StillQueue queue;
+  foundation::ManualQueue queue;
   RecordingDarwinCenter darwin;
   NumericCollator collator;
   RecordingUrls urls;

@@ -61,7 +61,7 @@ TEST_F(Accessibility, ASliderTellsItsRangeAndItsStepsStore) {
 TEST_F(Accessibility, AValueThatIsSetStores) {
   driver->click("Custom level");
   driver->accessible("Level", kSlider)->valueInterface()->setCurrentValue(80.0);
-  driver->settle();
+  driver->buildVisibleRows();
   EXPECT_EQ(device.stored("level"), plist::Value(80.0));
 }
 
@@ -96,7 +96,7 @@ TEST_F(Accessibility, PressingAChoiceChoosesIt) {
 
 TEST_F(Accessibility, AProblemIsAnAlert) {
   settings->bridge().report("The disk is full.");
-  driver->settle();
+  driver->buildVisibleRows();
   EXPECT_TRUE(driver->accessible("The disk is full.", QAccessible::AlertMessage));
   ASSERT_TRUE(driver->act("Dismiss", kButton, kPress));
   EXPECT_FALSE(driver->accessible("The disk is full."));

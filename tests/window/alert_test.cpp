@@ -19,8 +19,8 @@ class AlertWindow : public BundleWindow {
         std::make_shared<uikit::AlertController>(title, "What now?", uikit::AlertStyle::Alert);
     for (uikit::AlertAction& action : actions) shown->addAction(std::move(action));
     device->screen().present(std::move(shown));
-    host->settle();
-    driver->settle();
+    host->buildVisibleRows();
+    driver->buildVisibleRows();
   }
   std::function<void()> note(const std::string& what) {
     return [this, what] { pressed.push_back(what); };
@@ -62,7 +62,7 @@ TEST_F(AlertWindow, ASheetFollowsTheWindowsWidth) {
 TEST_F(AlertWindow, AClickBesideASheetCancels) {
   openSheet(390);
   QTest::mouseClick(window, Qt::LeftButton, {}, QPoint(195, 300));
-  driver->settle();
+  driver->buildVisibleRows();
   EXPECT_TRUE(host->alerts().empty());
 }
 
@@ -70,7 +70,7 @@ TEST_F(AlertWindow, AClickBesideAnAlertDoesNothing) {
   open();
   alert("Question", {{"No", uikit::ButtonRole::Cancel, note("No")}});
   QTest::mouseClick(window, Qt::LeftButton, {}, QPoint(195, 100));
-  driver->settle();
+  driver->buildVisibleRows();
   EXPECT_EQ(host->alerts().size(), 1u);
   EXPECT_EQ(host->pages().size(), 1u);
 }
@@ -172,7 +172,7 @@ TEST_F(AlertWindow, ADialogHasItsNameAndMessage) {
 TEST_F(AlertWindow, AProblemThatAnotherThreadTellsIsABanner) {
   open();
   std::thread([this] { settings->report("can't play /x.wav"); }).join();
-  driver->settle();
+  driver->buildVisibleRows();
   EXPECT_TRUE(driver->accessible("can't play /x.wav", QAccessible::AlertMessage));
 }
 

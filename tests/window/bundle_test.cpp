@@ -26,7 +26,7 @@ TEST_F(BundleWindow, EveryPageOfTheBundleIsShownWithoutError) {
     if (page.list.empty()) continue;
     open();
     ASSERT_TRUE(host->launch(page.name));
-    driver->settle();
+    driver->buildVisibleRows();
     EXPECT_EQ(settings->bridge().shown()->error().toStdString(), "") << page.name;
     EXPECT_GT(settings->bridge().shown()->rows()->rowCount(), 0) << page.name;
     settings.reset();
@@ -179,7 +179,7 @@ TEST_F(BundleWindow, TheReasonShowsWhereThePointerRests) {
     return !host::isUsable(**host->row(std::string("vibrateduration")));
   };
   ASSERT_TRUE(driver->until(dimmed));
-  driver->settle();
+  driver->buildVisibleRows();
   for (QQuickItem* item : driver->itemsOfType("SliderRow")) {
     QTest::mouseMove(window, driver->place(item).center().toPoint());
     break;

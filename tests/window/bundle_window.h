@@ -8,8 +8,8 @@
 #include <QtTest/QTest>
 #include <thread>
 
-#include "apps/assembly/assembly.h"
 #include "apps/window/settings_window.h"
+#include "host/device.h"
 #include "platform/archive/keyed_archive.h"
 #include "prefs/resources/bundle.h"
 #include "tests/window/application.h"
@@ -34,8 +34,8 @@ class BundleWindow : public testing::Test {
   void open(const char* page = nullptr, int width = 390) {
     auto owned = std::make_unique<window::QtMainQueue>();
     window::QtMainQueue& queue = *owned;
-    device = std::make_unique<assembly::Assembly>(
-        assembly::Options{.root = folder.path().toStdString(), .contacts = {}, .idiom = {}},
+    device = std::make_unique<host::Device>(
+        host::DeviceOptions{.root = folder.path().toStdString(), .contacts = {}, .idiom = {}},
         std::move(owned));
     host = std::make_unique<host::SettingsApplication>(device->environment(), 30);
     host->launch();
@@ -63,7 +63,7 @@ class BundleWindow : public testing::Test {
   }
 
   QTemporaryDir folder;
-  std::unique_ptr<assembly::Assembly> device;
+  std::unique_ptr<host::Device> device;
   std::unique_ptr<host::SettingsApplication> host;
   std::unique_ptr<window::SettingsWindow> settings;
   QQuickWindow* window = nullptr;

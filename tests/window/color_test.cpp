@@ -31,7 +31,7 @@ class Colors : public BundleWindow {
     QTest::mouseClick(
         window, Qt::LeftButton, {},
         QPoint(static_cast<int>(place.left()) + 40, static_cast<int>(place.center().y())));
-    driver->settle();
+    driver->buildVisibleRows();
   }
   void store(const Value& value) {
     ASSERT_TRUE(device->preferences().setAppValue("bannercolor", value, "com.zorvek.quorvantis"));
@@ -144,12 +144,12 @@ TEST_F(Colors, ADragOnTheTickedRowStoresWhenItIsLetGo) {
   const QPoint end(static_cast<int>(place.right()) + 40, start.y());
   QTest::mousePress(window, Qt::LeftButton, {}, start);
   for (int step = 1; step <= 8; ++step) QTest::mouseMove(window, start + (end - start) * step / 8);
-  driver->settle();
+  driver->buildVisibleRows();
   EXPECT_EQ(spoken("Custom", kChoice), "#FF7AFF");
   EXPECT_EQ(patch("Custom", kChoice), QColor("#FF7AFF"));
   EXPECT_EQ(stored("bannercolor"), Value("#007AFF"));
   QTest::mouseRelease(window, Qt::LeftButton, {}, end);
-  driver->settle();
+  driver->buildVisibleRows();
   EXPECT_EQ(stored("bannercolor"), Value("#FF7AFF"));
 }
 
@@ -164,11 +164,11 @@ TEST_F(Colors, AFingerDragsASlider) {
   QTest::touchEvent(window, finger).press(0, start, window);
   for (int step = 1; step <= 8; ++step)
     QTest::touchEvent(window, finger).move(0, start + (end - start) * step / 8, window);
-  driver->settle();
+  driver->buildVisibleRows();
   EXPECT_EQ(spoken("Custom", kChoice), "#00FFFF");
   EXPECT_EQ(stored("bannercolor"), Value("#007AFF"));
   QTest::touchEvent(window, finger).release(0, end, window);
-  driver->settle();
+  driver->buildVisibleRows();
   EXPECT_EQ(stored("bannercolor"), Value("#00FFFF"));
 }
 
@@ -180,7 +180,7 @@ TEST_F(Colors, AClickBesideTheHandleMovesASliderAndLetsGo) {
   QTest::mouseClick(
       window, Qt::LeftButton, {},
       QPoint(static_cast<int>(place.left()) + 3, static_cast<int>(place.center().y())));
-  driver->settle();
+  driver->buildVisibleRows();
   EXPECT_EQ(stored("bannercolor"), Value("#007A00"));
 }
 
@@ -257,7 +257,7 @@ TEST_F(Colors, AssistiveTechnologyMovesTheSliders) {
   ASSERT_TRUE(driver->act("Red", kSlider, QAccessibleActionInterface::increaseAction()));
   EXPECT_EQ(spoken("Custom", kChoice), "#017AFF");
   driver->accessible("Blue", kSlider)->valueInterface()->setCurrentValue(16.0);
-  driver->settle();
+  driver->buildVisibleRows();
   EXPECT_EQ(spoken("Custom", kChoice), "#017A10");
   QAccessibleValueInterface* range = driver->accessible("Red", kSlider)->valueInterface();
   EXPECT_EQ(range->minimumValue().toDouble(), 0);
@@ -341,7 +341,7 @@ TEST_F(Colors, ComingToTheForegroundShowsWhatOthersHaveStored) {
   EXPECT_EQ(patch("Alert Banner", QAccessible::Button), QColor("#34495F"));
   emit qApp->applicationStateChanged(Qt::ApplicationInactive);
   emit qApp->applicationStateChanged(Qt::ApplicationActive);
-  driver->settle();
+  driver->buildVisibleRows();
   EXPECT_EQ(patch("Alert Banner", QAccessible::Button), QColor("#FF9500"));
 }
 

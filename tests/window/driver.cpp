@@ -29,14 +29,14 @@ QString accessibleName(QQuickItem* item) {
 
 void Driver::resize(int width, int height) {
   window_.resize(width, height);
-  settle();
+  buildVisibleRows();
 }
 
 bool Driver::until(const std::function<bool()>& condition) {
   return QTest::qWaitFor(condition, 5000);
 }
 
-void Driver::settle() {
+void Driver::buildVisibleRows() {
   auto busy = [this] {
     for (QQuickItem* item : itemsOfType("QQuickStackView"))
       if (item->property("busy").toBool()) return true;
@@ -91,7 +91,7 @@ void Driver::click(const QString& name, QAccessible::Role role) {
 
 void Driver::clickItem(QQuickItem* item, Qt::MouseButton button) {
   QTest::mouseClick(&window_, button, {}, place(item).center().toPoint());
-  settle();
+  buildVisibleRows();
 }
 
 void Driver::wheel(QQuickItem* item, int turned) {
@@ -99,22 +99,22 @@ void Driver::wheel(QQuickItem* item, int turned) {
   QWheelEvent event(at, window_.mapToGlobal(at), {}, {0, turned}, Qt::NoButton, Qt::NoModifier,
                     Qt::NoScrollPhase, false);
   QCoreApplication::sendEvent(&window_, &event);
-  settle();
+  buildVisibleRows();
 }
 
 void Driver::key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
   QTest::keyClick(&window_, key, modifiers);
-  settle();
+  buildVisibleRows();
 }
 
 void Driver::type(const QString& text) {
   for (QChar letter : text) QTest::keyClick(&window_, letter.toLatin1());
-  settle();
+  buildVisibleRows();
 }
 
 void Driver::scrollTo(double y) {
   for (QQuickItem* list : itemsOfType("RowsView")) list->setProperty("contentY", y);
-  settle();
+  buildVisibleRows();
 }
 
 QString Driver::focused() const {
@@ -135,6 +135,6 @@ bool Driver::act(const QString& name, QAccessible::Role role, const QString& act
   if (!face || !face->actionInterface()) return false;
   if (!face->actionInterface()->actionNames().contains(action)) return false;
   face->actionInterface()->doAction(action);
-  settle();
+  buildVisibleRows();
   return true;
 }

@@ -15,7 +15,8 @@ class Driver {
   explicit Driver(QQuickWindow& window) : window_(window) {}
 
   void resize(int width, int height);
-  void settle();  // until no page slides, no alert comes or goes and all that was due has been done
+  void buildVisibleRows();  // until no page slides, no alert comes or goes and all that was due has
+                            // been done
   bool until(const std::function<bool()>& condition);
 
   // Every visible item of the shown page and the banners, in the order of the item tree.

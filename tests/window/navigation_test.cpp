@@ -93,7 +93,7 @@ TEST_F(Navigation, ComingToTheForegroundIsToldToThePages) {
 TEST_F(Navigation, AProblemStaysOnScreenUntilItIsDismissed) {
   settings->bridge().report("The disk is full.");
   settings->bridge().report("The disk is full.");
-  driver->settle();
+  driver->buildVisibleRows();
   EXPECT_EQ(driver->itemsOfType("Banner").size(), 1u);
   driver->click("Tone");
   EXPECT_TRUE(driver->shows("The disk is full."));
@@ -104,7 +104,7 @@ TEST_F(Navigation, AProblemStaysOnScreenUntilItIsDismissed) {
 TEST_F(Navigation, ABannerStandsBelowThePageWhichStaysWhereItIs) {
   const QRectF before = driver->place(driver->find("Tone"));
   settings->bridge().report("The disk is full.");
-  driver->settle();
+  driver->buildVisibleRows();
   EXPECT_EQ(driver->place(driver->itemsOfType("Banner").front()).bottom(), window->height());
   EXPECT_EQ(driver->place(driver->find("Tone")), before);
 }

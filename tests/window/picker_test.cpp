@@ -67,7 +67,7 @@ TEST_F(Picker, TurnsByAClickOnARow) {
   const int height = wheel()->property("rowHeight").toInt();
   QTest::mouseClick(window, Qt::LeftButton, {},
                     (place.center() + QPointF(0, 2 * height)).toPoint());
-  driver->settle();
+  driver->buildVisibleRows();
   EXPECT_EQ(picked(), 56);
 }
 

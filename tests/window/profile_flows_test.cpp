@@ -45,7 +45,7 @@ class ProfileFlows : public BundleWindow, public testing::WithParamInterface<Han
         break;
       case Hand::AssistiveTechnology:
         driver->accessible(wheel, QAccessible::SpinBox)->valueInterface()->setCurrentValue(row);
-        driver->settle();
+        driver->buildVisibleRows();
     }
     ASSERT_EQ(picked(), row);
   }

@@ -61,7 +61,7 @@ TEST_F(Rows, ASliderStoresItsValueWhenItIsLetGo) {
   QTest::mouseMove(window, end);
   EXPECT_TRUE(device.stored("level").isNothing());
   QTest::mouseRelease(window, Qt::LeftButton, {}, end);
-  driver->settle();
+  driver->buildVisibleRows();
   EXPECT_EQ(device.stored("level"), plist::Value(100.0));
   EXPECT_TRUE(driver->shows("100"));
 }
@@ -77,7 +77,7 @@ TEST_F(Rows, ASliderThatShowsItsValueStoresWhatItShows) {
   EXPECT_NE(shown, "50");
   EXPECT_TRUE(driver->shows(shown));
   QTest::mouseRelease(window, Qt::LeftButton, {}, start + QPoint(11, 0));
-  driver->settle();
+  driver->buildVisibleRows();
   EXPECT_EQ(device.stored("level"), plist::Value(shown.toDouble()));
 }
 
@@ -147,8 +147,8 @@ TEST_F(Rows, TheChosenSegmentHasTheTintThatThePageGaveIt) {
   QQuickItem* segments = driver->itemsOfType("SegmentRow").front();
   const QColor before = segments->property("chosenColor").value<QColor>();
   row("when").control()->tintColor = uikit::Color::fromBytes(200, 0, 0);
-  host.settle();
-  driver->settle();
+  host.buildVisibleRows();
+  driver->buildVisibleRows();
   EXPECT_EQ(segments->property("chosenColor").value<QColor>(), QColor(200, 0, 0));
   EXPECT_NE(before, QColor(200, 0, 0));
 }

@@ -21,7 +21,7 @@ Outcome<Done> list(Session& session) {
     session.printJson(Json(std::move(document)));
   else
     for (const std::string& line : columns.lines()) session.print(line);
-  for (const auto& [path, reason] : saved.leftOut) session.warnings.push_back(path + ": " + reason);
+  for (const auto& [path, reason] : saved.skipped) session.warnings.push_back(path + ": " + reason);
   return Done{};
 }
 

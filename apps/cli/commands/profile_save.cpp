@@ -39,7 +39,7 @@ Outcome<Done> save(Session& session, const std::string& text, bool overwrite) {
   const auto trigger = findTrigger(text);
   if (!trigger) return trigger.error();
   const auto& [profileID, path] = *trigger;
-  assembly::Assembly& device = session.device();
+  host::Device& device = session.device();
   foundation::DeviceRoot& root = device.root();
   if (!overwrite && root.hasEntry(path)) return exists(path);
 

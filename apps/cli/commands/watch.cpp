@@ -4,7 +4,7 @@
 
 #include "apps/cli/argument.h"
 #include "apps/cli/commands/commands.h"
-#include "linux/services.h"
+#include "services/services.h"
 
 namespace cli {
 namespace {

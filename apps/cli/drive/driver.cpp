@@ -30,8 +30,8 @@ const char* nameOf(host::RefusalCode code) {
   return "bad_request";
 }
 
-std::unique_ptr<foundation::StillQueue> makeClock(foundation::StillQueue*& clock) {
-  auto made = std::make_unique<foundation::StillQueue>();
+std::unique_ptr<foundation::ManualQueue> makeClock(foundation::ManualQueue*& clock) {
+  auto made = std::make_unique<foundation::ManualQueue>();
   clock = made.get();
   return made;
 }
@@ -53,7 +53,7 @@ const Driver::Handler Driver::kHandlers[] = {
     {"opened", &Driver::opened},     {"played", &Driver::played},
 };
 
-Driver::Driver(const assembly::Options& options, int viewport)
+Driver::Driver(const host::DeviceOptions& options, int viewport)
     : device_(options, makeClock(clock_),
               {.darwinCenter = &record_, .urls = &urls_, .sounds = &sounds_}),
       application_(device_.environment(), viewport) {

@@ -2,19 +2,19 @@
 
 #include <string>
 
-#include "apps/assembly/assembly.h"
 #include "apps/cli/drive/recorders.h"
 #include "apps/cli/drive/request.h"
+#include "host/device.h"
 #include "host/notification_record.h"
 #include "host/settings_application.h"
-#include "linux/lazy_services.h"
+#include "services/lazy_services.h"
 
 namespace cli {
 
 // One Settings host that does what it is asked, request by request.
 class Driver {
  public:
-  Driver(const assembly::Options& options, int viewport);
+  Driver(const host::DeviceOptions& options, int viewport);
 
   // The answer to one line, without a newline.
   std::string answer(std::string_view line);
@@ -63,8 +63,8 @@ class Driver {
   host::NotificationRecord record_{bus_};
   RecordedUrls urls_{desktop_};
   RecordedSounds sounds_;
-  foundation::StillQueue* clock_;
-  assembly::Assembly device_;
+  foundation::ManualQueue* clock_;
+  host::Device device_;
   host::SettingsApplication application_;
 };
 

@@ -50,7 +50,7 @@ Driver::Answer Driver::advance(const Request& request) {
   if (!(*seconds >= 0 && *seconds <= kLongestAdvance))
     return host::Refusal{host::RefusalCode::BadValue, "time moves on by 0 to 1e9 seconds"};
   clock_->advance(foundation::Nanoseconds(static_cast<std::int64_t>(*seconds * 1e9 + 0.5)));
-  application_.settle();
+  application_.buildVisibleRows();
   return Json::object();
 }
 

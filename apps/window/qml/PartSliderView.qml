@@ -23,7 +23,7 @@ T.Slider {
             value = shown.value;
         syncing = false;
     }
-    function letGo() {
+    function endTracking() {
         page.drag(shown.tag, value, true);
         sync();
     }
@@ -38,9 +38,9 @@ T.Slider {
     snapMode: T.Slider.SnapAlways
     live: true
     onMoved: if (pressed) page.drag(shown.tag, value, false)
-    onPressedChanged: if (!pressed) letGo()
+    onPressedChanged: if (!pressed) endTracking()
     // Keys and assistive technology.
-    onValueChanged: if (!pressed && !syncing && value !== shown.value) letGo()
+    onValueChanged: if (!pressed && !syncing && value !== shown.value) endTracking()
     Keys.onPressed: event => {
         const far = event.modifiers & Qt.ShiftModifier ? 16 : 1;
         event.accepted = true;

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "host/device_options.h"
+#include "host/reporting_urls.h"
+#include "platform/preferences/environment.h"
+#include "services/address_book.h"
+#include "services/lazy_services.h"
+#include "services/system_sounds.h"
+
+namespace host {
+
+// Services in place of the machine's own, which outlive the device; null: the machine's.
+struct Substitutes {
+  platform::DarwinNotificationCenter* darwinCenter = nullptr;
+  platform::Urls* urls = nullptr;
+  platform::SystemSounds* sounds = nullptr;
+};
+
+// The device and its services on this machine, put together for the settings bundle. Nothing is
+// loaded or read before a page asks for it. Pages must go before the device does.
+class Device {
+ public:
+  Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQueue> mainQueue,
+         const Substitutes& substitutes = {});
+  ~Device();
+  Device(const Device&) = delete;
+  Device& operator=(const Device&) = delete;
+
+  preferences::Environment& environment() { return environment_; }
+  foundation::DeviceRoot& root() { return root_; }
+  foundation::Preferences& preferences() { return preferences_; }
+
+  uikit::Screen& screen() { return screen_; }
+
+  // What the pages ignore and the user should hear of: a domain file that can't be read, a write
+  // that failed, a URL that can't be opened, a sound that can't be played. With a handler each is
+  // told at once, a sound's from another thread; else they are kept until they are taken. Once this
+  // has returned, an earlier handler is called no more.
+  void setProblemHandler(std::function<void(const std::string&)> handler);
+  std::vector<std::string> takeProblems();
+  // Likewise what was done all the same, only not as well: text in the order of its bytes, contacts
+  // without those that can't be read.
+  std::vector<std::string> takeWarnings();
+
+ private:
+  using Messages = std::vector<std::string>;
+  std::function<void(const std::string&)> tellingInto(Messages& kept);
+  std::function<void(const std::string&)> problems() { return tellingInto(problems_); }
+
+  std::recursive_mutex mutex_;  // sounds tell from threads of their own
+  std::function<void(const std::string&)> problemHandler_;
+  Messages problems_, warnings_;
+
+  services::SessionNotificationCenter darwinCenter_;
+  services::UserCollator collator_;
+  services::DesktopUrls desktop_;
+  ReportingUrls urls_;
+  services::LazyXml xml_;
+
+  foundation::DeviceRoot root_;
+  services::VCardAddressBook addressBook_;
+  services::DeviceSounds sounds_;
+  uikit::Screen screen_;
+  foundation::Preferences preferences_;
+  foundation::NotificationCenter center_;
+  std::unique_ptr<foundation::MainQueue> mainQueue_;
+  preferences::Environment environment_;
+};
+
+}  // namespace host

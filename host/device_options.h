@@ -1,0 +1,22 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/uikit/geometry.h"
+
+namespace host {
+
+// What the user of either program can choose.
+struct DeviceOptions {
+  std::string root;                     // the device root, a folder on this machine
+  std::optional<std::string> contacts;  // another vCard folder, on this machine
+  uikit::Idiom idiom = uikit::Idiom::Phone;
+};
+
+// Where the device root is when no option names one: QUORVANTIS_ROOT, else quorvantis below
+// XDG_DATA_HOME, else below ~/.local/share. Empty when none of them, nor HOME, is set. A relative
+// XDG_DATA_HOME counts as none.
+std::string defaultRoot();
+
+}  // namespace host

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "host/refusal.h"
+#include "platform/plist/value.h"
+
+// What a user, or the system around the application, may ask of it: one closed set, performed by
+// Application::perform, which alone decides what is allowed now.
+namespace host {
+
+// A row by its id, or by its index in the page.
+using RowReference = std::variant<std::string, int>;
+
+struct Launch {
+  std::string page{};  // a class; empty: the bundle's first page
+};
+struct Open {  // pushes a page as a link row would, opened from a row of these properties
+  std::string page;
+  plist::Dictionary row{};
+};
+struct Back {};
+struct Tap {
+  RowReference row;
+};
+struct Set {  // moves the row's control, edits its text or picks a value of its choices
+  RowReference row;
+  plist::Value value;
+};
+struct Scroll {  // the screen shows the entries from `first` on
+  int first = 0;
+};
+struct Resize {  // the screen shows so many entries
+  int entries = 0;
+};
+struct Select {  // taps a row of a table page
+  int section = 0, index = 0;
+};
+struct Drag {  // moves the slider of that tag on a table page; `release` also lets go of it
+  int tag = 0;
+  double value = 0;
+  bool release = false;
+};
+struct Bar {};
+struct Press {
+  std::variant<std::string, int> button;  // by title, or by index
+};
+struct Pick {
+  int row = 0;
+};
+struct Activate {};  // the application returns to the foreground
+struct Layout {};
+struct Reload {};
+struct Call {  // runs the shown page's operation of that selector; Nothing is null
+  std::string selector;
+  std::vector<plist::Value> arguments{};
+};
+
+using Request = std::variant<Launch, Open, Back, Tap, Set, Scroll, Resize, Select, Drag, Bar, Press,
+                             Pick, Activate, Layout, Reload, Call>;
+
+}  // namespace host

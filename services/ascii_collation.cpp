@@ -1,0 +1,79 @@
+#include "services/ascii_collation.h"
+
+#include <algorithm>
+#include <array>
+
+namespace services {
+
+namespace {
+
+constexpr std::string_view kOrder =
+    " _-,;:!?.'\"()[]{}@*/\\&#%`^+<=>|~$0123456789abcdefghijklmnopqrstuvwxyz";
+constexpr std::size_t kLongestNumber = 19;  // digits that always fit 64 bits
+
+// By character, 0 for those that are none of the order's; both cases of a letter have one weight.
+constexpr std::array<unsigned char, 256> kWeights = [] {
+  std::array<unsigned char, 256> weights{};
+  for (std::size_t i = 0; i < kOrder.size(); ++i) {
+    const char c = kOrder[i];
+    weights[static_cast<unsigned char>(c)] = static_cast<unsigned char>(i + 1);
+    if (c >= 'a' && c <= 'z')
+      weights[static_cast<unsigned char>(c - 'a' + 'A')] = static_cast<unsigned char>(i + 1);
+  }
+  return weights;
+}();
+
+constexpr int weight(char c) {
+  return kWeights[static_cast<unsigned char>(c)];
+}
+constexpr bool isDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+bool isKnown(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return weight(c) != 0; });
+}
+
+std::string_view number(std::string_view text) {
+  return text.substr(0, std::find_if_not(text.begin(), text.end(), isDigit) - text.begin());
+}
+
+int compareNumbers(std::string_view a, std::string_view b) {
+  a.remove_prefix(std::min(a.find_first_not_of('0'), a.size()));
+  b.remove_prefix(std::min(b.find_first_not_of('0'), b.size()));
+  if (a.size() != b.size()) return a.size() < b.size() ? -1 : 1;
+  return a.compare(b);
+}
+
+}  // namespace
+
+bool hasRootAsciiOrder(std::string_view locale) {
+  constexpr std::array<std::string_view, 11> languages = {"root", "en", "de", "fr", "it", "es",
+                                                          "pt",   "nl", "pl", "ru", "uk"};
+  const auto language = locale.substr(0, locale.find_first_of("_-"));
+  return std::find(languages.begin(), languages.end(), language) != languages.end();
+}
+
+std::optional<int> compareAscii(std::string_view a, std::string_view b) {
+  if (!isKnown(a) || !isKnown(b)) return std::nullopt;
+  int tie = 0;  // what decides when nothing weightier does
+  while (!a.empty() && !b.empty()) {
+    const std::string_view first = number(a), second = number(b);
+    if (!first.empty() && !second.empty()) {
+      if (std::max(first.size(), second.size()) > kLongestNumber) return std::nullopt;
+      if (const int order = compareNumbers(first, second)) return order;
+      if (tie == 0) tie = static_cast<int>(first.size()) - static_cast<int>(second.size());
+      a.remove_prefix(first.size());
+      b.remove_prefix(second.size());
+      continue;
+    }
+    if (const int order = weight(a[0]) - weight(b[0])) return order;
+    if (tie == 0) tie = b[0] - a[0];
+    a.remove_prefix(1);
+    b.remove_prefix(1);
+  }
+  if (a.empty() != b.empty()) return a.empty() ? -1 : 1;
+  return tie;
+}
+
+}  // namespace services

@@ -1,0 +1,144 @@
+#include <systemd/sd-bus.h>
+
+#include <cstring>
+
+#include "services/bus.h"
+#include "services/module.h"
+
+namespace services {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using namespace std::chrono_literals;
+
+constexpr auto kPatience = 250ms;
+constexpr auto kQuarantine = 10s;
+constexpr std::uint64_t kCallTimeout = 2'000'000;  // microseconds
+
+struct CloseBus {
+  void operator()(sd_bus* bus) const { sd_bus_close_unref(bus); }
+};
+using Connection = std::unique_ptr<sd_bus, CloseBus>;
+
+Connection connect(int& status) {
+  sd_bus* bus = nullptr;
+  status = sd_bus_open_user(&bus);
+  return Connection(bus);
+}
+
+std::string noBus(int status) {
+  if (status == -ENOMEDIUM)
+    return "no session bus: DBUS_SESSION_BUS_ADDRESS and XDG_RUNTIME_DIR are not set";
+  return std::string("no session bus: ") + std::strerror(-status);
+}
+
+std::uint64_t microseconds(Clock::duration duration) {
+  return static_cast<std::uint64_t>(std::max<Clock::duration>(duration, 0s) /
+                                    std::chrono::microseconds(1));
+}
+
+// Drives the connection until all that was sent is with the bus.
+int flush(sd_bus* bus, Clock::time_point deadline) {
+  for (;;) {
+    const int moved = sd_bus_process(bus, nullptr);
+    if (moved < 0) return moved;
+    if (moved > 0) continue;
+    std::uint64_t unsent = 0;
+    sd_bus_get_n_queued_write(bus, &unsent);
+    if (unsent == 0 && sd_bus_is_ready(bus) > 0) return 0;
+    const auto left = deadline - Clock::now();
+    if (left <= 0s) return -ETIMEDOUT;
+    if (const int status = sd_bus_wait(bus, microseconds(left)); status < 0 && status != -EINTR)
+      return status;
+  }
+}
+
+class BusListener : public Listener {
+ public:
+  BusListener(Connection bus, std::set<std::string, std::less<>> names)
+      : bus_(std::move(bus)), names_(std::move(names)) {}
+
+  int start() {
+    const int status = sd_bus_set_method_call_timeout(bus_.get(), kCallTimeout);
+    if (status < 0) return status;
+    return sd_bus_match_signal(bus_.get(), nullptr, nullptr, kBusPath, kBusInterface, kBusMember,
+                               &BusListener::posted, this);
+  }
+
+  platform::Result<platform::Done, std::string> wait(
+      const Heard& heard, std::optional<std::chrono::milliseconds> patience) override {
+    heard_ = &heard;
+    int status;
+    bool any = false;
+    while ((status = sd_bus_process(bus_.get(), nullptr)) > 0) any = true;
+    if (status == 0 && !any) {
+      status = sd_bus_wait(bus_.get(), patience ? microseconds(*patience) : UINT64_MAX);
+      while (status > 0 && (status = sd_bus_process(bus_.get(), nullptr)) > 0) {
+      }
+    }
+    if (status < 0 && status != -EINTR)
+      return std::string("the session bus went away: ") + std::strerror(-status);
+    return platform::Done{};
+  }
+
+ private:
+  static int posted(sd_bus_message* message, void* self, sd_bus_error*) {
+    auto& listener = *static_cast<BusListener*>(self);
+    const char* name = nullptr;
+    if (sd_bus_message_read(message, "s", &name) < 0 || !listener.heard_) return 0;
+    if (listener.names_.empty() || listener.names_.contains(std::string_view(name)))
+      (*listener.heard_)(name);
+    return 0;
+  }
+
+  Connection bus_;
+  std::set<std::string, std::less<>> names_;
+  const Heard* heard_ = nullptr;
+};
+
+class SessionBus : public Bus {
+ public:
+  void post(std::string_view name) override {
+    if (Clock::now() < leaveAloneUntil_) return;
+    const bool reused = bus_ != nullptr;
+    int status = send(name);
+    if (status < 0 && status != -ETIMEDOUT && reused) status = send(name);  // a bus that came back
+    if (status == -ETIMEDOUT) leaveAloneUntil_ = Clock::now() + kQuarantine;
+  }
+
+  platform::Result<std::unique_ptr<Listener>, std::string> listen(
+      std::set<std::string, std::less<>> names) override {
+    int status;
+    Connection bus = connect(status);
+    if (!bus) return noBus(status);
+    auto listener = std::make_unique<BusListener>(std::move(bus), std::move(names));
+    if (status = listener->start(); status < 0) return noBus(status);
+    return std::unique_ptr<Listener>(std::move(listener));
+  }
+
+ private:
+  int send(std::string_view name) {
+    int status = 0;
+    if (!bus_) bus_ = connect(status);
+    if (!bus_) return status;
+    status = sd_bus_emit_signal(bus_.get(), kBusPath, kBusInterface, kBusMember, "s",
+                                std::string(name).c_str());
+    if (status == -EINVAL) return 0;  // no text that a bus carries
+    if (status >= 0) status = flush(bus_.get(), Clock::now() + kPatience);
+    if (status < 0) bus_.reset();
+    return status;
+  }
+
+  Connection bus_;
+  Clock::time_point leaveAloneUntil_{};
+};
+
+}  // namespace
+
+}  // namespace services
+
+QUORVANTIS_SERVICE {
+  (void)reason;
+  return static_cast<services::Bus*>(new services::SessionBus);
+}

@@ -1,9 +1,0 @@
-#include "linux/module.h"
-
-int absent();
-
-QUORVANTIS_SERVICE {
-  reason = "never reached";
-  static int answer = absent();
-  return &answer;
-}

@@ -1,0 +1,72 @@
+#include <gtest/gtest.h>
+
+#include "services/lazy_services.h"
+#include "services/services.h"
+#include "tests/services/temporary_folder.h"
+
+namespace {
+
+// A machine that has none of the modules.
+class Missing : public testing::Environment {
+ public:
+  void SetUp() override {
+    setenv("QUORVANTIS_MODULES", folder.path.c_str(), 1);
+    setenv("LC_ALL", "en_US.UTF-8", 1);
+  }
+  TemporaryFolder folder;
+};
+
+Missing* const missing = new Missing;
+[[maybe_unused]] const auto* const registered = testing::AddGlobalTestEnvironment(missing);
+
+std::string reason(const std::string& service, const std::string& module) {
+  return service + " is not available: no quorvantis-" + module + ".so in " +
+         missing->folder.path.string();
+}
+
+}  // namespace
+
+TEST(MissingModules, CollationSaysSo) {
+  ASSERT_FALSE(services::collation());
+  EXPECT_EQ(services::collation().error(), reason("collation", "icu"));
+}
+TEST(MissingModules, TheBusSaysSo) {
+  ASSERT_FALSE(services::bus());
+  EXPECT_EQ(services::bus().error(), reason("the session bus", "bus"));
+}
+TEST(MissingModules, UrlsSaySo) {
+  ASSERT_FALSE(services::urls());
+  EXPECT_EQ(services::urls().error(), reason("opening URLs", "gio"));
+}
+TEST(MissingModules, XmlSaysSo) {
+  ASSERT_FALSE(services::xmlPropertyLists());
+  EXPECT_EQ(services::xmlPropertyLists().error(), reason("reading and writing XML", "xml"));
+}
+TEST(MissingModules, TitlesAreStillInOrder) {
+  services::UserCollator collator;
+  EXPECT_LT(collator.compare("Battery 9%", "Battery 10%"), 0);
+}
+TEST(MissingModules, OtherTextIsInTheOrderOfItsBytes) {
+  services::UserCollator collator;
+  EXPECT_LT(collator.compare("a", "é"), 0);
+  EXPECT_EQ(collator.compare("é", "é"), 0);
+}
+TEST(MissingModules, WhyItIsIsToldOnceAndOnlyForSuchText) {
+  std::vector<std::string> told;
+  services::UserCollator collator([&](const std::string& message) { told.push_back(message); });
+  collator.compare("Battery 9%", "Battery 10%");
+  EXPECT_TRUE(told.empty());
+  collator.compare("a", "é");
+  collator.compare("b", "é");
+  EXPECT_EQ(told, std::vector{reason("collation", "icu")});
+}
+TEST(MissingModules, PostsAreDropped) {
+  testing::internal::CaptureStderr();
+  services::SessionNotificationCenter().post("name");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+TEST(MissingModules, NoUrlHasAnApplication) {
+  services::DesktopUrls urls;
+  EXPECT_FALSE(urls.canOpen("https://example.org/"));
+  EXPECT_FALSE(urls.open("https://example.org/"));
+}
