@@ -96,8 +96,8 @@ struct LinkView {
   bool operator==(const LinkView&) const = default;
 };
 
-using ControlView =
-    std::variant<std::monostate, SwitchView, SliderView, SegmentsView, TextView, ColorView, LinkView>;
+using ControlView = std::variant<std::monostate, SwitchView, SliderView, SegmentsView, TextView,
+                                 ColorView, LinkView>;
 
 // What draws a row.
 enum class RowKind {
@@ -134,9 +134,9 @@ struct RowView {
   RowKind kind = RowKind::Value;
   std::string cellType, cellClass;  // as the list names them; the class may be empty
   plist::Value value;               // what the row shows
-  std::string shown;                // the same for people: a choice's title, "on", "System Blue, #007AFF"
-  std::string footer;               // of a group
-  double height = 0;                // 0: the face's own
+  std::string shown;   // the same for people: a choice's title, "on", "System Blue, #007AFF"
+  std::string footer;  // of a group
+  double height = 0;   // 0: the face's own
   bool destructive = false;
 
   bool built = false;
@@ -202,7 +202,7 @@ struct PageView {
   std::vector<SectionView> sections;
   std::map<int, TableRowView> tableRows;      // those on screen, counted over all sections
   std::shared_ptr<const ChoiceList> choices;  // null on a page of colors
-  int chosen = -1;                            // the ticked choice; -1: none, or not a list of choices
+  int chosen = -1;  // the ticked choice; -1: none, or not a list of choices
   // The row that opened a page of colors, as it looks since the last choice.
   std::optional<RowView> opener;
 
