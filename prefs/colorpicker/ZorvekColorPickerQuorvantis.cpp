@@ -3,11 +3,8 @@
 #include "platform/foundation/text.h"
 #include "platform/uikit/application_frame.h"
 #include "prefs/colorpicker/color_values.h"
-#include "prefs/colorpicker/hue_order.h"
 #include "prefs/colorpicker/palettes.h"
-#include "prefs/colorpicker/row_text.h"
-#include "prefs/colorpicker/slider_panel.h"
-#include "prefs/colorpicker/swatch_cell.h"
+#include "prefs/colorpicker/picker_views.h"
 #include "prefs/colorpicker/view_tags.h"
 #include "prefs/core/preference_store.h"
 

@@ -29,4 +29,8 @@ const ColorEntry* presetColor(std::string_view text);
 plist::Array asArray(std::span<const ColorEntry> colors);
 plist::Array asArray(std::span<const Palette> palettes);
 
+// Color entries (dictionaries with a "hex") by ascending hue, then saturation, then brightness:
+// the greys first, from black to white. Entries that are equal in all three stay in their order.
+plist::Array sortedByHue(plist::Array entries);
+
 }  // namespace prefs

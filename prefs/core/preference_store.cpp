@@ -4,6 +4,11 @@
 
 namespace prefs {
 
+std::optional<std::string> rowText(const preferences::PSSpecifier* row, std::string_view property) {
+  const std::string* text = row ? row->propertyForKey(property).text() : nullptr;
+  return text ? std::optional(*text) : std::nullopt;
+}
+
 void pageWrite(preferences::PSListController& page, foundation::Preferences& preferences,
                const plist::Value& value, preferences::PSSpecifier* specifier) {
   page.setPreferenceValueSpecifier(value, specifier);

@@ -7,8 +7,12 @@
 #include "platform/preferences/environment.h"
 
 // The five ways in which the bundle touches its preference domain. All ignore the store's results,
-// as the pages are meant to; the host hears of failures from the store itself.
+// as the pages are meant to; the store itself reports failures to the host.
 namespace prefs {
+
+// A property of a row that names where or how its value is stored ("key", "defaults",
+// "PostNotification", …); unset where it isn't text, or there is no row.
+std::optional<std::string> rowText(const preferences::PSSpecifier* row, std::string_view property);
 
 // Stores the value of a row and posts the row's notification, redraws the row, flushes.
 void pageWrite(preferences::PSListController& page, foundation::Preferences& preferences,
@@ -34,7 +38,7 @@ void singleValueWriteWithNotification(preferences::Environment& environment,
 // Every stored key and value of the bundle's domain.
 plist::Dictionary wholeDomainRead(foundation::Preferences& preferences);
 
-// Lays the dictionary over the bundle's domain and flushes. Nothing is ever removed.
+// Sets every key of the dictionary in the bundle's domain and flushes. Nothing is ever removed.
 void wholeDomainWrite(foundation::Preferences& preferences, const plist::Dictionary& values);
 
 }  // namespace prefs

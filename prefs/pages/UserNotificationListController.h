@@ -4,12 +4,13 @@
 
 namespace prefs {
 
-// How a profile tells its user: alert, message, vibration, flash, sound.
+// How a profile notifies its user: alert, message, vibration, flash, sound.
 class UserNotificationListController : public DependentListController {
  public:
   using DependentListController::DependentListController;
   std::string_view className() const override { return "UserNotificationListController"; }
-  std::span<const DependencyRule> rules() const override;
+  std::span<const DependencyRule> rules() const override { return ownRules; }
+  static const std::span<const DependencyRule> ownRules;
 
   plist::Array valueDataFromTarget(foundation::Object* target);
   plist::Array titlesDataFromTarget(foundation::Object* target);

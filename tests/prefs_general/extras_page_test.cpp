@@ -1,4 +1,4 @@
-#include "prefs/pages/ExtrasListController.h"
+#include "prefs/pages/option_pages.h"
 
 #include "platform/preferences/specifier_list.h"
 #include "tests/prefs_profiles/profiles_device.h"

@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "prefs/pages/PowerSavingListController.h"
+#include "prefs/pages/option_pages.h"
 #include "tests/prefs_pages/pages_bundle.h"
 
 // The pattern of pages whose rows depend on one another, on the power-saving page.

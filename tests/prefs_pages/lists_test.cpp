@@ -271,9 +271,9 @@ TEST(OptionListRows, WhatRulesDimIsOnTheFirstScreen) {
     page->viewDidLoad();
     for (const prefs::DependencyRule& rule : page->rules()) {
       const auto& rows = page->specifiers();
-      const auto row = std::ranges::find(rows, rule.dependentRow,
+      const auto row = std::ranges::find(rows, std::string_view(rule.dependentRow),
                                          [](const auto& each) { return each->identifier(); });
-      EXPECT_LT(row - rows.begin(), kScreenful) << rule.dependentRow;
+      EXPECT_LT(row - rows.begin(), kScreenful) << std::string_view(rule.dependentRow);
       ++dimmed;
     }
   }

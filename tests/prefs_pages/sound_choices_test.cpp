@@ -1,4 +1,4 @@
-#include "prefs/pages/sound_choices.h"
+#include "prefs/pages/choice_lists.h"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,4 @@
-#include "prefs/pages/QuorvantisProfileActiveSwitchTableCell.h"
-#include "prefs/pages/QuorvantisSwitchTableCell.h"
+#include "prefs/pages/switch_cells.h"
 #include "tests/prefs_pages/pages_bundle.h"
 
 namespace {

@@ -23,8 +23,8 @@ TEST(UserNotificationPage, RulesAreInTheOrderOfTheTable) {
   ASSERT_EQ(opened.page->rules().size(), expected.size());
   for (std::size_t i = 0; i < expected.size(); ++i) {
     const prefs::DependencyRule& rule = opened.page->rules()[i];
-    EXPECT_EQ(rule.controllingSwitch, expected[i][0]);
-    EXPECT_EQ(rule.dependentRow, expected[i][1]);
+    EXPECT_EQ(std::string_view(rule.controllingSwitch), expected[i][0]);
+    EXPECT_EQ(std::string_view(rule.dependentRow), expected[i][1]);
     EXPECT_EQ(rule.by, i < 2 ? prefs::By::Interaction : prefs::By::CellEnabled);
     EXPECT_EQ(rule.effect, prefs::Effect::EnabledWhileOn);
   }

@@ -1,6 +1,18 @@
-#include "prefs/pages/QuorvantisProfileActiveSwitchTableCell.h"
+#include "prefs/pages/switch_cells.h"
 
 namespace prefs {
+
+uikit::Color accentColor() {
+  return uikit::Color::fromBytes(52, 73, 94);
+}
+
+QuorvantisSwitchTableCell::QuorvantisSwitchTableCell(uikit::CellStyle style,
+                                                     std::string reuseIdentifier,
+                                                     preferences::PSSpecifier& specifier)
+    : PSSwitchTableCell(style, std::move(reuseIdentifier), specifier) {
+  switchControl().onTintColor = accentColor();
+  switchControl().tintColor = accentColor();
+}
 
 QuorvantisProfileActiveSwitchTableCell::QuorvantisProfileActiveSwitchTableCell(
     uikit::CellStyle style, std::string reuseIdentifier, preferences::PSSpecifier& specifier)

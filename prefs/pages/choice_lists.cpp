@@ -1,7 +1,22 @@
-#include "prefs/pages/contact_choices.h"
+#include "prefs/pages/choice_lists.h"
+
+#include "platform/foundation/directory_walk.h"
+#include "platform/foundation/text.h"
 
 namespace prefs {
 namespace {
+
+constexpr std::string_view kSystemSounds = "/System/Library/Audio/UISounds";
+
+template <class Choice>
+plist::Array soundChoices(const preferences::Environment& environment, Choice choice) {
+  plist::Array choices{kNoSound};
+  foundation::walkDirectory(environment.root, environment.soundFallback, kSystemSounds,
+                            [&](std::string_view url, bool isDirectory) {
+                              if (!isDirectory) choices.emplace_back(choice(url));
+                            });
+  return choices;
+}
 
 template <class Choice>
 plist::Array contactChoices(platform::AddressBook& addressBook, Choice choice) {
@@ -13,6 +28,14 @@ plist::Array contactChoices(platform::AddressBook& addressBook, Choice choice) {
 }
 
 }  // namespace
+
+plist::Array soundValues(const preferences::Environment& environment) {
+  return soundChoices(environment, [](std::string_view url) { return url; });
+}
+
+plist::Array soundTitles(const preferences::Environment& environment) {
+  return soundChoices(environment, foundation::lastPathComponent);
+}
 
 plist::Array contactValues(platform::AddressBook& addressBook) {
   return contactChoices(addressBook, [](auto&, const std::string& address) { return address; });
