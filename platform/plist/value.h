@@ -192,4 +192,10 @@ struct Dictionary::Entry {
 // Numbers by value (1, 1.0 and true are equal), everything else as ==.
 bool equalByValue(const Value& a, const Value& b);
 
+// What every reader of property lists understands of a value: booleans, numbers, text, data, dates,
+// arrays and dictionaries, all the way down. Nothing, UIDs and sets are left out, each with its key
+// when it is an entry and with its place when it is a member; a container that loses its last one
+// stays, empty. Empty when the value itself is one of them.
+std::optional<Value> storable(Value value);
+
 }  // namespace plist
