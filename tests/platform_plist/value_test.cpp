@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <limits>
+#include <type_traits>
 
 namespace plist {
 namespace {
@@ -33,6 +34,18 @@ TEST(Value, KeepsTheKindThatItIsMadeOf) {
   EXPECT_EQ(Value(Set()).kind(), Kind::Set);
   EXPECT_EQ(Value(Dictionary()).kind(), Kind::Dictionary);
 }
+
+// A pointer would turn into a boolean.
+static_assert(!std::is_constructible_v<Value, int*>);
+static_assert(!std::is_constructible_v<Value, const void*>);
+static_assert(!std::is_constructible_v<Value, const Value*>);
+static_assert(!std::is_constructible_v<Value, unsigned char*>);
+static_assert(!std::is_constructible_v<Value, int Date::*>);
+static_assert(!std::is_constructible_v<Value, void (*)()>);
+static_assert(!std::is_constructible_v<Value, std::nullptr_t>);
+static_assert(std::is_constructible_v<Value, char*>);
+static_assert(std::is_constructible_v<Value, const char*>);
+static_assert(std::is_constructible_v<Value, const bool&>);
 
 TEST(Value, HasAWordForEveryKind) {
   EXPECT_EQ(describe(Kind::Nothing), "nothing");
