@@ -38,7 +38,7 @@ class List {
     Bytes text{std::istreambuf_iterator<char>(in), {}};
     if (!in) return tell(-1, "can't be read");
     auto read = services::readXmlWithLines(text);
-    if (!read) return tell(-1, read.error());
+    if (!read) return tell(-1, read.error().message());
     lines_ = read->itemLines;
     const preferences::PageClass* page = pageOfList(name());
     if (!page) return tell(-1, "no page of the bundle loads this list");

@@ -23,7 +23,7 @@ auto readArchive(plist::Bytes bytes, platform::XmlPropertyLists& xml, Read read)
   std::vector<std::uint8_t> converted;
   if (!isBinary(bytes)) {
     auto list = xml.read(bytes);
-    if (!list) return noArchive(list.error());
+    if (!list) return noArchive(list.error().message());
     auto binary = plist::writeBinary(*list);
     if (!binary) return noArchive(binary.error().reason());
     converted = std::move(*binary);
