@@ -27,7 +27,7 @@ class Listener {
   // Calls `heard` for each notification that has arrived, in order. When none has, waits for one,
   // no longer than `patience` (without it as long as it takes), and returns early when a signal
   // handler ran. The error says that the bus went away.
-  virtual platform::Result<platform::Done, std::string> wait(
+  virtual platform::Result<platform::Done> wait(
       const Heard& heard, std::optional<std::chrono::milliseconds> patience = std::nullopt) = 0;
 };
 
@@ -40,7 +40,7 @@ class Bus : public platform::DarwinNotificationCenter {
  public:
   // Hears the notifications of these names, of all names when there are none. When it returns,
   // every later post is heard. The error says why there is no bus to listen to.
-  virtual platform::Result<std::unique_ptr<Listener>, std::string> listen(
+  virtual platform::Result<std::unique_ptr<Listener>> listen(
       std::set<std::string, std::less<>> names) = 0;
 };
 

@@ -1,7 +1,5 @@
 #include <systemd/sd-bus.h>
 
-#include <cstring>
-
 #include "services/bus.h"
 #include "services/module.h"
 
@@ -27,10 +25,10 @@ Connection connect(int& status) {
   return Connection(bus);
 }
 
-std::string noBus(int status) {
+platform::Error noBus(int status) {
   if (status == -ENOMEDIUM)
-    return "no session bus: DBUS_SESSION_BUS_ADDRESS and XDG_RUNTIME_DIR are not set";
-  return std::string("no session bus: ") + std::strerror(-status);
+    return {.what = "no session bus: DBUS_SESSION_BUS_ADDRESS and XDG_RUNTIME_DIR are not set"};
+  return {.code = -status, .what = "no session bus"};
 }
 
 std::uint64_t microseconds(Clock::duration duration) {
@@ -66,7 +64,7 @@ class BusListener : public Listener {
                                &BusListener::posted, this);
   }
 
-  platform::Result<platform::Done, std::string> wait(
+  platform::Result<platform::Done> wait(
       const Heard& heard, std::optional<std::chrono::milliseconds> patience) override {
     heard_ = &heard;
     int status;
@@ -78,7 +76,7 @@ class BusListener : public Listener {
       }
     }
     if (status < 0 && status != -EINTR)
-      return std::string("the session bus went away: ") + std::strerror(-status);
+      return platform::Error{.code = -status, .what = "the session bus went away"};
     return platform::Done{};
   }
 
@@ -107,7 +105,7 @@ class SessionBus : public Bus {
     if (status == -ETIMEDOUT) leaveAloneUntil_ = Clock::now() + kQuarantine;
   }
 
-  platform::Result<std::unique_ptr<Listener>, std::string> listen(
+  platform::Result<std::unique_ptr<Listener>> listen(
       std::set<std::string, std::less<>> names) override {
     int status;
     Connection bus = connect(status);

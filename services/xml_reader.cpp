@@ -84,7 +84,7 @@ class Reader {
     });
   }
 
-  platform::Result<XmlWithLines, std::string> read(std::string_view text) {
+  platform::Result<XmlWithLines> read(std::string_view text) {
     // A header behind white space is no XML, but property lists have it.
     const std::size_t start = std::min(text.find_first_not_of(kBlanks), text.size());
     skippedLines_ =
@@ -98,7 +98,7 @@ class Reader {
       status =
           XML_Parse(parser_, text.data(), static_cast<int>(std::min(piece, text.size())), last);
     }
-    if (!error_.empty()) return std::move(error_);
+    if (error_) return std::move(*error_);
     if (root_) return XmlWithLines{std::move(*root_), std::move(itemLines_)};
     return at(XML_ErrorString(XML_GetErrorCode(parser_)));
   }
@@ -107,16 +107,16 @@ class Reader {
   static Reader& reader(void* self) { return *static_cast<Reader*>(self); }
 
   unsigned long line() const { return XML_GetCurrentLineNumber(parser_) + skippedLines_; }
-  std::string at(std::string_view what) const {
-    return "line " + std::to_string(line()) + ": " + std::string(what);
+  platform::Error at(std::string_view what) const {
+    return {.what = "line " + std::to_string(line()) + ": " + std::string(what)};
   }
 
   void fail(std::string_view what) {
-    if (error_.empty()) error_ = at(what);
+    if (!error_) error_ = at(what);
     XML_StopParser(parser_, XML_FALSE);
   }
 
-  bool stopped() const { return !error_.empty() || root_; }
+  bool stopped() const { return error_ || root_; }
 
   void open(std::string_view name) {
     if (stopped()) return;
@@ -230,22 +230,21 @@ class Reader {
   std::string text_;
   std::optional<plist::Value> root_;
   std::vector<unsigned long> itemLines_;
-  std::string error_;
+  std::optional<platform::Error> error_;
 };
 
 }  // namespace
 
-platform::Result<XmlWithLines, std::string> readXmlWithLines(plist::Bytes bytes) {
+platform::Result<XmlWithLines> readXmlWithLines(plist::Bytes bytes) {
   const std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> parser(
       XML_ParserCreate(nullptr), XML_ParserFree);
-  if (!parser) return std::string("out of memory");
+  if (!parser) return platform::Error{.what = "out of memory"};
   return Reader(parser.get()).read({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
 }
 
-platform::Result<plist::Value, std::string> readXml(plist::Bytes bytes) {
-  auto list = readXmlWithLines(bytes);
-  if (!list) return list.error();
-  return std::move(list->value);
+platform::Result<plist::Value> readXml(plist::Bytes bytes) {
+  return readXmlWithLines(bytes).and_then(
+      [](XmlWithLines&& list) { return platform::Result<plist::Value>(std::move(list.value)); });
 }
 
 }  // namespace services

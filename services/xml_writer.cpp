@@ -36,10 +36,10 @@ std::size_t characterLength(std::string_view text) {
 
 class Writer {
  public:
-  platform::Result<std::vector<std::uint8_t>, std::string> write(const plist::Value& root) {
+  platform::Result<std::vector<std::uint8_t>> write(const plist::Value& root) {
     value(root);
-    while (!open_.empty() && error_.empty()) step();
-    if (!error_.empty()) return error_;
+    while (!open_.empty() && !error_) step();
+    if (error_) return *error_;
     out_ += kFooter;
     return std::vector<std::uint8_t>(out_.begin(), out_.end());
   }
@@ -89,7 +89,7 @@ class Writer {
         return container("dict", {nullptr, v.dictionary()}, v.dictionary()->empty());
       case plist::Kind::Nothing:
       case plist::Kind::Set:
-        error_ = "XML property lists can't hold " + std::string(describe(v.kind()));
+        fail("XML property lists can't hold " + std::string(describe(v.kind())));
     }
   }
 
@@ -103,8 +103,7 @@ class Writer {
 
   void container(const std::string& tag, Level level, bool empty) {
     if (open_.size() == kDeepest) {
-      error_ = "nested deeper than " + std::to_string(kDeepest);
-      return;
+      return fail("nested deeper than " + std::to_string(kDeepest));
     }
     if (empty) return line("<" + tag + "/>");
     line("<" + tag + ">");
@@ -124,8 +123,7 @@ class Writer {
     for (std::size_t length = 0; !text.empty(); text.remove_prefix(length)) {
       length = characterLength(text);
       if (length == 0) {
-        error_ = "XML can't hold a character of the text \"" + printable(whole) + "\"";
-        return;
+        return fail("XML can't hold a character of the text \"" + printable(whole) + "\"");
       }
       switch (text[0]) {
         case '&':
@@ -146,6 +144,8 @@ class Writer {
     }
   }
 
+  void fail(std::string what) { error_ = platform::Error{.what = std::move(what)}; }
+
   static std::string printable(std::string_view text) {
     std::string shown(text.substr(0, 40));
     for (char& c : shown)
@@ -155,12 +155,12 @@ class Writer {
 
   std::string out_{kHeader};
   std::vector<Level> open_;
-  std::string error_;
+  std::optional<platform::Error> error_;
 };
 
 }  // namespace
 
-platform::Result<std::vector<std::uint8_t>, std::string> writeXml(const plist::Value& value) {
+platform::Result<std::vector<std::uint8_t>> writeXml(const plist::Value& value) {
   return Writer().write(value);
 }
 

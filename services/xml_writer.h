@@ -15,6 +15,6 @@ namespace services {
 //
 // Fails, saying why, for what the form can't carry: nothing, a set, text that is no UTF-8 or holds
 // a control character that XML has not, and more than 512 containers in one another.
-platform::Result<std::vector<std::uint8_t>, std::string> writeXml(const plist::Value& value);
+platform::Result<std::vector<std::uint8_t>> writeXml(const plist::Value& value);
 
 }  // namespace services

@@ -8,6 +8,8 @@ namespace {
 
 // A window of this width or more is a tablet's.
 constexpr int kTabletWidth = 700;
+// A click must not freeze the window for longer than this.
+constexpr std::chrono::milliseconds kLockPatience{250};
 
 const QStringList kSteps{"tap", "bar", "press", "pick", "select", "drag", "scroll"};
 
@@ -49,6 +51,7 @@ platform::Result<Options, QString> readOptions(const QStringList& arguments) {
     return QString("unexpected argument '%1'.").arg(parser.positionalArguments().first());
 
   Options options;
+  options.device.lockPatience = kLockPatience;
   options.help = parser.isSet(help);
   options.device.root = parser.isSet(root) ? parser.value(root).toStdString() : host::defaultRoot();
   if (options.device.root.empty()) return QString("no device root: use --root DIR.");

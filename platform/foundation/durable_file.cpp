@@ -15,6 +15,7 @@ namespace foundation {
 namespace {
 
 using platform::Done;
+using platform::Error;
 using platform::Result;
 
 constexpr std::size_t kSuffixDigits = 16;
@@ -56,8 +57,8 @@ PendingFile::~PendingFile() {
   if (!temporary_.empty()) unlinkat(folder_->descriptor(), temporary_.c_str(), 0);
 }
 
-Result<PendingFile, FileError> PendingFile::write(const Directory& folder, const std::string& name,
-                                                  plist::Bytes bytes) {
+Result<PendingFile> PendingFile::write(const Directory& folder, const std::string& name,
+                                       plist::Bytes bytes) {
   PendingFile pending(folder, name);
   const auto created = pending.create();
   if (!created) return created.error();
@@ -66,7 +67,7 @@ Result<PendingFile, FileError> PendingFile::write(const Directory& folder, const
   return pending;
 }
 
-Result<Done, FileError> PendingFile::create() {
+Result<Done> PendingFile::create() {
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     const std::string candidate = temporaryPrefix(name_) + randomSuffix();
     file_ = Descriptor(openat(folder_->descriptor(), candidate.c_str(),
@@ -80,7 +81,7 @@ Result<Done, FileError> PendingFile::create() {
   return folder_->error(name_, errno, "create");
 }
 
-Result<Done, FileError> PendingFile::fill(plist::Bytes bytes) {
+Result<Done> PendingFile::fill(plist::Bytes bytes) {
   while (!bytes.empty()) {
     const ssize_t count = ::write(file_.number(), bytes.data(), bytes.size());
     if (count < 0 && errno == EINTR) continue;
@@ -90,12 +91,12 @@ Result<Done, FileError> PendingFile::fill(plist::Bytes bytes) {
   return Done{};
 }
 
-Result<Done, FileError> PendingFile::flush() {
+Result<Done> PendingFile::flush() {
   if (fsync(file_.number()) != 0) return folder_->error(name_, errno, "flush");
   return Done{};
 }
 
-Result<Done, FileError> PendingFile::replaceTarget() {
+Result<Done> PendingFile::replaceTarget() {
   if (!file_.close()) return folder_->error(name_, errno, "close");
   const int folder = folder_->descriptor();
   if (renameat(folder, temporary_.c_str(), folder, name_.c_str()) == 0) {
@@ -116,7 +117,7 @@ Result<Done, FileError> PendingFile::replaceTarget() {
   return Done{};
 }
 
-Result<Done, FileError> flushFile(const Directory& folder, const std::string& name) {
+Result<Done> flushFile(const Directory& folder, const std::string& name) {
   const Descriptor file(openat(folder.descriptor(), name.c_str(),
                                O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
   if (!file) {
@@ -127,8 +128,8 @@ Result<Done, FileError> flushFile(const Directory& folder, const std::string& na
   return Done{};
 }
 
-Result<Done, FileError> flushFolder(const Directory& folder) {
-  if (fsync(folder.descriptor()) != 0) return FileError{folder.path(), errno, "flush"};
+Result<Done> flushFolder(const Directory& folder) {
+  if (fsync(folder.descriptor()) != 0) return Error{folder.path(), errno, "flush"};
   return Done{};
 }
 

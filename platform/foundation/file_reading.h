@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "platform/foundation/descriptor.h"
-#include "platform/foundation/file_error.h"
 #include "platform/result.h"
 
 // The system calls below DeviceRoot and Directory.
@@ -26,13 +25,11 @@ enum class Resolve { InRoot, Beneath };
 Descriptor openBelow(int folder, const std::string& path, int flags, Resolve resolve);
 
 // What the open file is, once it is known to be a regular one of bearable size.
-platform::Result<struct stat, FileError> statRegular(const Descriptor& file,
-                                                     const std::string& path);
+platform::Result<struct stat> statRegular(const Descriptor& file, const std::string& path);
 
 // The whole of an open file of about `size` bytes into the front of `buffer`, which grows as
 // needed and never shrinks. Tells how many bytes there were.
-platform::Result<std::size_t, FileError> readWhole(const Descriptor& file, std::size_t size,
-                                                   std::vector<std::uint8_t>& buffer,
-                                                   const std::string& path);
+platform::Result<std::size_t> readWhole(const Descriptor& file, std::size_t size,
+                                        std::vector<std::uint8_t>& buffer, const std::string& path);
 
 }  // namespace foundation

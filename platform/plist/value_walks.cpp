@@ -14,6 +14,10 @@ struct CompareStep {
   const Value* b;
 };
 
+bool isUnstorable(const Value& value) {
+  return value.isNothing() || value.uid() || value.set();
+}
+
 }  // namespace
 
 const Array* Value::members() const {
@@ -116,6 +120,25 @@ bool operator==(const Value& a, const Value& b) {
       if (differ(left[i], right[i])) return false;
   }
   return true;
+}
+
+std::optional<Value> storable(Value value) {
+  if (isUnstorable(value)) return {};
+  std::vector<Value*> open = {&value};
+  while (!open.empty()) {
+    Value& top = *open.back();
+    open.pop_back();
+    if (Array* members = top.array()) {
+      std::erase_if(*members, isUnstorable);
+      for (Value& member : *members)
+        if (member.isContainer()) open.push_back(&member);
+    } else if (Dictionary* entries = top.dictionary()) {
+      entries->removeIf(isUnstorable);
+      for (const auto& entry : *entries)
+        if (entry.value.isContainer()) open.push_back(entries->find(entry.key));
+    }
+  }
+  return value;
 }
 
 }  // namespace plist

@@ -23,7 +23,7 @@ auto readArchive(plist::Bytes bytes, platform::XmlPropertyLists& xml, Read read)
   std::vector<std::uint8_t> converted;
   if (!isBinary(bytes)) {
     auto list = xml.read(bytes);
-    if (!list) return notAnArchive(list.error());
+    if (!list) return notAnArchive(list.error().message());
     auto binary = plist::writeBinary(*list);
     if (!binary) return notAnArchive(binary.error().reason());
     converted = std::move(*binary);

@@ -6,12 +6,10 @@
 namespace prefs {
 namespace {
 
-constexpr std::string_view kSystemSounds = "/System/Library/Audio/UISounds";
-
 template <class Choice>
 plist::Array soundChoices(const preferences::Environment& environment, Choice choice) {
   plist::Array choices{kNoSound};
-  foundation::walkDirectory(environment.root, environment.soundFallback, kSystemSounds,
+  foundation::walkDirectory(environment.root, environment.soundFallback, platform::kSystemSoundPath,
                             [&](std::string_view url, bool isDirectory) {
                               if (!isDirectory) choices.emplace_back(choice(url));
                             });

@@ -9,7 +9,8 @@ import sys
 from pathlib import Path
 
 # A module is a folder or a file; a file is in the module with the longest name that leads to it.
-PLIST = ["platform/result.h", "platform/plist"]
+ERRORS = ["platform/error.h", "platform/error.cpp", "platform/result.h"]
+PLIST = ERRORS + ["platform/plist"]
 FOUNDATION = PLIST + ["platform/foundation"]
 PLATFORM = FOUNDATION + ["platform/archive", "platform/uikit", "platform/preferences",
                          "platform/services.h"]
@@ -25,7 +26,9 @@ EVERYTHING = HOST + SERVICES + DEVICE + ["apps", "apps/cli", "apps/window", "too
 
 # Which modules each module may include. A module always knows itself.
 KNOWS = {
-    "platform/result.h": [],
+    "platform/error.h": [],
+    "platform/error.cpp": ERRORS,
+    "platform/result.h": ERRORS,
     "platform/plist": PLIST,
     "platform/archive": PLIST,
     "platform/foundation": FOUNDATION,

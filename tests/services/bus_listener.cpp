@@ -4,7 +4,7 @@
 
 // Prints "ready", then each notification, one name a line; the arguments are the names to hear.
 int main(int count, char** names) {
-  const auto& bus = services::bus();
+  const auto& bus = services::find<services::Bus>();
   if (!bus) return std::puts(bus.error().c_str()), 1;
   auto listener = (*bus)->listen({names + 1, names + count});
   if (!listener) return std::puts(listener.error().c_str()), 1;
@@ -14,5 +14,5 @@ int main(int count, char** names) {
   };
   show("ready");
   for (;;)
-    if (const auto done = (*listener)->wait(show); !done) return show(done.error()), 1;
+    if (const auto done = (*listener)->wait(show); !done) return show(done.error().message()), 1;
 }
