@@ -7,7 +7,6 @@
 
 #include "platform/foundation/durable_file.h"
 #include "platform/foundation/file_reading.h"
-#include "platform/foundation/removal.h"
 
 namespace foundation {
 namespace {
@@ -138,12 +137,12 @@ Result<Done, FileError> DeviceRoot::writeDurably(std::string_view path, plist::B
   return flushFolder(*folder);
 }
 
-Result<Done, FileError> DeviceRoot::remove(std::string_view path) {
+Result<Done, FileError> DeviceRoot::remove(std::string_view path, Folders folders) {
   const Location at = locate(path);
   if (!namesAnEntry(at.name)) return FileError{std::string(path), EINVAL};
   const auto folder = openDirectory(at.folder);
   if (!folder) return FileError{std::string(path), folder.error().code};
-  if (const int code = removeEntry(folder->descriptor(), at.name)) {
+  if (const int code = removeEntry(folder->descriptor(), at.name, folders)) {
     return FileError{std::string(path), code};
   }
   return flushFolder(*folder);
