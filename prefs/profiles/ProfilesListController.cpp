@@ -1,6 +1,7 @@
 #include "prefs/profiles/ProfilesListController.h"
 
 #include "prefs/core/names.h"
+#include "prefs/keys.h"
 #include "prefs/profiles/profile_settings.h"
 #include "prefs/profiles/triggers.h"
 
@@ -73,7 +74,7 @@ void ProfilesListController::resetSpecifierWithValue(const std::string& identifi
 }
 
 void ProfilesListController::setProfileActive(bool active) {
-  resetSpecifierWithValue(std::string(kProfileActive), active ? 1.0f : 0.0f);
+  resetSpecifierWithValue(std::string(key::profileactive), active ? 1.0f : 0.0f);
   (void)environment().preferences.synchronize();
 }
 
@@ -88,14 +89,7 @@ void ProfilesListController::saveProfileOverwriteIfExists(std::int32_t row, bool
   const SaveResult saved =
       saveProfile(environment(), profileID, lists_.fileNameArray[row],
                   overwrite ? Existing::Overwrite : Existing::Keep, AfterFailure::GoOn);
-  if (saved.outcome == SaveOutcome::Exists) {
-    showActionAlertWithTitleMessageButtonTag(
-        "Warning",
-        "A profile for the specified trigger already exists. Do you want to overwrite it?",
-        "Overwrite", kOverwriteTag);
-    overwriteSelectedProfile_ = row;
-    return;
-  }
+  if (saved.outcome == SaveOutcome::Exists) return confirmOverwrite(row);
   const bool written = saved.outcome == SaveOutcome::Saved ||
                        saved.outcome == SaveOutcome::Overwritten ||
                        saved.outcome == SaveOutcome::NotRemembered;

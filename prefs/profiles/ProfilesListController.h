@@ -81,12 +81,16 @@ class ProfilesListController : public preferences::PSListController,
   TriggerPickerLists makeLists(std::int32_t tag) const;
   std::shared_ptr<uikit::PickerView> makePicker();
   void selectTriggerSavedLast();
+  void confirmOverwrite(std::int32_t row);
   void show(std::shared_ptr<uikit::Alert> alert);
   void report(const std::string& problem) const;
   void reportNothingDone(std::string_view done, std::int32_t row) const;
   std::shared_ptr<ProfilesListController> self();
 
+ protected:
   TriggerPickerLists lists_;  // made anew for each picker
+
+ private:
   std::shared_ptr<uikit::PickerView> picker_;
   std::int32_t overwriteSelectedProfile_ = 0;  // the row that waits for the confirmation
 };

@@ -13,6 +13,8 @@
 namespace prefs {
 namespace {
 
+enum Tag : std::int32_t { kLoadTag = 223, kSaveTag = 224, kDeleteTag = 225, kOverwriteTag = 226 };
+
 constexpr int kConfirmButton = 1;
 constexpr uikit::Rect kPickerFrame{25, 30, 230, 60};
 uikit::PopoverAnchor popoverAt(foundation::Object* anchor) {
@@ -159,6 +161,13 @@ void ProfilesListController::selectTriggerSavedLast() {
       row = static_cast<int>(found - lists_.profileIDArray.begin());
   }
   picker_->selectRowInComponent(row, 0, false);
+}
+
+void ProfilesListController::confirmOverwrite(std::int32_t row) {
+  showActionAlertWithTitleMessageButtonTag(
+      "Warning", "A profile for the specified trigger already exists. Do you want to overwrite it?",
+      "Overwrite", kOverwriteTag);
+  overwriteSelectedProfile_ = row;
 }
 
 void ProfilesListController::show(std::shared_ptr<uikit::Alert> alert) {

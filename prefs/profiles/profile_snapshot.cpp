@@ -3,6 +3,7 @@
 #include "platform/foundation/text.h"
 #include "prefs/core/names.h"
 #include "prefs/core/preference_store.h"
+#include "prefs/keys.h"
 #include "prefs/profiles/profile_settings.h"
 
 namespace prefs {
@@ -41,7 +42,7 @@ void overlayProfile(const plist::Dictionary& profile, plist::Dictionary& domain)
 }
 
 bool isActive(const plist::Dictionary& domain) {
-  const plist::Value* active = domain.find(kProfileActive);
+  const plist::Value* active = domain.find(key::profileactive);
   return active && foundation::boolValue(*active);
 }
 
@@ -95,7 +96,7 @@ std::vector<Difference> differences(const plist::Dictionary& from, const plist::
 plist::Dictionary domainAfterLoad(const plist::Dictionary& profile, plist::Dictionary domain) {
   plist::Dictionary snapshot = domain;
   overlayProfile(profile, snapshot);
-  snapshot.set(kProfileActive, isActive(snapshot) ? 1.0f : 0.0f);
+  snapshot.set(key::profileactive, isActive(snapshot) ? 1.0f : 0.0f);
   // Nothing is ever removed from the store.
   for (const auto& [key, value] : snapshot) domain.set(key, value);
   return domain;
