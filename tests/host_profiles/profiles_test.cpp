@@ -51,6 +51,7 @@ TEST_F(HostProfiles, SavesAndRemembers) {
 }
 
 TEST_F(HostProfiles, ASaveWritesTheDomainOnceAfterTheFile) {
+  seed::profile(device, "5");
   device.store("wifi", 2);
   calls().log.clear();
   EXPECT_TRUE(profiles.save(trigger("7"), Existing::Keep));
