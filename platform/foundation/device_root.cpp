@@ -7,7 +7,6 @@
 
 #include "platform/foundation/durable_file.h"
 #include "platform/foundation/file_reading.h"
-#include "platform/foundation/removal.h"
 
 namespace foundation {
 namespace {
@@ -137,12 +136,12 @@ Result<Done> DeviceRoot::writeDurably(std::string_view path, plist::Bytes bytes)
   return flushFolder(*folder);
 }
 
-Result<Done> DeviceRoot::remove(std::string_view path) {
+Result<Done> DeviceRoot::remove(std::string_view path, Folders folders) {
   const Location at = locate(path);
   if (!namesAnEntry(at.name)) return Error{std::string(path), EINVAL};
   const auto folder = openDirectory(at.folder);
   if (!folder) return Error{std::string(path), folder.error().code};
-  if (const int code = removeEntry(folder->descriptor(), at.name)) {
+  if (const int code = removeEntry(folder->descriptor(), at.name, folders)) {
     return Error{std::string(path), code};
   }
   return flushFolder(*folder);

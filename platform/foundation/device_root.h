@@ -7,6 +7,7 @@
 
 #include "platform/foundation/descriptor.h"
 #include "platform/foundation/directory.h"
+#include "platform/foundation/removal.h"
 #include "platform/plist/binary.h"
 #include "platform/result.h"
 
@@ -44,15 +45,17 @@ class DeviceRoot {
   // With intermediates, all 0700, made to last; done already where the folder is there.
   platform::Result<platform::Done> createDirectory(std::string_view path);
 
-  // A new file, mode 0600, in missing folders if need be, in place of whatever is there: a file, a
-  // link, or a folder with all that it holds. After a crash there is the old one or the new one,
-  // whole, and once this says done it is the new one. On an error the old one is there still (a
-  // folder perhaps without some of what it held), unless it was in flushing the folder, when the
-  // new one is there but may not last.
-  platform::Result<platform::Done> writeDurably(std::string_view path, plist::Bytes bytes);
+  // A new file, mode 0600, in missing folders if need be, in place of the file or link that is
+  // there; a folder of that name is an error (EISDIR) and stays. After a crash there is the old one
+  // or the new one, whole, and once this says done it is the new one. On an error the old one is
+  // there still, unless it was in flushing the folder, when the new one is there but may not be
+  // durable.
+  platform::Result<platform::Done> writeDurably(std::string_view path,
+                                                           plist::Bytes bytes);
 
-  // A file, a link (not what it leads to) or a folder with all that it holds, for good.
-  platform::Result<platform::Done> remove(std::string_view path);
+  // A file or a link (not what it leads to), durably; a folder with all that it holds, or EISDIR.
+  platform::Result<platform::Done> remove(std::string_view path,
+                                                     Folders folders = Folders::Refuse);
 
   // An open file or folder; `flags` are those of open(2), without O_CREAT.
   platform::Result<Descriptor> open(std::string_view path, int flags) const;

@@ -9,8 +9,6 @@
 #include <cstdint>
 #include <string_view>
 
-#include "platform/foundation/removal.h"
-
 namespace foundation {
 namespace {
 
@@ -99,20 +97,8 @@ Result<Done> PendingFile::flush() {
 Result<Done> PendingFile::replaceTarget() {
   if (!file_.close()) return folder_->error(name_, errno, "close");
   const int folder = folder_->descriptor();
-  if (renameat(folder, temporary_.c_str(), folder, name_.c_str()) == 0) {
-    temporary_.clear();
-    return Done{};
-  }
-  if (errno != EISDIR) return folder_->error(name_, errno, "rename");
-  // A folder can't be renamed over, but the two can change places, and back if it can't go.
-  const auto exchange = [&] {
-    return renameat2(folder, temporary_.c_str(), folder, name_.c_str(), RENAME_EXCHANGE) == 0;
-  };
-  if (!exchange()) return folder_->error(name_, errno, "rename");
-  if (const int code = removeEntry(folder, temporary_)) {
-    if (!exchange()) temporary_.clear();
-    return folder_->error(name_, code, "remove the folder of that name");
-  }
+  if (renameat(folder, temporary_.c_str(), folder, name_.c_str()) != 0)
+    return folder_->error(name_, errno, "rename");
   temporary_.clear();
   return Done{};
 }

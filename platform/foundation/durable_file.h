@@ -16,7 +16,7 @@ namespace foundation {
 //   visible now      write, replaceTarget; later, when it shall last, flushFile and flushFolder
 //
 // Each step's failure names the file and the step. A file that was not put in place is removed; a
-// folder that had its name goes with all that it holds.
+// folder of its name is an error (EISDIR).
 class PendingFile {
  public:
   // Mode 0600, exclusively created, with a random name that begins with a dot. `folder` has to

@@ -69,6 +69,10 @@ Result<Done> Preferences::appSynchronize(std::string_view domain) {
   return synchronize();
 }
 
+Result<Done, FileError> Preferences::refresh(std::string_view domain) {
+  return refresh(this->domain(domain));
+}
+
 std::vector<std::string> Preferences::copyKeyList(std::string_view domain) {
   Domain& source = this->domain(domain);
   static_cast<void>(refresh(source));

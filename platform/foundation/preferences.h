@@ -42,6 +42,8 @@ class Preferences {
   // As synchronize(), and this domain counts as touched. The error is the first there was.
   platform::Result<platform::Done> appSynchronize(std::string_view domain);
 
+  // Sees what is on disk now; on an error what was seen last stays. Flushes nothing.
+  platform::Result<platform::Done, FileError> refresh(std::string_view domain);
   // Both see what is on disk now; they flush nothing.
   std::vector<std::string> copyKeyList(std::string_view domain);
   plist::Dictionary copyMultiple(const std::vector<std::string>& keys, std::string_view domain);

@@ -39,9 +39,11 @@ plist::Dictionary wholeDomainRead(foundation::Preferences& preferences) {
   return preferences.copyMultiple(preferences.copyKeyList(kDomain), kDomain);
 }
 
-void wholeDomainWrite(foundation::Preferences& preferences, const plist::Dictionary& values) {
-  (void)preferences.setMultiple(values, {}, kDomain);
+platform::Result<platform::Done, foundation::FileError> wholeDomainWrite(
+    foundation::Preferences& preferences, const plist::Dictionary& values) {
+  auto stored = preferences.setMultiple(values, {}, kDomain);
   (void)preferences.synchronize();
+  return stored;
 }
 
 }  // namespace prefs

@@ -70,14 +70,6 @@ TEST_F(Durability, FailedFlushOfTheFolderIsToldThoughTheNewFileIsThere) {
   EXPECT_EQ(folder.contents("/folder/file"), "new");
 }
 
-TEST_F(Durability, FolderThatIsReplacedIsReplacedDurably) {
-  folder.write("/folder/file/inner", "");
-  systemCalls().log.clear();
-  ASSERT_TRUE(root.writeDurably("/folder/file", bytesOf("new")));
-  EXPECT_THAT(systemCalls().log, ElementsAre("fsync *", "rename * file", "fsync folder"));
-  EXPECT_THAT(folder.names("/folder"), ElementsAre("file"));
-}
-
 TEST_F(Durability, TemporaryNamesAreRandom) {
   folder.write("/folder/file", "");
   const auto directory = root.openDirectory("/folder");

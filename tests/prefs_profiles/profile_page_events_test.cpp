@@ -105,6 +105,21 @@ TEST_F(ProfilePageEvents, TheListsAndThePickerAreReleasedHalfASecondLater) {
   EXPECT_EQ(page->pickerViewNumberOfRowsInComponent(nullptr, 0), 0);
 }
 
+struct Lists : ProfilesListController {
+  using ProfilesListController::lists_;
+  using ProfilesListController::ProfilesListController;
+};
+
+TEST_F(ProfilePageEvents, TheReleaseDropsTitlesAndPathsNotIDs) {
+  const auto lists = std::make_shared<Lists>(device.environment);
+  lists->saveProfileBtn();
+  lists->cleanUpPickerAndRelodSpecifers();
+  waitForRelease();
+  EXPECT_TRUE(lists->lists_.profileNameArray.empty());
+  EXPECT_TRUE(lists->lists_.fileNameArray.empty());
+  EXPECT_EQ(lists->lists_.profileIDArray.size(), 108u);
+}
+
 TEST_F(ProfilePageEvents, ThePickerIsKeptByThePageAloneAndGoesAtTheRelease) {
   page->saveProfileBtn();
   const std::weak_ptr<uikit::PickerView> watch =
@@ -125,6 +140,9 @@ TEST_F(ProfilePageEvents, TheReleaseTakesWhatIsCurrentThen) {
   EXPECT_EQ(picker().numberOfRowsInComponent(0), 0);
   press("Save");
   EXPECT_EQ(onScreen(), 0u) << "closed, and nothing done";
+  EXPECT_EQ(device.problems,
+            std::vector<std::string>{"nothing was saved: the picker's rows were dropped after the "
+                                     "last change; open it again"});
   EXPECT_EQ(device.root.contentsOfDirectory(kDocuments)->size(), 1u);
 }
 
@@ -139,6 +157,10 @@ TEST_F(ProfilePageEvents, AConfirmationAfterTheReleaseDoesNothingOnAnyPicker) {
     press(action);
     EXPECT_EQ(onScreen(), 0u);
     EXPECT_TRUE(device.events.empty());
+    ASSERT_EQ(device.problems.size(), 1u);
+    EXPECT_TRUE(device.problems[0].starts_with(
+        action == std::string("Load") ? "nothing was loaded: " : "nothing was deleted: "));
+    device.problems.clear();
   }
   EXPECT_TRUE(device.domain().empty());
   EXPECT_TRUE(device.root.exists(profilePath(5)));
@@ -173,7 +195,7 @@ TEST_F(ProfilePageEvents, AnAlertOnScreenKeepsNoPage) {
   EXPECT_EQ(onScreen(), 0u);
 }
 
-TEST_F(ProfilePageEvents, ALoadByPathTellsWhyItWasRefused) {
+TEST_F(ProfilePageEvents, ALoadByPathSaysWhyItWasRefused) {
   seed::write(device, "profile_5.qvx", {'j', 'u', 'n', 'k'});
   auto refused = page->loadProfileAtPath(profilePath(5));
   ASSERT_FALSE(refused);
