@@ -156,7 +156,7 @@ ProfileOutcome<std::vector<std::uint8_t>> Profiles::exportXml(const Trigger& tri
   const auto profile = read(trigger);
   if (!profile) return profile.error();
   auto xml = environment_.xml.write(*plist::storable(*profile));
-  if (!xml) return failed(xml.error());
+  if (!xml) return failed(xml.error().message());
   return std::move(*xml);
 }
 
