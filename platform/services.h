@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,8 +11,11 @@
 #include "platform/plist/value.h"
 
 // What only a real system can give. Each is an interface here and a module in services/; a service
-// whose library is missing on a machine is absent, and the one who asks is told.
+// whose library is missing on a machine is absent, and the caller gets the reason.
 namespace platform {
+
+// Is called with what the code passes over in silence, in a human-readable sentence.
+using Report = std::function<void(const std::string& message)>;
 
 // Cross-process notifications: a name and nothing else.
 class DarwinNotificationCenter {

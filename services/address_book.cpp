@@ -52,7 +52,7 @@ void sortByFirstName(std::vector<Person>& people, platform::Collator& collator) 
 
 VCardAddressBook::VCardAddressBook(const foundation::DeviceRoot& root,
                                    std::optional<std::string> folder, platform::Collator& collator,
-                                   Report report)
+                                   platform::Report report)
     : root_(root), folder_(std::move(folder)), collator_(collator), report_(std::move(report)) {}
 
 std::vector<Person> VCardAddressBook::peopleSortedByFirstName() {

@@ -6,7 +6,6 @@
 
 #include "platform/foundation/device_root.h"
 #include "platform/services.h"
-#include "services/report.h"
 
 namespace services {
 
@@ -26,7 +25,7 @@ class VCardAddressBook : public platform::AddressBook {
   // `folder` is this machine's; without one the folder is kAddressBookPath below the root. Root and
   // collator stay the caller's.
   VCardAddressBook(const foundation::DeviceRoot& root, std::optional<std::string> folder,
-                   platform::Collator& collator, Report report);
+                   platform::Collator& collator, platform::Report report);
 
   std::vector<platform::Person> peopleSortedByFirstName() override;
 
@@ -38,7 +37,7 @@ class VCardAddressBook : public platform::AddressBook {
   const foundation::DeviceRoot& root_;
   std::optional<std::string> folder_;
   platform::Collator& collator_;
-  Report report_;
+  platform::Report report_;
   std::set<std::string> reported_;
 };
 

@@ -65,8 +65,8 @@ class BusListener : public Listener {
   }
 
   platform::Result<platform::Done> wait(
-      const Heard& heard, std::optional<std::chrono::milliseconds> patience) override {
-    heard_ = &heard;
+      const Received& received, std::optional<std::chrono::milliseconds> patience) override {
+    received_ = &received;
     int status;
     bool any = false;
     while ((status = sd_bus_process(bus_.get(), nullptr)) > 0) any = true;
@@ -84,15 +84,15 @@ class BusListener : public Listener {
   static int posted(sd_bus_message* message, void* self, sd_bus_error*) {
     auto& listener = *static_cast<BusListener*>(self);
     const char* name = nullptr;
-    if (sd_bus_message_read(message, "s", &name) < 0 || !listener.heard_) return 0;
+    if (sd_bus_message_read(message, "s", &name) < 0 || !listener.received_) return 0;
     if (listener.names_.empty() || listener.names_.contains(std::string_view(name)))
-      (*listener.heard_)(name);
+      (*listener.received_)(name);
     return 0;
   }
 
   Connection bus_;
   std::set<std::string, std::less<>> names_;
-  const Heard* heard_ = nullptr;
+  const Received* received_ = nullptr;
 };
 
 class SessionBus : public Bus {

@@ -8,7 +8,7 @@
 
 namespace services {
 
-UserCollator::UserCollator(Report report)
+UserCollator::UserCollator(platform::Report report)
     : asciiOrderKnown_(hasRootAsciiOrder(collationLocale())), report_(std::move(report)) {}
 
 int UserCollator::compare(std::string_view a, std::string_view b) {
@@ -16,7 +16,8 @@ int UserCollator::compare(std::string_view a, std::string_view b) {
     if (const auto order = compareAscii(a, b)) return *order;
   const auto& collator = find<platform::Collator>();
   if (collator) return (*collator)->compare(a, b);
-  if (const Report report = std::exchange(report_, {})) report(collator.error().message());
+  if (const platform::Report report = std::exchange(report_, {}))
+    report(collator.error().message());
   return a.compare(b);
 }
 

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "platform/services.h"
-#include "services/report.h"
 
 // The services as the host is given them: nothing is loaded before the first call that needs it.
 // What a missing module means for a caller that ignores failures stands beside each.
@@ -14,12 +13,12 @@ namespace services {
 // all else is in the order of its bytes, and `report` is called once with the reason.
 class UserCollator : public platform::Collator {
  public:
-  explicit UserCollator(Report report = {});
+  explicit UserCollator(platform::Report report = {});
   int compare(std::string_view a, std::string_view b) override;
 
  private:
   bool asciiOrderKnown_;
-  Report report_;
+  platform::Report report_;
 };
 
 // Without the module posts are dropped, as they are without a bus.

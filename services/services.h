@@ -12,7 +12,7 @@
 // libicuuc.so.72: cannot open shared object file…"), the same at each call.
 namespace services {
 
-// The module that brings a service, and what messages call the service.
+// A service's module, and the service's name in messages.
 struct Origin {
   std::string_view module, service;
 };

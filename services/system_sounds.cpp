@@ -9,7 +9,7 @@
 namespace services {
 
 DeviceSounds::DeviceSounds(const foundation::DeviceRoot& root, foundation::FallbackFolder fallback,
-                           Report report)
+                           platform::Report report)
     : root_(root),
       fallback_(std::move(fallback)),
       report_(report ? std::move(report) : [](const std::string&) {}) {}

@@ -5,7 +5,6 @@
 
 #include "platform/foundation/fallback_folder.h"
 #include "platform/services.h"
-#include "services/report.h"
 
 namespace services {
 
@@ -21,7 +20,7 @@ inline constexpr const char* kDesktopSounds = "/usr/share/sounds";
 class DeviceSounds : public platform::SystemSounds {
  public:
   DeviceSounds(const foundation::DeviceRoot& root, foundation::FallbackFolder fallback,
-               Report report);
+               platform::Report report);
   ~DeviceSounds() override;  // stops what is playing
 
   void play(const std::optional<std::string>& url) override;
@@ -29,7 +28,7 @@ class DeviceSounds : public platform::SystemSounds {
  private:
   const foundation::DeviceRoot& root_;
   foundation::FallbackFolder fallback_;
-  Report report_;
+  platform::Report report_;
   bool played_ = false;
 };
 

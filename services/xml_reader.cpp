@@ -6,13 +6,14 @@
 #include <array>
 #include <cmath>
 
+#include "platform/plist/base64.h"
+#include "platform/plist/date_text.h"
 #include "services/xml_scalars.h"
 
 namespace services {
 
 namespace {
 
-constexpr std::size_t kDeepest = 512;
 constexpr std::string_view kBlanks = " \t\r\n";
 
 enum class Element { Plist, Dict, Array, Key, String, Integer, Real, True, False, Date, Data };
@@ -85,7 +86,7 @@ class Reader {
   }
 
   platform::Result<XmlWithLines> read(std::string_view text) {
-    // A header behind white space is no XML, but property lists have it.
+    // A header behind white space is not XML, but property lists have it.
     const std::size_t start = std::min(text.find_first_not_of(kBlanks), text.size());
     skippedLines_ =
         static_cast<unsigned long>(std::count(text.begin(), text.begin() + start, '\n'));
@@ -129,8 +130,8 @@ class Reader {
     if (!isContainer(element)) {
       leaf_ = element;
       text_.clear();
-    } else if (element != Element::Plist && depth() == kDeepest) {
-      return fail("nested deeper than " + std::to_string(kDeepest));
+    } else if (element != Element::Plist && depth() == plist::kMaximumDepth) {
+      return fail("nested deeper than " + std::to_string(plist::kMaximumDepth));
     }
     noteItem();
     if (isContainer(element)) open_.push_back({element, {}, {}});
@@ -198,9 +199,9 @@ class Reader {
       case Element::Real:
         return addIf(readReal(text_), "a real");
       case Element::Date:
-        return addIf(readDate(text_), "a date");
+        return addIf(plist::readDate(text_), "a date");
       default:
-        return addIf(readBase64(text_), "Base64");
+        return addIf(plist::readBase64(text_, plist::Base64Form::Lenient), "Base64");
     }
   }
 

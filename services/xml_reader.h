@@ -19,7 +19,8 @@ namespace services {
 // - Dates are YYYY-MM-DDTHH:MM:SSZ. Data is Base64 with white space anywhere.
 // - Of equal keys the last wins, in the place of the first. A dictionary whose only key is CF$UID,
 //   with a number, is a UID of its low 32 bits.
-// - More than 512 containers in one another, and any entity beyond XML's own five, are refused.
+// - More than plist::kMaximumDepth containers in one another, and any entity beyond XML's own five,
+// are refused.
 platform::Result<plist::Value> readXml(plist::Bytes bytes);
 
 struct XmlWithLines {

@@ -57,7 +57,7 @@ DeviceRoot::DeviceRoot(std::string directory) : directory_(std::move(directory))
 
 Result<Descriptor> DeviceRoot::open(std::string_view path, int flags) const {
   const Descriptor root(::open(directory_.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-  // A missing root is no error of its own: nothing is there yet.
+  // A missing root is not an error of its own: nothing is there yet.
   if (!root) return Error{std::string(path), errno, errno == ENOENT ? "" : "the device root"};
   Descriptor file = openBelow(root.number(), std::string(path), flags, Resolve::InRoot);
   if (!file) return Error{std::string(path), errno};

@@ -24,7 +24,7 @@ class Directory {
 
   // A regular file of the folder, whole; the bytes hold until the next read. A symbolic link is
   // followed only while it stays inside the folder: one that leads out is an error (EXDEV), and so
-  // are FIFOs, devices and folders, told without blocking on them.
+  // are FIFOs, devices and folders, none of which blocks the call.
   platform::Result<plist::Bytes> read(const std::string& name);
 
   // About a file of the folder.

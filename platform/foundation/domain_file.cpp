@@ -20,7 +20,7 @@ using platform::Result;
 
 constexpr std::string_view kFolder = "/var/mobile/Library/Preferences";
 // The coarsest clock of a file system in use ticks every 2 s.
-constexpr std::int64_t kSettlingTime = 3'000'000'000;
+constexpr std::int64_t kStableAge = 3'000'000'000;
 
 std::int64_t nanoseconds(const timespec& time) {
   return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
@@ -32,7 +32,7 @@ FileStamp stampOf(const struct stat& status) {
   const std::int64_t changed = nanoseconds(status.st_ctim);
   return {status.st_dev,  status.st_ino,
           status.st_size, nanoseconds(status.st_mtim),
-          changed,        nanoseconds(now) - changed > kSettlingTime};
+          changed,        nanoseconds(now) - changed > kStableAge};
 }
 
 Result<plist::Value> readAnyForm(plist::Bytes bytes, const XmlReader& xml) {
@@ -41,7 +41,7 @@ Result<plist::Value> readAnyForm(plist::Bytes bytes, const XmlReader& xml) {
   if (!text.starts_with(kBinary))
     return xml ? xml(bytes) : Error{.what = "not a binary property list"};
   auto read = plist::readBinary(bytes);
-  if (!read) return Error{.what = read.error().message()};
+  if (!read) return Error(read.error());
   return std::move(*read);
 }
 
@@ -106,7 +106,7 @@ Result<std::optional<DomainFile::Reading>> DomainFile::readUnless(const FileStam
 
   Reading reading;
   reading.stamp = stampOf(*status);
-  if (known.settled && known.sameFile(reading.stamp)) return std::optional<Reading>();
+  if (known.stable && known.sameFile(reading.stamp)) return std::optional<Reading>();
   std::vector<std::uint8_t> bytes;
   const auto length = readWhole(*file, static_cast<std::size_t>(status->st_size), bytes, path_);
   if (!length) return length.error();
@@ -148,7 +148,7 @@ Result<DomainFile::Change> DomainFile::store(const Directory& folder,
     return folder.error(name_, errno, "remove");
   }
   const auto bytes = plist::writeBinary(entries);
-  if (!bytes) return Error{.path = path_, .what = "can't be stored: " + bytes.error().message()};
+  if (!bytes) return Error{.path = path_, .what = "can't be stored"}.because(bytes.error());
   auto pending = PendingFile::write(folder, name_, *bytes);
   if (!pending) return pending.error();
 

@@ -18,12 +18,12 @@ namespace foundation {
 using XmlReader = std::function<platform::Result<plist::Value>(plist::Bytes)>;
 
 // Which file, and which state of it, a reading came from. Two equal stamps of which the first is
-// settled mean that nothing was written in between: a file that changed only moments before it was
-// read could change again within the same tick of its file system's clock, and is not settled.
+// stable mean that nothing was written in between: a file that changed only moments before it was
+// read could change again within the same tick of its file system's clock, and is not stable.
 struct FileStamp {
   std::uint64_t device = 0, inode = 0;               // 0, 0: there was no file
   std::int64_t size = 0, modified = 0, changed = 0;  // bytes, ns, ns
-  bool settled = false;
+  bool stable = false;
 
   bool sameFile(const FileStamp& other) const;
 };

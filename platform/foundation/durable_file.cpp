@@ -9,6 +9,9 @@
 #include <cstdint>
 #include <string_view>
 
+#include "platform/foundation/file_reading.h"
+#include "platform/plist/hexadecimal.h"
+
 namespace foundation {
 namespace {
 
@@ -17,7 +20,6 @@ using platform::Error;
 using platform::Result;
 
 constexpr std::size_t kSuffixDigits = 16;
-constexpr std::string_view kDigits = "0123456789abcdef";
 constexpr int kAttempts = 16;
 
 std::string temporaryPrefix(const std::string& name) {
@@ -29,7 +31,8 @@ std::string randomSuffix() {
   // Should the system have no randomness to give, the exclusive creation still keeps it safe.
   [[maybe_unused]] const ssize_t given = getrandom(random, sizeof random, GRND_NONBLOCK);
   std::string suffix;
-  for (const std::uint8_t byte : random) suffix += kDigits[byte % kDigits.size()];
+  for (const std::uint8_t byte : random)
+    suffix += plist::kHexDigits[byte % plist::kHexDigits.size()];
   return suffix;
 }
 
@@ -37,7 +40,7 @@ bool isTemporaryOf(std::string_view candidate, std::string_view prefix) {
   if (!candidate.starts_with(prefix)) return false;
   const std::string_view suffix = candidate.substr(prefix.size());
   return suffix.size() == kSuffixDigits &&
-         suffix.find_first_not_of(kDigits) == std::string_view::npos;
+         suffix.find_first_not_of(plist::kHexDigits) == std::string_view::npos;
 }
 
 }  // namespace
@@ -80,12 +83,7 @@ Result<Done> PendingFile::create() {
 }
 
 Result<Done> PendingFile::fill(plist::Bytes bytes) {
-  while (!bytes.empty()) {
-    const ssize_t count = ::write(file_.number(), bytes.data(), bytes.size());
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return folder_->error(name_, errno, "write");
-    bytes = bytes.subspan(static_cast<std::size_t>(count));
-  }
+  if (!writeWhole(file_, bytes)) return folder_->error(name_, errno, "write");
   return Done{};
 }
 

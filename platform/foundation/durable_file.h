@@ -13,7 +13,7 @@ namespace foundation {
 // another name in the same folder and then renamed over the old one. Two uses:
 //
 //   durable now      write, flush, replaceTarget, flushFolder
-//   visible now      write, replaceTarget; later, when it shall last, flushFile and flushFolder
+//   visible now      write, replaceTarget; later, to make it durable, flushFile and flushFolder
 //
 // Each step's failure names the file and the step. A file that was not put in place is removed; a
 // folder of its name is an error (EISDIR).
@@ -41,9 +41,9 @@ class PendingFile {
   Descriptor file_;
 };
 
-// Makes the file that bears this name last, whoever wrote it; none is no error.
+// Makes the file of this name durable, whichever process wrote it; a missing one is not an error.
 platform::Result<platform::Done> flushFile(const Directory& folder, const std::string& name);
-// Makes the folder's names last.
+// Makes the folder's names durable.
 platform::Result<platform::Done> flushFolder(const Directory& folder);
 
 // Removes what writers of `name` left behind when they were killed. Only for one who holds a lock

@@ -15,7 +15,7 @@ Descriptor openBelow(int folder, const std::string& path, int flags, Resolve res
   if (!(flags & O_PATH)) how.flags |= O_NONBLOCK | O_NOCTTY;
   how.resolve = RESOLVE_NO_MAGICLINKS;
   how.resolve |= resolve == Resolve::InRoot ? RESOLVE_IN_ROOT : RESOLVE_BENEATH;
-  // EAGAIN: something on the way of a ".." was renamed meanwhile, so the kernel can't tell.
+  // EAGAIN: something on the way of a ".." was renamed meanwhile, so the kernel doesn't know.
   for (int attempt = 0; attempt < 100; ++attempt) {
     const long opened = syscall(SYS_openat2, folder, path.c_str(), &how, sizeof how);
     if (opened >= 0) return Descriptor(static_cast<int>(opened));
@@ -50,6 +50,16 @@ platform::Result<std::size_t> readWhole(const Descriptor& file, std::size_t size
     if (count == 0 || (length >= size && static_cast<std::size_t>(count) < room)) return length;
     if (length == buffer.size()) buffer.resize(2 * length);
   }
+}
+
+bool writeWhole(const Descriptor& file, std::span<const std::uint8_t> bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count = write(file.number(), bytes.data(), bytes.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return false;
+    bytes = bytes.subspan(static_cast<std::size_t>(count));
+  }
+  return true;
 }
 
 }  // namespace foundation

@@ -46,8 +46,10 @@ class DomainLock : public PreferencesTest {
     holder_ = 0;
   }
   std::string held() const {
-    return std::string(kFile) + ": another program holds the settings (holder, process " +
-           std::to_string(holder_) + ")";
+    std::string message = kFile;
+    message += ": another program holds the settings (holder, process ";
+    message += std::to_string(holder_);
+    return message += ")";
   }
 
   static constexpr auto kPatience = 250ms;

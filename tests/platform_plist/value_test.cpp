@@ -168,6 +168,15 @@ TEST(Value, BecomesAnotherKindInPlace) {
   EXPECT_EQ(value, Value(Dictionary{{"k", 1}}));
 }
 
+TEST(Value, GivesTheMembersOfAnyContainer) {
+  for (const Value& container :
+       {Value(Array{1, "b"}), Value(Set{{1, "b"}}), Value(Dictionary{{"x", 1}, {"y", "b"}})}) {
+    EXPECT_EQ(container.size(), 2u);
+    EXPECT_EQ(container.member(0), Value(1));
+    EXPECT_EQ(container.member(1), Value("b"));
+  }
+}
+
 TEST(Storable, KeepsTheSevenKindsOfAPropertyList) {
   const Value all = Dictionary{{"boolean", true},
                                {"number", 1},

@@ -1,4 +1,4 @@
-#include "platform/plist/binary.h"
+#include "platform/plist/error.h"
 
 #include <array>
 
@@ -6,10 +6,11 @@ namespace plist {
 namespace {
 
 struct Words {
-  std::string_view name, message;
+  std::string_view name, reason;
 };
 
-constexpr std::array<Words, 18> kWords = {{
+// In the order of ErrorKind.
+constexpr std::array<Words, 30> kWords = {{
     {"Truncated", "too short for a binary property list"},
     {"Header", "not a binary property list"},
     {"OffsetSize", "the offsets are too narrow"},
@@ -20,7 +21,7 @@ constexpr std::array<Words, 18> kWords = {{
     {"ObjectOffset", "an object outside the objects"},
     {"Reference", "a reference to a missing object"},
     {"Marker", "an unknown type of object"},
-    {"Length", "a length that is no integer"},
+    {"Length", "a length that is not an integer"},
     {"ObjectEnd", "an object that does not end"},
     {"UidRange", "a UID of more than 32 bits"},
     {"KeyKind", "a container as a key"},
@@ -28,7 +29,20 @@ constexpr std::array<Words, 18> kWords = {{
     {"TooDeep", "containers nested too deeply"},
     {"TooLarge", "too much out of shared objects"},
     {"NotUtf8", "text that is not UTF-8"},
+    {"NotDictionary", "not a keyed archive"},
+    {"Archiver", "not written by a keyed archiver"},
+    {"Version", "a keyed archive of an unknown version"},
+    {"Top", "a keyed archive without $top"},
+    {"Objects", "a keyed archive without $objects"},
+    {"Root", "a keyed archive without a root object"},
+    {"Class", "an object whose class is missing"},
+    {"UnknownClass", "an object of the unknown class "},
+    {"Field", "an object without its content"},
+    {"UnequalLengths", "a dictionary with more or fewer keys than values"},
+    {"NilElement", "nil in a collection"},
+    {"NotArchivable", "a UID can't be archived"},
 }};
+static_assert(static_cast<std::size_t>(ErrorKind::NotArchivable) + 1 == kWords.size());
 
 const Words& wordsFor(ErrorKind kind) {
   return kWords[static_cast<std::size_t>(kind)];
@@ -45,7 +59,7 @@ std::string Error::message() const {
 }
 
 std::string Error::reason() const {
-  return std::string(wordsFor(kind).message);
+  return std::string(wordsFor(kind).reason) + className;
 }
 
 }  // namespace plist
