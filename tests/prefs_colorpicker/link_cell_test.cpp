@@ -3,6 +3,7 @@
 #include "platform/preferences/PSListController.h"
 #include "prefs/colorpicker/ZorvekColorPickerQuorvantisLinkCell.h"
 #include "prefs/core/names.h"
+#include "tests/platform_foundation/system_calls.h"
 #include "tests/support/environment.h"
 
 namespace {
@@ -180,6 +181,17 @@ TEST_F(LinkCell, DrawsTheSwatchInTheSizeThatTheViewHas) {
   cell->layoutSubviews();
   EXPECT_EQ(cell->thumbnailView->image->size, (uikit::Size{30, 20}));
   EXPECT_EQ(cell->thumbnailView->frame, (uikit::Rect{286, 12, 30, 20}));
+}
+
+TEST_F(LinkCell, IsLaidOutByItsSuperclassBeforeItReadsTheStore) {
+  buildStored("#007AFF");
+  cell->frame = {0, 0, 768, 61};
+  // So that reading the store has something to flush, which shows when it happens.
+  ASSERT_TRUE(device_.preferences.setAppValue("wifi", true, prefs::kDomain));
+  std::optional<uikit::Rect> atRead;
+  foundation::test::systemCalls().atNextFsync = [&] { atRead = cell->contentView.frame; };
+  cell->layoutSubviews();
+  EXPECT_EQ(atRead, (uikit::Rect{0, 0, 768, 61}));
 }
 
 TEST_F(LinkCell, ShowsTheDefaultWhileNothingIsStored) {

@@ -16,6 +16,28 @@ TEST_F(PickerChoice, TicksTheTappedRowInPlaceOfTheOther) {
   EXPECT_EQ(page->selectedColor, plist::Value("#34AADC"));
 }
 
+// Seen on a row that was ticked last but shows no tick: it loses the old tick, then gets the new.
+TEST_F(PickerChoice, RemovesTheOldTickBeforeItSetsTheNew) {
+  openWith("#007AFF");
+  cell(kSystemBlue)->accessory = uikit::Accessory::None;
+  tap(kSystemBlue);
+  EXPECT_TRUE(ticked(kSystemBlue));
+}
+
+TEST_F(PickerChoice, IsTheSelectedColorBeforeItIsAnnounced) {
+  openWith("#FF9501");
+  page->table()->show(0, 61);
+  std::vector<plist::Value> selected;
+  device.center.setWitness(
+      [&](const foundation::Notification&) { selected.push_back(page->selectedColor); });
+  tap(kMocha);  // a preset, which moves the sliders
+  slider(201)->drag(1);
+  tap(kCustom);
+  slider(201)->drag(2);
+  slider(201)->endTracking();
+  EXPECT_EQ(selected, (std::vector<plist::Value>{"#804000", "#014000", "#024000"}));
+}
+
 TEST_F(PickerChoice, StoresTheHexUnderTheRowsKey) {
   openWith("none");
   tap(kSystemBlue);

@@ -96,6 +96,16 @@ TEST_F(PickerPage, TakesTheDefaultWhileNothingIsStored) {
   EXPECT_EQ(page->selectedColor, plist::Value("#34495F"));
 }
 
+TEST_F(PickerPage, LoadingAgainKeepsTheColorWhileNothingIsStored) {
+  open(row({{"default", "#34495F"}}));
+  page->selectedColor = "#FF9500";
+  page->viewDidLoad();
+  EXPECT_EQ(page->selectedColor, plist::Value("#FF9500"));
+  store("#007AFF");
+  page->viewDidLoad();
+  EXPECT_EQ(page->selectedColor, plist::Value("#007AFF"));
+}
+
 TEST_F(PickerPage, ReadsNothingWithoutAKey) {
   store("#FF9500");
   open(rowWithout("key", {{"default", "none"}}));

@@ -88,13 +88,6 @@ std::map<std::string, std::shared_ptr<PSSpecifier>> allStoredRows() {
 
 class OptionLists : public testing::TestWithParam<std::string> {};
 
-TEST_P(OptionLists, NamesOnlyClassesSelectorsAndRangesThatExist) {
-  const auto list = rowsOf(GetParam());
-  for (const auto& error : preferences::validate(
-           list, *prefs::bundle().pageClass(GetParam())->operations, prefs::bundle()))
-    ADD_FAILURE() << "row " << error.row << ": " << error.what;
-}
-
 TEST_P(OptionLists, LoadsInItsPage) {
   testing_support::TestDevice device(prefs::bundle());
   auto page = std::dynamic_pointer_cast<preferences::PSListController>(
@@ -241,13 +234,6 @@ TEST(OptionListRows, ASettingThatAProfileMayLeaveAloneHasThreeStates) {
     EXPECT_EQ(rows.at(key)->values, (plist::Array{0, 1, 2})) << key;
     EXPECT_EQ(rows.at(key)->titles, (std::vector<std::string>{"Leave", "On", "Off"})) << key;
   }
-}
-
-TEST(OptionListRows, EveryControllingSwitchIsASwitch) {
-  const auto rows = allStoredRows();
-  for (const char* key : {"custbrightenabled", "customvolumeenabled", "vibrate", "flashled",
-                          "sendmessage", "lowpowermodeenabled", "lowpowercustbrightenabled"})
-    EXPECT_EQ(rows.at(key)->cellType(), CellType::PSSwitchCell) << key;
 }
 
 TEST(OptionListRows, OfTheLowPowerRowsOnlyControllingSwitchesAreSwitches) {
