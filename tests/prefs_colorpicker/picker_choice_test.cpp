@@ -158,8 +158,8 @@ TEST_F(PickerChoice, OfAPresetTakesTheTickFromTheCustomRow) {
   EXPECT_EQ(events.size(), 2u);
 }
 
-// The mixed colour became a preset's, whose row was made since: the tick of that row goes, and the
-// custom row, ticked still, stores the colour that its sliders take.
+// The mixed color became a preset's, whose row was made since: that row loses its tick, and the
+// custom row, ticked still, stores the color that its sliders take.
 TEST_F(PickerChoice, OfAPresetIsAnnouncedTwiceWhileTheCustomRowStaysTicked) {
   openWith("#007AFE", kCustomOnScreen);
   slider(203)->drag(255);
@@ -202,7 +202,7 @@ TEST_F(PickerChoice, OfTheCustomRowStoresTheWordThatItShows) {
   EXPECT_EQ(stored(), plist::Value("none"));
 }
 
-TEST_F(PickerChoice, IsTakenFromAColorThatIsNoText) {
+TEST_F(PickerChoice, ReplacesAColorThatIsNotText) {
   openWith(5);
   tap(kSystemBlue);
   EXPECT_EQ(stored(), plist::Value("#007AFF"));
@@ -234,7 +234,7 @@ TEST_F(PickerChoice, SynchronisesTheDomainEvenWithoutAKey) {
             (std::vector<std::string>{"fsync com.zorvek.quorvantis.plist", "fsync Preferences"}));
 }
 
-TEST_F(PickerChoice, IsStoredInSilenceWithoutNotifications) {
+TEST_F(PickerChoice, IsStoredAndNotAnnouncedWithoutNotifications) {
   open({{"key", kKey}, {"defaults", prefs::kDomain}});
   tap(kSystemBlue);
   EXPECT_EQ(stored(), plist::Value("#007AFF"));

@@ -148,6 +148,7 @@ TEST(DependentPage, TheSetterFlushesBeforeItEvaluates) {
   Page opened;
   opened.build();
   auto& governed = opened.cell("custbright");
+  opened.change("wifi", 2);  // makes the folders, which are flushed at once
   governed.setAlpha(0.5);
   std::optional<double> atFlush;
   foundation::test::systemCalls().atNextFsync = [&] { atFlush = governed.alpha(); };
@@ -207,7 +208,7 @@ TEST(DependentPage, DoesNotEvaluateOnActivationBeforeItAppearedOrAfterItDisappea
   EXPECT_TRUE(looksEnabled(opened.cell("custbright")));
 }
 
-TEST(DependentPage, EvaluatesOnAnActivationWhoeverPostsIt) {
+TEST(DependentPage, EvaluatesOnAnActivationPostedWithASender) {
   Page opened;
   opened.build();
   opened.page->viewWillAppear(false);
@@ -343,7 +344,7 @@ TEST(DependentPage, ASwitchThatIsNotBuiltIsOff) {
   EXPECT_TRUE(looksDimmed(opened.cell("custbright")));
 }
 
-TEST(DependentPage, AControlThatIsNoSwitchIsOff) {
+TEST(DependentPage, AControlThatIsNotASwitchIsOff) {
   plist::Value list = readList("PowerSavingListController");
   for (plist::Value& item : *list.dictionary()->find("items")->array())
     if (*item.dictionary()->find("id") == plist::Value("custbrightenabled")) {
@@ -382,7 +383,7 @@ TEST(DependentPage, TheSetterWithoutARowStoresNothingAndEvaluates) {
   EXPECT_TRUE(looksDimmed(opened.cell("custbright")));
 }
 
-TEST(DependentPage, TellsWhichSwitchDimsARow) {
+TEST(DependentPage, NamesTheSwitchThatDimsARow) {
   Page opened;
   opened.build();
   EXPECT_EQ(opened.page->dimmedBy("custbright"), "");

@@ -13,7 +13,7 @@ using namespace pages_test;
 using preferences::CellType;
 using preferences::PSSpecifier;
 
-// The defaults that profiles know, but for the keys of other pages. "autoupdates" has none there:
+// The defaults of profiles, but for the keys of other pages. "autoupdates" has none there:
 // its row shows that the setting is left as it is.
 const std::map<std::string, plist::Value> kProfileDefaults = {
     {"airplanemode", 0},

@@ -15,8 +15,8 @@
 
 namespace {
 
-// While it has a name, the file system doesn't say of what kind entries are when it lists them, and
-// asking for the entry of this name fails.
+// While this names an entry, a listing doesn't hold the kinds of its entries, and reading the
+// status of that entry fails.
 std::string unreadableEntry;
 
 }  // namespace
