@@ -5,7 +5,8 @@
 #include "prefs/profiles/profile_settings.h"
 
 plist::Dictionary typicalProfile() {
-  plist::Dictionary profile{{prefs::kProfilePercentage, "55"}};
+  plist::Dictionary profile;
+  profile.set(prefs::kProfilePercentage, "55");
   for (std::string_view key : prefs::profileKeys())
     profile.set(key, prefs::profileDefault(key).value_or(0));
   // Sliders store reals.

@@ -16,7 +16,7 @@ using uikit::IndexPath;
 using uikit::TableView;
 using uikit::TableViewCell;
 
-// Section 0 has these in place of its colour texts.
+// Section 0 has these in place of its color texts.
 constexpr const char* kSpecialCaptions[] = {"*default color", "*quorvantis theme color"};
 
 const Palette* paletteAt(int section) {

@@ -20,8 +20,8 @@ class UserNotificationListController : public DependentListController {
   // Plays what the row "playsound" shows now.
   void testSound();
 
-  // A contact goes to "msgrecipient". Only "sendmessage" is followed by an evaluation: the duration
-  // rows lag behind their switches.
+  // A contact is stored under "msgrecipient". Only "sendmessage" is followed by an evaluation: the
+  // duration rows lag behind their switches.
   void setValueForSpecifier(const plist::Value& value,
                             preferences::PSSpecifier* specifier) override;
 

@@ -13,7 +13,7 @@ using namespace pages_test;
 using preferences::CellType;
 using preferences::PSSpecifier;
 
-// The defaults that profiles know, but for the keys of other pages. "autoupdates" has none there:
+// The defaults of profiles, but for the keys of other pages. "autoupdates" has none there:
 // its row shows that the setting is left as it is.
 const std::map<std::string, plist::Value> kProfileDefaults = {
     {"airplanemode", 0},
@@ -87,13 +87,6 @@ std::map<std::string, std::shared_ptr<PSSpecifier>> allStoredRows() {
 }
 
 class OptionLists : public testing::TestWithParam<std::string> {};
-
-TEST_P(OptionLists, NamesOnlyClassesSelectorsAndRangesThatExist) {
-  const auto list = rowsOf(GetParam());
-  for (const auto& error : preferences::validate(
-           list, *prefs::bundle().pageClass(GetParam())->operations, prefs::bundle()))
-    ADD_FAILURE() << "row " << error.row << ": " << error.what;
-}
 
 TEST_P(OptionLists, LoadsInItsPage) {
   testing_support::TestDevice device(prefs::bundle());
@@ -241,13 +234,6 @@ TEST(OptionListRows, ASettingThatAProfileMayLeaveAloneHasThreeStates) {
     EXPECT_EQ(rows.at(key)->values(), (plist::Array{0, 1, 2})) << key;
     EXPECT_EQ(rows.at(key)->titles(), (std::vector<std::string>{"Leave", "On", "Off"})) << key;
   }
-}
-
-TEST(OptionListRows, EveryControllingSwitchIsASwitch) {
-  const auto rows = allStoredRows();
-  for (const char* key : {"custbrightenabled", "customvolumeenabled", "vibrate", "flashled",
-                          "sendmessage", "lowpowermodeenabled", "lowpowercustbrightenabled"})
-    EXPECT_EQ(rows.at(key)->cellType(), CellType::PSSwitchCell) << key;
 }
 
 TEST(OptionListRows, OfTheLowPowerRowsOnlyControllingSwitchesAreSwitches) {

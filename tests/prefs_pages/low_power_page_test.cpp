@@ -91,7 +91,7 @@ TEST(LowPowerPage, TheSliderIsDimmedWhileItsSwitchIsNotBuilt) {
   EXPECT_TRUE(looksDimmed(opened.cell("lowpowercustbright")));
 }
 
-TEST(LowPowerPage, SwitchingTheModeOnDimsEverythingAtOnceAndOffGivesItBack) {
+TEST(LowPowerPage, SwitchingTheModeOnDimsEverythingAtOnceAndOffEnablesIt) {
   Page opened;
   opened.store("lowpowercustbrightenabled", true);
   opened.build();

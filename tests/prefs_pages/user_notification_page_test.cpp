@@ -212,7 +212,7 @@ TEST(UserNotificationPage, AMissingSoundRowPlaysWithoutAUrl) {
   EXPECT_EQ(opened.device.sounds.played, (std::vector<std::optional<std::string>>{std::nullopt}));
 }
 
-TEST(UserNotificationPage, ATextThatIsNoUrlPlaysWithoutAUrl) {
+TEST(UserNotificationPage, ATextThatIsNotAUrlPlaysWithoutAUrl) {
   for (const char* text : {"/a b", "/\u00E9", "%zz"}) {
     Page opened;
     opened.store("playsound", text);
@@ -233,7 +233,7 @@ TEST(UserNotificationPage, OnlyTheExactWordIsDisabled) {
   }
 }
 
-TEST(UserNotificationPage, AValueThatIsNoTextPlaysWithoutAUrl) {
+TEST(UserNotificationPage, AValueThatIsNotTextPlaysWithoutAUrl) {
   Page opened;
   opened.store("playsound", 7);
   opened.build();
