@@ -6,7 +6,7 @@ a call has none before its parenthesis. What is still no C++ afterwards, the com
 
 kinds   condition  == and !=, < and <=, > and >=, && and || for one another; ! left out;
                    an if's condition negated; true and false for one another
-        constant   a number plus one
+        constant   a number plus one, from 1000 on doubled
         order      two statements, one after the other, the other way round
         call       a statement that is a call or an assignment left out
 """
@@ -103,20 +103,21 @@ def negated(text, tokens, opening):
             first = here + 1
     words = [token.text for token in tokens[first:closing]]
     joined = "&&" in words or "||" in words
-    if "=" in words or not words or not joined and (words[0] == "!" or "==" in words or "!=" in words):
+    smaller = not joined and ("!" in words[:1] or "==" in words or "!=" in words)
+    if "=" in words or not words or smaller:
         return
     start, end = tokens[first].start, tokens[closing - 1].end
     yield start, end, f"!({text[start:end]})"
 
 
-def number_plus_one(text):
+def other_number(text):
     digits = text.replace("'", "")
     if re.fullmatch(r"0[xX][\da-fA-F]+", digits):
         return hex(int(digits, 16) + 1)
     if re.fullmatch(r"0[0-7]+", digits):
         return f"0{int(digits, 8) + 1:o}"
     if re.fullmatch(r"\d+", digits):
-        return str(int(digits) + 1)
+        return str(int(digits) + (1 if int(digits) < 1000 else int(digits)))
     if re.fullmatch(r"\d+\.\d*", digits):
         return str(float(digits) + 1)
     return None
@@ -124,7 +125,7 @@ def number_plus_one(text):
 
 def constant_changes(tokens):
     for token in tokens:
-        changed = number_plus_one(token.text) if token.kind == "number" else None
+        changed = other_number(token.text) if token.kind == "number" else None
         if changed:
             yield token.start, token.end, changed
 

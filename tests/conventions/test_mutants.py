@@ -39,8 +39,9 @@ class Mutants(unittest.TestCase):
     def test_a_declaration_in_a_condition_stays(self):
         self.assertEqual(changes(in_body("if (auto a = f()) g(a);"), "condition"), [])
 
-    def test_numbers_are_one_more(self):
-        self.assertEqual(changes("int a = 9'999;"), ["int a = 10000;"])
+    def test_numbers_are_one_more_or_doubled(self):
+        self.assertEqual(changes("int a = 9;"), ["int a = 10;"])
+        self.assertEqual(changes("int a = 3'000;"), ["int a = 6000;"])
         self.assertEqual(changes("double a = 0.5;"), ["double a = 1.5;"])
         self.assertEqual(changes("int a = 0x0f;"), ["int a = 0x10;"])
         self.assertEqual(changes("int a = 0600;"), ["int a = 0601;"])
