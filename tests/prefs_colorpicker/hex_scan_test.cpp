@@ -53,7 +53,7 @@ TEST(HexScan, SaturatesByValue) {
 
 TEST(HexScan, DoesNotCountLeadingZeros) {
   EXPECT_EQ(scan("00000000FF"), 0xFFu);
-  EXPECT_EQ(scan(std::string(1000, '0') + "FF"), 0xFFu);
+  EXPECT_EQ(scan(std::string(1000, '0').append("FF")), 0xFFu);
 }
 
 TEST(HexScan, KnowsAsciiDigitsOnly) {
