@@ -1,0 +1,15 @@
+#include "host/text.h"
+
+#include <cstdio>
+
+namespace host {
+
+std::string numberText(double number) {
+  char digits[512];
+  std::string text(digits, std::snprintf(digits, sizeof digits, "%.3f", number));
+  while (text.ends_with('0')) text.pop_back();
+  if (text.ends_with('.')) text.pop_back();
+  return text;
+}
+
+}  // namespace host
