@@ -47,7 +47,7 @@ KNOWS = {
     "services": SERVICES,
     "apps": HOST + SERVICES + DEVICE,
     "apps/cli": HOST + SERVICES + DEVICE + ["apps"],
-    "apps/window": HOST + SERVICES + DEVICE + ["apps"],
+    "apps/window": ["host", "host/device.h"],
     "tools": BUNDLE + SERVICES,
     "tests": EVERYTHING,
     "bench": EVERYTHING,

@@ -53,7 +53,7 @@ TEST_F(Program, HelpNamesTheOptions) {
       out, testing::AllOf(testing::HasSubstr("--root DIR"), testing::HasSubstr("--contacts DIR")));
 }
 
-TEST_F(Program, WrongUseIsToldInOneLine) {
+TEST_F(Program, WrongUseIsReportedInOneLine) {
   for (const QStringList& arguments : {QStringList{"--bogus"},
                                        {"surplus"},
                                        {"--root"},
@@ -65,7 +65,7 @@ TEST_F(Program, WrongUseIsToldInOneLine) {
   }
 }
 
-TEST_F(Program, AnUnknownPageIsTold) {
+TEST_F(Program, AnUnknownPageIsReported) {
   EXPECT_EQ(run({"--page", "NoSuchController", "--screenshot", folder.filePath("x.png")}), 3);
   EXPECT_THAT(error, testing::HasSubstr("NoSuchController"));
 }
