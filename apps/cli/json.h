@@ -1,32 +1,12 @@
 #pragma once
 
-#include <nlohmann/json.hpp>
-#include <optional>
-#include <string>
-#include <string_view>
-
-#include "platform/plist/value.h"
+#include "drive/json.h"
 
 namespace cli {
 
-// Objects keep the order in which they are made.
-using Json = nlohmann::ordered_json;
-
-// A value as JSON: data is {"$data": base64}, a date {"$date": "2026-01-31T12:00:00Z"} in whole
-// seconds, a UID {"CF$UID": number}, a set an array, nothing null. A 4-byte real has the digits
-// that tell it from its 4-byte neighbours.
-Json toJson(const plist::Value& value);
-
-// The value of a JSON document, data and dates in the forms above. Empty for one that is nested
-// deeper than a property list can be, or whose data or date can't be read.
-std::optional<plist::Value> fromJson(const Json& json);
-
-// One line of text without blanks. Reals always have a decimal point and as many digits as it takes
-// to read the same number back; those that JSON has no form for (NaN, infinity) are null. Bytes
-// that are no UTF-8 become U+FFFD.
-std::string textOf(const Json& json);
-
-// A value as people type and read it: text bare, all else as JSON.
-std::string plainTextOf(const plist::Value& value);
+using drive::Json;
+using drive::plainTextOf;
+using drive::textOf;
+using drive::toJson;
 
 }  // namespace cli

@@ -1,6 +1,7 @@
 #include "apps/window/row.h"
 
 #include "apps/window/values.h"
+#include "host/text.h"
 
 namespace window {
 namespace {

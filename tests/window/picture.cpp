@@ -1,5 +1,6 @@
 // settings-picture: draws the window without a display and writes what it shows as a PNG, after
-// requests in the drive protocol's JSON, one a line, from the standard input.
+// requests in the drive protocol's JSON, one a line, from the standard input: open, back, tap, set,
+// scroll, select, drag, bar, press, pick.
 
 #include <QCommandLineParser>
 #include <QGuiApplication>
@@ -10,6 +11,7 @@
 #include <iostream>
 
 #include "apps/window/settings_window.h"
+#include "drive/requests.h"
 #include "host/device.h"
 #include "tests/window/driver.h"
 
@@ -33,6 +35,28 @@ QSize sizeIn(const QString& text) {
   return {text.section('x', 0, 0).toInt(), text.section('x', 1).toInt()};
 }
 
+host::Outcome<host::Request> requestIn(const std::string& line) {
+  constexpr std::pair<std::string_view, drive::ReadRequest (*)(const drive::Fields&)> kReaders[] = {
+      {"open", drive::readOpen}, {"back", drive::readBack},     {"tap", drive::readTap},
+      {"set", drive::readSet},   {"scroll", drive::readScroll}, {"select", drive::readSelect},
+      {"drag", drive::readDrag}, {"bar", drive::readBar},       {"press", drive::readPress},
+      {"pick", drive::readPick}};
+  const auto fields = drive::Fields::read(line);
+  if (!fields) return fields.error();
+  for (const auto& [name, read] : kReaders)
+    if (fields->what() == name) return read(*fields);
+  return drive::badRequest("a picture takes no request \"" + fields->what() + "\"");
+}
+
+// The view itself scrolls; all else is the application's.
+host::Outcome<plist::Value> perform(const host::Request& request, host::Application& application,
+                                    window::SettingsBridge& bridge) {
+  const auto* scroll = std::get_if<host::Scroll>(&request);
+  if (!scroll) return application.perform(request);
+  emit bridge.shown()->scrollWanted(scroll->first);
+  return plist::Value();
+}
+
 int draw(const QCommandLineParser& options) {
   const QSize size = sizeIn(options.value("size"));
   auto owned = std::make_unique<window::QtMainQueue>();
@@ -51,6 +75,13 @@ int draw(const QCommandLineParser& options) {
   Driver driver(window);
   driver.resize(size.width(), size.height());
   QTest::qWait(kRules);
+  for (std::string line; std::getline(std::cin, line);) {
+    const auto request = requestIn(line);
+    if (!request) return complain(request.error().message);
+    const auto done = perform(*request, application, settings.bridge());
+    if (!done) return complain(done.error().message);
+    QTest::qWait(kRules);
+  }
   const QString file = options.positionalArguments().value(0);
   return window.grabWindow().save(file) ? 0 : complain("can't write " + file.toStdString());
 }

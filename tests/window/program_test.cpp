@@ -24,6 +24,8 @@ class Program : public testing::Test {
     QProcess program;
     program.setProcessEnvironment(environment);
     program.start(name, arguments);
+    program.write(input);
+    program.closeWriteChannel();
     EXPECT_TRUE(program.waitForFinished(60000));
     EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
     out = program.readAllStandardOutput().toStdString();
@@ -33,6 +35,7 @@ class Program : public testing::Test {
 
   QTemporaryDir folder;
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  QByteArray input;
   std::string out, error;
 };
 
@@ -89,6 +92,21 @@ TEST_F(Picture, IsOfTheSizeAsked) {
 TEST_F(Picture, LightAndDarkDiffer) {
   EXPECT_GT(take({"--appearance", "light"}).pixelColor(2, 200).lightness(), 200);
   EXPECT_LT(take({"--appearance", "dark"}).pixelColor(2, 200).lightness(), 50);
+}
+
+TEST_F(Picture, ShowsWhatRequestsHaveChanged) {
+  const QImage before = take({"--page", "GeneralSettingsController"});
+  input = "{\"do\": \"set\", \"row\": \"enabled\", \"value\": true}\n";
+  EXPECT_NE(take({"--page", "GeneralSettingsController"}), before);
+}
+
+TEST_F(Picture, ARequestThatIsRefusedIsAFailure) {
+  for (const char* line :
+       {"{\"do\": \"tap\", \"row\": \"none\"}\n", "{\"do\": \"prefs\"}\n", "x\n"}) {
+    input = line;
+    EXPECT_EQ(run({"--root", folder.path(), folder.filePath("page.png")}, PICTURE_PROGRAM), 1);
+    EXPECT_FALSE(error.empty()) << line;
+  }
 }
 
 TEST_F(Picture, AFileThatCantBeWrittenIsAFailure) {

@@ -1,4 +1,4 @@
-#include "apps/cli/drive/driver.h"
+#include "drive/driver.h"
 
 #include <cstdio>
 
@@ -11,17 +11,19 @@ namespace {
 
 constexpr int kDefaultViewport = 12;
 
-// One line of any length, without its newline; nothing at the end of input.
+// One line, without its newline; nothing at the end of input. Of one that is too long, enough to
+// show that it is.
 std::optional<std::string> readLine() {
   std::string line;
   int c;
-  while ((c = std::getc(stdin)) != EOF && c != '\n') line += static_cast<char>(c);
+  while ((c = std::getc(stdin)) != EOF && c != '\n')
+    if (line.size() <= drive::kLongestLine) line += static_cast<char>(c);
   if (c == EOF && line.empty()) return std::nullopt;
   return line;
 }
 
-Outcome<Done> drive(Session& session, int viewport) {
-  Driver driver(session.options, viewport);
+Outcome<Done> converse(Session& session, int viewport) {
+  drive::Driver driver(session.options, viewport, complain);
   while (const auto line = readLine()) {
     if (line->find_first_not_of(" \t\r") == std::string::npos) continue;
     session.print(driver.answer(*line));
@@ -38,14 +40,14 @@ Run declareDrive(CLI::App& app, Session& session) {
   app.add_option("--idiom", *idiom, "phone or tablet")->type_name("IDIOM");
   app.add_option("--viewport", *viewport, "How many entries the screen shows")->type_name("N");
   app.footer("Each line is a request, {\"do\":\"launch\"} the first; there are " +
-             Driver::requests() + ".");
+             drive::Driver::requests() + ".");
   return [&session, idiom, viewport]() -> Outcome<Done> {
     if (*idiom != "phone" && *idiom != "tablet")
       return Failure{ExitCode::WrongUse, "--idiom is phone or tablet"};
     const auto entries = numberIn<int>(*viewport);
     if (!entries || *entries < 1) return Failure{ExitCode::WrongUse, "--viewport is 1 or more"};
     session.options.idiom = *idiom == "tablet" ? uikit::Idiom::Tablet : uikit::Idiom::Phone;
-    return drive(session, *entries);
+    return converse(session, *entries);
   };
 }
 
