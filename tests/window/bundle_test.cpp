@@ -142,21 +142,30 @@ TEST_F(BundleWindow, RulesAreEvaluatedWhenTheApplicationBecomesActive) {
   EXPECT_FALSE(dimmed());
 }
 
-TEST_F(BundleWindow, RowsThatMustBeDimmedAreInALowWindowWithALargeFont) {
-  const QFont before = QGuiApplication::font();
-  QFont large = before;
-  large.setPixelSize(16);
-  QGuiApplication::setFont(large);
+class LargeFont : public BundleWindow {
+ protected:
+  LargeFont() {
+    QFont large = before_;
+    large.setPixelSize(16);
+    QGuiApplication::setFont(large);
+  }
+  ~LargeFont() override { QGuiApplication::setFont(before_); }
+
+ private:
+  QFont before_ = QGuiApplication::font();
+};
+
+TEST_F(LargeFont, RowsThatMustBeDimmedAreInALowWindow) {
   open(nullptr, 390, 600);
+  driver->scrollTo(300);
   driver->click("Notifications", kButton);
   ASSERT_EQ(page().pageClass, "UserNotificationListController");
   QTest::qWait(300);  // the page applies its rules 0.1 s after it appears
   for (const char* id : {"adressbook", "msgrecipient", "msgtext"})
     EXPECT_FALSE(row(id).usable) << id;
-  driver->resize(390, 1400);
+  driver->scrollTo(300);
   for (const char* id : {"adressbook", "msgrecipient", "msgtext"})
     EXPECT_FALSE(driver->find(labelOf(id))->isEnabled()) << id;
-  QGuiApplication::setFont(before);
 }
 
 TEST_F(BundleWindow, ADimmedTextSaysWhichSwitchToTurnOn) {

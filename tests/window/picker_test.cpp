@@ -117,4 +117,22 @@ TEST_F(Picker, FitsAWindowThatIsLow) {
   EXPECT_GE(driver->place(driver->find("Save profile", QAccessible::Heading)).top(), 0);
 }
 
+TEST_F(BundleWindow, AWheelThatLosesItsListsSaysThatItIsEmpty) {
+  write("/var/mobile/Documents/Quorvantis/profile_7.qvx",
+        plist::Dictionary{{"profilepercentage", "7"}});
+  open("ProfilesListController");
+  const auto perform = [this](const host::Request& request) {
+    ASSERT_TRUE(application->perform(request));
+  };
+  perform(host::Bar{});
+  perform(host::Press{"Load"});
+  perform(host::Press{"Load"});  // which drops the lists half a second later
+  perform(host::Bar{});
+  perform(host::Press{"Save"});
+  ASSERT_EQ(alerts().back().picker->rows.size(), 108u);
+  EXPECT_TRUE(driver->until([this] { return driver->shows("No entries"); }));
+  EXPECT_TRUE(alerts().back().picker->rows.empty());
+  EXPECT_EQ(driver->accessible(kWheel, QAccessible::SpinBox)->text(QAccessible::Description), "");
+}
+
 }  // namespace

@@ -68,6 +68,8 @@ class Tints : public BundleWindow, public testing::WithParamInterface<Appearance
 TEST_P(Tints, AnOrdinarySwitchIsOutlinedInItsTintWhileOffAndFilledWithItsOnTintWhileOn) {
   open("GeneralSettingsController");
   const QString name = labelOf("enabled");
+  set("enabled", false);
+  driver->waitUntilIdle();
   EXPECT_EQ(outlineWidth(track(name)), 2);
   EXPECT_GE(contrast(outline(track(name)), card()), 3);
   if (GetParam() == Appearance::Light) {

@@ -68,10 +68,9 @@ QtObject {
             mixed = Qt.tint(mixed, Qt.rgba(text.r, text.g, text.b, 0.1));
         return mixed;
     }
-    // Black or white, whichever can be read on this ground.
+    // Black or white, whichever has the greater contrast with this ground.
     function textOn(ground: color): color {
-        const mixed = Qt.tint(card, ground);
-        return contrast(mixed, "#FFFFFF") >= contrast(mixed, "#000000") ? "#FFFFFF" : "#000000";
+        return luminance(Qt.tint(card, ground)) > 0.18 ? "#000000" : "#FFFFFF";
     }
     // What stays free at either side of the rows.
     function sideOf(width: real): real {
