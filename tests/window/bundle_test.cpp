@@ -146,7 +146,7 @@ class LargeFont : public BundleWindow {
  protected:
   LargeFont() {
     QFont large = before_;
-    large.setPixelSize(16);
+    large.setPointSize(16);
     QGuiApplication::setFont(large);
   }
   ~LargeFont() override { QGuiApplication::setFont(before_); }

@@ -96,7 +96,7 @@ TEST_F(Picture, LightAndDarkDiffer) {
 
 TEST_F(Picture, ShowsWhatRequestsHaveChanged) {
   const QImage before = take({"--page", "GeneralSettingsController"});
-  input = "{\"do\": \"set\", \"row\": \"enabled\", \"value\": true}\n";
+  input = "{\"do\": \"set\", \"row\": \"enabled\", \"value\": false}\n";
   EXPECT_NE(take({"--page", "GeneralSettingsController"}), before);
 }
 
