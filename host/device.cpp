@@ -8,7 +8,8 @@ namespace host {
 namespace {
 
 const foundation::FallbackFolder& desktopSounds() {
-  static const foundation::FallbackFolder kSounds{services::kSoundPath, services::kDesktopSounds};
+  static const foundation::FallbackFolder kSounds{platform::kSystemSoundPath,
+                                                  services::kDesktopSounds};
   return kSounds;
 }
 
@@ -21,7 +22,7 @@ Device::Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQue
       root_(options.root),
       addressBook_(root_, options.contacts, collator_, tellingInto(warnings_)),
       sounds_(root_, desktopSounds(), problems()),
-      preferences_(root_),
+      preferences_(root_, options.lockPatience),
       mainQueue_(std::move(mainQueue)),
       environment_{
           .root = root_,

@@ -1,8 +1,8 @@
 // compile-specifier-lists OUTPUT.cpp LIST.plist...: checks each specifier list of the bundle
-// against the classes and operations that it names and writes them, in binary, as one C++ file.
-// Whatever is wrong is told with file, line and row, and nothing is written.
+// against the classes and operations that it names and the rules of its page, and writes them, in
+// binary, as one C++ file. Errors name file, line and row, and nothing is written then.
+#include <algorithm>
 #include <cstdio>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -11,11 +11,13 @@
 #include "platform/plist/binary.h"
 #include "platform/preferences/specifier_list.h"
 #include "prefs/resources/classes.h"
-#include "services/xml_reader.h"
+#include "tools/rule_check.h"
+#include "tools/specifier_list_source.h"
 
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
+using tools::SpecifierListSource;
 
 const preferences::Bundle kClasses{
     prefs::kPrincipalClass, prefs::pageClasses(), prefs::cellClasses(), {}};
@@ -26,44 +28,24 @@ const preferences::PageClass* pageOfList(std::string_view name) {
   return nullptr;
 }
 
-class List {
- public:
-  explicit List(std::filesystem::path file) : file_(std::move(file)) {}
-
-  std::string name() const { return file_.stem().string(); }
-
-  // The compiled list; empty when something is wrong, which has been told then.
-  Bytes compile() {
-    std::ifstream in(file_, std::ios::binary);
-    Bytes text{std::istreambuf_iterator<char>(in), {}};
-    if (!in) return tell(-1, "can't be read");
-    auto read = services::readXmlWithLines(text);
-    if (!read) return tell(-1, read.error());
-    lines_ = read->itemLines;
-    const preferences::PageClass* page = pageOfList(name());
-    if (!page) return tell(-1, "no page of the bundle loads this list");
-    auto list = preferences::readSpecifierList(read->value);
-    if (!list) return tell(list.error().row, list.error().what);
-    auto errors = preferences::validate(*list, *page->operations, kClasses);
-    for (const auto& error : errors) tell(error.row, error.what);
-    if (!errors.empty()) return {};
-    auto binary = plist::writeBinary(read->value);
-    return binary ? *binary : tell(-1, binary.error().message());
-  }
-
- private:
-  Bytes tell(int row, const std::string& what) const {
-    std::string place = file_.string();
-    if (row >= 0 && row < static_cast<int>(lines_.size()))
-      place += ":" + std::to_string(lines_[row]);
-    if (row >= 0) place += ": row " + std::to_string(row);
-    std::fprintf(stderr, "%s: %s\n", place.c_str(), what.c_str());
-    return {};
-  }
-
-  std::filesystem::path file_;
-  std::vector<unsigned long> lines_;
-};
+// The compiled list; empty when something is wrong, which has been reported then.
+Bytes compile(const SpecifierListSource& source) {
+  const auto report = [&](const preferences::ListError& error) {
+    std::fprintf(stderr, "%s\n", source.message(error).c_str());
+    return Bytes();
+  };
+  const preferences::PageClass* page = pageOfList(source.name());
+  if (!page) return report({-1, "no page of the bundle loads this list"});
+  auto list = preferences::readSpecifierList(source.root());
+  if (!list) return report(list.error());
+  auto errors = preferences::validate(*list, *page->operations, kClasses);
+  std::ranges::move(tools::ruleErrors(page->name, prefs::rulesOfPage(page->name), *list),
+                    std::back_inserter(errors));
+  for (const auto& error : errors) report(error);
+  if (!errors.empty()) return {};
+  auto binary = plist::writeBinary(source.root());
+  return binary ? *binary : report({-1, binary.error().message()});
+}
 
 void write(std::ostream& out, const std::vector<std::pair<std::string, Bytes>>& lists) {
   out << "#include <cstdint>\n\n#include \"prefs/resources/bundle.h\"\n\nnamespace prefs {\n"
@@ -91,9 +73,13 @@ int main(int count, char** arguments) {
   std::vector<std::pair<std::string, Bytes>> lists;
   bool failed = false;
   for (int i = 2; i < count; ++i) {
-    List list(arguments[i]);
-    lists.emplace_back(list.name(), list.compile());
-    failed = failed || lists.back().second.empty();
+    auto source = SpecifierListSource::read(arguments[i]);
+    if (!source) std::fprintf(stderr, "%s\n", source.error().c_str());
+    Bytes compiled = source ? compile(*source) : Bytes();
+    if (compiled.empty())
+      failed = true;
+    else
+      lists.emplace_back(source->name(), std::move(compiled));
   }
   if (failed) return 1;
   std::ofstream out(arguments[1]);

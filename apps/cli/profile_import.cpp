@@ -29,7 +29,7 @@ Outcome<plist::Value> readPropertyList(plist::Bytes bytes, platform::XmlProperty
     return std::move(*list);
   }
   auto list = xml.read(bytes);
-  if (!list) return unreadable(list.error());
+  if (!list) return unreadable(list.error().message());
   return std::move(*list);
 }
 

@@ -5,6 +5,9 @@
 namespace window {
 namespace {
 
+// A click must not freeze the window for longer than this.
+constexpr std::chrono::milliseconds kLockPatience{250};
+
 host::Refusal wrongUse(const QString& message) {
   return {host::RefusalCode::BadRequest, message.toStdString()};
 }
@@ -29,6 +32,7 @@ host::Outcome<Options> readOptions(const QStringList& arguments) {
     return wrongUse("unexpected argument '" + parser.positionalArguments().first() + "'.");
 
   Options options;
+  options.device.lockPatience = kLockPatience;
   options.help = parser.isSet(help);
   options.device.root = parser.isSet(root) ? parser.value(root).toStdString() : host::defaultRoot();
   if (options.device.root.empty()) return wrongUse("no device root: use --root DIR.");

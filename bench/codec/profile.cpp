@@ -1,57 +1,17 @@
 #include "bench/codec/profile.h"
 
+#include "prefs/core/names.h"
+#include "prefs/keys.h"
+#include "prefs/profiles/profile_settings.h"
+
 plist::Dictionary typicalProfile() {
-  return {
-      {"profilepercentage", "55"},
-      {"profileactive", 1},
-      {"profiledescription", "Night"},
-      {"airplanemode", 0},
-      {"wifi", 1},
-      {"locationservices", 0},
-      {"bluetooth", 1},
-      {"mobiledata", 0},
-      {"mobiledatarate", 0},
-      {"personalhotspot", 0},
-      {"vpn", 0},
-      {"bgapprefresh", 0},
-      {"autoupdates", 1},
-      {"reducemotion", 0},
-      {"grayscale", 0},
-      {"handoff", 0},
-      {"siri", 0},
-      {"autolock", 0},
-      {"lowpowermode", 0},
-      {"systemlowpowermode", 0},
-      {"autobrightness", 0},
-      {"custbrightenabled", 1},
-      {"custbright", 50.0},
-      {"killallbgapps", 0},
-      {"poweroptions", 0},
-      {"poweroptionsdelay", 0},
-      {"ringer", 0},
-      {"ringvibration", 0},
-      {"silentvibration", 0},
-      {"customvolumeenabled", 0},
-      {"customvolume", 37.5},
-      {"locksound", 0},
-      {"keyboardclick", 0},
-      {"dnd", 0},
-      {"alerttype", 0},
-      {"alertmsg", "Current battery level %BAT%"},
-      {"sendmessage", 0},
-      {"msgrecipient", ""},
-      {"msgtext", "Current battery level on device %DNAME%: %BAT%"},
-      {"vibrate", 0},
-      {"vibrateduration", 5},
-      {"flashled", 0},
-      {"flashledduration", 5},
-      {"playsound", "Disabled"},
-      {"music", 0},
-      {"takescreenshot", 0},
-      {"disableonfire", 0},
-      {"firewhenbattery", 0},
-      {"fireat", 0},
-      {"fireincall", 0},
-      {"firemusicplaying", 1},
-  };
+  plist::Dictionary profile;
+  profile.set(prefs::kProfilePercentage, "55");
+  for (std::string_view key : prefs::profileKeys())
+    profile.set(key, prefs::profileDefault(key).value_or(0));
+  // Sliders store reals.
+  for (auto [key, value] :
+       {std::pair{prefs::key::custbright, 50.0}, {prefs::key::customvolume, 37.5}})
+    profile.set(key, value);
+  return profile;
 }

@@ -90,6 +90,12 @@ bool Dictionary::remove(std::string_view key) {
   return true;
 }
 
+void Dictionary::removeIf(bool (*isUnwanted)(const Value& value)) {
+  const auto removed =
+      std::erase_if(entries_, [&](const Entry& entry) { return isUnwanted(entry.value); });
+  if (removed > 0) buildIndex();
+}
+
 void Dictionary::reserve(std::size_t entries) {
   if (entries <= entries_.capacity()) return;
   entries_.reserve(entries);

@@ -36,8 +36,11 @@ class Dictionary {
   bool insert(std::string_view key, Value value);  // false (and unchanged) when the key is there
   bool remove(std::string_view key);               // keeps the order of the rest; costs a scan
 
-  // Appends an entry whose value is Nothing and tells where to put it; null (and unchanged) when
-  // the key is there. The place is good until the dictionary has to grow: see reserve.
+  // Removes the entries with such values; keeps the order of the rest.
+  void removeIf(bool (*isUnwanted)(const Value& value));
+
+  // Appends an entry whose value is Nothing, for the caller to set; null (and unchanged) when the
+  // key is there. The place is good until the dictionary has to grow: see reserve.
   Value* append(std::string_view key);
 
   void reserve(std::size_t entries);

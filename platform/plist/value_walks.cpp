@@ -1,4 +1,4 @@
-// What goes through a whole value: each keeps its own stack.
+// What visits all of a value: each keeps its own stack.
 #include "platform/plist/value.h"
 
 namespace plist {
@@ -14,16 +14,14 @@ struct CompareStep {
   const Value* b;
 };
 
-}  // namespace
-
-const Array* Value::members() const {
-  if (const Array* values = array()) return values;
-  const Set* collection = set();
-  return collection ? &collection->members : nullptr;
+bool isUnstorable(const Value& value) {
+  return value.isNothing() || value.uid() || value.set();
 }
 
+}  // namespace
+
 void Value::freeMembers() {
-  // Leaves go where they are; only a container among the members needs a place on the stack.
+  // Leaves are freed where they are; only a container among the members needs a place on the stack.
   const auto trim = [](Value& container) -> Value* {
     if (auto* entries = container.dictionary() ? &container.dictionary()->entries_ : nullptr) {
       while (!entries->empty() && !entries->back().value.isContainer()) entries->pop_back();
@@ -116,6 +114,25 @@ bool operator==(const Value& a, const Value& b) {
       if (differ(left[i], right[i])) return false;
   }
   return true;
+}
+
+std::optional<Value> storable(Value value) {
+  if (isUnstorable(value)) return {};
+  std::vector<Value*> open = {&value};
+  while (!open.empty()) {
+    Value& top = *open.back();
+    open.pop_back();
+    if (Array* members = top.array()) {
+      std::erase_if(*members, isUnstorable);
+      for (Value& member : *members)
+        if (member.isContainer()) open.push_back(&member);
+    } else if (Dictionary* entries = top.dictionary()) {
+      entries->removeIf(isUnstorable);
+      for (const auto& entry : *entries)
+        if (entry.value.isContainer()) open.push_back(entries->find(entry.key));
+    }
+  }
+  return value;
 }
 
 }  // namespace plist

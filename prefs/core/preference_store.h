@@ -6,9 +6,13 @@
 #include "platform/preferences/PSListController.h"
 #include "platform/preferences/environment.h"
 
-// The five ways in which the bundle touches its preference domain. All ignore the store's results,
-// as the pages are meant to; the host hears of failures from the store itself.
+// The five ways in which the bundle touches its preference domain. The pages ignore what the store
+// says of it; the store reports each failure to the host itself.
 namespace prefs {
+
+// A property of a row that names where or how its value is stored ("key", "defaults",
+// "PostNotification", …); unset where it isn't text, or there is no row.
+std::optional<std::string> rowText(const preferences::PSSpecifier* row, std::string_view property);
 
 // Stores the value of a row and posts the row's notification, redraws the row, flushes.
 void pageWrite(preferences::PSListController& page, foundation::Preferences& preferences,
@@ -31,10 +35,12 @@ struct SingleValueWrite {
 void singleValueWriteWithNotification(preferences::Environment& environment,
                                       const SingleValueWrite& write, const plist::Value& value);
 
-// Every stored key and value of the bundle's domain.
+// Every stored key and value of the bundle's domain; where it can't be read, as it was read last.
 plist::Dictionary wholeDomainRead(foundation::Preferences& preferences);
 
-// Lays the dictionary over the bundle's domain and flushes. Nothing is ever removed.
-void wholeDomainWrite(foundation::Preferences& preferences, const plist::Dictionary& values);
+// Sets every key of the dictionary in the bundle's domain and flushes. Nothing is ever removed. The
+// error is why nothing was stored; what was stored and couldn't be flushed is no error here.
+platform::Result<platform::Done> wholeDomainWrite(
+    foundation::Preferences& preferences, const plist::Dictionary& values);
 
 }  // namespace prefs

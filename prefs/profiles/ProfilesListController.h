@@ -13,7 +13,8 @@ namespace prefs {
 
 // The page of profiles, with the profile manager: an action sheet from which profiles are loaded,
 // saved and deleted. Rows are picker rows, counted from 0; an operation that is given a row that
-// isn't there does nothing.
+// isn't there does nothing and reports that. Alerts say "Success" and "Done" whatever became of the
+// files; what truly happened is reported to the host.
 class ProfilesListController : public preferences::PSListController,
                                public uikit::PickerViewDataSource,
                                public uikit::PickerViewDelegate,
@@ -51,7 +52,7 @@ class ProfilesListController : public preferences::PSListController,
   void loadProfile(std::int32_t row);
   void deleteProfile(std::int32_t row);
 
-  // Rebuilds the page's rows, tells the other pages, and 0.5 s later drops the titles, the paths
+  // Rebuilds the page's rows, notifies the other pages, and 0.5 s later drops the titles, the paths
   // and the picker that are current by then.
   void cleanUpPickerAndRelodSpecifers();
 
@@ -71,7 +72,7 @@ class ProfilesListController : public preferences::PSListController,
 
   // Loads a profile and announces it, as the page does for a picked one. The error is why it was
   // refused; nothing has changed then.
-  platform::Result<platform::Done, ProfileError> loadProfileAtPath(const std::string& path);
+  platform::Result<LoadedProfile, ProfileError> loadProfileAtPath(const std::string& path);
 
   const preferences::Operations& operations() const override { return ownOperations; }
   static const preferences::Operations ownOperations;
@@ -80,11 +81,16 @@ class ProfilesListController : public preferences::PSListController,
   TriggerPickerLists makeLists(std::int32_t tag) const;
   std::shared_ptr<uikit::PickerView> makePicker();
   void selectTriggerSavedLast();
+  void confirmOverwrite(std::int32_t row);
   void show(std::shared_ptr<uikit::Alert> alert);
   void report(const std::string& problem) const;
+  void reportNothingDone(std::string_view done, std::int32_t row) const;
   std::shared_ptr<ProfilesListController> self();
 
+ protected:
   TriggerPickerLists lists_;  // made anew for each picker
+
+ private:
   std::shared_ptr<uikit::PickerView> picker_;
   std::int32_t overwriteSelectedProfile_ = 0;  // the row that waits for the confirmation
 };

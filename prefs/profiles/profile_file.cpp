@@ -52,8 +52,9 @@ Result<Done, std::string> writeProfile(const preferences::Environment& environme
 }
 
 Result<Done, foundation::FileError> deleteProfile(const preferences::Environment& environment,
-                                                  const std::string& path) {
-  return environment.root.remove(path);
+                                                  const std::string& path,
+                                                  foundation::Folders folders) {
+  return environment.root.remove(path, folders);
 }
 
 }  // namespace prefs

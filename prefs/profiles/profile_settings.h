@@ -9,9 +9,6 @@
 // What a profile holds besides its trigger.
 namespace prefs {
 
-// Whether the profile counts: the switch of the profile page.
-inline constexpr std::string_view kProfileActive = "profileactive";
-
 // The 50 settings of a profile, in the order in which they are copied.
 std::vector<std::string_view> profileKeys();
 

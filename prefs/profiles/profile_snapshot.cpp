@@ -3,6 +3,7 @@
 #include "platform/foundation/text.h"
 #include "prefs/core/names.h"
 #include "prefs/core/preference_store.h"
+#include "prefs/keys.h"
 #include "prefs/profiles/profile_settings.h"
 
 namespace prefs {
@@ -12,7 +13,7 @@ using platform::Result;
 
 std::optional<plist::Value> valueIn(const plist::Dictionary& values, std::string_view key) {
   const plist::Value* value = values.find(key);
-  return value && !value->isNothing() ? std::optional(*value) : std::nullopt;
+  return value ? plist::storable(*value) : std::nullopt;
 }
 
 std::optional<plist::Value> valueOrDefault(const plist::Dictionary& values, std::string_view key) {
@@ -27,20 +28,21 @@ plist::Dictionary profileOf(const plist::Dictionary& domain, const std::string& 
   return profile;
 }
 
-void put(std::optional<plist::Value> value, std::string_view key, plist::Dictionary& values) {
+void setOrRemove(std::optional<plist::Value> value, std::string_view key,
+                 plist::Dictionary& values) {
   if (value)
     values.set(key, std::move(*value));
   else
     values.remove(key);
 }
 
-void lay(const plist::Dictionary& profile, plist::Dictionary& domain) {
-  put(valueIn(profile, kProfilePercentage), kProfilePercentage, domain);
-  for (std::string_view key : profileKeys()) put(valueOrDefault(profile, key), key, domain);
+void overlayProfile(const plist::Dictionary& profile, plist::Dictionary& domain) {
+  setOrRemove(valueIn(profile, kProfilePercentage), kProfilePercentage, domain);
+  for (std::string_view key : profileKeys()) setOrRemove(valueOrDefault(profile, key), key, domain);
 }
 
 bool isActive(const plist::Dictionary& domain) {
-  const plist::Value* active = domain.find(kProfileActive);
+  const plist::Value* active = domain.find(key::profileactive);
   return active && foundation::boolValue(*active);
 }
 
@@ -52,15 +54,19 @@ SaveResult saveProfile(const preferences::Environment& environment, const std::s
   const bool exists = environment.root.hasEntry(path);
   if (exists && existing == Existing::Keep) return {SaveOutcome::Exists};
 
+  // Defaults in place of settings that can't be read are not a profile of them.
+  if (const auto readable = environment.preferences.refresh(kDomain); !readable)
+    return {SaveOutcome::Unreadable, "the settings can't be read: " + readable.error().message()};
   plist::Dictionary domain = wholeDomainRead(environment.preferences);
-  SaveResult result{exists ? SaveOutcome::Overwritten : SaveOutcome::Saved};
   const auto written = writeProfile(environment, path, profileOf(domain, profileID));
-  if (!written) result.failure = written.error();
-  if (!written && afterFailure == AfterFailure::Stop) return result;
+  if (!written && afterFailure == AfterFailure::Stop)
+    return {SaveOutcome::NotWritten, written.error()};
 
   domain.set(kProfilePercentage, profileID);
-  wholeDomainWrite(environment.preferences, domain);
-  return result;
+  const auto remembered = wholeDomainWrite(environment.preferences, domain);
+  if (!written) return {SaveOutcome::NotWritten, written.error()};
+  if (!remembered) return {SaveOutcome::NotRemembered, remembered.error().message()};
+  return {exists ? SaveOutcome::Overwritten : SaveOutcome::Saved};
 }
 
 Result<LoadedProfile, ProfileError> loadProfile(const preferences::Environment& environment,
@@ -68,28 +74,31 @@ Result<LoadedProfile, ProfileError> loadProfile(const preferences::Environment& 
   plist::Dictionary domain = wholeDomainRead(environment.preferences);
   const auto profile = readProfile(environment, path);
   if (!profile && !profile.error().missing) return profile.error();
-  lay(profile ? *profile : plist::Dictionary(), domain);
-  wholeDomainWrite(environment.preferences, domain);
-  return LoadedProfile{isActive(domain), profile ? "" : profile.error().message};
+  overlayProfile(profile ? *profile : plist::Dictionary(), domain);
+  const auto stored = wholeDomainWrite(environment.preferences, domain);
+  return LoadedProfile{isActive(domain), profile ? "" : profile.error().message,
+                       stored ? "" : stored.error().message()};
 }
 
 std::vector<Difference> differences(const plist::Dictionary& from, const plist::Dictionary& to) {
   std::vector<Difference> found;
-  for (const auto& [key, value] : from) {
-    auto other = valueIn(to, key);
-    if (!other || !plist::equalByValue(value, *other)) found.push_back({key, value, other});
-  }
-  for (const auto& [key, value] : to)
-    if (!from.find(key)) found.push_back({key, std::nullopt, value});
+  const auto compare = [&](const std::string& key) {
+    auto before = valueIn(from, key), after = valueIn(to, key);
+    const bool same = before && after ? plist::equalByValue(*before, *after) : before == after;
+    if (!same) found.push_back({key, std::move(before), std::move(after)});
+  };
+  for (const auto& entry : from) compare(entry.key);
+  for (const auto& entry : to)
+    if (!from.find(entry.key)) compare(entry.key);
   return found;
 }
 
 plist::Dictionary domainAfterLoad(const plist::Dictionary& profile, plist::Dictionary domain) {
-  plist::Dictionary laid = domain;
-  lay(profile, laid);
-  laid.set(kProfileActive, isActive(laid) ? 1.0f : 0.0f);
+  plist::Dictionary snapshot = domain;
+  overlayProfile(profile, snapshot);
+  snapshot.set(key::profileactive, isActive(snapshot) ? 1.0f : 0.0f);
   // Nothing is ever removed from the store.
-  for (const auto& [key, value] : laid) domain.set(key, value);
+  for (const auto& [key, value] : snapshot) domain.set(key, value);
   return domain;
 }
 

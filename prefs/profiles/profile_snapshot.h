@@ -16,13 +16,16 @@ enum class Existing { Keep, Overwrite };
 enum class AfterFailure { GoOn, Stop };
 enum class SaveOutcome {
   Saved,
-  Overwritten,  // over a file that was there
-  Exists,       // there is a file, and it is to be kept: nothing has changed
+  Overwritten,   // over a file that was there
+  Exists,        // there is a file, and it is to be kept: nothing has changed
+  Unreadable,    // the settings can't be read: nothing has changed
+  NotWritten,    // the file can't be written; what was there stays
+  NotRemembered  // the file is written, but the domain doesn't name its trigger
 };
 
 struct SaveResult {
   SaveOutcome outcome;
-  std::string failure{};  // why the file couldn't be written; empty when it was
+  std::string failure{};  // why, human-readable, for the last three
 };
 
 // Saves the domain's settings, with defaults for those that it lacks, as the profile of that ID,
@@ -31,13 +34,15 @@ SaveResult saveProfile(const preferences::Environment& environment, const std::s
                        const std::string& path, Existing existing, AfterFailure afterFailure);
 
 struct LoadedProfile {
-  bool active;            // the truth of its "profileactive"
-  std::string missing{};  // that there was no file, for people; else empty
+  bool active;             // the truth of its "profileactive"
+  std::string missing{};   // that there was no file, human-readable; else empty
+  std::string unstored{};  // why the domain couldn't be written and is as it was; else empty
 };
 
 // Sets every setting of a profile in the domain to the file's value, else to its default; a setting
-// with neither, and a trigger that the file lacks, stay as they are. A file that is no keyed
-// archive is refused, and nothing changes; one that isn't there is loaded as an empty profile.
+// with neither, and a trigger that the file lacks, stay as they are. A value that a property list
+// can't hold (see plist::storable) counts as absent. A file that is not a keyed archive is refused,
+// and nothing changes; one that isn't there is loaded as an empty profile.
 platform::Result<LoadedProfile, ProfileError> loadProfile(
     const preferences::Environment& environment, const std::string& path);
 

@@ -1,17 +1,17 @@
 import subprocess
 import unittest
 
-from bus import PREFS, BusTest
+from bus import PREFS, PROFILE, BusTest
 from profiles import DAMAGED, path_of
 from program import PROGRAM, TIMEOUT_SECONDS
 
 
 class Announced(BusTest):
-    def test_save_says_nothing_load_speaks_once_delete_says_nothing(self):
+    def test_save_posts_nothing_load_posts_prefs_once_delete_posts_nothing(self):
         self.output("profile", "save", "20")
         self.assertEqual(self.heard_until("saved"), [])
         self.output("profile", "load", "20")
-        self.assertEqual(self.heard_until("loaded"), [PREFS])
+        self.assertEqual(self.heard_until("loaded"), [PROFILE, PREFS])
         self.output("profile", "delete", "20")
         self.assertEqual(self.heard_until("deleted"), [])
 
@@ -19,7 +19,7 @@ class Announced(BusTest):
         self.write_domain({"wifi": 1, "profileactive": 1})
         self.write_profile(20, {"profilepercentage": "20", "wifi": 2, "profileactive": 0})
         load = subprocess.Popen([PROGRAM, "profile", "load", "20"], env=self.env)
-        self.assertEqual(self.next_heard(), PREFS)
+        self.assertEqual([self.next_heard(), self.next_heard()], [PROFILE, PREFS])
         read = self.document("defaults", "read")
         self.assertEqual(load.wait(TIMEOUT_SECONDS), 0)
         self.assertEqual((read["wifi"], read["profileactive"], read["profilepercentage"]),

@@ -57,6 +57,10 @@ class Includes(unittest.TestCase):
         self.allows("prefs/core/quorvantisprefsListController.cpp", '#include "prefs/pages/page.h"\n'
                     '#include "prefs/profiles/profile.h"\n#include "prefs/colorpicker/picker.h"')
 
+    def test_a_generated_header_counts_as_part_of_its_module(self):
+        self.allows("prefs/pages/a.cpp", '#include "prefs/keys.h"')
+        self.rejects("platform/uikit/a.cpp", '#include "prefs/keys.h"', "may not know prefs/core")
+
     def test_pages_may_know_profiles(self):
         self.allows("prefs/pages/a.cpp", '#include "prefs/profiles/profile.h"')
 

@@ -151,8 +151,7 @@ TEST_F(DeviceRootTest, PathWithNulIsRefused) {
 
 TEST_F(DeviceRootTest, ErrorNamesPathAndReason) {
   EXPECT_EQ(root.read("/var/x").error().message(), "/var/x: No such file or directory");
-  EXPECT_EQ((FileError{"/x", EDQUOT, "rename"}.message()), "/x: rename: Disk quota exceeded");
-  EXPECT_EQ((FileError{"/x", ENOSYS}.message()),
+  EXPECT_EQ((platform::Error{"/x", ENOSYS}.message()),
             "/x: the kernel is too old (Linux 5.6 or later is needed)");
 }
 
@@ -220,7 +219,7 @@ TEST_F(DeviceRootTest, RemovesAFileAndALinkButNotItsTarget) {
   EXPECT_TRUE(root.remove("/folder/link"));
   EXPECT_EQ(read("/folder/file"), "text");
   EXPECT_TRUE(root.remove("/folder/file"));
-  EXPECT_TRUE(root.remove("/folder/"));
+  EXPECT_TRUE(root.remove("/folder/", Folders::Remove));
   EXPECT_THAT(folder.names("/"), IsEmpty());
 }
 
@@ -230,9 +229,18 @@ TEST_F(DeviceRootTest, RemovesAFolderWithAllThatItHoldsAndNothingThatItsLinksLea
   folder.write("/folder/.hidden", "");
   ASSERT_EQ(mkfifo(folder.at("/folder/fifo").c_str(), 0600), 0);
   fs::create_symlink("../kept", folder.at("/folder/link"));
-  EXPECT_TRUE(root.remove("/folder"));
+  EXPECT_TRUE(root.remove("/folder", Folders::Remove));
   EXPECT_THAT(folder.names("/"), ElementsAre("kept"));
   EXPECT_EQ(read("/kept/file"), "text");
+}
+
+TEST_F(DeviceRootTest, RemovesNoFolderUnlessAsked) {
+  folder.write("/folder/file", "text");
+  fs::create_directory(folder.at("/empty"));
+  EXPECT_EQ(root.remove("/folder").error().message(), "/folder: Is a directory");
+  EXPECT_EQ(root.remove("/empty").error().code, EISDIR);
+  EXPECT_EQ(read("/folder/file"), "text");
+  EXPECT_THAT(folder.names("/"), UnorderedElementsAre("empty", "folder"));
 }
 
 TEST_F(DeviceRootTest, RemovingAFolderSaysWhyItCouldNot) {
@@ -241,7 +249,7 @@ TEST_F(DeviceRootTest, RemovingAFolderSaysWhyItCouldNot) {
     DeviceRoot locked(own.path());
     own.write("/folder/inner/file", "");
     fs::permissions(own.at("/folder/inner"), fs::perms(0500));
-    const auto removed = locked.remove("/folder");
+    const auto removed = locked.remove("/folder", Folders::Remove);
     fs::permissions(own.at("/folder/inner"), fs::perms(0700));
     return !removed && removed.error().code == EACCES && removed.error().path == "/folder";
   }));
@@ -296,25 +304,13 @@ TEST_F(DeviceRootTest, WriteReplacesALinkNotItsTarget) {
   EXPECT_EQ(read("/link", Links::Refuse), "new");
 }
 
-TEST_F(DeviceRootTest, WriteReplacesAFolderWithAllThatItHolds) {
+TEST_F(DeviceRootTest, WriteReplacesNoFolder) {
   folder.write("/folder/inner/file", "old");
-  ASSERT_TRUE(root.writeDurably("/folder", bytesOf("new")));
-  EXPECT_EQ(read("/folder"), "new");
-  EXPECT_EQ(modeOf(folder.at("/folder")), 0600u);
-  EXPECT_THAT(folder.names("/"), ElementsAre("folder"));
-}
-
-TEST_F(DeviceRootTest, FolderThatCannotGoKeepsItsName) {
-  EXPECT_TRUE(succeedsUnprivileged([] {
-    TemporaryRoot own;
-    DeviceRoot locked(own.path());
-    own.write("/a/folder/inner/file", "");
-    fs::permissions(own.at("/a/folder/inner"), fs::perms(0500));
-    const auto written = locked.writeDurably("/a/folder", bytesOf("x"));
-    fs::permissions(own.at("/a/folder/inner"), fs::perms(0700));
-    return !written && written.error().code == EACCES && own.names("/a").size() == 1 &&
-           fs::exists(own.at("/a/folder/inner/file"));
-  }));
+  fs::create_directory(folder.at("/empty"));
+  for (const char* taken : {"/folder", "/empty"})
+    EXPECT_EQ(root.writeDurably(taken, bytesOf("new")).error().code, EISDIR) << taken;
+  EXPECT_EQ(read("/folder/inner/file"), "old");
+  EXPECT_THAT(folder.names("/"), UnorderedElementsAre("empty", "folder"));
 }
 
 TEST_F(DeviceRootTest, WriteNeverLeavesTheRoot) {

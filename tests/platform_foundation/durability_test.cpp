@@ -70,14 +70,6 @@ TEST_F(Durability, FailedFlushOfTheFolderIsToldThoughTheNewFileIsThere) {
   EXPECT_EQ(folder.contents("/folder/file"), "new");
 }
 
-TEST_F(Durability, FolderThatIsReplacedIsReplacedDurably) {
-  folder.write("/folder/file/inner", "");
-  systemCalls().log.clear();
-  ASSERT_TRUE(root.writeDurably("/folder/file", bytesOf("new")));
-  EXPECT_THAT(systemCalls().log, ElementsAre("fsync *", "rename * file", "fsync folder"));
-  EXPECT_THAT(folder.names("/folder"), ElementsAre("file"));
-}
-
 TEST_F(Durability, TemporaryNamesAreRandom) {
   folder.write("/folder/file", "");
   const auto directory = root.openDirectory("/folder");
@@ -170,6 +162,17 @@ TEST_F(Durability, FlushThatFailsIsToldAndTriedAgain) {
   takeLog();
   EXPECT_TRUE(preferences.synchronize());
   EXPECT_THAT(takeLog(), SizeIs(2));
+}
+
+TEST_F(Durability, SetWhoseLockFileCanNotBeLookedAtFailsAtOnce) {
+  storeElsewhere("a", 1);
+  systemCalls().failFstat = true;
+  const auto set = preferences.setAppValue("a", 2, kDomain);
+  systemCalls().failFstat = false;
+  ASSERT_FALSE(set);
+  EXPECT_EQ(set.error().message(),
+            std::string(kFolder) + "/.com.zorvek.quorvantis.plist.lock: lock: Input/output error");
+  EXPECT_EQ(stored("a"), Value(1));
 }
 
 TEST_F(Durability, RewriteInPlaceWithinATickIsSeen) {

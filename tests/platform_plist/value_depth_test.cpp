@@ -77,5 +77,17 @@ TEST(DeepValue, DiffersWhereItIsDeepest) {
   EXPECT_FALSE(a == b);
 }
 
+TEST(DeepValue, IsMadeStorable) {
+  const auto inBoth = [](Value value) {
+    Array array;
+    array.push_back(Uid{1});
+    array.push_back(inDictionary(std::move(value)));
+    return Value(std::move(array));
+  };
+  const auto kept = storable(nested(inBoth));
+  ASSERT_TRUE(kept);
+  EXPECT_EQ(kept->array()->size(), 1u);
+}
+
 }  // namespace
 }  // namespace plist

@@ -70,11 +70,44 @@ TEST_F(ProfileManager, PointsNowhereForARowThatIsNotBuilt) {
 }
 
 TEST_F(ProfileManager, DoesNothingOnCancel) {
+  seed::profile(device, "5");
+  page->saveProfileBtn();
+  pick("Battery 7%");
+  press("Cancel");
   page->showProfileManagerBar();
   press("Cancel");
   EXPECT_EQ(onScreen(), 0u);
+  waitForRelease();
+  EXPECT_EQ(page->pickerViewNumberOfRowsInComponent(nullptr, 0), 108) << "nothing was released";
+  EXPECT_EQ(device.root.contentsOfDirectory(kDocuments)->size(), 1u);
   EXPECT_TRUE(device.domain().empty());
   EXPECT_TRUE(device.events.empty());
+  EXPECT_TRUE(device.problems.empty());
+}
+
+// A page that counts what its alerts report to it.
+struct Delegate : ProfilesListController {
+  using ProfilesListController::ProfilesListController;
+  void alertViewClickedButtonAtIndex(uikit::AlertView* alert, int index) override {
+    clicks.emplace_back(alert->title, index);
+  }
+  std::vector<std::pair<std::string, int>> clicks;
+};
+
+TEST_F(ProfileManager, IsTheDelegateOfEveryAlert) {
+  seed::profile(device, "5");
+  const auto delegate = std::make_shared<Delegate>(device.environment);
+  delegate->showInfoAlertWithTitleMessage("Info", "");
+  press("Ok");
+  delegate->showActionAlertWithTitleMessageButtonTag("Action", "", "Go", 1);
+  press("Go");
+  delegate->saveProfileBtn();
+  press("Cancel");
+  delegate->loadProfileBtn();
+  press("Load");
+  const std::vector<std::pair<std::string, int>> expected = {
+      {"Info", 0}, {"Action", 1}, {"Save profile", 0}, {"Load profile", 1}};
+  EXPECT_EQ(delegate->clicks, expected);
 }
 
 TEST_F(ProfileManager, OpensThePickerOfEachAction) {
@@ -115,7 +148,7 @@ TEST_F(ProfileManager, SaysThatThereAreNoProfilesWithoutTheFolder) {
   EXPECT_FALSE(device.root.exists(kDocuments));
 }
 
-TEST_F(ProfileManager, TellsTheHostWhyTheFolderCannotBeListed) {
+TEST_F(ProfileManager, ReportsWhyTheFolderCannotBeListed) {
   seed::noFolder(device);
   page->loadProfileBtn();
   expectInfo("Error", "No profiles found");
@@ -139,6 +172,11 @@ TEST_F(ProfileManager, CountsEveryEntryOfTheFolderNotOnlyProfiles) {
     EXPECT_EQ(picker().selectedRowInComponent(0), -1);
     press(action);
     EXPECT_EQ(onScreen(), 0u) << "a confirmation without a row closes it";
+    ASSERT_EQ(device.problems.size(), 1u);
+    EXPECT_EQ(device.problems[0], action == std::string("Load")
+                                      ? "nothing was loaded: the picker has no row -1"
+                                      : "nothing was deleted: the picker has no row -1");
+    device.problems.clear();
   }
   EXPECT_TRUE(device.domain().empty());
   EXPECT_TRUE(device.events.empty());
@@ -227,7 +265,7 @@ TEST_F(ProfileManager, OverwritesAnEventsProfile) {
              "overwritten!");
 }
 
-TEST_F(ProfileManager, DoesNothingWhenTheListsWereReleasedBeforeTheConfirmation) {
+TEST_F(ProfileManager, ReportsThatNothingWasSavedWhenTheListsWereReleasedBeforeTheConfirmation) {
   seed::profile(device, "7");
   choose("Save", "Battery 5%");
   press("Ok");
@@ -239,6 +277,8 @@ TEST_F(ProfileManager, DoesNothingWhenTheListsWereReleasedBeforeTheConfirmation)
   device.events.clear();
   press("Overwrite");
   EXPECT_EQ(onScreen(), 0u);
+  ASSERT_EQ(device.problems.size(), 1u);
+  EXPECT_TRUE(device.problems[0].starts_with("nothing was saved: ")) << device.problems[0];
   EXPECT_EQ(Value(device.domain()), before);
   EXPECT_EQ(*device.root.read(profilePath(7)), file);
   EXPECT_TRUE(device.events.empty());
@@ -287,7 +327,7 @@ TEST_F(ProfileManager, LoadsNothingFromAFileThatWasDamagedMeanwhile) {
   EXPECT_NE(device.problems[0].find("profile_20.qvx"), std::string::npos) << device.problems[0];
 }
 
-TEST_F(ProfileManager, LoadsAFileThatWentMeanwhileAsAnEmptyProfileAndTellsTheHost) {
+TEST_F(ProfileManager, LoadsAFileThatWentMeanwhileAsAnEmptyProfileAndReportsThat) {
   seed::profile(device, "5");
   device.store("wifi", 2);
   page->showProfileManagerBar();
@@ -349,7 +389,60 @@ TEST_F(ProfileManager, SaysThatItDeletedEvenWhatWasGone) {
   std::filesystem::remove(device.at(profilePath(5)));
   press("Delete");
   expectInfo("Done", "The profile Battery 5% was successfully deleted!");
-  EXPECT_EQ(device.problems.size(), 1u) << "the host is told";
+  EXPECT_EQ(device.problems, std::vector<std::string>{"not deleted: " + profilePath(5) +
+                                                      ": No such file or directory"});
+}
+
+TEST_F(ProfileManager, DeletesNoFolderAndReportsThat) {
+  seed::profile(device, "5");
+  page->deleteProfileBtn();
+  std::filesystem::remove(device.at(profilePath(5)));
+  std::filesystem::create_directories(device.at(profilePath(5)) / "inner");
+  press("Delete");
+  expectInfo("Done", "The profile Battery 5% was successfully deleted!");
+  EXPECT_EQ(device.problems,
+            std::vector<std::string>{"not deleted: " + profilePath(5) + ": Is a directory"});
+  EXPECT_TRUE(std::filesystem::is_directory(device.at(profilePath(5)) / "inner"));
+}
+
+TEST_F(ProfileManager, OverwritesNoFolderAndReportsThat) {
+  std::filesystem::create_directories(device.at(profilePath(7)) / "inner");
+  choose("Save", "Battery 7%");
+  press("Overwrite");
+  expectInfo(
+      "Success",
+      "The settings for the battery profile trigger - Battery 7% - were successfully overwritten!");
+  ASSERT_EQ(device.problems.size(), 1u);
+  EXPECT_TRUE(device.problems[0].starts_with("not saved: " + profilePath(7)));
+  EXPECT_TRUE(std::filesystem::is_directory(device.at(profilePath(7)) / "inner"));
+}
+
+TEST_F(ProfileManager, SavesNothingWhileTheSettingsCannotBeReadAndReportsThat) {
+  seed::archive(device, "profile_7.qvx",
+                plist::Dictionary{{"profilepercentage", "7"}, {"wifi", 2}});
+  const auto good = *device.root.read(profilePath(7));
+  device.damageDomain();
+  const auto damaged = *device.root.read(device.kDomainFile);
+  const auto expectNotSaved = [&] {
+    ASSERT_FALSE(device.problems.empty());
+    EXPECT_TRUE(device.problems.back().starts_with("not saved: the settings can't be read: "))
+        << device.problems.back();
+    device.problems.clear();
+    press("Ok");
+  };
+  choose("Save", "Battery 7%");
+  press("Overwrite");
+  expectInfo(
+      "Success",
+      "The settings for the battery profile trigger - Battery 7% - were successfully overwritten!");
+  expectNotSaved();
+  choose("Save", "Battery 8%");
+  expectInfo("Success",
+             "The current settings were successfully saved as a profile for trigger: Battery 8%");
+  expectNotSaved();
+  EXPECT_EQ(*device.root.read(profilePath(7)), good);
+  EXPECT_FALSE(device.root.hasEntry(profilePath(8)));
+  EXPECT_EQ(*device.root.read(device.kDomainFile), damaged);
 }
 
 TEST_F(ProfileManager, SaysThatItSavedEvenIfItCouldNot) {
@@ -357,7 +450,54 @@ TEST_F(ProfileManager, SaysThatItSavedEvenIfItCouldNot) {
   choose("Save", "Battery 7%");
   expectInfo("Success",
              "The current settings were successfully saved as a profile for trigger: Battery 7%");
-  EXPECT_EQ(device.problems.size(), 1u) << "the host is told";
+  ASSERT_EQ(device.problems.size(), 1u);
+  EXPECT_TRUE(device.problems[0].starts_with("not saved: /var/mobile/Documents"));
+}
+
+TEST_F(ProfileManager, SaysSuccessAsTheFlagHasIt) {
+  page->saveProfileBtn();
+  press("Cancel");
+  page->saveProfileOverwriteIfExists(6, true);
+  expectInfo("Success",
+             "The settings for the battery profile trigger - Battery 7% - were successfully "
+             "overwritten!");
+}
+
+TEST_F(ProfileManager, OverwritesTheRowThatWasConfirmedWhereverThePickerStands) {
+  seed::profile(device, "7");
+  page->saveProfileBtn();
+  uikit::PickerView& own = picker();
+  pick("Battery 7%");
+  press("Save");
+  ASSERT_TRUE(own.turn(20, 0));
+  press("Overwrite");
+  expectInfo(
+      "Success",
+      "The settings for the battery profile trigger - Battery 7% - were successfully overwritten!");
+  EXPECT_EQ(device.root.contentsOfDirectory(kDocuments)->size(), 1u);
+}
+
+TEST_F(ProfileManager, StopsBeforeItsListsChangeWhenThereAreNoProfiles) {
+  page->saveProfileBtn();
+  press("Cancel");
+  page->loadProfileBtn();
+  expectInfo("Error", "No profiles found");
+  EXPECT_EQ(page->pickerViewNumberOfRowsInComponent(nullptr, 0), 108);
+}
+
+TEST_F(ProfileManager, TakesATagOfItsOwnForALoadsNotASaves) {
+  page->showPickerAlertWithTileMessageBtnNameTag("Title", "Message", "Go", 7);
+  expectInfo("Error", "No profiles found");
+  press("Ok");
+  seed::profile(device, "9");
+  device.store("profilepercentage", "20");
+  page->showPickerAlertWithTileMessageBtnNameTag("Title", "Message", "Go", 7);
+  EXPECT_EQ(topmost().tag, 7);
+  EXPECT_EQ(picker().titlesInComponent(0), std::vector<std::string>{"Battery 9%"});
+  EXPECT_EQ(picker().selectedRowInComponent(0), 0);
+  press("Go");
+  EXPECT_EQ(onScreen(), 0u);
+  EXPECT_TRUE(device.events.empty());
 }
 
 TEST_F(ProfileManager, DoesNothingOnCancelOfAPicker) {

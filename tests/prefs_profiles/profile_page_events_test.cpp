@@ -8,6 +8,7 @@ using plist::Value;
 using Events = std::vector<std::string>;
 
 const std::string kPrefs = "darwin com.zorvek.quorvantis.prefs";
+const std::string kProfile = "darwin com.zorvek.quorvantis.profile";
 const std::string kReload = "local com.zorvek.quorvantis.reloadSpecifiers ProfilesListController";
 
 class ProfilePageEvents : public profiles_test::ProfilePage {
@@ -36,11 +37,11 @@ TEST_F(ProfilePageEvents, AnOverwritePostsOneReload) {
   EXPECT_TRUE(rebuilt());
 }
 
-TEST_F(ProfilePageEvents, ALoadPostsThePrefsOnceAndThenTheReload) {
+TEST_F(ProfilePageEvents, ALoadSetsTheSwitchThenPostsThePrefsOnceAndThenTheReload) {
   seed::profile(device, "5");
   rebuilt();
   choose("Load", "Battery 5%");
-  EXPECT_EQ(device.events, (Events{kPrefs, kReload}));
+  EXPECT_EQ(device.events, (Events{kProfile, kPrefs, kReload}));
   EXPECT_TRUE(rebuilt());
 }
 
@@ -57,8 +58,8 @@ TEST_F(ProfilePageEvents, AtThePrefsPostTheStoreHasAllNewValuesAndTheRowsAreOld)
   page->specifierForID("profileactive")->setPropertyForKey(true, "seen");
   int posts = 0;
   device.darwinCenter.hook = [&](const std::string& name) {
+    if (name != "com.zorvek.quorvantis.prefs") return;
     ++posts;
-    EXPECT_EQ(name, "com.zorvek.quorvantis.prefs");
     EXPECT_EQ(device.stored("wifi"), Value(2));
     EXPECT_EQ(device.stored("profilepercentage"), Value("20"));
     EXPECT_EQ(device.stored("profileactive"), Value(0.0f)) << "the switch was set before";
@@ -105,6 +106,21 @@ TEST_F(ProfilePageEvents, TheListsAndThePickerAreReleasedHalfASecondLater) {
   EXPECT_EQ(page->pickerViewNumberOfRowsInComponent(nullptr, 0), 0);
 }
 
+struct Lists : ProfilesListController {
+  using ProfilesListController::lists_;
+  using ProfilesListController::ProfilesListController;
+};
+
+TEST_F(ProfilePageEvents, TheReleaseDropsTitlesAndPathsNotIDs) {
+  const auto lists = std::make_shared<Lists>(device.environment);
+  lists->saveProfileBtn();
+  lists->cleanUpPickerAndRelodSpecifers();
+  waitForRelease();
+  EXPECT_TRUE(lists->lists_.profileNameArray.empty());
+  EXPECT_TRUE(lists->lists_.fileNameArray.empty());
+  EXPECT_EQ(lists->lists_.profileIDArray.size(), 108u);
+}
+
 TEST_F(ProfilePageEvents, ThePickerIsKeptByThePageAloneAndGoesAtTheRelease) {
   page->saveProfileBtn();
   const std::weak_ptr<uikit::PickerView> watch =
@@ -125,6 +141,9 @@ TEST_F(ProfilePageEvents, TheReleaseTakesWhatIsCurrentThen) {
   EXPECT_EQ(picker().numberOfRowsInComponent(0), 0);
   press("Save");
   EXPECT_EQ(onScreen(), 0u) << "closed, and nothing done";
+  EXPECT_EQ(device.problems,
+            std::vector<std::string>{"nothing was saved: the picker's rows were dropped after the "
+                                     "last change; open it again"});
   EXPECT_EQ(device.root.contentsOfDirectory(kDocuments)->size(), 1u);
 }
 
@@ -139,6 +158,10 @@ TEST_F(ProfilePageEvents, AConfirmationAfterTheReleaseDoesNothingOnAnyPicker) {
     press(action);
     EXPECT_EQ(onScreen(), 0u);
     EXPECT_TRUE(device.events.empty());
+    ASSERT_EQ(device.problems.size(), 1u);
+    EXPECT_TRUE(device.problems[0].starts_with(
+        action == std::string("Load") ? "nothing was loaded: " : "nothing was deleted: "));
+    device.problems.clear();
   }
   EXPECT_TRUE(device.domain().empty());
   EXPECT_TRUE(device.root.exists(profilePath(5)));
@@ -173,7 +196,7 @@ TEST_F(ProfilePageEvents, AnAlertOnScreenKeepsNoPage) {
   EXPECT_EQ(onScreen(), 0u);
 }
 
-TEST_F(ProfilePageEvents, ALoadByPathTellsWhyItWasRefused) {
+TEST_F(ProfilePageEvents, ALoadByPathSaysWhyItWasRefused) {
   seed::write(device, "profile_5.qvx", {'j', 'u', 'n', 'k'});
   auto refused = page->loadProfileAtPath(profilePath(5));
   ASSERT_FALSE(refused);
@@ -181,7 +204,7 @@ TEST_F(ProfilePageEvents, ALoadByPathTellsWhyItWasRefused) {
   EXPECT_TRUE(device.events.empty());
   seed::profile(device, "6");
   EXPECT_TRUE(page->loadProfileAtPath(profilePath(6)));
-  EXPECT_EQ(device.events, (Events{kPrefs, kReload}));
+  EXPECT_EQ(device.events, (Events{kProfile, kPrefs, kReload}));
 }
 
 // Another page that keeps in step.

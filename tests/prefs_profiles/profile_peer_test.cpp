@@ -38,4 +38,24 @@ TEST_F(ProfilePeer, ReadsTheSameDictionaryWithNumbersOfTheSameKind) {
   EXPECT_EQ(outputOf(PYTHON " -B " READ_ARCHIVE " " + file), lines);
 }
 
+TEST_F(ProfilePeer, ReadsTheDomainAfterALoadOfAForeignArchiveAndALaterSave) {
+  seed::archive(device, "profile_20.qvx",
+                plist::Dictionary{{"profilepercentage", "20"},
+                                  {"wifi", plist::Set{{1, 2}}},
+                                  {"vpn", plist::Value()},
+                                  {"dnd", plist::Array{plist::Set{{"a"}}, plist::Value(), 1}},
+                                  {"siri", plist::Dictionary{{"inner", plist::Value()}}}});
+  const std::string file = device.at(device.kDomainFile).string();
+  const std::string print =
+      PYTHON
+      " -B -c \"import plistlib, sys; d = plistlib.load(open(sys.argv[1], 'rb'));"
+      " print([d[k] for k in ('wifi', 'vpn', 'dnd', 'siri', 'profilepercentage')])\" " +
+      file;
+  choose("Load", "Battery 20%");
+  EXPECT_EQ(outputOf(print), "[0, 0, [1], {}, '20']\n");
+  choose("Save", "Battery 21%");
+  EXPECT_TRUE(device.problems.empty());
+  EXPECT_EQ(outputOf(print), "[0, 0, [1], {}, '21']\n");
+}
+
 }  // namespace

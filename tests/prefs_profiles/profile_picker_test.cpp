@@ -18,6 +18,21 @@ TEST_F(ProfilePicker, HasItsFrameItsOwnerAndItsIndicator) {
   EXPECT_EQ(picker().numberOfComponents(), 1);
 }
 
+TEST_F(ProfilePicker, IsAttachedAndTaggedBeforeItIsShownAndTurnedAfterwards) {
+  device.store("profilepercentage", "20");
+  int shown = 0;
+  device.screen.setObserver([&] {
+    ++shown;
+    EXPECT_EQ(topmost().tag, 224);
+    ASSERT_NE(topmost().picker(), nullptr);
+    EXPECT_EQ(picker().selectedRowInComponent(0), 0);
+  });
+  page->saveProfileBtn();
+  device.screen.setObserver({});
+  EXPECT_EQ(shown, 1);
+  EXPECT_EQ(picker().selectedRowInComponent(0), 19);
+}
+
 TEST_F(ProfilePicker, OffersAll108TriggersForASaveEvenWithoutAFolder) {
   page->saveProfileBtn();
   const auto titles = picker().titlesInComponent(0);
@@ -100,7 +115,7 @@ TEST_F(ProfilePicker, ShowsAProfileWithoutATriggerAsNull) {
   EXPECT_EQ(picker().titlesInComponent(0), (std::vector<std::string>{"Battery (null)%"}));
 }
 
-TEST_F(ProfilePicker, LeavesOutWhatIsNoProfileAndTellsTheHost) {
+TEST_F(ProfilePicker, LeavesOutWhatIsNoProfileAndReportsThat) {
   seed::profile(device, "5");
   seed::write(device, "profile_1.qvx", {'j', 'u', 'n', 'k'});
   std::filesystem::create_directory(device.at(profilePath(2)));

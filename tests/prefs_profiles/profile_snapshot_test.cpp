@@ -146,18 +146,73 @@ TEST_F(ProfileSave, SeesWhatAnotherProcessStored) {
 TEST_F(ProfileSave, RemembersTheTriggerEvenIfTheFileCannotBeWritten) {
   seed::noFolder(device);
   const SaveResult result = save("5", Existing::Overwrite);
+  EXPECT_EQ(result.outcome, SaveOutcome::NotWritten);
   EXPECT_NE(result.failure.find("/var/mobile/Documents"), std::string::npos) << result.failure;
   EXPECT_EQ(device.stored("profilepercentage"), Value("5"));
 }
 
-TEST_F(ProfileSave, TakesTheNameOfWhateverIsThereForAFile) {
-  std::filesystem::create_directories(device.at(profilePath(5)) / "inner");
+TEST_F(ProfileSave, TakesTheNameOfALinkThatLeadsNowhereForAFile) {
+  seed::profile(device, "5");
   std::filesystem::create_symlink("nowhere", device.at(profilePath(6)));
+  EXPECT_EQ(save("6", Existing::Keep).outcome, SaveOutcome::Exists);
+  EXPECT_EQ(save("6", Existing::Overwrite).outcome, SaveOutcome::Overwritten);
+  EXPECT_EQ(*device.profile("6").find("profilepercentage"), Value("6"));
+}
+
+TEST_F(ProfileSave, OverwritesNoFolder) {
+  std::filesystem::create_directories(device.at(profilePath(5)) / "inner");
+  std::filesystem::create_directories(device.at(profilePath(6)));
   for (const char* taken : {"5", "6"}) {
     EXPECT_EQ(save(taken, Existing::Keep).outcome, SaveOutcome::Exists);
-    EXPECT_EQ(save(taken, Existing::Overwrite).outcome, SaveOutcome::Overwritten);
-    EXPECT_EQ(device.profile(taken).find("profilepercentage")->text()->front(), taken[0]);
+    const SaveResult result = save(taken, Existing::Overwrite);
+    EXPECT_EQ(result.outcome, SaveOutcome::NotWritten);
+    EXPECT_NE(result.failure.find("Is a directory"), std::string::npos) << result.failure;
   }
+  EXPECT_TRUE(std::filesystem::is_directory(device.at(profilePath(5)) / "inner"));
+  EXPECT_TRUE(std::filesystem::is_directory(device.at(profilePath(6))));
+}
+
+TEST_F(ProfileSave, WritesNoDefaultsForSettingsThatCannotBeRead) {
+  seed::archive(device, "profile_5.qvx", Dictionary{{"profilepercentage", "5"}, {"wifi", 2}});
+  const auto good = *device.root.read(profilePath(5));
+  device.store("wifi", 1);
+  (void)device.preferences.copyAppValue("wifi", kDomain);
+  device.damageDomain();
+  const auto damaged = *device.root.read(device.kDomainFile);
+  for (const auto after : {AfterFailure::GoOn, AfterFailure::Stop}) {
+    const SaveResult overwritten = save("5", Existing::Overwrite, after);
+    EXPECT_EQ(overwritten.outcome, SaveOutcome::Unreadable);
+    EXPECT_TRUE(overwritten.failure.starts_with("the settings can't be read: "))
+        << overwritten.failure;
+    EXPECT_EQ(save("6", Existing::Keep, after).outcome, SaveOutcome::Unreadable);
+  }
+  EXPECT_EQ(*device.root.read(profilePath(5)), good);
+  EXPECT_EQ(*device.root.read(device.kDomainFile), damaged);
+  EXPECT_EQ(device.root.contentsOfDirectory(kDocuments)->size(), 1u);
+}
+
+TEST_F(ProfileSave, SaysThatTheDomainDoesNotNameTheTrigger) {
+  std::filesystem::create_directories(
+      device.at("/var/mobile/Library/Preferences/.com.zorvek.quorvantis.plist.lock"));
+  const SaveResult result = save("5");
+  EXPECT_EQ(result.outcome, SaveOutcome::NotRemembered);
+  EXPECT_NE(result.failure.find("lock"), std::string::npos) << result.failure;
+  EXPECT_EQ(*device.profile("5").find("profilepercentage"), Value("5"));
+}
+
+TEST_F(ProfileSave, LeavesOutWhatAPropertyListCannotHold) {
+  // As a store of another implementation may hold it: a set in its binary form.
+  const std::vector<std::uint8_t> bytes = {
+      'b', 'p', 'l', 'i', 's', 't', '0', '0', 0xD1, 1, 2, 0x54, 'w', 'i', 'f', 'i', 0xC0, 8,
+      11,  16,  0,   0,   0,   0,   0,   0,   1,    1, 0, 0,    0,   0,   0,   0,   0,    3,
+      0,   0,   0,   0,   0,   0,   0,   0,   0,    0, 0, 0,    0,   0,   0,   17};
+  const auto file = device.at(device.kDomainFile);
+  std::filesystem::create_directories(file.parent_path());
+  std::ofstream(file, std::ios::binary)
+      .write(reinterpret_cast<const char*>(bytes.data()), std::ssize(bytes));
+  ASSERT_NE(device.stored("wifi")->set(), nullptr);
+  save("5", Existing::Keep, AfterFailure::Stop);
+  EXPECT_EQ(*device.profile("5").find("wifi"), Value(0));
 }
 
 TEST_F(ProfileSave, CanStopWhereTheFileCannotBeWritten) {
@@ -166,7 +221,7 @@ TEST_F(ProfileSave, CanStopWhereTheFileCannotBeWritten) {
   EXPECT_TRUE(device.domain().empty());
 }
 
-TEST_F(ProfileLoad, LaysTheFilesValuesOverTheDomain) {
+TEST_F(ProfileLoad, SetsTheFilesValuesInTheDomain) {
   device.store("wifi", 1);
   device.store("alertmsg", "mine");
   device.store("color", "#FFFFFF");
@@ -246,13 +301,68 @@ TEST_F(ProfileLoad, TakesNilForNoValue) {
   EXPECT_EQ(device.stored("profilepercentage"), Value("9"));
 }
 
+TEST_F(ProfileLoad, TakesSetsAndUIDsForNoValueAllTheWayDown) {
+  device.store("profilepercentage", "9");
+  loadFile(Dictionary{{"profilepercentage", plist::Set{{"20"}}},
+                      {"custbright", plist::Set{{50}}},
+                      {"autoupdates", plist::Set{}},
+                      {"playsound", plist::Array{plist::Set{{1}}, "a", Value()}},
+                      {"dnd", Dictionary{{"set", plist::Set{{1}}}, {"kept", 1}}}});
+  EXPECT_EQ(device.stored("profilepercentage"), Value("9"));
+  EXPECT_EQ(device.stored("custbright"), Value(50));
+  EXPECT_EQ(device.stored("autoupdates"), std::nullopt);
+  EXPECT_EQ(device.stored("playsound"), Value(plist::Array{"a"}));
+  EXPECT_EQ(device.stored("dnd"), Value(Dictionary{{"kept", 1}}));
+  EXPECT_EQ(save("6").outcome, SaveOutcome::Saved);
+}
+
+// A file in XML, so that another process can store something just before it is read.
+class ProfileLoadOrder : public ProfileSnapshot {
+ protected:
+  void loadWhileAnotherStores(const std::string& key, const Value& value) {
+    const std::string archive =
+        "<plist version='1.0'><dict><key>$version</key><integer>100000</integer>"
+        "<key>$archiver</key><string>NSKeyedArchiver</string>"
+        "<key>$top</key><dict><key>root</key><dict><key>CF$UID</key><integer>1</integer></dict>"
+        "</dict><key>$objects</key><array><string>$null</string>"
+        "<dict><key>NS.keys</key><array/><key>NS.objects</key><array/><key>$class</key>"
+        "<dict><key>CF$UID</key><integer>2</integer></dict></dict>"
+        "<dict><key>$classname</key><string>NSDictionary</string><key>$classes</key><array>"
+        "<string>NSDictionary</string><string>NSObject</string></array></dict>"
+        "</array></dict></plist>";
+    seed::write(device, "profile_1.qvx", {archive.begin(), archive.end()});
+    device.realXml.atNextRead = [=, this] { device.store(key, value); };
+    ASSERT_TRUE(load("1"));
+    ASSERT_FALSE(device.realXml.atNextRead) << "the file was read";
+  }
+};
+
+TEST_F(ProfileLoadOrder, TheSnapshotIsTakenBeforeTheFileIsReadAndTheDomainIsWrittenWhole) {
+  device.store("color", "of the snapshot");
+  loadWhileAnotherStores("color", "of another process");
+  EXPECT_EQ(device.stored("color"), Value("of the snapshot"));
+}
+
+TEST_F(ProfileLoadOrder, KeysThatAreTakenOutOfTheSnapshotStayAsAnotherProcessSetsThem) {
+  for (const char* key : {"autoupdates", "profilepercentage"}) {
+    device.store(key, "of the snapshot");
+    loadWhileAnotherStores(key, "of another process");
+    EXPECT_EQ(device.stored(key), Value("of another process")) << key;
+  }
+}
+
+TEST_F(ProfileLoadOrder, KeysThatOnlyAnotherProcessSetsStay) {
+  loadWhileAnotherStores("color", "of another process");
+  EXPECT_EQ(device.stored("color"), Value("of another process"));
+}
+
 TEST_F(ProfileLoad, TakesNoKeyOutsideTheList) {
   loadFile(Dictionary{{"color", "none"}, {"enabled", false}});
   EXPECT_EQ(device.stored("color"), std::nullopt);
   EXPECT_EQ(device.stored("enabled"), std::nullopt);
 }
 
-TEST_F(ProfileLoad, TellsWhetherTheProfileIsActive) {
+TEST_F(ProfileLoad, SaysWhetherTheProfileIsActive) {
   EXPECT_TRUE(loadFile(Dictionary{}).active) << "the default";
   EXPECT_TRUE(loadFile(Dictionary{{"profileactive", 1}}).active);
   EXPECT_TRUE(loadFile(Dictionary{{"profileactive", -2}}).active);
@@ -311,15 +421,32 @@ TEST(ProfileDifferences, CompareNumbersByValue) {
   EXPECT_EQ(found[2].from, std::nullopt);
 }
 
-TEST_F(ProfileLoad, CanBeForetold) {
+TEST(ProfileDifferences, TakeWhatAPropertyListCannotHoldForAbsent) {
+  const auto found =
+      differences({{"a", plist::Set{}}, {"b", plist::Set{}}, {"c", 1}},
+                  {{"a", plist::Set{{1}}}, {"b", 1}, {"c", Value()}, {"d", Value()}});
+  ASSERT_EQ(found.size(), 2u);
+  EXPECT_EQ(found[0].key, "b");
+  EXPECT_EQ(found[0].from, std::nullopt);
+  EXPECT_EQ(found[1].key, "c");
+  EXPECT_EQ(found[1].to, std::nullopt);
+}
+
+TEST_F(ProfileLoad, SaysThatTheDomainCouldNotBeWritten) {
+  std::filesystem::create_directories(
+      device.at("/var/mobile/Library/Preferences/.com.zorvek.quorvantis.plist.lock"));
+  EXPECT_NE(loadFile(Dictionary{}).unstored.find("lock"), std::string::npos);
+}
+
+TEST_F(ProfileLoad, CanBePredicted) {
   device.store("autoupdates", 2);
   device.store("color", "none");
   const Dictionary profile{{"wifi", 1}, {"profileactive", 0}};
-  const Dictionary foretold = domainAfterLoad(profile, device.domain());
+  const Dictionary predicted = domainAfterLoad(profile, device.domain());
   loadFile(profile);
   Dictionary expected = device.domain();
   expected.set("profileactive", 0.0f);
-  EXPECT_EQ(Value(foretold), Value(expected));
+  EXPECT_EQ(Value(predicted), Value(expected));
 }
 
 }  // namespace

@@ -23,9 +23,11 @@ struct HookedDarwinCenter : platform::DarwinNotificationCenter {
 };
 
 struct RealXml : testing_support::NoXml {
-  platform::Result<plist::Value, std::string> read(plist::Bytes bytes) override {
+  platform::Result<plist::Value> read(plist::Bytes bytes) override {
+    if (atNextRead) std::exchange(atNextRead, {})();
     return services::readXml(bytes);
   }
+  std::function<void()> atNextRead;  // what another process does just before it
 };
 
 // A device that writes down all posts in order, cross-process and in-process ones.
@@ -61,6 +63,15 @@ class ProfilesDevice : public testing_support::TestDevice {
     foundation::Preferences another(root);
     EXPECT_TRUE(another.setAppValue(key, value, prefs::kDomain));
   }
+
+  // From now on the settings can't be read.
+  void damageDomain() {
+    const auto file = at(kDomainFile);
+    std::filesystem::create_directories(file.parent_path());
+    std::ofstream(file) << "neither binary nor XML";
+  }
+  static constexpr std::string_view kDomainFile =
+      "/var/mobile/Library/Preferences/com.zorvek.quorvantis.plist";
 
   std::filesystem::path at(std::string_view platformPath) const {
     return folder.path() + std::string(platformPath);

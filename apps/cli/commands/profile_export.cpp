@@ -13,7 +13,7 @@ Outcome<Done> exportProfile(Session& session, const std::string& trigger, const 
   const auto profile = readProfile(environment, trigger);
   if (!profile) return profile.error();
   const auto xml = environment.xml.write(*profile);
-  if (!xml) return Failure{ExitCode::Failed, xml.error()};
+  if (!xml) return Failure{ExitCode::Failed, xml.error().message()};
   if (file != kStandardOutput) return writeUserFile(file, *xml);
   std::string text(xml->begin(), xml->end());
   if (text.ends_with('\n')) text.pop_back();

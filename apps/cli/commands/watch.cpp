@@ -12,17 +12,17 @@ namespace {
 Outcome<Done> watch(Session& session, const std::vector<std::string>& names) {
   // Every name is written at once, so an interruption finds nothing to be done.
   for (const int signal : {SIGINT, SIGTERM}) std::signal(signal, [](int) { _exit(0); });
-  const auto& bus = services::bus();
-  if (!bus) return Failure{ExitCode::Failed, bus.error()};
+  const auto& bus = services::find<services::Bus>();
+  if (!bus) return Failure{ExitCode::Failed, bus.error().message()};
   auto listener = (*bus)->listen({names.begin(), names.end()});
-  if (!listener) return Failure{ExitCode::Failed, listener.error()};
+  if (!listener) return Failure{ExitCode::Failed, listener.error().message()};
   std::optional<Failure> unwritten;
   while (!unwritten) {
     const auto waited = (*listener)->wait([&](std::string_view name) {
       session.print(name);
       if (auto flushed = session.flush(); !flushed) unwritten = flushed.error();
     });
-    if (!waited) return Failure{ExitCode::Failed, waited.error()};
+    if (!waited) return Failure{ExitCode::Failed, waited.error().message()};
   }
   return *unwritten;
 }

@@ -1,0 +1,94 @@
+#include "host/profile_import.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "prefs/core/archive_file.h"
+#include "prefs/core/names.h"
+#include "prefs/profiles/profile_settings.h"
+#include "prefs/profiles/triggers.h"
+
+namespace host {
+namespace {
+
+using platform::Done;
+
+constexpr std::string_view kArchiver = "$archiver";  // in every keyed archive
+constexpr std::string_view kBinaryMagic = "bplist";
+
+ProfileFailure failure(ProfileFailure::Reason reason, std::string words) {
+  return {reason, {.source = Source::Profiles, .words = std::move(words)}};
+}
+
+ProfileFailure badValue(std::string_view key, const std::string& what) {
+  return failure(ProfileFailure::BadValue, "\"" + std::string(key) + "\" " + what);
+}
+
+platform::Result<plist::Value, std::string> readPropertyList(plist::Bytes bytes,
+                                                             platform::XmlPropertyLists& xml) {
+  const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+  if (!text.starts_with(kBinaryMagic)) {
+    auto list = xml.read(bytes);
+    if (!list) return list.error().message();
+    return std::move(*list);
+  }
+  auto list = plist::readBinary(bytes);
+  if (!list) return list.error().message();
+  return std::move(*list);
+}
+
+ProfileOutcome<plist::Dictionary> readValues(plist::Bytes bytes, platform::XmlPropertyLists& xml) {
+  auto list = readPropertyList(bytes, xml);
+  if (list && list->dictionary() && list->dictionary()->find(kArchiver))
+    list = prefs::unarchive(bytes, xml);
+  if (!list) return failure(ProfileFailure::Failed, list.error());
+  if (!list->dictionary()) return failure(ProfileFailure::BadValue, "not a profile: no dictionary");
+  return std::move(*list->dictionary());
+}
+
+bool isFinite(const plist::Value& value) {
+  const auto real = value.real();
+  return !real || std::isfinite(*real);
+}
+
+// A key that the table of defaults lacks is a number.
+bool wantsText(std::string_view key) {
+  const auto standard = prefs::profileDefault(key);
+  return key == prefs::kProfilePercentage || (standard && standard->text());
+}
+
+ProfileOutcome<Done> check(const plist::Dictionary& values,
+                           const std::vector<std::string_view>& keys) {
+  for (const auto& [key, value] : values) {
+    if (key != prefs::kProfilePercentage && std::ranges::find(keys, key) == keys.end())
+      return badValue(key, "is not a setting of a profile");
+    if (wantsText(key) && !value.text()) return badValue(key, "must be text");
+    if (!wantsText(key) && !value.isNumber()) return badValue(key, "must be a number");
+    if (!isFinite(value)) return badValue(key, "must be a finite number");
+  }
+  return Done{};
+}
+
+}  // namespace
+
+ProfileOutcome<ImportedProfile> readImport(plist::Bytes bytes, platform::XmlPropertyLists& xml) {
+  const auto values = readValues(bytes, xml);
+  if (!values) return values.error();
+  const auto keys = prefs::profileKeys();
+  const auto checked = check(*values, keys);
+  if (!checked) return checked.error();
+
+  const plist::Value* profileID = values->find(prefs::kProfilePercentage);
+  if (!profileID) return badValue(prefs::kProfilePercentage, "is missing");
+  const auto known = triggers();
+  const auto trigger = std::ranges::find(known, *profileID->text(), &Trigger::profileID);
+  if (trigger == known.end())
+    return badValue(prefs::kProfilePercentage, "is not the ID of a trigger");
+
+  plist::Dictionary profile{{std::string(prefs::kProfilePercentage), *profileID}};
+  for (std::string_view key : keys)
+    if (const plist::Value* value = values->find(key)) profile.set(key, *value);
+  return ImportedProfile{*trigger, std::move(profile)};
+}
+
+}  // namespace host

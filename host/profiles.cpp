@@ -1,0 +1,173 @@
+#include "host/profiles.h"
+
+#include <algorithm>
+#include <cerrno>
+
+#include "host/profile_import.h"
+#include "prefs/core/names.h"
+#include "prefs/core/preference_store.h"
+#include "prefs/profiles/ProfilesListController.h"
+#include "prefs/profiles/saved_profiles.h"
+#include "prefs/profiles/triggers.h"
+
+namespace host {
+namespace {
+
+using platform::Done;
+
+// The message without the path that it begins with, if it does.
+ProfileFailure failure(ProfileFailure::Reason reason, const std::string& path,
+                       std::string message) {
+  if (message.starts_with(path + ": ")) message.erase(0, path.size() + 2);
+  return {reason, {.source = Source::Profiles, .path = path, .words = std::move(message)}};
+}
+
+ProfileFailure failed(std::string message) {
+  return failure(ProfileFailure::Failed, "", std::move(message));
+}
+
+ProfileFailure noProfile(const Trigger& trigger) {
+  return failure(ProfileFailure::NoProfile, "", "no profile " + trigger.path);
+}
+
+ProfileFailure exists(const Trigger& trigger) {
+  return failure(ProfileFailure::Exists, "", trigger.path + " exists");
+}
+
+ProfileFailure failureOf(const Trigger& trigger, const prefs::ProfileError& error) {
+  if (error.missing) return noProfile(trigger);
+  return failure(ProfileFailure::Failed, trigger.path, error.message);
+}
+
+}  // namespace
+
+std::vector<Trigger> triggers() {
+  std::vector<Trigger> all;
+  for (const plist::Value& value : prefs::triggerValues()) {
+    const std::string& id = *value.text();
+    all.push_back({id, prefs::triggerTitle(id), prefs::profilePath(std::stoi(id))});
+  }
+  return all;
+}
+
+std::optional<Trigger> findTrigger(std::string_view text) {
+  for (Trigger& trigger : triggers())
+    if (trigger.profileID == text || trigger.title == text) return std::move(trigger);
+  return std::nullopt;
+}
+
+ProfileOutcome<std::vector<SavedProfile>> Profiles::list() {
+  auto saved = prefs::savedProfiles(environment_, prefs::TitleForm::WithDescription);
+  if (!saved.failure.empty()) return failed(saved.failure);
+  std::vector<SavedProfile> profiles;
+  for (std::size_t i = 0; i < saved.paths.size(); ++i)
+    profiles.push_back({std::move(saved.paths[i]), std::move(saved.titles[i])});
+  if (environment_.problemHandler)
+    for (const auto& [path, reason] : saved.skipped)
+      environment_.problemHandler(path + ": " + reason);
+  return profiles;
+}
+
+ProfileOutcome<plist::Dictionary> Profiles::read(const Trigger& trigger) {
+  auto profile = prefs::readProfile(environment_, trigger.path);
+  if (!profile) return failureOf(trigger, profile.error());
+  return std::move(*profile);
+}
+
+ProfileOutcome<Done> Profiles::checkFree(const Trigger& trigger, Existing existing) const {
+  if (existing == Existing::Keep && environment_.root.hasEntry(trigger.path))
+    return exists(trigger);
+  return Done{};
+}
+
+bool Profiles::restore(
+    const Trigger& trigger,
+    const platform::Result<std::vector<std::uint8_t>, foundation::FileError>& before) {
+  if (before) return static_cast<bool>(environment_.root.writeDurably(trigger.path, *before));
+  return before.error().code == ENOENT && static_cast<bool>(environment_.root.remove(trigger.path));
+}
+
+ProfileOutcome<Done> Profiles::save(const Trigger& trigger, Existing existing) {
+  if (const auto free = checkFree(trigger, existing); !free) return free;
+  // A change of nothing takes the lock and writes nothing. The file is written before the domain
+  // is, and what it replaces can't always be brought back: a lock that can't be had is better known
+  // now.
+  const auto writable = environment_.preferences.setMultiple({}, {}, prefs::kDomain);
+  if (!writable) return failed("not saved: " + writable.error().message());
+
+  const auto before = environment_.root.read(trigger.path, foundation::Links::Refuse);
+  const auto saved = prefs::saveProfile(environment_, trigger.profileID, trigger.path, existing,
+                                        prefs::AfterFailure::Stop);
+  switch (saved.outcome) {
+    case prefs::SaveOutcome::Saved:
+    case prefs::SaveOutcome::Overwritten:
+      return Done{};
+    case prefs::SaveOutcome::Exists:
+      return exists(trigger);
+    case prefs::SaveOutcome::NotRemembered:
+      if (restore(trigger, before)) return failed("not saved: " + saved.failure);
+      return failed("not remembered: " + saved.failure + "; the new profile stays at " +
+                    trigger.path);
+    case prefs::SaveOutcome::Unreadable:
+    case prefs::SaveOutcome::NotWritten:
+      return failed("not saved: " + saved.failure);
+  }
+  return Done{};
+}
+
+ProfileOutcome<Done> Profiles::load(const Trigger& trigger) {
+  if (const auto profile = read(trigger); !profile) return profile.error();
+  const auto page = std::make_shared<prefs::ProfilesListController>(environment_);
+  page->viewDidLoad();
+  const auto loaded = page->loadProfileAtPath(trigger.path);
+  if (!loaded) return failureOf(trigger, loaded.error());
+  if (!loaded->unstored.empty()) return failed("not loaded: " + loaded->unstored);
+  return Done{};
+}
+
+ProfileOutcome<Done> Profiles::remove(const Trigger& trigger, Folders folders) {
+  const auto removed = prefs::deleteProfile(environment_, trigger.path, folders);
+  if (removed) return Done{};
+  const int code = removed.error().code;
+  if (code == ENOENT) return noProfile(trigger);
+  return failure(code == EISDIR ? ProfileFailure::IsFolder : ProfileFailure::Failed, trigger.path,
+                 removed.error().message());
+}
+
+ProfileOutcome<std::vector<prefs::Difference>> Profiles::changesOfLoad(const Trigger& trigger) {
+  const auto profile = read(trigger);
+  if (!profile) return profile.error();
+  if (const auto readable = environment_.preferences.refresh(prefs::kDomain); !readable)
+    return failed(readable.error().message());
+  const plist::Dictionary domain = prefs::wholeDomainRead(environment_.preferences);
+  return prefs::differences(domain, prefs::domainAfterLoad(*profile, domain));
+}
+
+ProfileOutcome<std::vector<prefs::Difference>> Profiles::differences(const Trigger& one,
+                                                                     const Trigger& other) {
+  const auto from = read(one);
+  if (!from) return from.error();
+  const auto to = read(other);
+  if (!to) return to.error();
+  return prefs::differences(*from, *to);
+}
+
+ProfileOutcome<std::vector<std::uint8_t>> Profiles::exportXml(const Trigger& trigger) {
+  const auto profile = read(trigger);
+  if (!profile) return profile.error();
+  auto xml = environment_.xml.write(*plist::storable(*profile));
+  if (!xml) return failed(xml.error().message());
+  return std::move(*xml);
+}
+
+ProfileOutcome<Trigger> Profiles::import(plist::Bytes bytes, Existing existing) {
+  const auto imported = readImport(bytes, environment_.xml);
+  if (!imported) return imported.error();
+  const auto& [trigger, values] = *imported;
+  if (const auto free = checkFree(trigger, existing); !free) return free.error();
+  const auto written = prefs::writeProfile(environment_, trigger.path, values);
+  if (!written) return failed(written.error());
+  return trigger;
+}
+
+}  // namespace host

@@ -1,0 +1,181 @@
+#include "host/profiles.h"
+
+#include "tests/platform_foundation/system_calls.h"
+#include "tests/prefs_profiles/profiles_device.h"
+
+namespace {
+
+using host::ProfileFailure;
+using host::Profiles;
+using plist::Value;
+using Existing = Profiles::Existing;
+using Folders = Profiles::Folders;
+using Calls = std::vector<std::string>;
+
+constexpr const char* kLock = "/var/mobile/Library/Preferences/.com.zorvek.quorvantis.plist.lock";
+
+class HostProfiles : public testing::Test {
+ protected:
+  HostProfiles() { calls() = {}; }
+
+  static foundation::test::SystemCalls& calls() { return foundation::test::systemCalls(); }
+  static host::Trigger trigger(const std::string& id) { return *host::findTrigger(id); }
+  std::vector<std::uint8_t> file(const std::string& id) {
+    const auto bytes = device.root.read(trigger(id).path);
+    return bytes ? *bytes : std::vector<std::uint8_t>();
+  }
+  template <class T>
+  static ProfileFailure failureOf(const host::ProfileOutcome<T>& outcome) {
+    EXPECT_FALSE(outcome);
+    return outcome ? ProfileFailure{} : outcome.error();
+  }
+
+  profiles_test::ProfilesDevice device;
+  Profiles profiles{device.environment};
+};
+
+TEST_F(HostProfiles, FindsATriggerByIDOrTitle) {
+  EXPECT_EQ(host::triggers().size(), 108u);
+  EXPECT_EQ(trigger("101").title, "Charging started");
+  EXPECT_EQ(trigger("Battery 7%").path, prefs::profilePath(7));
+  EXPECT_EQ(host::findTrigger("103"), std::nullopt);
+  EXPECT_EQ(host::findTrigger(""), std::nullopt);
+}
+
+TEST_F(HostProfiles, SavesAndRemembers) {
+  device.store("wifi", 2);
+  EXPECT_TRUE(profiles.save(trigger("20"), Existing::Keep));
+  EXPECT_EQ(*device.profile("20").find("wifi"), Value(2));
+  EXPECT_EQ(device.stored("profilepercentage"), Value("20"));
+  EXPECT_EQ(failureOf(profiles.save(trigger("20"), Existing::Keep)).reason, ProfileFailure::Exists);
+}
+
+TEST_F(HostProfiles, ASaveWritesTheDomainOnceAfterTheFile) {
+  seed::profile(device, "5");
+  device.store("wifi", 2);
+  calls().log.clear();
+  EXPECT_TRUE(profiles.save(trigger("7"), Existing::Keep));
+  EXPECT_EQ(calls().log, (Calls{"fsync *", "rename * profile_7.qvx", "fsync Quorvantis",
+                                "rename * com.zorvek.quorvantis.plist",
+                                "fsync com.zorvek.quorvantis.plist", "fsync Preferences"}));
+}
+
+TEST_F(HostProfiles, ASaveOfWhatCannotBeReadChangesNothing) {
+  device.damageDomain();
+  seed::profile(device, "7");
+  const auto before = file("7");
+  const auto failure = failureOf(profiles.save(trigger("7"), Existing::Overwrite));
+  EXPECT_EQ(failure.reason, ProfileFailure::Failed);
+  EXPECT_TRUE(failure.problem.words.starts_with("not saved: the settings can't be read: "))
+      << failure.problem.words;
+  EXPECT_EQ(file("7"), before);
+}
+
+TEST_F(HostProfiles, ASaveWithoutTheLockChangesNothing) {
+  device.store("wifi", 2);
+  seed::profile(device, "5");
+  std::filesystem::create_symlink("nowhere", device.at(prefs::profilePath(7)));
+  std::filesystem::remove(device.at(kLock));
+  std::filesystem::create_directories(device.at(kLock));
+  EXPECT_FALSE(profiles.save(trigger("7"), Existing::Overwrite));
+  EXPECT_TRUE(std::filesystem::is_symlink(device.at(prefs::profilePath(7))));
+}
+
+TEST_F(HostProfiles, AFileIsAgainWhatItWasWhenTheDomainCannotBeWritten) {
+  device.store("wifi", 2);
+  seed::profile(device, "7", "Old");
+  const auto before = file("7");
+  for (const char* id : {"7", "8"}) {
+    calls().failRename = 2;  // the profile's, then the domain's
+    EXPECT_EQ(failureOf(profiles.save(trigger(id), Existing::Overwrite)).reason,
+              ProfileFailure::Failed);
+  }
+  EXPECT_EQ(file("7"), before);
+  EXPECT_FALSE(device.root.hasEntry(prefs::profilePath(8)));
+  EXPECT_EQ(device.stored("profilepercentage"), std::nullopt);
+}
+
+TEST_F(HostProfiles, ALinkThatCannotComeBackIsNamed) {
+  device.store("wifi", 2);
+  seed::profile(device, "5");
+  std::filesystem::create_symlink("profile_5.qvx", device.at(prefs::profilePath(7)));
+  calls().failRename = 2;
+  const auto failure = failureOf(profiles.save(trigger("7"), Existing::Overwrite));
+  EXPECT_NE(failure.problem.words.find("; the new profile stays"), std::string::npos)
+      << failure.problem.words;
+  EXPECT_EQ(*device.profile("7").find("wifi"), Value(2));
+}
+
+TEST_F(HostProfiles, ASaveAndAnImportOverwriteNoFolder) {
+  std::filesystem::create_directories(device.at(prefs::profilePath(7)) / "inner");
+  EXPECT_EQ(failureOf(profiles.save(trigger("7"), Existing::Overwrite)).reason,
+            ProfileFailure::Failed);
+  const auto list = *plist::writeBinary(plist::Dictionary{{"profilepercentage", "7"}});
+  const auto failure = failureOf(profiles.import(list, Existing::Overwrite));
+  EXPECT_EQ(failure.reason, ProfileFailure::Failed);
+  EXPECT_NE(failure.problem.words.find("Is a directory"), std::string::npos);
+  EXPECT_TRUE(std::filesystem::is_directory(device.at(prefs::profilePath(7)) / "inner"));
+  EXPECT_TRUE(device.domain().empty());
+}
+
+TEST_F(HostProfiles, RemovesAFolderOnlyWhenAsked) {
+  std::filesystem::create_directories(device.at(prefs::profilePath(7)) / "inner");
+  const auto refused = failureOf(profiles.remove(trigger("7"), Folders::Refuse));
+  EXPECT_EQ(refused.reason, ProfileFailure::IsFolder);
+  EXPECT_EQ(refused.problem.message(), prefs::profilePath(7) + ": Is a directory");
+  EXPECT_TRUE(std::filesystem::is_directory(device.at(prefs::profilePath(7)) / "inner"));
+  EXPECT_TRUE(profiles.remove(trigger("7"), Folders::Remove));
+  EXPECT_FALSE(device.root.hasEntry(prefs::profilePath(7)));
+  EXPECT_EQ(failureOf(profiles.remove(trigger("7"), Folders::Remove)).reason,
+            ProfileFailure::NoProfile);
+}
+
+TEST_F(HostProfiles, LoadsWithTheAnnouncementsOfThePage) {
+  seed::archive(device, "profile_20.qvx",
+                plist::Dictionary{{"profilepercentage", "20"}, {"wifi", 2}, {"profileactive", 0}});
+  EXPECT_TRUE(profiles.load(trigger("20")));
+  EXPECT_EQ(device.stored("wifi"), Value(2));
+  EXPECT_EQ(device.stored("profileactive"), Value(0.0f));
+  EXPECT_EQ(device.events,
+            (Calls{"darwin com.zorvek.quorvantis.prefs",
+                   "local com.zorvek.quorvantis.reloadSpecifiers ProfilesListController"}));
+}
+
+TEST_F(HostProfiles, ALoadSaysWhyItLoadedNothing) {
+  EXPECT_EQ(failureOf(profiles.load(trigger("20"))).reason, ProfileFailure::NoProfile);
+  seed::write(device, "profile_20.qvx", {'j', 'u', 'n', 'k'});
+  EXPECT_EQ(failureOf(profiles.load(trigger("20"))).problem.path, prefs::profilePath(20));
+  EXPECT_TRUE(device.events.empty());
+  seed::profile(device, "20");
+  std::filesystem::create_directories(device.at(kLock));
+  const auto failure = failureOf(profiles.load(trigger("20")));
+  EXPECT_EQ(failure.reason, ProfileFailure::Failed);
+  EXPECT_TRUE(failure.problem.words.starts_with("not loaded: ")) << failure.problem.words;
+}
+
+TEST_F(HostProfiles, ListsProfilesAndReportsWhatIsNot) {
+  seed::profile(device, "9", "Night");
+  seed::write(device, "profile_10.qvx", {'j', 'u', 'n', 'k'});
+  const auto list = profiles.list();
+  ASSERT_TRUE(list);
+  ASSERT_EQ(list->size(), 1u);
+  EXPECT_EQ(list->front().path, prefs::profilePath(9));
+  EXPECT_EQ(list->front().title, "Battery 9% - Night");
+  ASSERT_EQ(device.problems.size(), 1u);
+  EXPECT_TRUE(device.problems[0].starts_with(prefs::profilePath(10) + ": "));
+}
+
+TEST_F(HostProfiles, PredictsWhatALoadChanges) {
+  device.store("wifi", 1);
+  seed::archive(device, "profile_20.qvx",
+                plist::Dictionary{{"profilepercentage", "20"}, {"wifi", 2}});
+  const auto changes = profiles.changesOfLoad(trigger("20"));
+  ASSERT_TRUE(changes);
+  EXPECT_EQ(changes->front().key, "wifi");
+  EXPECT_EQ(changes->front().from, Value(1));
+  EXPECT_EQ(changes->front().to, Value(2));
+  device.damageDomain();
+  EXPECT_EQ(failureOf(profiles.changesOfLoad(trigger("20"))).reason, ProfileFailure::Failed);
+}
+
+}  // namespace
