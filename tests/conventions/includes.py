@@ -55,7 +55,7 @@ KNOWS = {
     "services": SERVICES,
     "apps": HOST + SERVICES + DEVICE,
     "apps/cli": HOST + SERVICES + DEVICE + ["apps", "drive"],
-    "apps/window": HOST + SERVICES + DEVICE + ["apps"],
+    "apps/window": ["host", "host/device.h"],
     "tools": BUNDLE + SERVICES,
     "tests": EVERYTHING,
     "bench": EVERYTHING,
