@@ -1,4 +1,4 @@
-#include "host/settings_application.h"
+#include "host/application.h"
 #include "platform/preferences/PSListItemsController.h"
 
 namespace host {
@@ -15,8 +15,7 @@ Refusal noPage(std::string_view pageClass) {
 
 }  // namespace
 
-Outcome<SettingsApplication::Page> SettingsApplication::load(std::string_view pageClass, Row opener,
-                                                             Page parent) {
+Outcome<Application::Page> Application::load(std::string_view pageClass, Row opener, Page parent) {
   const preferences::PageClass* known = environment_.bundle.pageClass(pageClass);
   if (!known) return noPage(pageClass);
   Page page = known->create(environment_);
@@ -30,12 +29,9 @@ Outcome<SettingsApplication::Page> SettingsApplication::load(std::string_view pa
   return page;
 }
 
-void SettingsApplication::launch() {
-  static_cast<void>(launch(environment_.bundle.principalClass));
-}
-
-Outcome<Done> SettingsApplication::launch(std::string_view pageClass) {
-  auto page = load(pageClass, nullptr, nullptr);
+Application::Result Application::run(const Launch& request) {
+  const auto principal = environment_.bundle.principalClass;
+  auto page = load(request.page.empty() ? principal : request.page, nullptr, nullptr);
   if (!page) return page.error();
   if (!pages_.empty()) pages_.back()->viewWillDisappear(false);
   if (environment_.screen) environment_.screen->dismissAll();
@@ -43,31 +39,25 @@ Outcome<Done> SettingsApplication::launch(std::string_view pageClass) {
   pages_.push_back(*page);
   firstRows_.assign(1, 0);
   pages_.back()->viewWillAppear(true);
-  buildVisibleRows();
-  return Done{};
+  return plist::Value();
 }
 
-Outcome<Done> SettingsApplication::push(std::string_view pageClass, Row opener) {
+Application::Result Application::push(std::string_view pageClass, Row opener) {
   auto page = load(pageClass, std::move(opener), pages_.back());
   if (!page) return page.error();
   pages_.back()->viewWillDisappear(true);
   pages_.push_back(*page);
   firstRows_.push_back(0);
   pages_.back()->viewWillAppear(true);
-  buildVisibleRows();
-  return Done{};
+  return plist::Value();
 }
 
-Outcome<Done> SettingsApplication::open(std::string_view pageClass,
-                                        plist::Dictionary rowProperties) {
-  if (const auto refused = refusedForAlert()) return *refused;
+Application::Result Application::run(const Open& request) {
   if (pages_.empty()) return noPage();
-  return push(pageClass,
-              std::make_shared<PSSpecifier>(CellType::PSLinkCell, std::move(rowProperties)));
+  return push(request.page, std::make_shared<PSSpecifier>(CellType::PSLinkCell, request.row));
 }
 
-Outcome<Done> SettingsApplication::back() {
-  if (const auto refused = refusedForAlert()) return *refused;
+Application::Result Application::run(const Back&) {
   if (pages_.size() < 2) return Refusal{RefusalCode::NoPage, "no page to go back to"};
   const Page left = std::move(pages_.back());
   pages_.pop_back();
@@ -75,23 +65,22 @@ Outcome<Done> SettingsApplication::back() {
   left->viewWillDisappear(true);
   pages_.back()->viewWillAppear(true);
   layOutRows();
-  buildVisibleRows();
-  return Done{};
+  buildVisibleRows();  // while the page that was left is still there
+  return plist::Value();
 }
 
-Outcome<Done> SettingsApplication::tap(const RowReference& reference) {
-  const auto found = operableRow(reference);
-  if (!found) return found.error();
-  const Row row = *found;
-  if (row->cellType() == CellType::PSButtonCell)
+// A row that leads somewhere pushes its page, a row of choices its choices, a button runs its
+// action; any other row does nothing.
+Application::Result Application::run(const Tap& request) {
+  const Row row = sharedRow(request.row);
+  if (row->cellType() == CellType::PSButtonCell) {
     send(row->textForKey("action"), *pages_.back(), *row);
-  const bool leads = row->cellType() != CellType::PSButtonCell;
-  std::string_view detail = leads ? row->textForKey("detail") : std::string_view();
+    return plist::Value();
+  }
+  std::string_view detail = row->textForKey("detail");
   if (detail.empty() && row->cellType() == CellType::PSLinkListCell)
     detail = "PSListItemsController";
-  if (!detail.empty()) return push(detail, row);
-  buildVisibleRows();
-  return Done{};
+  return detail.empty() ? plist::Value() : push(detail, row);
 }
 
 }  // namespace host

@@ -29,8 +29,9 @@ struct Set {  // moves the row's control, edits its text or picks a value of its
   RowReference row;
   plist::Value value;
 };
-struct Scroll {  // the screen shows the entries from `first` on
+struct Scroll {  // the screen shows the entries from `first` on, and a scroll event follows
   int first = 0;
+  int entries = 0;  // so many from now on; 0: as many as before
 };
 struct Resize {  // the screen shows so many entries
   int entries = 0;

@@ -10,6 +10,7 @@
 
 #include "host/problem.h"
 #include "platform/plist/value.h"
+#include "platform/preferences/choices.h"
 #include "platform/uikit/color.h"
 #include "platform/uikit/geometry.h"
 
@@ -42,15 +43,12 @@ struct SliderView {
   bool operator==(const SliderView&) const = default;
 };
 
-// Values and titles, paired by index. Never changed once it is shared, so that comparing and
-// copying a list of many thousands costs nothing.
-struct ChoiceList {
-  plist::Array values;
-  std::vector<std::string> titles;
-};
+// Values and titles, paired by index; shared with the row and compared by address, so that a list
+// of many thousands costs nothing. Other choices are another object.
+using ChoiceList = std::shared_ptr<const preferences::Choices>;
 
 struct SegmentsView {
-  std::shared_ptr<const ChoiceList> choices;
+  ChoiceList choices;
   int selected = -1;  // -1: none
   ControlLook look;
   bool operator==(const SegmentsView&) const = default;
@@ -91,13 +89,13 @@ struct ColorView {
 
 // A row that leads to another page.
 struct LinkView {
-  std::string page;                           // the class
-  std::shared_ptr<const ChoiceList> choices;  // null unless the page is a list of choices
+  std::string page;    // the class; may be empty
+  ChoiceList choices;  // null unless the page is a list of choices
   bool operator==(const LinkView&) const = default;
 };
 
-using ControlView =
-    std::variant<std::monostate, SwitchView, SliderView, SegmentsView, TextView, ColorView, LinkView>;
+using ControlView = std::variant<std::monostate, SwitchView, SliderView, SegmentsView, TextView,
+                                 ColorView, LinkView>;
 
 // What draws a row.
 enum class RowKind {
@@ -118,25 +116,30 @@ enum class RowKind {
 
 // Why a row can't be operated.
 struct WhyNot {
-  std::string by;         // the id of the switch that dims the row; empty where none does
+  std::string by;         // the id of the switch that dims the row; empty where no rule does
   std::string label;      // of that switch
   bool lags = false;      // that switch has been turned since: the page has to be opened again
   bool switchOn = false;  // turning it on would help, else turning it off
   bool operator==(const WhyNot&) const = default;
 
-  std::string words() const;  // "dimmed: switch on Flash LED first"
+  // "dimmed: switch on Flash LED first", "dimmed: switch off …", "dimmed until you come back to
+  // this page", "dimmed".
+  std::string words() const;
 };
 
 // One row of a page of rows. A row that isn't built yet has no state of a cell, and of its control
-// only what the list says.
+// only what the list says: range, choices, placeholder.
 struct RowView {
   std::string id, label, key;
   RowKind kind = RowKind::Value;
   std::string cellType, cellClass;  // as the list names them; the class may be empty
-  plist::Value value;               // what the row shows
-  std::string shown;                // the same for people: a choice's title, "on", "System Blue, #007AFF"
-  std::string footer;               // of a group
-  double height = 0;                // 0: the face's own
+  // What the cell shows, and what its control says; of a row that isn't built, what it would show.
+  plist::Value value;
+  // The same, human-readable: a choice's title, "on", "System Blue, #007AFF", "None". Empty for
+  // Nothing.
+  std::string shown;
+  std::string footer;  // of a group
+  double height = 0;   // 0: the face's own
   bool destructive = false;
 
   bool built = false;
@@ -187,7 +190,7 @@ struct SectionView {
   bool operator==(const SectionView&) const = default;
 };
 
-// A page on the stack. Only the shown page, the last one, is described beyond its title.
+// A page on the stack. Only the shown page, the last one, is described beyond class and title.
 struct PageView {
   std::uint64_t number = 0;  // the same as long as the page lives, and no other page's
   std::string pageClass, title;
@@ -200,10 +203,10 @@ struct PageView {
 
   // A table page: a list of choices, or colors.
   std::vector<SectionView> sections;
-  std::map<int, TableRowView> tableRows;      // those on screen, counted over all sections
-  std::shared_ptr<const ChoiceList> choices;  // null on a page of colors
-  int chosen = -1;                            // the ticked choice; -1: none, or not a list of choices
-  // The row that opened a page of colors, as it looks since the last choice.
+  std::map<int, TableRowView> tableRows;  // those on screen, counted over all sections
+  ChoiceList choices;                     // null on a page of colors
+  int chosen = -1;                        // the ticked choice; -1: none, or not a list of choices
+  // The row that opened a page of colors, with the color that is chosen now.
   std::optional<RowView> opener;
 
   int firstShown = 0;  // the first entry on screen
@@ -243,7 +246,7 @@ struct AlertView {
 struct Scene {
   std::vector<PageView> pages;    // the shown one last; empty before a launch
   std::vector<AlertView> alerts;  // the topmost last
-  std::vector<Problem> problems;  // since they were last taken
+  std::vector<Problem> problems;  // reported and not dismissed, each once
   bool operator==(const Scene&) const = default;
 
   const PageView* shown() const { return pages.empty() ? nullptr : &pages.back(); }

@@ -29,7 +29,7 @@ ChoiceModel::ChoiceModel(PageModel* page) : QAbstractListModel(page), page_(page
 void ChoiceModel::refresh(const preferences::PSListItemsController& page) {
   row_ = shared(*page.specifier());
   ticked_ = page.selectedRow();
-  int total = static_cast<int>(row_->titles.size());
+  int total = static_cast<int>(row_->titles().size());
   auto found = total == total_ && filter_.isEmpty() ? std::vector<int>() : matches();
   if (total != total_ || found != matches_) {
     beginResetModel();
@@ -59,7 +59,7 @@ std::vector<int> ChoiceModel::matches() const {
   std::vector<int> found;
   if (filter_.isEmpty() || !row_) return found;
   const QString wanted = filter_.normalized(QString::NormalizationForm_C);
-  for (int choice = 0; choice < static_cast<int>(row_->titles.size()); ++choice) {
+  for (int choice = 0; choice < static_cast<int>(row_->titles().size()); ++choice) {
     const QString text = title(choice);
     if (text.contains(filter_, Qt::CaseInsensitive) ||
         asWritten(text).contains(wanted, Qt::CaseInsensitive))
@@ -75,8 +75,8 @@ int ChoiceModel::tickedPosition() const {
 }
 
 QString ChoiceModel::title(int choice) const {
-  bool known = row_ && choice < static_cast<int>(row_->titles.size());
-  return known ? toQString(row_->titles[choice]) : QString();
+  bool known = row_ && choice < static_cast<int>(row_->titles().size());
+  return known ? toQString(row_->titles()[choice]) : QString();
 }
 
 int ChoiceModel::rowCount(const QModelIndex& parent) const {

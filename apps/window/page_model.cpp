@@ -136,8 +136,8 @@ void PageModel::setText(int row, const QString& text) {
 void PageModel::choose(int row, int choice) {
   if (!isShown()) return;
   auto specifier = host_.row(row);
-  if (!specifier || choice < 0 || choice >= static_cast<int>((*specifier)->values.size())) return;
-  set(row, (*specifier)->values[choice]);
+  if (!specifier || choice < 0 || choice >= static_cast<int>((*specifier)->values().size())) return;
+  set(row, (*specifier)->values()[choice]);
 }
 
 void PageModel::select(int choice) {

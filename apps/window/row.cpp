@@ -147,7 +147,7 @@ Row describe(const PSSpecifier& specifier) {
   row.destructive = specifier.boolForKey("isDestructive", false);
   row.inputHints = inputHintsOf(specifier);
   if (type == CellType::PSSegmentCell)
-    for (const std::string& title : specifier.titles) row.titles << toQString(title);
+    for (const std::string& title : specifier.titles()) row.titles << toQString(title);
 
   const preferences::PSTableCell* cell = specifier.cellObject();
   if (!cell) return row;

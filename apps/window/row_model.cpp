@@ -4,22 +4,14 @@
 
 #include "apps/window/page_model.h"
 #include "apps/window/text.h"
-#include "platform/preferences/PSListController.h"
+#include "host/describe.h"
 
 namespace window {
 namespace {
 
-QString reasonOf(preferences::PSListController& page, const Row& row) {
-  if (row.usable) return {};
-  const std::string_view id = page.dimmedBy(row.identifier.toStdString());
-  preferences::PSSpecifier* by = id.empty() ? nullptr : page.specifierForID(id);
-  if (!by) return RowModel::tr("dimmed");
-  if (page.dimmingLags(row.identifier.toStdString()))
-    return RowModel::tr("dimmed until you come back to this page");
-  const bool on = by->control() && by->control()->isOn();
-  const QString reason =
-      on ? RowModel::tr("dimmed: switch off %1 first") : RowModel::tr("dimmed: switch on %1 first");
-  return reason.arg(toQString(by->name()));
+QString reasonOf(preferences::PSListController& page, preferences::PSSpecifier& row) {
+  const auto whyNot = host::describeRow(page, row).whyNot;
+  return whyNot ? toQString(whyNot->words()) : QString();
 }
 
 std::vector<Row> rowsOf(preferences::PSListController& page) {
@@ -27,7 +19,7 @@ std::vector<Row> rowsOf(preferences::PSListController& page) {
   QString footer;
   for (const auto& specifier : page.specifiers()) {
     Row row = describe(*specifier);
-    row.reason = reasonOf(page, row);
+    row.reason = reasonOf(page, *specifier);
     bool isGroup = row.kind == QLatin1String("group");
     row.first = !isGroup && (rows.empty() || rows.back().kind == QLatin1String("group"));
     if (isGroup && !rows.empty()) {

@@ -167,10 +167,10 @@ void PSListController::loadChoices(PSSpecifier& specifier) {
   auto values = list("valuesDataSource"), titles = list("titlesDataSource");
   if (!values || !titles) return;
   values->resize(std::min(values->size(), titles->size()));
-  specifier.titles.clear();
-  for (std::size_t i = 0; i < values->size(); ++i)
-    specifier.titles.push_back(foundation::descriptionOf((*titles)[i]));
-  specifier.values = std::move(*values);
+  Choices choices{std::move(*values), {}};
+  for (std::size_t i = 0; i < choices.values.size(); ++i)
+    choices.titles.push_back(foundation::descriptionOf((*titles)[i]));
+  specifier.setChoices(std::move(choices));
 }
 
 }  // namespace preferences

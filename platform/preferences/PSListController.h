@@ -53,10 +53,6 @@ class PSListController : public PSViewController {
   void loadChoices(PSSpecifier& specifier);
   // The table scrolled.
   virtual void scrollViewDidScroll(uikit::View*) {}
-  // The id of the switch that dims a row now; empty where none does.
-  virtual std::string_view dimmedBy(std::string_view) { return {}; }
-  // Whether that switch has been turned since, and the row stays dimmed until the page looks again.
-  virtual bool dimmingLags(std::string_view) { return false; }
 
   const Operations& operations() const override { return ownOperations; }
   static const Operations ownOperations;

@@ -21,7 +21,7 @@ int PSListItemsController::selectedRow() const {
 }
 
 int PSListItemsController::tableViewNumberOfRowsInSection(uikit::TableView&, int) {
-  return static_cast<int>(specifier()->titles.size());
+  return static_cast<int>(specifier()->titles().size());
 }
 
 std::shared_ptr<uikit::TableViewCell> PSListItemsController::tableViewCellForRowAtIndexPath(
@@ -29,7 +29,7 @@ std::shared_ptr<uikit::TableViewCell> PSListItemsController::tableViewCellForRow
   auto cell = table.dequeueReusableCellWithIdentifier("PSListItemCell");
   if (!cell)
     cell = std::make_shared<uikit::TableViewCell>(uikit::CellStyle::Default, "PSListItemCell");
-  cell->textLabel.text = specifier()->titles[path.row];
+  cell->textLabel.text = specifier()->titles()[path.row];
   cell->accessory =
       path.row == selectedRow() ? uikit::Accessory::Checkmark : uikit::Accessory::None;
   return cell;
@@ -37,7 +37,7 @@ std::shared_ptr<uikit::TableViewCell> PSListItemsController::tableViewCellForRow
 
 void PSListItemsController::tableViewDidSelectRowAtIndexPath(uikit::TableView& table,
                                                              uikit::IndexPath path) {
-  list().userChanged(*specifier(), specifier()->values[path.row]);
+  list().userChanged(*specifier(), specifier()->values()[path.row]);
   table.reloadData();
 }
 

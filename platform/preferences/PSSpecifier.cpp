@@ -9,6 +9,11 @@ namespace {
 const std::string kEmpty;
 const plist::Value kNothing;
 
+const std::shared_ptr<const Choices>& noChoices() {
+  static const auto kNone = std::make_shared<const Choices>();
+  return kNone;
+}
+
 std::string identifierIn(const plist::Dictionary& properties) {
   for (auto key : {"id", "key", "label"})
     if (const plist::Value* value = properties.find(key); value && value->text())
@@ -19,7 +24,10 @@ std::string identifierIn(const plist::Dictionary& properties) {
 }  // namespace
 
 PSSpecifier::PSSpecifier(CellType type, plist::Dictionary properties)
-    : type_(type), properties_(std::move(properties)), identifier_(identifierIn(properties_)) {}
+    : type_(type),
+      properties_(std::move(properties)),
+      identifier_(identifierIn(properties_)),
+      choices_(noChoices()) {}
 
 const std::string& PSSpecifier::name() const {
   const std::string* label = propertyForKey("label").text();
@@ -53,16 +61,20 @@ uikit::Control* PSSpecifier::control() const {
   return cell_ ? cell_->control() : nullptr;
 }
 
+void PSSpecifier::setChoices(Choices choices) {
+  if (choices != *choices_) choices_ = std::make_shared<const Choices>(std::move(choices));
+}
+
 int PSSpecifier::indexOfValue(const plist::Value& value) const {
   if (value.isNothing()) return -1;
-  for (std::size_t i = 0; i < values.size(); ++i)
-    if (plist::equalByValue(values[i], value)) return static_cast<int>(i);
+  for (std::size_t i = 0; i < values().size(); ++i)
+    if (plist::equalByValue(values()[i], value)) return static_cast<int>(i);
   return -1;
 }
 
 const std::string* PSSpecifier::titleForValue(const plist::Value& value) const {
   int index = indexOfValue(value);
-  return index < 0 ? nullptr : &titles[index];
+  return index < 0 ? nullptr : &titles()[index];
 }
 
 }  // namespace preferences

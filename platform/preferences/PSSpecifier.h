@@ -3,11 +3,11 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "platform/foundation/object.h"
 #include "platform/plist/value.h"
 #include "platform/preferences/cell_type.h"
+#include "platform/preferences/choices.h"
 
 namespace uikit {
 class Control;
@@ -43,9 +43,12 @@ class PSSpecifier : public foundation::Object {
   // The page that the row's selectors are sent to.
   PSListController* target = nullptr;
 
-  // The choices of a list row or a segment, and their titles, paired by index.
-  plist::Array values;
-  std::vector<std::string> titles;
+  // The choices of a list row or a segment; never null. Other ones are another object, the same
+  // ones set again are not.
+  const std::shared_ptr<const Choices>& choices() const { return choices_; }
+  void setChoices(Choices choices);
+  const plist::Array& values() const { return choices_->values; }
+  const std::vector<std::string>& titles() const { return choices_->titles; }
   // The title of the first choice that equals the value (numbers by value); null when none does.
   const std::string* titleForValue(const plist::Value& value) const;
   int indexOfValue(const plist::Value& value) const;  // -1 when it is no choice
@@ -55,6 +58,7 @@ class PSSpecifier : public foundation::Object {
   plist::Dictionary properties_;
   std::string identifier_;
   std::shared_ptr<PSTableCell> cell_;
+  std::shared_ptr<const Choices> choices_;
 };
 
 }  // namespace preferences

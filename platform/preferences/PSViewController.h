@@ -30,8 +30,6 @@ class PSViewController : public foundation::Object {
   uikit::NavigationItem navigationItem;
 
   virtual uikit::TableView* table() const { return nullptr; }  // of a page that shows one itself
-  // Whether a row of its table, on screen or not, holds a slider of this tag.
-  virtual bool hasSlider(int) const { return false; }
 
   virtual void loadView() {}
   virtual void viewDidLoad();

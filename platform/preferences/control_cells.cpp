@@ -30,7 +30,7 @@ PSSegmentTableCell::PSSegmentTableCell(uikit::CellStyle style, std::string reuse
                                        PSSpecifier& specifier)
     : PSTableCell(style, std::move(reuseIdentifier), specifier) {
   auto segments = std::make_shared<uikit::SegmentedControl>();
-  segments->titles = specifier.titles;
+  segments->titles = specifier.titles();
   setControl(std::move(segments));
 }
 

@@ -67,7 +67,7 @@ class RowCheck {
     };
     if (count("validValues") != count("validTitles"))
       say("validValues and validTitles differ in length");
-    if (hasChoices(row_.cellType()) && !sources && row_.values.empty())
+    if (hasChoices(row_.cellType()) && !sources && row_.values().empty())
       say("a row of choices needs some");
     const plist::Value& standard = row_.propertyForKey("default");
     if (hasChoices(row_.cellType()) && !sources && !standard.isNothing() &&

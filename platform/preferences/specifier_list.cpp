@@ -27,12 +27,14 @@ std::string readChoices(PSSpecifier& specifier) {
   const plist::Value& titles = specifier.propertyForKey("validTitles");
   if (values.isNothing() && titles.isNothing()) return {};
   if (!values.array() || !titles.array()) return "validValues and validTitles must be arrays";
+  Choices choices;
   for (std::size_t i = 0; i < std::min(values.array()->size(), titles.array()->size()); ++i) {
     const std::string* title = (*titles.array())[i].text();
     if (!title) return "validTitles must hold texts";
-    specifier.values.push_back((*values.array())[i]);
-    specifier.titles.push_back(*title);
+    choices.values.push_back((*values.array())[i]);
+    choices.titles.push_back(*title);
   }
+  specifier.setChoices(std::move(choices));
   return {};
 }
 

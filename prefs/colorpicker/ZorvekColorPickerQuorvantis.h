@@ -40,7 +40,8 @@ class ZorvekColorPickerQuorvantis : public preferences::PSViewController,
   void loadView() override;
   void viewDidLoad() override;
   uikit::TableView* table() const override { return table_.get(); }
-  bool hasSlider(int tag) const override { return tag >= kRedSliderTag && tag <= kBlueSliderTag; }
+  // Whether a row of the table, on screen or not, holds a slider of this tag.
+  bool hasSlider(int tag) const { return tag >= kRedSliderTag && tag <= kBlueSliderTag; }
 
   // A row that no palette has is no cell, and choosing it does nothing.
   int numberOfSectionsInTableView(uikit::TableView& table) override;

@@ -45,6 +45,10 @@ void ZorvekColorPickerQuorvantisLinkCell::loadColorValueFromPrefs() {
 void ZorvekColorPickerQuorvantisLinkCell::layoutSubviews() {
   PSTableCell::layoutSubviews();
   loadColorValueFromPrefs();
+  showSelectedColor();
+}
+
+void ZorvekColorPickerQuorvantisLinkCell::showSelectedColor() {
   const bool isColor = selectedColor && selectedColor->starts_with('#');
   valueLabel->hidden = isColor;
   thumbnailView->hidden = !isColor;

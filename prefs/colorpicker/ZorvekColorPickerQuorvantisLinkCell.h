@@ -25,6 +25,7 @@ class ZorvekColorPickerQuorvantisLinkCell : public preferences::PSTableCell {
   // The stored text. What is stored and no text is passed over; the row's "default" counts only
   // while the cell has never had a colour.
   void loadColorValueFromPrefs();
+  void showSelectedColor();
 };
 
 }  // namespace prefs

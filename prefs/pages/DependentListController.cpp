@@ -21,14 +21,9 @@ const preferences::PSListController::Specifiers& DependentListController::specif
   return *specifiers_;
 }
 
-std::string_view DependentListController::dimmedBy(std::string_view row) {
+BoundRules::Dimming DependentListController::dimmingOf(std::string_view row) {
   specifiers();
-  return bound_.dimmingOf(row, *this).by;
-}
-
-bool DependentListController::dimmingLags(std::string_view row) {
-  specifiers();
-  return bound_.dimmingOf(row, *this).lags;
+  return bound_.dimmingOf(row, *this);
 }
 
 void DependentListController::setSliderEnableDisable() {

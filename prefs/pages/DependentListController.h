@@ -15,8 +15,8 @@ class DependentListController : public EvaluatedListController {
   virtual std::span<const DependencyRule> rules() const = 0;
 
   const Specifiers& specifiers() override;
-  std::string_view dimmedBy(std::string_view row) override;
-  bool dimmingLags(std::string_view row) override;
+  // Which switch dims a row now, if one does.
+  BoundRules::Dimming dimmingOf(std::string_view row);
 
   void setSliderEnableDisable();
   // The setter of the page's rows: stores, redraws, flushes, evaluates.

@@ -20,7 +20,7 @@ TEST(Navigation, NothingIsShownBeforeALaunch) {
   EXPECT_EQ(refusalOf(application.back()), RefusalCode::NoPage);
   EXPECT_EQ(refusalOf(application.scroll(0)), RefusalCode::NoPage);
   EXPECT_EQ(refusalOf(application.reload()), RefusalCode::NoPage);
-  EXPECT_EQ(refusalOf(application.call("act", {})), RefusalCode::NoPage);
+  EXPECT_EQ(refusalOf(application.perform(host::Call{"act"})), RefusalCode::NoPage);
   EXPECT_EQ(refusalOf(application.tapBarButton()), RefusalCode::NoPage);
   EXPECT_EQ(refusalOf(application.set("switch", true)), RefusalCode::NoRow);
   application.activate();

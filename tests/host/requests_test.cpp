@@ -4,8 +4,8 @@
 
 namespace {
 
+using host::Call;
 using host::RefusalCode;
-using preferences::Argument;
 using sample::events;
 using sample::refusalOf;
 using sample::Settings;
@@ -60,38 +60,35 @@ TEST(Requests, ReloadMakesNewRows) {
 
 TEST(Requests, CallRunsAnOperationAndGivesItsResult) {
   Settings settings;
-  const Argument arguments[] = {plist::Value(5), nullptr};
-  const auto result = settings.application.call("echo:object:", arguments);
+  const auto result = settings.application.perform(Call{"echo:object:", {5, plist::Value()}});
   ASSERT_TRUE(result);
-  EXPECT_EQ(preferences::valueIn(*result), plist::Value(plist::Array{5, "nil"}));
+  EXPECT_EQ(*result, plist::Value(plist::Array{5, "nil"}));
 }
 
 TEST(Requests, CallTakesARowByItsIdOnlyWhereAnObjectIsWanted) {
   Settings settings;
-  const Argument arguments[] = {plist::Value("switch"), plist::Value("slider")};
-  const auto result = settings.application.call("echo:object:", arguments);
+  const auto result = settings.application.perform(Call{"echo:object:", {"switch", "slider"}});
   ASSERT_TRUE(result);
-  EXPECT_EQ(preferences::valueIn(*result), plist::Value(plist::Array{"switch", "PSSpecifier"}));
+  EXPECT_EQ(*result, plist::Value(plist::Array{"switch", "PSSpecifier"}));
 }
 
 TEST(Requests, CallThatThePageHasNotOrThatDoesNotFit) {
   Settings settings;
-  const Argument noRow[] = {plist::Value(1), plist::Value("nothing")};
-  EXPECT_EQ(refusalOf(settings.application.call("nothing", {})), RefusalCode::BadRequest);
-  EXPECT_EQ(refusalOf(settings.application.call("echo:object:", {})), RefusalCode::BadRequest);
-  EXPECT_EQ(refusalOf(settings.application.call("echo:object:", noRow)), RefusalCode::BadRequest);
+  EXPECT_EQ(refusalOf(settings.application.perform(Call{"nothing"})), RefusalCode::BadRequest);
+  EXPECT_EQ(refusalOf(settings.application.perform(Call{"echo:object:"})), RefusalCode::BadRequest);
+  EXPECT_EQ(refusalOf(settings.application.perform(Call{"echo:object:", {1, "nothing"}})),
+            RefusalCode::BadRequest);
 }
 
 TEST(Requests, RowsThatACallDroppedAreBuiltAgain) {
   Settings settings;
-  ASSERT_TRUE(settings.application.call("reloadSpecifiers", {}));
+  ASSERT_TRUE(settings.application.perform(Call{"reloadSpecifiers"}));
   EXPECT_TRUE(settings.row("switch").isBuilt());
 }
 
 TEST(Requests, CallOfAPlatformOperation) {
   Settings settings;
-  const Argument animated[] = {plist::Value(true)};
-  ASSERT_TRUE(settings.application.call("viewWillAppear:", animated));
+  ASSERT_TRUE(settings.application.perform(Call{"viewWillAppear:", {true}}));
   EXPECT_THAT(events, ElementsAre("First viewWillAppear", "First has cells"));
 }
 

@@ -74,16 +74,16 @@ const preferences::Operations ListPage::ownOperations{
           {"present", &ListPage::present},
       };
     },
-    &PSListController::ownOperations};
+    &DependentListController::ownOperations};
 
 void ListPage::viewDidLoad() {
   note("viewDidLoad from " + (specifier() ? specifier()->identifier() : std::string("nowhere")));
-  PSListController::viewDidLoad();
+  DependentListController::viewDidLoad();
 }
 
 void ListPage::viewWillAppear(bool animated) {
   note("viewWillAppear");
-  PSListController::viewWillAppear(animated);
+  DependentListController::viewWillAppear(animated);
   bool built = false;
   for (const auto& row : specifiers()) built |= row->isBuilt();
   note(built ? "has cells" : "has no cells");
@@ -91,7 +91,7 @@ void ListPage::viewWillAppear(bool animated) {
 
 void ListPage::viewWillDisappear(bool animated) {
   note("viewWillDisappear");
-  PSListController::viewWillDisappear(animated);
+  DependentListController::viewWillDisappear(animated);
 }
 
 void ListPage::scrollViewDidScroll(uikit::View*) {
@@ -121,8 +121,9 @@ void ListPage::present() {
   environment().screen->present(alert);
 }
 
-std::string_view ListPage::dimmedBy(std::string_view row) {
-  return row == "dimmed" ? "switch" : std::string_view();
+std::span<const prefs::DependencyRule> ListPage::rules() const {
+  static constexpr prefs::DependencyRule kRules[] = {{"switch", "dimmed"}};
+  return kRules;
 }
 
 void Table::loadView() {

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "host/settings_application.h"
-#include "platform/preferences/PSListController.h"
+#include "prefs/pages/DependentListController.h"
 #include "tests/support/environment.h"
 
 // A bundle of three pages: "First" has a row of each kind, "Second" is led to, "Table" is a table
@@ -14,9 +14,9 @@ namespace sample {
 // What the pages went through, in order, as "First viewDidLoad".
 inline std::vector<std::string> events;
 
-class ListPage : public preferences::PSListController {
+class ListPage : public prefs::DependentListController {
  public:
-  using PSListController::PSListController;
+  using DependentListController::DependentListController;
 
   void loadView() override { note("loadView"); }
   void viewDidLoad() override;
@@ -31,7 +31,7 @@ class ListPage : public preferences::PSListController {
   void setThenReload(const plist::Value& value, preferences::PSSpecifier* specifier);
   plist::Value echo(const plist::Value& value, foundation::Object* object);
   void present();
-  std::string_view dimmedBy(std::string_view row) override;
+  std::span<const prefs::DependencyRule> rules() const override;
 
   plist::Array choiceValues{1, 2};
 
@@ -70,7 +70,6 @@ class Table : public preferences::PSViewController, public uikit::TableViewSourc
   std::string_view className() const override { return "Table"; }
   void loadView() override;
   uikit::TableView* table() const override { return table_.get(); }
-  bool hasSlider(int tag) const override { return tag == kSliderTag; }
 
   int numberOfSectionsInTableView(uikit::TableView&) override { return 2; }
   int tableViewNumberOfRowsInSection(uikit::TableView&, int section) override;

@@ -93,8 +93,6 @@ TEST_F(TablePages, DragMovesTheSliderAndLetsGoOfIt) {
 
 TEST_F(TablePages, DragThatCanNotBe) {
   EXPECT_EQ(refusalOf(settings.application.drag(1, 0, false)), RefusalCode::NoRow);
-  EXPECT_EQ(refusalOf(settings.application.drag(sample::kSliderTag, 999, false)),
-            RefusalCode::NotBuilt);
   ASSERT_TRUE(settings.application.scroll(sample::kTableRows - 1));
   EXPECT_EQ(refusalOf(settings.application.drag(sample::kSliderTag, 255.5, true)),
             RefusalCode::BadValue);

@@ -131,20 +131,20 @@ TEST_F(ListController, DropsAllRowsOnReload) {
 
 TEST_F(ListController, AsksDataSourcesAtEachBuildOfTheList) {
   EXPECT_EQ(page->asked, 1);
-  EXPECT_EQ(row("list").titles, (std::vector<std::string>{"one", "two"}));
+  EXPECT_EQ(row("list").titles(), (std::vector<std::string>{"one", "two"}));
   page->numberValues = {7, 8};
   page->reloadSpecifiers();
   EXPECT_EQ(page->asked, 2);
-  EXPECT_EQ(row("list").values, (plist::Array{7, 8}));
+  EXPECT_EQ(row("list").values(), (plist::Array{7, 8}));
 }
 
 TEST_F(ListController, DropsChoicesWithoutAPartner) {
   page->numberValues = {7, 8, 9};
   page->loadChoices(row("list"));
-  EXPECT_EQ(row("list").values.size(), 2u);
+  EXPECT_EQ(row("list").values().size(), 2u);
   page->numberValues = {7};
   page->loadChoices(row("list"));
-  EXPECT_EQ(row("list").titles, std::vector<std::string>{"one"});
+  EXPECT_EQ(row("list").titles(), std::vector<std::string>{"one"});
 }
 
 TEST_F(ListController, ShowsTheTitleOfTheChosenValueComparingNumbersByValue) {

@@ -72,7 +72,7 @@ TEST(SpecifierList, DropsSurplusChoices) {
   auto list = readSpecifierList(listOf({Dictionary{
       {"cell", "PSSegmentCell"}, {"validValues", Array{1, 2}}, {"validTitles", Array{"one"}}}}));
   ASSERT_TRUE(list);
-  EXPECT_EQ(list->specifiers[0]->values.size(), 1u);
+  EXPECT_EQ(list->specifiers[0]->values().size(), 1u);
 }
 
 TEST(SpecifierList, IdentifiesARowByIdElseKeyElseLabel) {

@@ -194,10 +194,10 @@ TEST_F(RootPage, RebuildsOnceForEachReloadNotification) {
   page = counting;
   page->viewDidLoad();
   auto* before = page->specifierForID("savedprofiles");
-  EXPECT_TRUE(before->titles.empty());
+  EXPECT_TRUE(before->titles().empty());
   seed::profile(device, "5");
   device.center.postNotificationName(kReloadSpecifiersNotification, page.get());
-  EXPECT_EQ(page->specifierForID("savedprofiles")->titles,
+  EXPECT_EQ(page->specifierForID("savedprofiles")->titles(),
             (std::vector<std::string>{"Battery 5%"}));
   EXPECT_EQ(counting->rebuilds, 1);
   device.center.postNotificationName(kReloadSpecifiersNotification, page.get());
@@ -208,14 +208,14 @@ TEST_F(RootPage, RebuildsForAnyPoster) {
   page->viewDidLoad();
   seed::profile(device, "5");
   device.center.postNotificationName(kReloadSpecifiersNotification, nullptr);
-  EXPECT_EQ(page->specifierForID("savedprofiles")->titles.size(), 1u);
+  EXPECT_EQ(page->specifierForID("savedprofiles")->titles().size(), 1u);
 }
 
 TEST_F(RootPage, RebuildsByItsOwnAction) {
   page->viewDidLoad();
   seed::profile(device, "5");
   page->relodSpecifers();
-  EXPECT_EQ(page->specifierForID("savedprofiles")->titles.size(), 1u);
+  EXPECT_EQ(page->specifierForID("savedprofiles")->titles().size(), 1u);
 }
 
 TEST_F(RootPage, StopsObservingWhenItGoes) {
@@ -235,7 +235,7 @@ TEST_F(RootPage, DoesNotObserveBeforeItIsLoaded) {
   page->specifiers();
   seed::profile(device, "5");
   device.center.postNotificationName(kReloadSpecifiersNotification, nullptr);
-  EXPECT_TRUE(page->specifierForID("savedprofiles")->titles.empty());
+  EXPECT_TRUE(page->specifierForID("savedprofiles")->titles().empty());
 }
 
 }  // namespace

@@ -99,15 +99,15 @@ TEST_F(GeneralPage, BindsEachChoiceRowToItsOwnLists) {
   for (auto id : {"tapaction", "holdaction"}) {
     auto* row = page->specifierForID(id);
     ASSERT_NE(row, nullptr) << id;
-    EXPECT_EQ(row->values, (Array{200, 201})) << id;
+    EXPECT_EQ(row->values(), (Array{200, 201})) << id;
   }
   EXPECT_EQ(page->specifierForID("tapaction")->textForKey("valuesDataSource"),
             "tapValueDataFromTarget:");
   EXPECT_EQ(page->specifierForID("holdaction")->textForKey("valuesDataSource"),
             "holdValueDataFromTarget:");
   auto* profile = page->specifierForID("profile");
-  EXPECT_EQ(profile->titles, (std::vector<std::string>{"Battery 5% - Night"}));
-  page->userChanged(*profile, profile->values[0]);
+  EXPECT_EQ(profile->titles(), (std::vector<std::string>{"Battery 5% - Night"}));
+  page->userChanged(*profile, profile->values()[0]);
   EXPECT_EQ(device.stored("profile"), Value("/var/mobile/Documents/Quorvantis/profile_5.qvx"));
 }
 

@@ -73,7 +73,7 @@ TEST_F(ContactChoices, AreBuiltAnewAtEachCall) {
 TEST_F(ContactChoices, BelongToTheContactRow) {
   people() = {{"Ann", "Lee", {"1"}, {}}};
   opened_.page->loadChoices(opened_.row("adressbook"));
-  EXPECT_EQ(opened_.row("adressbook").titles, titles());
+  EXPECT_EQ(opened_.row("adressbook").titles(), titles());
 }
 
 }  // namespace

@@ -349,18 +349,18 @@ TEST(DependentPage, TheSetterWithoutARowStoresNothingAndEvaluates) {
 TEST(DependentPage, TellsWhichSwitchDimsARow) {
   Page opened;
   opened.build();
-  EXPECT_EQ(opened.page->dimmedBy("custbright"), "");
+  EXPECT_EQ(opened.page->dimmingOf("custbright").by, "");
   opened.page->setSliderEnableDisable();
-  EXPECT_EQ(opened.page->dimmedBy("custbright"), "custbrightenabled");
-  EXPECT_EQ(opened.page->dimmedBy("wifi"), "");
-  EXPECT_EQ(opened.page->dimmedBy("nosuchrow"), "");
+  EXPECT_EQ(opened.page->dimmingOf("custbright").by, "custbrightenabled");
+  EXPECT_EQ(opened.page->dimmingOf("wifi").by, "");
+  EXPECT_EQ(opened.page->dimmingOf("nosuchrow").by, "");
   opened.change("custbrightenabled", true);
-  EXPECT_EQ(opened.page->dimmedBy("custbright"), "");
+  EXPECT_EQ(opened.page->dimmingOf("custbright").by, "");
 }
 
 TEST(DependentPage, ARowThatIsNotBuiltIsDimmedByNothing) {
   Page opened;
-  EXPECT_EQ(opened.page->dimmedBy("custbright"), "");
+  EXPECT_EQ(opened.page->dimmingOf("custbright").by, "");
 }
 
 TEST(DependentPage, ItsOperationsAreCalledBySelector) {

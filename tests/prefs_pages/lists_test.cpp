@@ -155,11 +155,11 @@ TEST_P(OptionLists, SlidersShowTheirValueAndNameTheirUnit) {
 TEST_P(OptionLists, FixedChoicesAreDistinctIntegersWithDistinctTitles) {
   for (const auto& row : rowsOf(GetParam()).specifiers) {
     std::set<std::int64_t> values;
-    for (const plist::Value& value : row->values) {
+    for (const plist::Value& value : row->values()) {
       ASSERT_TRUE(value.integer()) << row->identifier();
       EXPECT_TRUE(values.insert(*value.integer()).second) << row->identifier();
     }
-    EXPECT_EQ(std::set(row->titles.begin(), row->titles.end()).size(), row->titles.size());
+    EXPECT_EQ(std::set(row->titles().begin(), row->titles().end()).size(), row->titles().size());
   }
 }
 
@@ -207,8 +207,8 @@ TEST(OptionListRows, LowPowerRowsMirrorTheirPowerSavingTwins) {
     const PSSpecifier& twin = *rows.at(key.substr(kLowPower.size()));
     EXPECT_EQ(row->cellType(), twin.cellType()) << key;
     EXPECT_EQ(row->name(), twin.name()) << key;
-    EXPECT_EQ(row->values, twin.values) << key;
-    EXPECT_EQ(row->titles, twin.titles) << key;
+    EXPECT_EQ(row->values(), twin.values()) << key;
+    EXPECT_EQ(row->titles(), twin.titles()) << key;
     for (const char* property : {"default", "min", "max", "detail"})
       EXPECT_EQ(row->propertyForKey(property), twin.propertyForKey(property)) << key;
   }
@@ -238,8 +238,8 @@ TEST(OptionListRows, ASettingThatAProfileMayLeaveAloneHasThreeStates) {
                           "locksound",
                           "keyboardclick",
                           "dnd"}) {
-    EXPECT_EQ(rows.at(key)->values, (plist::Array{0, 1, 2})) << key;
-    EXPECT_EQ(rows.at(key)->titles, (std::vector<std::string>{"Leave", "On", "Off"})) << key;
+    EXPECT_EQ(rows.at(key)->values(), (plist::Array{0, 1, 2})) << key;
+    EXPECT_EQ(rows.at(key)->titles(), (std::vector<std::string>{"Leave", "On", "Off"})) << key;
   }
 }
 

@@ -30,7 +30,7 @@ TEST_P(LowPowerTable, AllNineteenRows) {
   for (const std::string& row : kOptionRows) {
     EXPECT_EQ(looksEnabled(opened.cell(row)), expected.optionsUsable) << row;
     EXPECT_EQ(looksDimmed(opened.cell(row)), !expected.optionsUsable) << row;
-    EXPECT_EQ(opened.page->dimmedBy(row), expected.optionsUsable ? "" : "lowpowermodeenabled");
+    EXPECT_EQ(opened.page->dimmingOf(row).by, expected.optionsUsable ? "" : "lowpowermodeenabled");
   }
   EXPECT_EQ(looksEnabled(opened.cell("lowpowercustbright")), expected.sliderUsable);
   EXPECT_EQ(looksDimmed(opened.cell("lowpowercustbright")), !expected.sliderUsable);
@@ -68,10 +68,10 @@ TEST(LowPowerPage, TheSliderIsDimmedByTheLastRuleThatDoes) {
   Page opened;
   opened.build();
   opened.page->setSliderEnableDisable();
-  EXPECT_EQ(opened.page->dimmedBy("lowpowercustbright"), "lowpowercustbrightenabled");
+  EXPECT_EQ(opened.page->dimmingOf("lowpowercustbright").by, "lowpowercustbrightenabled");
   opened.switchOf("lowpowermodeenabled").setOn(true);
   opened.page->setSliderEnableDisable();
-  EXPECT_EQ(opened.page->dimmedBy("lowpowercustbright"), "lowpowermodeenabled");
+  EXPECT_EQ(opened.page->dimmingOf("lowpowercustbright").by, "lowpowermodeenabled");
 }
 
 TEST(LowPowerPage, AllOptionRowsAreUsableWhileTheModeRowIsNotBuilt) {

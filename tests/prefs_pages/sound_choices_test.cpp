@@ -109,8 +109,8 @@ TEST_F(SoundChoices, AreTheMachinesOwnWhereTheRootHasNone) {
 TEST_F(SoundChoices, BelongToTheSoundRow) {
   file("Tock.caf");
   opened_.page->loadChoices(opened_.row("playsound"));
-  EXPECT_EQ(texts(opened_.row("playsound").values), values());
-  EXPECT_EQ(opened_.row("playsound").titles, titles());
+  EXPECT_EQ(texts(opened_.row("playsound").values()), values());
+  EXPECT_EQ(opened_.row("playsound").titles(), titles());
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ TEST(SoundsPage, DimsTheVolumeWhileCustomVolumeIsOff) {
   opened.page->viewWillAppear(false);
   opened.device.queue.advance(kTenthOfASecond);
   EXPECT_TRUE(looksDimmed(opened.cell("customvolume")));
-  EXPECT_EQ(opened.page->dimmedBy("customvolume"), "customvolumeenabled");
+  EXPECT_EQ(opened.page->dimmingOf("customvolume").by, "customvolumeenabled");
 }
 
 TEST(SoundsPage, SwitchingCustomVolumeOnMakesTheVolumeUsableAtOnce) {

@@ -63,7 +63,7 @@ TEST(UserNotificationPage, RowsWithoutARuleAreAlwaysUsable) {
   for (const char* row :
        {"playsound", "testsound", "alerttype", "alertmsg", "vibrate", "flashled", "sendmessage"}) {
     EXPECT_TRUE(looksEnabled(opened.cell(row))) << row;
-    EXPECT_EQ(opened.page->dimmedBy(row), "") << row;
+    EXPECT_EQ(opened.page->dimmingOf(row).by, "") << row;
   }
 }
 
@@ -76,7 +76,7 @@ TEST(UserNotificationPage, SwitchingTheMessageOnEnablesItsThreeRowsAtOnce) {
   opened.change("sendmessage", false);
   for (const auto& row : kMessageRows) {
     EXPECT_TRUE(looksDisabled(opened.cell(row))) << row;
-    EXPECT_EQ(opened.page->dimmedBy(row), "sendmessage");
+    EXPECT_EQ(opened.page->dimmingOf(row).by, "sendmessage");
   }
 }
 
@@ -90,17 +90,17 @@ TEST(UserNotificationPage, DurationsLagBehindTheirSwitches) {
     opened.change(key, true);
     EXPECT_EQ(opened.stored(key), plist::Value(true));
     EXPECT_TRUE(looksDimmed(opened.cell(duration)));
-    EXPECT_EQ(opened.page->dimmedBy(duration), key);
-    EXPECT_TRUE(opened.page->dimmingLags(duration));
+    EXPECT_EQ(opened.page->dimmingOf(duration).by, key);
+    EXPECT_TRUE(opened.page->dimmingOf(duration).lags);
     opened.activate();
-    EXPECT_FALSE(opened.page->dimmingLags(duration));
+    EXPECT_FALSE(opened.page->dimmingOf(duration).lags);
     EXPECT_TRUE(looksEnabled(opened.cell(duration)));
     opened.change(key, false);
     EXPECT_TRUE(looksEnabled(opened.cell(duration)));
-    EXPECT_EQ(opened.page->dimmedBy(duration), "");
+    EXPECT_EQ(opened.page->dimmingOf(duration).by, "");
     opened.change("sendmessage", true);
     EXPECT_TRUE(looksDimmed(opened.cell(duration)));
-    EXPECT_FALSE(opened.page->dimmingLags(duration));
+    EXPECT_FALSE(opened.page->dimmingOf(duration).lags);
   }
 }
 

@@ -60,12 +60,12 @@ TEST_F(ProfileList, ShowsTheDefaultsOfAnEmptyDomain) {
 
 TEST_F(ProfileList, OffersThe108TriggersInItsTriggerRow) {
   auto* row = page->specifierForID("profilepercentage");
-  EXPECT_EQ(row->values, triggerValues());
-  ASSERT_EQ(row->titles.size(), 108u);
-  EXPECT_EQ(row->titles[0], "Battery 1%");
-  EXPECT_EQ(row->titles[99], "Battery 100%");
-  EXPECT_EQ(row->titles[100], "Charging started");
-  EXPECT_EQ(row->titles[107], "WiFi disconnected");
+  EXPECT_EQ(row->values(), triggerValues());
+  ASSERT_EQ(row->titles().size(), 108u);
+  EXPECT_EQ(row->titles()[0], "Battery 1%");
+  EXPECT_EQ(row->titles()[99], "Battery 100%");
+  EXPECT_EQ(row->titles()[100], "Charging started");
+  EXPECT_EQ(row->titles()[107], "WiFi disconnected");
 }
 
 TEST_F(ProfileList, ChoosesTheTriggerThatIsSavedNext) {

@@ -13,8 +13,9 @@ using preferences::CellType;
 using preferences::PSListController;
 using preferences::PSSpecifier;
 
-std::string dimmedBy(PSListController& page, const PSSpecifier& row) {
-  return std::string(page.dimmedBy(row.identifier()));
+std::string dimmedBy(PSListController& page, PSSpecifier& row) {
+  const auto whyNot = host::describeRow(page, row).whyNot;
+  return whyNot ? whyNot->by : std::string();
 }
 
 Json describe(PSListController& page, PSSpecifier& row) {

@@ -11,7 +11,7 @@ Json valueOf(const uikit::Control& control, const PSSpecifier& row) {
   if (auto* field = dynamic_cast<const uikit::TextField*>(&control)) return field->text;
   auto* segments = dynamic_cast<const uikit::SegmentedControl*>(&control);
   const auto chosen = segments ? static_cast<std::size_t>(segments->selectedSegmentIndex) : 0;
-  return segments && chosen < row.values.size() ? toJson(row.values[chosen]) : Json();
+  return segments && chosen < row.values().size() ? toJson(row.values()[chosen]) : Json();
 }
 
 const char* kindOf(const uikit::Control& control) {

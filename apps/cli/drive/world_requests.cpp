@@ -8,15 +8,12 @@ namespace {
 
 constexpr double kLongestAdvance = 1e9;  // seconds
 
-host::Outcome<std::vector<preferences::Argument>> argumentsIn(const Json& array) {
-  std::vector<preferences::Argument> arguments;
+host::Outcome<std::vector<plist::Value>> argumentsIn(const Json& array) {
+  std::vector<plist::Value> arguments;
   for (const Json& member : array) {
     auto value = fromJson(member);
     if (!value) return badRequest("\"arguments\" can't be values");
-    if (value->isNothing())
-      arguments.emplace_back(nullptr);
-    else
-      arguments.emplace_back(std::move(*value));
+    arguments.push_back(std::move(*value));
   }
   return arguments;
 }
@@ -68,10 +65,9 @@ Driver::Answer Driver::call(const Request& request) {
   if (!given) return given.error();
   const auto arguments = argumentsIn(*given);
   if (!arguments) return arguments.error();
-  const auto result = application_.call(*operation, *arguments);
+  const auto result = application_.perform(host::Call{*operation, *arguments});
   if (!result) return result.error();
-  const auto value = preferences::valueIn(*result);
-  return Json{{"result", value ? toJson(*value) : Json()}};
+  return Json{{"result", toJson(*result)}};
 }
 
 Driver::Answer Driver::notifications(const Request&) {

@@ -1,0 +1,141 @@
+#include "host/application.h"
+
+#include <algorithm>
+
+#include "platform/uikit/application_frame.h"
+
+namespace host {
+namespace {
+
+using preferences::PSListController;
+using preferences::PSSpecifier;
+
+// What the user does to the shown page itself.
+template <class T>
+constexpr bool kTouchesPage = false;
+template <>
+constexpr bool kTouchesPage<Open> = true;
+template <>
+constexpr bool kTouchesPage<Back> = true;
+template <>
+constexpr bool kTouchesPage<Tap> = true;
+template <>
+constexpr bool kTouchesPage<Set> = true;
+template <>
+constexpr bool kTouchesPage<Scroll> = true;
+template <>
+constexpr bool kTouchesPage<Select> = true;
+template <>
+constexpr bool kTouchesPage<Drag> = true;
+template <>
+constexpr bool kTouchesPage<Bar> = true;
+
+// The row that the user operates; null for a request that operates none.
+const RowReference* operatedRow(const Request& request) {
+  if (auto* tap = std::get_if<Tap>(&request)) return &tap->row;
+  if (auto* set = std::get_if<Set>(&request)) return &set->row;
+  return nullptr;
+}
+
+}  // namespace
+
+Application::Application(preferences::Environment& environment, int viewport, int atLeast)
+    : environment_(environment), viewport_(std::max(viewport, 1)), atLeast_(atLeast) {}
+
+Application::~Application() {
+  while (!pages_.empty()) pages_.pop_back();
+}
+
+Outcome<plist::Value> Application::perform(const Request& request) {
+  if (const auto refused = refusal(request)) return *refused;
+  auto result = std::visit([this](const auto& each) { return run(each); }, request);
+  if (result) buildVisibleRows();
+  return result;
+}
+
+std::optional<Refusal> Application::refusal(const Request& request) const {
+  const bool touchesPage = std::visit(
+      [](const auto& each) { return kTouchesPage<std::decay_t<decltype(each)>>; }, request);
+  if (touchesPage && topmostAlert()) return Refusal{RefusalCode::Modal, "an alert is on screen"};
+  const RowReference* row = operatedRow(request);
+  return row ? rowRefusal(*row) : std::nullopt;
+}
+
+preferences::PSViewController* Application::shownPage() const {
+  return pages_.empty() ? nullptr : pages_.back().get();
+}
+
+PSListController* Application::shownList() const {
+  return dynamic_cast<PSListController*>(shownPage());
+}
+
+uikit::TableView* Application::shownTable() const {
+  return pages_.empty() ? nullptr : shownPage()->table();
+}
+
+int Application::entries() const {
+  if (PSListController* page = shownList()) return static_cast<int>(page->specifiers().size());
+  uikit::TableView* table = shownTable();
+  return table ? table->rowCount() : 0;
+}
+
+int Application::lastFirst() const {
+  return std::max(entries() - viewport_, 0);
+}
+
+int Application::firstShown() const {
+  return firstRows_.empty() ? 0 : firstRows_.back();
+}
+
+void Application::buildVisibleRows() {
+  if (!pages_.empty()) {
+    int& first = firstRows_.back();
+    first = std::min(first, lastFirst());
+    const int left = entries() - first;
+    if (PSListController* page = shownList()) {
+      for (int i = first; i < first + std::min(std::max(viewport_, atLeast_), left); ++i)
+        if (PSSpecifier& row = *page->specifiers()[i]; !row.isBuilt()) page->buildRow(row);
+    } else if (uikit::TableView* table = shownTable()) {
+      table->show(first, std::min(viewport_, left));
+    }
+    fitToScreen();
+  }
+  if (changed_) changed_();
+}
+
+std::vector<uikit::TableViewCell*> Application::cells() const {
+  std::vector<uikit::TableViewCell*> made;
+  if (PSListController* page = shownList()) {
+    for (const Row& row : page->specifiers()) made.push_back(row->cellObject());
+  } else if (uikit::TableView* table = shownTable()) {
+    for (int i = firstShown(); i < std::min(firstShown() + viewport_, entries()); ++i)
+      made.push_back(table->cellForRowAtIndexPath(table->pathOfRow(i)));
+  }
+  std::erase(made, nullptr);
+  return made;
+}
+
+void Application::layOutRows() {
+  for (uikit::TableViewCell* cell : cells()) cell->layoutSubviews();
+}
+
+void Application::fitToScreen() {
+  const double width = uikit::applicationFrame(environment_.idiom).width;
+  for (uikit::TableViewCell* cell : cells()) {
+    if (cell->frame.width == width) continue;
+    cell->frame.width = width;
+    cell->layoutSubviews();
+  }
+}
+
+void Application::report(Problem problem) {
+  if (std::ranges::find(problems_, problem) != problems_.end()) return;
+  problems_.push_back(std::move(problem));
+  if (changed_) changed_();
+}
+
+void Application::dismiss(const Problem& problem) {
+  if (std::erase(problems_, problem) > 0 && changed_) changed_();
+}
+
+}  // namespace host

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "host/scene.h"
+#include "platform/preferences/PSListController.h"
+#include "platform/uikit/alert.h"
+#include "platform/uikit/table_view.h"
+
+namespace prefs {
+class ZorvekColorPickerQuorvantisLinkCell;
+}
+
+namespace host {
+
+class Application;
+
+// What is shown now. The only place that asks which control a row has and how a cell looks; it
+// changes nothing.
+Scene describe(const Application& application);
+
+// Its parts.
+RowView describeRow(preferences::PSListController& page, preferences::PSSpecifier& row);
+// The part of a row that its color makes.
+void describeColor(const prefs::ZorvekColorPickerQuorvantisLinkCell& cell, RowView& row);
+// The sections, the rows on screen (`entries` from `first` on), and what is chosen.
+void describeTable(preferences::PSViewController& page, int first, int entries, PageView& view);
+// `page`: where the view may stand that a sheet points to; may be null.
+AlertView describeAlert(uikit::Alert& alert, preferences::PSListController* page);
+
+}  // namespace host

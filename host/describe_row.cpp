@@ -1,0 +1,124 @@
+#include "host/describe.h"
+#include "host/describe_control.h"
+#include "platform/foundation/text.h"
+#include "prefs/colorpicker/ZorvekColorPickerQuorvantisLinkCell.h"
+#include "prefs/colorpicker/palettes.h"
+#include "prefs/pages/DependentListController.h"
+
+namespace host {
+namespace {
+
+using preferences::CellType;
+using preferences::PSListController;
+using preferences::PSSpecifier;
+using prefs::ZorvekColorPickerQuorvantisLinkCell;
+
+RowKind kindOf(CellType type) {
+  switch (type) {
+    case CellType::PSGroupCell:
+      return RowKind::Group;
+    case CellType::PSLinkCell:
+    case CellType::PSLinkListCell:
+    case CellType::PSListItemCell:
+      return RowKind::Link;
+    case CellType::PSButtonCell:
+      return RowKind::Button;
+    case CellType::PSSwitchCell:
+      return RowKind::Switch;
+    case CellType::PSSliderCell:
+      return RowKind::Slider;
+    case CellType::PSSegmentCell:
+      return RowKind::Segments;
+    case CellType::PSEditTextCell:
+    case CellType::PSSecureEditTextCell:
+      return RowKind::Text;
+    case CellType::PSEditTextViewCell:
+      return RowKind::LongText;
+    case CellType::PSTitleValueCell:
+      return RowKind::Value;
+    case CellType::PSStaticTextCell:
+      return RowKind::Static;
+    case CellType::PSSpinnerCell:
+      return RowKind::Spinner;
+    case CellType::PSGiantCell:
+    case CellType::PSGiantIconCell:
+      return RowKind::Giant;
+  }
+  return RowKind::Value;
+}
+
+std::optional<WhyNot> whyNotOf(PSListController& page, const PSSpecifier& row) {
+  auto* dependent = dynamic_cast<prefs::DependentListController*>(&page);
+  if (!dependent) return WhyNot{};
+  const auto [id, lags] = dependent->dimmingOf(row.identifier());
+  const PSSpecifier* by = id.empty() ? nullptr : page.specifierForID(id);
+  if (!by) return WhyNot{};
+  const uikit::Control* control = by->control();
+  return WhyNot{std::string(id), by->name(), lags, !(control && control->isOn())};
+}
+
+void describeCell(PSListController& page, const PSSpecifier& row, RowView& view) {
+  const preferences::PSTableCell& cell = *row.cellObject();
+  view.built = true;
+  view.interaction = cell.userInteractionEnabled();
+  view.enabled = cell.enabled();
+  view.alpha = cell.alpha();
+  view.ticked = cell.accessory == uikit::Accessory::Checkmark;
+  view.usable = view.interaction && view.enabled;
+  if (!view.usable) view.whyNot = whyNotOf(page, row);
+}
+
+std::string colorText(const std::string& text) {
+  const prefs::ColorEntry* preset = prefs::presetColor(text);
+  if (!preset) return text;
+  return std::string(preset->name) + (text.starts_with('#') ? ", " + text : "");
+}
+
+std::string shownText(const RowView& view, const PSSpecifier& row) {
+  if (view.value.isNothing()) return {};
+  if (const std::string* title = row.titleForValue(view.value)) return *title;
+  if (auto* button = std::get_if<SwitchView>(&view.control); button && view.built)
+    return button->on ? "on" : "off";
+  if (view.kind == RowKind::Color && view.value.text()) return colorText(*view.value.text());
+  return foundation::replacingInvalidUtf8(foundation::descriptionOf(view.value));
+}
+
+}  // namespace
+
+void describeColor(const ZorvekColorPickerQuorvantisLinkCell& cell, RowView& row) {
+  const uikit::ImageView& swatch = *cell.thumbnailView;
+  const uikit::Label& label = *cell.valueLabel;
+  ColorView color;
+  color.swatch = {swatch.hidden, std::nullopt, swatch.frame, swatch.layer.borderWidth.value_or(0),
+                  swatch.layer.borderColor};
+  if (swatch.image) color.swatch.color = swatch.image->color;
+  color.label = {label.hidden, label.text, label.frame};
+  row.control = std::move(color);
+  row.value = cell.selectedColor ? plist::Value(*cell.selectedColor) : plist::Value();
+  row.shown = colorText(cell.selectedColor.value_or(""));
+}
+
+RowView describeRow(PSListController& page, PSSpecifier& row) {
+  constexpr std::string_view kColorCell = "ZorvekColorPickerQuorvantisLinkCell";
+  RowView view;
+  view.id = row.identifier();
+  view.label = row.name();
+  view.key = row.textForKey("key");
+  view.cellType = nameOf(row.cellType());
+  view.cellClass = row.textForKey("cellClass");
+  view.kind = view.cellClass == kColorCell ? RowKind::Color : kindOf(row.cellType());
+  view.footer = row.textForKey("footerText");
+  view.height = row.propertyForKey("height").number().value_or(0);
+  view.destructive = row.boolForKey("isDestructive", false);
+  if (row.isBuilt()) describeCell(page, row, view);
+  view.control = describeControl(row);
+  if (auto* color = dynamic_cast<ZorvekColorPickerQuorvantisLinkCell*>(row.cellObject())) {
+    describeColor(*color, view);
+    return view;
+  }
+  view.value = row.isBuilt() ? shownValue(row, view.control) : page.valueOf(row);
+  view.shown = shownText(view, row);
+  return view;
+}
+
+}  // namespace host
