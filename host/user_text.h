@@ -3,9 +3,12 @@
 #include <charconv>
 #include <cmath>
 #include <optional>
+#include <string>
 #include <string_view>
 
-namespace cli {
+#include "platform/plist/value.h"
+
+namespace host {
 
 // A number that is the whole of a text, decimal, with "." in every locale; nothing for any other
 // text and for what the type can't hold.
@@ -19,4 +22,14 @@ std::optional<T> numberIn(std::string_view text) {
   return number;
 }
 
-}  // namespace cli
+// The text by which a user names a value: text itself, "true" or "false", a number in the fewest
+// digits that read back as it, a real with a decimal point ("50.0"). Nothing for other kinds.
+std::optional<std::string> namingText(const plist::Value& value);
+
+// A text that may hold anything, as one line for a terminal: blanks in place of control characters,
+// U+FFFD in place of what is not UTF-8.
+std::string oneLine(std::string_view text);
+
+bool isUtf8(std::string_view text);
+
+}  // namespace host
