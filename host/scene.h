@@ -252,7 +252,4 @@ struct Scene {
   const PageView* shown() const { return pages.empty() ? nullptr : &pages.back(); }
 };
 
-// As a slider's value stands beside it: to a thousandth, without zeros at its end.
-std::string numberText(double number);
-
 }  // namespace host

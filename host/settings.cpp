@@ -5,7 +5,7 @@
 #include "host/application.h"
 #include "host/color_choice.h"
 #include "host/describe.h"
-#include "host/user_text.h"
+#include "host/text.h"
 #include "platform/foundation/text.h"
 #include "prefs/core/preference_store.h"
 

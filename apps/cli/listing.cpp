@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/user_text.h"
+#include "host/text.h"
 
 namespace cli {
 namespace {

@@ -10,7 +10,7 @@
 #include "apps/cli/command.h"
 #include "drive/driver.h"
 #include "host/battery_log.h"
-#include "host/user_text.h"
+#include "host/text.h"
 
 // The commands that run until they are interrupted, or their input ends.
 namespace cli {

@@ -8,7 +8,7 @@
 #include <iterator>
 #include <utility>
 
-#include "host/user_text.h"
+#include "host/text.h"
 
 namespace cli {
 namespace {

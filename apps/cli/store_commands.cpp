@@ -2,7 +2,7 @@
 
 #include "apps/cli/command.h"
 #include "host/raw_store.h"
-#include "host/user_text.h"
+#include "host/text.h"
 
 namespace cli {
 namespace {

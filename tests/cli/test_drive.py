@@ -43,7 +43,18 @@ class Drive(ProgramTest):
 
     def test_value_nested_without_end(self):
         line = '{"do":"set","row":0,"value":' + "[" * 5000 + "]" * 5000 + "}\n"
-        self.assertEqual(self.error({"do": "launch"}, line), "bad_value")
+        self.assertEqual(self.error({"do": "launch"}, line), "bad_request")
+
+    def test_line_that_is_nested_too_deep_or_too_long(self):
+        for line in ("[" * 90000 + "\n", '{"do":"set","row":0,"value":' + "[" * 500 + "]" * 500 + "}\n",
+                     '{"do":"set","row":0,"value":' + "[" * 64 + "]" * 64 + "}\n",
+                     '{"do":"played","x":"' + "x" * (16 << 20) + '"}\n'):
+            with self.subTest(line=line[:40], length=len(line)):
+                self.assertEqual(self.error(line), "bad_request")
+        for line in ('{"do":"played","x":' + "[" * 63 + "]" * 63 + "}\n",
+                     '{"do":"played","x":"' + "[" * 100 + '"}\n'):
+            with self.subTest(line=line[:40]):
+                self.assertEqual(self.converse(line), [{"ok": True, "sounds": []}])
 
     def test_field_of_a_wrong_type(self):
         for request in ({"do": "open"}, {"do": "open", "page": 1}, {"do": "tap"},

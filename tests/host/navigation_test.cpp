@@ -86,6 +86,7 @@ TEST(Navigation, LinkToAnUnknownClassIsRefused) {
 TEST(Navigation, BackDestroysThePageAfterTheOneBelowIsToldThatItAppears) {
   sample::Settings settings;
   ASSERT_TRUE(settings.application.tap("link"));
+  settings.queue.advance(std::chrono::milliseconds(100));  // what is deferred holds the page
   events.clear();
   ASSERT_TRUE(settings.application.back());
   EXPECT_THAT(events, ElementsAre("Second viewWillDisappear", "First viewWillAppear",

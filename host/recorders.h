@@ -8,7 +8,7 @@
 
 #include "platform/services.h"
 
-namespace cli {
+namespace host {
 
 // URLs that are written down and not opened. Which schemes have an application is the machine's
 // answer until it is set.
@@ -41,4 +41,4 @@ class RecordedSounds : public platform::SystemSounds {
   std::vector<std::optional<std::string>> played_;
 };
 
-}  // namespace cli
+}  // namespace host

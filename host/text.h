@@ -6,9 +6,16 @@
 #include <string>
 #include <string_view>
 
+#include "platform/foundation/text.h"
 #include "platform/plist/value.h"
 
 namespace host {
+
+using foundation::isUtf8;
+using foundation::replacingInvalidUtf8;
+
+// As a slider's value stands beside it: to a thousandth, without zeros at its end.
+std::string numberText(double number);
 
 // A number that is the whole of a text, decimal, with "." in every locale; nothing for any other
 // text and for what the type can't hold.
@@ -29,7 +36,5 @@ std::optional<std::string> namingText(const plist::Value& value);
 // A text that may hold anything, as one line for a terminal: blanks in place of control characters,
 // U+FFFD in place of what is not UTF-8.
 std::string oneLine(std::string_view text);
-
-bool isUtf8(std::string_view text);
 
 }  // namespace host

@@ -1,14 +1,14 @@
-#include "apps/cli/json.h"
+#include "drive/json.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
-#include "apps/cli/base64.h"
-#include "apps/cli/date_text.h"
-#include "platform/foundation/text.h"
-#include "platform/plist/binary.h"
+#include "drive/base64.h"
+#include "drive/date_text.h"
+#include "host/text.h"
 
-namespace cli {
+namespace drive {
 namespace {
 
 Json::object_t object() {
@@ -55,19 +55,17 @@ Json dictionaryJson(const plist::Dictionary& dictionary) {
   return members;
 }
 
-std::optional<plist::Value> fromJson(const Json& json, std::size_t depth);
-
-std::optional<plist::Value> fromArray(const Json& json, std::size_t depth) {
+std::optional<plist::Value> fromArray(const Json& json) {
   plist::Array array;
   for (const Json& member : json) {
-    auto value = fromJson(member, depth + 1);
+    auto value = fromJson(member);
     if (!value) return std::nullopt;
     array.push_back(std::move(*value));
   }
   return plist::Value(std::move(array));
 }
 
-std::optional<plist::Value> fromObject(const Json& json, std::size_t depth) {
+std::optional<plist::Value> fromObject(const Json& json) {
   if (json.size() == 1 && json.begin().value().is_string()) {
     const auto& text = json.begin().value().get_ref<const std::string&>();
     if (json.begin().key() == "$data") return readBase64(text);
@@ -75,33 +73,30 @@ std::optional<plist::Value> fromObject(const Json& json, std::size_t depth) {
   }
   plist::Dictionary dictionary;
   for (const auto& [key, member] : json.items()) {
-    auto value = fromJson(member, depth + 1);
+    auto value = fromJson(member);
     if (!value) return std::nullopt;
     dictionary.insert(key, std::move(*value));
   }
   return plist::Value(std::move(dictionary));
 }
 
-std::optional<plist::Value> fromJson(const Json& json, std::size_t depth) {
-  if (depth > plist::kMaximumDepth) return std::nullopt;
-  switch (json.type()) {
-    case Json::value_t::boolean:
-      return plist::Value(json.get<bool>());
-    case Json::value_t::number_integer:
-      return plist::Value(json.get<std::int64_t>());
-    case Json::value_t::number_unsigned:
-      return plist::Value(json.get<std::uint64_t>());
-    case Json::value_t::number_float:
-      return plist::Value(json.get<double>());
-    case Json::value_t::string:
-      return plist::Value(json.get<std::string>());
-    case Json::value_t::array:
-      return fromArray(json, depth);
-    case Json::value_t::object:
-      return fromObject(json, depth);
-    default:
-      return plist::Value();
+// How deep arrays and objects are within each other, at most; of a text that is no JSON, as deep as
+// its brackets open.
+int depthOf(std::string_view text) {
+  int depth = 0, deepest = 0;
+  bool inText = false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    if (inText && c == '\\')
+      ++i;
+    else if (c == '"')
+      inText = !inText;
+    else if (!inText && (c == '[' || c == '{'))
+      deepest = std::max(deepest, ++depth);
+    else if (!inText && (c == ']' || c == '}'))
+      --depth;
   }
+  return deepest;
 }
 
 void writeReal(double real, std::string& out) {
@@ -144,7 +139,7 @@ void writeMembers(const Json& json, std::string& out) {
   for (auto member = json.begin(); member != json.end(); ++member) {
     if (!std::exchange(first, false)) out += ',';
     if (json.is_object()) {
-      writeText(foundation::replacingInvalidUtf8(member.key()), out);
+      writeText(host::replacingInvalidUtf8(member.key()), out);
       out += ':';
     }
     write(*member, out);
@@ -167,7 +162,7 @@ void write(const Json& json, std::string& out) {
       writeReal(json.get<double>(), out);
       break;
     case Json::value_t::string:
-      writeText(foundation::replacingInvalidUtf8(json.get_ref<const std::string&>()), out);
+      writeText(host::replacingInvalidUtf8(json.get_ref<const std::string&>()), out);
       break;
     case Json::value_t::array:
     case Json::value_t::object:
@@ -208,8 +203,33 @@ Json toJson(const plist::Value& value) {
   return nullptr;
 }
 
+platform::Result<Json, std::string> parse(std::string_view line) {
+  if (line.size() > kLongestLine) return std::string("the line is longer than 16 MB");
+  if (depthOf(line) > kDeepest) return std::string("the line is nested more than 64 levels deep");
+  Json json = Json::parse(line, nullptr, false);
+  if (json.is_discarded()) return std::string("the line is no JSON");
+  return json;
+}
+
 std::optional<plist::Value> fromJson(const Json& json) {
-  return fromJson(json, 0);
+  switch (json.type()) {
+    case Json::value_t::boolean:
+      return plist::Value(json.get<bool>());
+    case Json::value_t::number_integer:
+      return plist::Value(json.get<std::int64_t>());
+    case Json::value_t::number_unsigned:
+      return plist::Value(json.get<std::uint64_t>());
+    case Json::value_t::number_float:
+      return plist::Value(json.get<double>());
+    case Json::value_t::string:
+      return plist::Value(json.get<std::string>());
+    case Json::value_t::array:
+      return fromArray(json);
+    case Json::value_t::object:
+      return fromObject(json);
+    default:
+      return plist::Value();
+  }
 }
 
 std::string textOf(const Json& json) {
@@ -219,8 +239,8 @@ std::string textOf(const Json& json) {
 }
 
 std::string plainTextOf(const plist::Value& value) {
-  if (const std::string* text = value.text()) return foundation::replacingInvalidUtf8(*text);
+  if (const std::string* text = value.text()) return host::replacingInvalidUtf8(*text);
   return textOf(toJson(value));
 }
 
-}  // namespace cli
+}  // namespace drive

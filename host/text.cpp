@@ -1,8 +1,7 @@
-#include "host/user_text.h"
+#include "host/text.h"
 
 #include <algorithm>
-
-#include "platform/foundation/text.h"
+#include <cstdio>
 
 namespace host {
 namespace {
@@ -23,6 +22,14 @@ std::string realText(const plist::Value& value) {
 
 }  // namespace
 
+std::string numberText(double number) {
+  char digits[512];
+  std::string text(digits, std::snprintf(digits, sizeof digits, "%.3f", number));
+  while (text.ends_with('0')) text.pop_back();
+  if (text.ends_with('.')) text.pop_back();
+  return text;
+}
+
 std::optional<std::string> namingText(const plist::Value& value) {
   if (value.text()) return *value.text();
   if (const auto boolean = value.boolean()) return std::string(*boolean ? "true" : "false");
@@ -37,10 +44,6 @@ std::string oneLine(std::string_view text) {
   std::ranges::replace_if(
       line, [](unsigned char c) { return c < ' ' || c == 0x7F; }, ' ');
   return line;
-}
-
-bool isUtf8(std::string_view text) {
-  return foundation::isUtf8(text);
 }
 
 }  // namespace host

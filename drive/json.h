@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "platform/plist/value.h"
+#include "host/request.h"
 
-namespace cli {
+namespace drive {
 
 // Objects keep the order in which they are made.
 using Json = nlohmann::ordered_json;
@@ -17,8 +17,13 @@ using Json = nlohmann::ordered_json;
 // that tell it from its 4-byte neighbours.
 Json toJson(const plist::Value& value);
 
-// The value of a JSON document, data and dates in the forms above. Empty for one that is nested
-// deeper than a property list can be, or whose data or date can't be read.
+// A document of one line; the error says what is wrong with it.
+inline constexpr std::size_t kLongestLine = 16 << 20;  // bytes
+inline constexpr int kDeepest = 64;                    // arrays and objects within each other
+platform::Result<Json, std::string> parse(std::string_view line);
+
+// The value of a document that was parsed, data and dates in the forms above. Empty for one whose
+// data or date can't be read.
 std::optional<plist::Value> fromJson(const Json& json);
 
 // One line of text without blanks. Reals always have a decimal point and as many digits as it takes
@@ -29,4 +34,4 @@ std::string textOf(const Json& json);
 // A value as people type and read it: text bare, all else as JSON.
 std::string plainTextOf(const plist::Value& value);
 
-}  // namespace cli
+}  // namespace drive

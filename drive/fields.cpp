@@ -1,8 +1,8 @@
-#include "apps/cli/drive/request.h"
+#include "drive/fields.h"
 
 #include <limits>
 
-namespace cli {
+namespace drive {
 namespace {
 
 host::Refusal mustBe(const char* name, const char* kind) {
@@ -23,57 +23,57 @@ host::Refusal badRequest(std::string message) {
   return {host::RefusalCode::BadRequest, std::move(message)};
 }
 
-host::Outcome<Request> Request::read(std::string_view line) {
-  Json json = Json::parse(line, nullptr, false);
-  if (json.is_discarded()) return badRequest("the line is no JSON");
-  if (!json.is_object()) return badRequest("a request is a JSON object");
-  const auto what = json.find("do");
-  if (what == json.end() || !what->is_string()) return badRequest("\"do\" must be text");
+host::Outcome<Fields> Fields::read(std::string_view line) {
+  auto json = parse(line);
+  if (!json) return badRequest(json.error());
+  if (!json->is_object()) return badRequest("a request is a JSON object");
+  const auto what = json->find("do");
+  if (what == json->end() || !what->is_string()) return badRequest("\"do\" must be text");
   std::string name = what->get<std::string>();
-  return Request(std::move(name), std::move(json));
+  return Fields(std::move(name), std::move(*json));
 }
 
-host::Outcome<Json> Request::field(const char* name) const {
+host::Outcome<Json> Fields::field(const char* name) const {
   const auto found = json_.find(name);
   if (found == json_.end()) return badRequest("\"" + std::string(name) + "\" is missing");
   return *found;
 }
 
-host::Outcome<std::string> Request::text(const char* name) const {
+host::Outcome<std::string> Fields::text(const char* name) const {
   const auto found = field(name);
   if (!found) return found.error();
   if (!found->is_string()) return mustBe(name, "text");
   return found->get<std::string>();
 }
 
-host::Outcome<int> Request::integer(const char* name) const {
+host::Outcome<int> Fields::integer(const char* name) const {
   const auto found = field(name);
   if (!found) return found.error();
   if (!found->is_number_integer()) return mustBe(name, "an integer");
   return clampedInt(*found);
 }
 
-host::Outcome<double> Request::number(const char* name) const {
+host::Outcome<double> Fields::number(const char* name) const {
   const auto found = field(name);
   if (!found) return found.error();
   if (!found->is_number()) return mustBe(name, "a number");
   return found->get<double>();
 }
 
-host::Outcome<bool> Request::boolean(const char* name) const {
+host::Outcome<bool> Fields::boolean(const char* name) const {
   const auto found = field(name);
   if (!found) return found.error();
   if (!found->is_boolean()) return mustBe(name, "true or false");
   return found->get<bool>();
 }
 
-host::Outcome<Json> Request::array(const char* name) const {
+host::Outcome<Json> Fields::array(const char* name) const {
   auto found = field(name);
   if (found && !found->is_array()) return mustBe(name, "an array");
   return found;
 }
 
-host::Outcome<host::RowReference> Request::row() const {
+host::Outcome<host::RowReference> Fields::row() const {
   const auto found = field("row");
   if (!found) return found.error();
   if (found->is_string()) return host::RowReference(found->get<std::string>());
@@ -81,7 +81,7 @@ host::Outcome<host::RowReference> Request::row() const {
   return mustBe("row", "an id or an index");
 }
 
-host::Outcome<plist::Value> Request::value() const {
+host::Outcome<plist::Value> Fields::value() const {
   const auto found = field("value");
   if (!found) return found.error();
   auto read = fromJson(*found);
@@ -89,4 +89,4 @@ host::Outcome<plist::Value> Request::value() const {
   return read ? std::move(*read) : plist::Value();
 }
 
-}  // namespace cli
+}  // namespace drive

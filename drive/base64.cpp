@@ -1,6 +1,6 @@
-#include "apps/cli/base64.h"
+#include "drive/base64.h"
 
-namespace cli {
+namespace drive {
 namespace {
 
 constexpr std::string_view kDigits =
@@ -39,4 +39,4 @@ std::optional<plist::Value> readBase64(std::string_view text) {
   return plist::Value(std::move(data));
 }
 
-}  // namespace cli
+}  // namespace drive

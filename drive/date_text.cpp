@@ -1,11 +1,11 @@
-#include "apps/cli/date_text.h"
+#include "drive/date_text.h"
 
 #include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
 
-namespace cli {
+namespace drive {
 namespace {
 
 using namespace std::chrono;
@@ -49,4 +49,4 @@ std::optional<plist::Value> readDate(std::string_view text) {
   return plist::Value(plist::Date{duration<double>(time).count()});
 }
 
-}  // namespace cli
+}  // namespace drive

@@ -2,17 +2,17 @@
 
 #include <string>
 
-#include "apps/cli/json.h"
-#include "host/settings_application.h"
+#include "drive/json.h"
+#include "host/request.h"
 
-namespace cli {
+namespace drive {
 
-// One request of the protocol. A field that is missing or of another type makes a BadRequest, with
+// One line of the protocol. A field that is missing or of another type makes a BadRequest, with
 // the field in its message.
-class Request {
+class Fields {
  public:
   // BadRequest when the line is no JSON object with a text under "do".
-  static host::Outcome<Request> read(std::string_view line);
+  static host::Outcome<Fields> read(std::string_view line);
 
   const std::string& what() const { return what_; }
 
@@ -27,7 +27,7 @@ class Request {
   host::Outcome<plist::Value> value() const;      // any JSON value, under "value"
 
  private:
-  Request(std::string what, Json json) : what_(std::move(what)), json_(std::move(json)) {}
+  Fields(std::string what, Json json) : what_(std::move(what)), json_(std::move(json)) {}
 
   std::string what_;
   Json json_;
@@ -35,4 +35,4 @@ class Request {
 
 host::Refusal badRequest(std::string message);
 
-}  // namespace cli
+}  // namespace drive

@@ -1,0 +1,34 @@
+// Lines of the protocol from any bytes: each is answered with one line, whatever it asks for.
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+#include "drive/driver.h"
+
+namespace {
+
+struct Folder {
+  std::string path = (std::filesystem::temp_directory_path() / "drive-line-XXXXXX").string();
+  Folder() {
+    if (!mkdtemp(path.data())) std::abort();
+  }
+  ~Folder() { std::filesystem::remove_all(path); }
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+  const Folder folder;
+  drive::Driver driver({.root = folder.path}, 12, [](const std::string&) {});
+  std::string_view left(reinterpret_cast<const char*>(bytes), size);
+  while (!left.empty()) {
+    const std::string_view line = left.substr(0, left.find('\n'));
+    left.remove_prefix(std::min(line.size() + 1, left.size()));
+    const std::string answer = driver.answer(line);
+    if (drive::Json::parse(answer, nullptr, false).is_discarded() ||
+        answer.find('\n') != std::string::npos)
+      std::abort();
+  }
+  return 0;
+}
