@@ -69,7 +69,7 @@ class Load(ProfileTest):
     def test_foreign_values_leave_a_domain_that_others_read(self):
         foreign = plistlib.loads(archive({"profilepercentage": "20", "wifi": "a set"}))
         objects = foreign["$objects"]
-        objects[objects.index("a set")] = {"NS.objects": [plistlib.UID(0)],
+        objects[objects.index("a set")] = {"NS.objects": [plistlib.UID(objects.index("20"))],
                                            "$class": plistlib.UID(len(objects))}
         objects.append({"$classname": "NSSet", "$classes": ["NSSet", "NSObject"]})
         self.write(path_of(20), plistlib.dumps(foreign, fmt=plistlib.FMT_BINARY))

@@ -74,7 +74,6 @@ KINDS = {
     "expat": r"expat\.h",
     "vcard": r"libebook-contacts/[\w-]+\.h",
     "gstreamer": r"gst/[\w/]+\.h",
-    "cli11": r"CLI/\w+\.hpp",
     "json": r"nlohmann/\w+\.hpp",
     "gtest": r"g(test|mock)/[\w-]+\.h",
     "benchmark": r"benchmark/benchmark\.h",
