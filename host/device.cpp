@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "prefs/resources/bundle.h"
+#include "services/services.h"
 
 namespace host {
 namespace {
@@ -78,6 +79,21 @@ std::vector<std::string> Device::takeProblems() {
 std::vector<std::string> Device::takeWarnings() {
   const std::lock_guard lock(mutex_);
   return std::exchange(warnings_, {});
+}
+
+platform::Result<platform::Done, std::string> Device::watch(
+    const std::vector<std::string>& names,
+    const std::function<bool(std::string_view name)>& posted) {
+  const auto& bus = services::bus();
+  if (!bus) return bus.error();
+  auto listener = (*bus)->listen({names.begin(), names.end()});
+  if (!listener) return listener.error();
+  for (bool wanted = true; wanted;) {
+    const auto waited =
+        (*listener)->wait([&](std::string_view name) { wanted = wanted && posted(name); });
+    if (!waited) return waited.error();
+  }
+  return platform::Done{};
 }
 
 }  // namespace host

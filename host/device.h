@@ -48,6 +48,13 @@ class Device {
   // without those that can't be read.
   std::vector<std::string> takeWarnings();
 
+  // Calls `posted` with the name of each cross-process notification as it arrives, only of these
+  // names if there are any, until it returns false. The error says why the bus can't be listened
+  // to.
+  static platform::Result<platform::Done, std::string> watch(
+      const std::vector<std::string>& names,
+      const std::function<bool(std::string_view name)>& posted);
+
  private:
   using Messages = std::vector<std::string>;
   std::function<void(const std::string&)> tellingInto(Messages& kept);

@@ -16,12 +16,12 @@ using platform::Done;
 constexpr std::string_view kArchiver = "$archiver";  // in every keyed archive
 constexpr std::string_view kBinaryMagic = "bplist";
 
-ProfileFailure failure(ProfileFailure::Reason reason, std::string words) {
+Failure failure(Failure::Reason reason, std::string words) {
   return {reason, {.source = Source::Profiles, .words = std::move(words)}};
 }
 
-ProfileFailure badValue(std::string_view key, const std::string& what) {
-  return failure(ProfileFailure::BadValue, "\"" + std::string(key) + "\" " + what);
+Failure refused(std::string_view key, const std::string& what) {
+  return failure(Failure::Refused, "\"" + std::string(key) + "\" " + what);
 }
 
 platform::Result<plist::Value, std::string> readPropertyList(plist::Bytes bytes,
@@ -37,12 +37,12 @@ platform::Result<plist::Value, std::string> readPropertyList(plist::Bytes bytes,
   return std::move(*list);
 }
 
-ProfileOutcome<plist::Dictionary> readValues(plist::Bytes bytes, platform::XmlPropertyLists& xml) {
+Attempt<plist::Dictionary> readValues(plist::Bytes bytes, platform::XmlPropertyLists& xml) {
   auto list = readPropertyList(bytes, xml);
   if (list && list->dictionary() && list->dictionary()->find(kArchiver))
     list = prefs::unarchive(bytes, xml);
-  if (!list) return failure(ProfileFailure::Failed, list.error());
-  if (!list->dictionary()) return failure(ProfileFailure::BadValue, "not a profile: no dictionary");
+  if (!list) return failure(Failure::Failed, list.error());
+  if (!list->dictionary()) return failure(Failure::Refused, "not a profile: no dictionary");
   return std::move(*list->dictionary());
 }
 
@@ -57,21 +57,20 @@ bool wantsText(std::string_view key) {
   return key == prefs::kProfilePercentage || (standard && standard->text());
 }
 
-ProfileOutcome<Done> check(const plist::Dictionary& values,
-                           const std::vector<std::string_view>& keys) {
+Attempt<Done> check(const plist::Dictionary& values, const std::vector<std::string_view>& keys) {
   for (const auto& [key, value] : values) {
     if (key != prefs::kProfilePercentage && std::ranges::find(keys, key) == keys.end())
-      return badValue(key, "is not a setting of a profile");
-    if (wantsText(key) && !value.text()) return badValue(key, "must be text");
-    if (!wantsText(key) && !value.isNumber()) return badValue(key, "must be a number");
-    if (!isFinite(value)) return badValue(key, "must be a finite number");
+      return refused(key, "is not a setting of a profile");
+    if (wantsText(key) && !value.text()) return refused(key, "must be text");
+    if (!wantsText(key) && !value.isNumber()) return refused(key, "must be a number");
+    if (!isFinite(value)) return refused(key, "must be a finite number");
   }
   return Done{};
 }
 
 }  // namespace
 
-ProfileOutcome<ImportedProfile> readImport(plist::Bytes bytes, platform::XmlPropertyLists& xml) {
+Attempt<ImportedProfile> readImport(plist::Bytes bytes, platform::XmlPropertyLists& xml) {
   const auto values = readValues(bytes, xml);
   if (!values) return values.error();
   const auto keys = prefs::profileKeys();
@@ -79,11 +78,11 @@ ProfileOutcome<ImportedProfile> readImport(plist::Bytes bytes, platform::XmlProp
   if (!checked) return checked.error();
 
   const plist::Value* profileID = values->find(prefs::kProfilePercentage);
-  if (!profileID) return badValue(prefs::kProfilePercentage, "is missing");
+  if (!profileID) return refused(prefs::kProfilePercentage, "is missing");
   const auto known = triggers();
   const auto trigger = std::ranges::find(known, *profileID->text(), &Trigger::profileID);
   if (trigger == known.end())
-    return badValue(prefs::kProfilePercentage, "is not the ID of a trigger");
+    return refused(prefs::kProfilePercentage, "is not the ID of a trigger");
 
   plist::Dictionary profile{{std::string(prefs::kProfilePercentage), *profileID}};
   for (std::string_view key : keys)

@@ -10,6 +10,6 @@ struct ImportedProfile {
 };
 
 // As Profiles::import says. Offsets and lines in errors are places in these bytes.
-ProfileOutcome<ImportedProfile> readImport(plist::Bytes bytes, platform::XmlPropertyLists& xml);
+Attempt<ImportedProfile> readImport(plist::Bytes bytes, platform::XmlPropertyLists& xml);
 
 }  // namespace host

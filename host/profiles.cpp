@@ -16,27 +16,26 @@ namespace {
 using platform::Done;
 
 // The message without the path that it begins with, if it does.
-ProfileFailure failure(ProfileFailure::Reason reason, const std::string& path,
-                       std::string message) {
+Failure failure(Failure::Reason reason, const std::string& path, std::string message) {
   if (message.starts_with(path + ": ")) message.erase(0, path.size() + 2);
   return {reason, {.source = Source::Profiles, .path = path, .words = std::move(message)}};
 }
 
-ProfileFailure failed(std::string message) {
-  return failure(ProfileFailure::Failed, "", std::move(message));
+Failure failed(std::string message) {
+  return failure(Failure::Failed, "", std::move(message));
 }
 
-ProfileFailure noProfile(const Trigger& trigger) {
-  return failure(ProfileFailure::NoProfile, "", "no profile " + trigger.path);
+Failure noProfile(const Trigger& trigger) {
+  return failure(Failure::NotFound, "", "no profile " + trigger.path);
 }
 
-ProfileFailure exists(const Trigger& trigger) {
-  return failure(ProfileFailure::Exists, "", trigger.path + " exists");
+Failure exists(const Trigger& trigger) {
+  return failure(Failure::Exists, trigger.path, "exists");
 }
 
-ProfileFailure failureOf(const Trigger& trigger, const prefs::ProfileError& error) {
+Failure failureOf(const Trigger& trigger, const prefs::ProfileError& error) {
   if (error.missing) return noProfile(trigger);
-  return failure(ProfileFailure::Failed, trigger.path, error.message);
+  return failure(Failure::Failed, trigger.path, error.message);
 }
 
 }  // namespace
@@ -56,7 +55,7 @@ std::optional<Trigger> findTrigger(std::string_view text) {
   return std::nullopt;
 }
 
-ProfileOutcome<std::vector<SavedProfile>> Profiles::list() {
+Attempt<std::vector<SavedProfile>> Profiles::list() {
   auto saved = prefs::savedProfiles(environment_, prefs::TitleForm::WithDescription);
   if (!saved.failure.empty()) return failed(saved.failure);
   std::vector<SavedProfile> profiles;
@@ -68,13 +67,13 @@ ProfileOutcome<std::vector<SavedProfile>> Profiles::list() {
   return profiles;
 }
 
-ProfileOutcome<plist::Dictionary> Profiles::read(const Trigger& trigger) {
+Attempt<plist::Dictionary> Profiles::read(const Trigger& trigger) {
   auto profile = prefs::readProfile(environment_, trigger.path);
   if (!profile) return failureOf(trigger, profile.error());
   return std::move(*profile);
 }
 
-ProfileOutcome<Done> Profiles::checkFree(const Trigger& trigger, Existing existing) const {
+Attempt<Done> Profiles::checkFree(const Trigger& trigger, Existing existing) const {
   if (existing == Existing::Keep && environment_.root.hasEntry(trigger.path))
     return exists(trigger);
   return Done{};
@@ -87,7 +86,7 @@ bool Profiles::restore(
   return before.error().code == ENOENT && static_cast<bool>(environment_.root.remove(trigger.path));
 }
 
-ProfileOutcome<Done> Profiles::save(const Trigger& trigger, Existing existing) {
+Attempt<Done> Profiles::save(const Trigger& trigger, Existing existing) {
   if (const auto free = checkFree(trigger, existing); !free) return free;
   // A change of nothing takes the lock and writes nothing. The file is written before the domain
   // is, and what it replaces can't always be brought back: a lock that can't be had is better known
@@ -115,7 +114,7 @@ ProfileOutcome<Done> Profiles::save(const Trigger& trigger, Existing existing) {
   return Done{};
 }
 
-ProfileOutcome<Done> Profiles::load(const Trigger& trigger) {
+Attempt<Done> Profiles::load(const Trigger& trigger) {
   if (const auto profile = read(trigger); !profile) return profile.error();
   const auto page = std::make_shared<prefs::ProfilesListController>(environment_);
   page->viewDidLoad();
@@ -125,16 +124,16 @@ ProfileOutcome<Done> Profiles::load(const Trigger& trigger) {
   return Done{};
 }
 
-ProfileOutcome<Done> Profiles::remove(const Trigger& trigger, Folders folders) {
+Attempt<Done> Profiles::remove(const Trigger& trigger, Folders folders) {
   const auto removed = prefs::deleteProfile(environment_, trigger.path, folders);
   if (removed) return Done{};
   const int code = removed.error().code;
   if (code == ENOENT) return noProfile(trigger);
-  return failure(code == EISDIR ? ProfileFailure::IsFolder : ProfileFailure::Failed, trigger.path,
+  return failure(code == EISDIR ? Failure::IsFolder : Failure::Failed, trigger.path,
                  removed.error().message());
 }
 
-ProfileOutcome<std::vector<prefs::Difference>> Profiles::changesOfLoad(const Trigger& trigger) {
+Attempt<std::vector<prefs::Difference>> Profiles::changesOfLoad(const Trigger& trigger) {
   const auto profile = read(trigger);
   if (!profile) return profile.error();
   if (const auto readable = environment_.preferences.refresh(prefs::kDomain); !readable)
@@ -143,8 +142,8 @@ ProfileOutcome<std::vector<prefs::Difference>> Profiles::changesOfLoad(const Tri
   return prefs::differences(domain, prefs::domainAfterLoad(*profile, domain));
 }
 
-ProfileOutcome<std::vector<prefs::Difference>> Profiles::differences(const Trigger& one,
-                                                                     const Trigger& other) {
+Attempt<std::vector<prefs::Difference>> Profiles::differences(const Trigger& one,
+                                                              const Trigger& other) {
   const auto from = read(one);
   if (!from) return from.error();
   const auto to = read(other);
@@ -152,7 +151,7 @@ ProfileOutcome<std::vector<prefs::Difference>> Profiles::differences(const Trigg
   return prefs::differences(*from, *to);
 }
 
-ProfileOutcome<std::vector<std::uint8_t>> Profiles::exportXml(const Trigger& trigger) {
+Attempt<std::vector<std::uint8_t>> Profiles::exportXml(const Trigger& trigger) {
   const auto profile = read(trigger);
   if (!profile) return profile.error();
   auto xml = environment_.xml.write(*plist::storable(*profile));
@@ -160,13 +159,13 @@ ProfileOutcome<std::vector<std::uint8_t>> Profiles::exportXml(const Trigger& tri
   return std::move(*xml);
 }
 
-ProfileOutcome<Trigger> Profiles::import(plist::Bytes bytes, Existing existing) {
+Attempt<Trigger> Profiles::import(plist::Bytes bytes, Existing existing) {
   const auto imported = readImport(bytes, environment_.xml);
   if (!imported) return imported.error();
   const auto& [trigger, values] = *imported;
   if (const auto free = checkFree(trigger, existing); !free) return free.error();
   const auto written = prefs::writeProfile(environment_, trigger.path, values);
-  if (!written) return failed(written.error());
+  if (!written) return failure(Failure::Failed, trigger.path, written.error());
   return trigger;
 }
 

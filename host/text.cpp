@@ -1,8 +1,27 @@
 #include "host/text.h"
 
+#include <algorithm>
 #include <charconv>
+#include <cstdio>
 
 namespace host {
+namespace {
+
+template <class Number>
+std::string digitsOf(Number number) {
+  char text[32];
+  return {text, std::to_chars(text, text + sizeof text, number).ptr};
+}
+
+std::string realText(const plist::Value& value) {
+  const double real = *value.real();
+  std::string text =
+      value.isSinglePrecision() ? digitsOf(static_cast<float>(real)) : digitsOf(real);
+  const bool whole = text.find_first_of(".en") == std::string::npos;
+  return whole ? text + ".0" : text;
+}
+
+}  // namespace
 
 std::string numberText(double number) {
   char digits[512];
@@ -11,6 +30,22 @@ std::string numberText(double number) {
   while (text.ends_with('0')) text.pop_back();
   if (text.ends_with('.')) text.pop_back();
   return text;
+}
+
+std::optional<std::string> namingText(const plist::Value& value) {
+  if (value.text()) return *value.text();
+  if (const auto boolean = value.boolean()) return std::string(*boolean ? "true" : "false");
+  if (const auto integer = value.integer()) return digitsOf(*integer);
+  if (const auto integer = value.unsignedInteger()) return digitsOf(*integer);
+  if (value.real()) return realText(value);
+  return std::nullopt;
+}
+
+std::string oneLine(std::string_view text) {
+  std::string line = foundation::replacingInvalidUtf8(text);
+  std::ranges::replace_if(
+      line, [](unsigned char c) { return c < ' ' || c == 0x7F; }, ' ');
+  return line;
 }
 
 }  // namespace host

@@ -2,176 +2,162 @@
 
 #include <algorithm>
 
-#include "apps/cli/cli11.h"
-#include "apps/cli/commands/commands.h"
-#include "apps/cli/split_arguments.h"
-
 namespace cli {
 namespace {
 
-constexpr const char* kAbout = "Quorvantis settings from the command line.";
-
-// A group of commands has a name of its own, as in "profile list".
-struct Group {
-  std::string_view name;
-  const char* description;
+constexpr Option kCommonOptions[] = {
+    {"--root", "The device root, a folder", "DIR"},
+    {"--contacts", "Another folder of vCards", "DIR"},
+    {"--json", "Print one JSON document"},
+    {kVersion.data(), "Print the version"},
+    {kHelp.data(), "Print this help"},
 };
-constexpr Group kGroups[] = {
-    {"profile", "Work with saved profiles"},
-    {"defaults", "Work with the stored values themselves, as another process would"},
-};
-
-const Group* groupNamed(std::string_view name) {
-  const auto* found = std::ranges::find(kGroups, name, &Group::name);
-  return found == std::end(kGroups) ? nullptr : found;
-}
-
-// What a line begins with: a command, or at least the name of a group.
-struct Beginning {
-  const Command* command = nullptr;
-  std::size_t words = 0;
-};
-
-Beginning beginningOf(const std::vector<std::string>& words) {
-  const auto word = [&](std::size_t i) { return i < words.size() ? words[i] : ""; };
-  const std::size_t names = groupNamed(word(0)) ? 2 : 1;
-  for (const Command& command : commands())
-    if (word(0) == (names == 2 ? command.group : command.name) &&
-        (names == 1 ? !*command.group : word(1) == command.name))
-      return {&command, names};
-  return {nullptr, names - 1};
-}
-
-std::string refuseEmpty(const std::string& text) {
-  return text.empty() ? "names no folder" : "";
-}
-
-void addCommonOptions(CLI::App& app, Session& session) {
-  app.add_option("--root", session.options.root, "The device root, a folder")
-      ->type_name("DIR")
-      ->check(refuseEmpty);
-  app.add_option("--contacts", session.options.contacts, "Another folder of vCards")
-      ->type_name("DIR")
-      ->check(refuseEmpty);
-  app.add_flag("--json", session.json, "Print one JSON document");
-  app.set_version_flag("--version", "quorvantis " QUORVANTIS_VERSION);
-}
-
-CLI::App* groupOf(const Command& command, CLI::App& app) {
-  if (!*command.group) return &app;
-  const auto made =
-      app.get_subcommands([&](CLI::App* each) { return each->get_name() == command.group; });
-  if (!made.empty()) return made.front();
-  return app.add_subcommand(command.group, groupNamed(command.group)->description)
-      ->fallthrough()
-      ->require_subcommand(1);
-}
-
-Run declare(const Command& command, CLI::App& app, Session& session) {
-  CLI::App* own = groupOf(command, app)->add_subcommand(command.name, command.description);
-  return command.declare(*own->fallthrough(), session);
-}
-
-// As CLI11 takes it: the last word first.
-std::vector<std::string> reversed(const Beginning& beginning, const SplitArguments& words) {
-  const auto arguments = words.others.begin() + static_cast<std::ptrdiff_t>(beginning.words);
-  std::vector<std::string> line(words.others.begin(), arguments);
-  line.insert(line.end(), words.options.begin(), words.options.end());
-  line.emplace_back("--");
-  line.insert(line.end(), arguments, words.others.end());
-  return {line.rbegin(), line.rend()};
-}
 
 Failure wrongUse(std::string reason) {
   return {ExitCode::WrongUse, std::move(reason)};
 }
 
-Failure noCommand(const SplitArguments& words) {
-  if (words.others.empty()) return wrongUse("no command is given; quorvantis --help lists them");
-  std::string name = words.others[0], help = "quorvantis --help";
-  if (groupNamed(name)) {
+bool isNegativeNumber(std::string_view word) {
+  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+  if (word.size() > 2 && word[1] == '.') word.remove_prefix(1);
+  return word.size() > 1 && isDigit(word[1]);
+}
+
+bool isOption(std::string_view word) {
+  return word.size() > 1 && word[0] == '-' && !isNegativeNumber(word);
+}
+
+const Option* optionNamed(std::span<const Option> options, std::string_view name) {
+  const auto found = std::ranges::find_if(
+      options, [&](const Option& option) { return option.name && option.name == name; });
+  return found == options.end() ? nullptr : &*found;
+}
+
+const Option* optionNamed(std::string_view name) {
+  if (name == "-h") name = kHelp;
+  if (const Option* common = optionNamed(kCommonOptions, name)) return common;
+  for (const Command& command : commands())
+    if (const Option* own = optionNamed(command.options, name)) return own;
+  return nullptr;
+}
+
+// The line's words without the command's own, and its options, whoever's they are.
+Outcome<Arguments> sortWords(const std::vector<std::string>& line) {
+  Arguments sorted;
+  auto word = line.begin();
+  for (; word != line.end() && *word != "--"; ++word) {
+    if (!isOption(*word)) {
+      sorted.words.push_back(*word);
+      continue;
+    }
+    const std::size_t equals = word->find('=');
+    const std::string name = word->substr(0, equals);
+    const Option* option = optionNamed(name);
+    if (!option) return wrongUse("no option \"" + name + "\"; quorvantis --help lists them");
+    const bool attached = equals != std::string::npos;
+    if (!option->value && attached) return wrongUse(name + " takes no value");
+    std::string value;
+    if (attached) value = word->substr(equals + 1);
+    if (option->value && !attached && word + 1 != line.end()) value = *++word;
+    if (option->value && value.empty()) return wrongUse(name + " needs a value");
+    sorted.options.emplace_back(option->name, std::move(value));
+  }
+  if (word != line.end()) sorted.words.insert(sorted.words.end(), word + 1, line.end());
+  return sorted;
+}
+
+const Group* groupNamed(std::string_view name) {
+  const auto all = groups();
+  const auto found =
+      std::ranges::find_if(all, [&](const Group& each) { return each.name == name; });
+  return found == all.end() ? nullptr : &*found;
+}
+
+const Command* commandNamed(std::string_view group, std::string_view name) {
+  const auto all = commands();
+  const auto found = std::ranges::find_if(
+      all, [&](const Command& each) { return each.group == group && each.name == name; });
+  return found == all.end() ? nullptr : &*found;
+}
+
+Failure noCommand(const std::vector<std::string>& words, const Group* group) {
+  if (words.empty()) return wrongUse("no command is given; quorvantis --help lists them");
+  std::string name = words[0], help = "quorvantis --help";
+  if (group) {
     help = "quorvantis " + name + " --help";
-    name += words.others.size() > 1 ? " " + words.others[1] : " …";
+    name += words.size() > 1 ? " " + words[1] : " …";
   }
   return wrongUse("no command \"" + name + "\"; " + help + " lists them");
 }
 
-std::string helpOf(const CLI::App& app) {
-  std::string help = app.help();
-  help.erase(help.find_last_not_of('\n') + 1);
-  return help;
+Outcome<Done> checkArguments(const Command& command, const Arguments& given) {
+  std::size_t taken = 0;
+  for (const Argument& argument : command.arguments) {
+    if (!argument.name) break;
+    const std::string name = argument.name;
+    if (taken == given.words.size() && argument.need == Argument::Required)
+      return wrongUse(name + " is required");
+    const std::size_t end = argument.need == Argument::Repeated
+                                ? given.words.size()
+                                : std::min(taken + 1, given.words.size());
+    for (; taken < end; ++taken)
+      if (given.words[taken].empty() && !argument.mayBeEmpty)
+        return wrongUse(name + " must not be empty");
+  }
+  if (taken < given.words.size())
+    return wrongUse("unexpected argument \"" + given.words[taken] + "\"");
+  for (const auto& [name, value] : given.options)
+    if (!optionNamed(kCommonOptions, name) && !optionNamed(command.options, name))
+      return wrongUse(std::string(command.name) + " has no option " + std::string(name));
+  return Done{};
 }
 
-Outcome<Done> checkOptions(Session& session) {
-  if (session.options.root.empty()) session.options.root = host::defaultRoot();
+Outcome<Done> takeCommonOptions(const Arguments& arguments, Session& session) {
+  session.json = arguments.has("--json");
+  session.options.contacts = arguments.value("--contacts");
+  session.options.root = arguments.value("--root").value_or(host::defaultRoot());
   if (session.options.root.empty())
     return wrongUse("no device root: give --root DIR or set QUORVANTIS_ROOT");
   return Done{};
 }
 
-Outcome<Run> readWithLibrary(const SplitArguments& words, Session& session) {
-  const Beginning beginning = beginningOf(words.others);
-  CLI::App app(kAbout, "quorvantis");
-  addCommonOptions(app, session);
-  Run run;
-  if (beginning.command)
-    run = declare(*beginning.command, app, session);
-  else
-    for (const Command& each : commands()) declare(each, app, session);
-  try {
-    app.parse(reversed(beginning, words));
-  } catch (const CLI::CallForVersion& version) {
-    session.print(version.what());
-    return Run([] { return Done{}; });
-  } catch (const CLI::CallForHelp&) {
-    session.print(helpOf(app));
-    return Run([] { return Done{}; });
-  } catch (const CLI::Error& error) {
-    if (!beginning.command) return noCommand(words);
-    return wrongUse(error.what());
-  }
-  if (!beginning.command) return noCommand(words);
-  return run;
-}
-
-// Whether that is all there is.
-bool readCommonOptions(const std::vector<std::string>& options, Session& session) {
-  for (auto option = options.begin(); option != options.end(); ++option) {
-    if (*option == "--json")
-      session.json = true;
-    else if (*option == "--root" && !option[1].empty())
-      session.options.root = *++option;
-    else if (*option == "--contacts" && !option[1].empty())
-      session.options.contacts = *++option;
-    else
-      return false;
-  }
-  return true;
-}
-
-// What scripts run in loops, `get KEY`, is read without the library, which takes longer to set up
-// than the command itself.
-std::optional<Run> readQuickly(const SplitArguments& words, Session& session) {
-  const auto& others = words.others;
-  if (others.size() != 2 || others[0] != "get" || others[1].empty()) return std::nullopt;
-  if (!readCommonOptions(words.options, session)) return std::nullopt;
-  return Run([&session, key = others[1]] { return get(session, key); });
-}
-
 }  // namespace
 
-Outcome<Run> readCommandLine(const std::vector<std::string>& arguments, Session& session) {
-  const SplitArguments words = splitArguments(arguments);
-  if (!words.unfinished.empty()) return wrongUse(words.unfinished + " needs a value");
-  Outcome<Run> run = Run();
-  if (auto quick = readQuickly(words, session))
-    run = std::move(*quick);
-  else
-    run = readWithLibrary(words, session);
-  if (!run) return run;
-  const auto checked = checkOptions(session);
-  if (!checked) return checked.error();
-  return run;
+const std::string& Arguments::operator[](std::size_t index) const {
+  static const std::string kNone;
+  return index < words.size() ? words[index] : kNone;
+}
+
+std::optional<std::string> Arguments::value(std::string_view option) const {
+  for (const auto& [name, value] : options)
+    if (name == option) return value;
+  return std::nullopt;
+}
+
+std::span<const Option> commonOptions() {
+  return kCommonOptions;
+}
+
+Outcome<Line> readLine(const std::vector<std::string>& words, Session& session) {
+  auto sorted = sortWords(words);
+  if (!sorted) return sorted.error();
+  Line line{.arguments = std::move(*sorted)};
+  std::vector<std::string>& rest = line.arguments.words;
+  const Group* group = groupNamed(line.arguments[0]);
+  line.command =
+      group ? commandNamed(group->name, line.arguments[1]) : commandNamed("", line.arguments[0]);
+  if (line.arguments.has(kVersion)) return Line{.text = "quorvantis " QUORVANTIS_VERSION};
+  if (line.arguments.has(kHelp)) {
+    if (line.command) return Line{.text = helpOf(*line.command)};
+    if (group && rest.size() == 1) return Line{.text = helpOf(*group)};
+    if (rest.empty()) return Line{.text = help()};
+  }
+  if (!line.command) return noCommand(rest, group);
+  rest.erase(rest.begin(), rest.begin() + (group ? 2 : 1));
+  if (const auto checked = checkArguments(*line.command, line.arguments); !checked)
+    return checked.error();
+  if (const auto taken = takeCommonOptions(line.arguments, session); !taken) return taken.error();
+  return line;
 }
 
 }  // namespace cli

@@ -1,32 +1,31 @@
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
-#include "apps/cli/outcome.h"
-#include "apps/cli/session.h"
-
-namespace CLI {
-class App;
-}
+#include "apps/cli/command.h"
 
 namespace cli {
 
-// What is to be done once the line has been read.
-using Run = std::function<Outcome<Done>()>;
-
-struct Command {
-  const char* group;  // the first word of two, or empty
-  const char* name;
-  const char* description;
-  Run (*declare)(CLI::App& app, Session& session);  // its arguments and options
+// A line that has been read: a command, or text to print in its place (help, the version).
+struct Line {
+  const Command* command = nullptr;
+  Arguments arguments{};
+  std::string text{};
 };
 
-// Reads the line into the session's options and gives what it asks for; help and the version are
-// printed into the session. Options may stand anywhere, "--" ends them, and a number is no option
-// though it begins with "-". Only the command that is named is declared: the line of a command that
-// takes no time must not take any either.
-Outcome<Run> readCommandLine(const std::vector<std::string>& arguments, Session& session);
+// Reads the line, and its common options into the session. Options may stand anywhere, "--" ends
+// them; a value follows its option or a "=" in it. A number isn't an option though it begins with
+// "-".
+Outcome<Line> readLine(const std::vector<std::string>& words, Session& session);
+
+// What --help prints: of a command, of a group, else of the program.
+std::string helpOf(const Command& command);
+std::string helpOf(const Group& group);
+std::string help();
+
+std::span<const Option> commonOptions();
+inline constexpr std::string_view kHelp = "--help";
+inline constexpr std::string_view kVersion = "--version";
 
 }  // namespace cli

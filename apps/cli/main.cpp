@@ -1,3 +1,4 @@
+#include <exception>
 #include <string>
 #include <vector>
 
@@ -5,22 +6,38 @@
 
 namespace {
 
-cli::Outcome<cli::Done> runLine(const std::vector<std::string>& arguments, cli::Session& session) {
-  const auto run = cli::readCommandLine(arguments, session);
-  if (!run) return run.error();
-  const auto done = (*run)();
+using cli::Done;
+using cli::Outcome;
+
+Outcome<Done> perform(const cli::Line& line, cli::Session& session) {
+  if (line.command) return line.command->run(session, line.arguments);
+  session.print(line.text);
+  return Done{};
+}
+
+Outcome<Done> runLine(const std::vector<std::string>& words, cli::Session& session) {
+  const auto line = cli::readLine(words, session);
+  if (!line) return line.error();
+  const auto done = perform(*line, session);
   if (!done) return done.error();
   const auto flushed = session.flush();
   for (const std::string& warning : session.takeWarnings()) cli::complain(warning);
   return flushed;
 }
 
-}  // namespace
-
-int main(int count, char** arguments) {
-  cli::Session session;
-  const auto done = runLine({arguments + 1, arguments + count}, session);
+int codeOf(const Outcome<Done>& done) {
   if (done) return static_cast<int>(cli::ExitCode::Done);
   cli::complain(done.error().reason);
   return static_cast<int>(done.error().code);
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  try {
+    cli::Session session;
+    return codeOf(runLine({arguments + 1, arguments + count}, session));
+  } catch (const std::exception& error) {
+    return codeOf(cli::Failure{cli::ExitCode::Failed, std::string("unexpected: ") + error.what()});
+  }
 }

@@ -8,7 +8,7 @@
 #include <iterator>
 #include <utility>
 
-#include "apps/cli/one_line.h"
+#include "host/text.h"
 
 namespace cli {
 namespace {
@@ -26,6 +26,23 @@ Outcome<Done> writeAll(int file, std::string_view text) {
 
 }  // namespace
 
+Failure failureOf(const host::Failure& failure) {
+  const std::string message = failure.problem.message();
+  switch (failure.reason) {
+    case host::Failure::Failed:
+      return {ExitCode::Failed, message};
+    case host::Failure::Refused:
+      return {ExitCode::WrongUse, message};
+    case host::Failure::NotFound:
+      return {ExitCode::NotFound, message};
+    case host::Failure::Exists:
+      return {ExitCode::Exists, message + "; --overwrite replaces it"};
+    case host::Failure::IsFolder:
+      return {ExitCode::WrongUse, message + "; --recursive removes it with all that it holds"};
+  }
+  return {ExitCode::Failed, message};
+}
+
 host::Device& Session::device() {
   if (!device_) {
     auto clock = std::make_unique<foundation::ManualQueue>();
@@ -35,9 +52,9 @@ host::Device& Session::device() {
   return *device_;
 }
 
-foundation::ManualQueue& Session::clock() {
-  device();
-  return *clock_;
+host::Settings Session::settings() {
+  host::Device& made = device();
+  return {made.environment(), *clock_, [&made] { return made.takeProblems(); }};
 }
 
 Outcome<Done> Session::storeWorked() {
@@ -48,8 +65,19 @@ Outcome<Done> Session::storeWorked() {
 
 std::vector<std::string> Session::takeWarnings() {
   auto taken = std::exchange(warnings, {});
-  if (device_) std::ranges::move(device_->takeWarnings(), std::back_inserter(taken));
+  if (!device_) return taken;
+  std::ranges::move(device_->takeProblems(), std::back_inserter(taken));
+  std::ranges::move(device_->takeWarnings(), std::back_inserter(taken));
   return taken;
+}
+
+void Session::print(const Listing& listing) {
+  if (json) return printJson(Json(listing.document));
+  for (const std::string& line : listing.columns.lines()) print(line);
+}
+
+void Session::printValue(const plist::Value& value) {
+  print(json ? drive::textOf(drive::toJson(value)) : drive::plainTextOf(value));
 }
 
 Outcome<Done> Session::flush() {
@@ -58,7 +86,7 @@ Outcome<Done> Session::flush() {
 }
 
 void complain(std::string_view message) {
-  static_cast<void>(writeAll(STDERR_FILENO, "quorvantis: " + oneLine(message) + "\n"));
+  static_cast<void>(writeAll(STDERR_FILENO, "quorvantis: " + host::oneLine(message) + "\n"));
 }
 
 }  // namespace cli

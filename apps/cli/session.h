@@ -3,37 +3,63 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
-#include "apps/cli/json.h"
-#include "apps/cli/outcome.h"
+#include "apps/cli/listing.h"
 #include "host/device.h"
 #include "host/device_options.h"
+#include "host/failure.h"
+#include "host/settings.h"
 
 namespace cli {
 
+// The program's exit codes.
+enum class ExitCode {
+  Done = 0,
+  Failed = 1,    // I/O, a damaged file
+  WrongUse = 2,  // also a value that a setting can't take, and a row that is dimmed
+  NotFound = 3,  // no such key, page, trigger or profile
+  Exists = 4,    // refused without --overwrite
+};
+
+// Why a command could not be done; nothing has changed then.
+struct Failure {
+  ExitCode code;
+  std::string reason;
+};
+
+template <class T>
+using Outcome = platform::Result<T, Failure>;
+using Done = platform::Done;
+
+Failure failureOf(const host::Failure& failure);
+
 // What one run of the program works with: the options that every command has, the device, made when
-// it is first asked for, and what the command prints, which goes out when it has been done.
+// it is first asked for, and what the command prints, which is written when it has been done.
 class Session {
  public:
   host::DeviceOptions options;
   bool json = false;
 
   host::Device& device();
-  foundation::ManualQueue& clock();  // the device's time
+  host::Settings settings();
 
   // Failed with the first thing that went wrong with the store, if anything did.
   Outcome<Done> storeWorked();
-  // What the user should hear of though the command was done.
+  // What the user should know of though the command was done.
   std::vector<std::string> warnings;
   std::vector<std::string> takeWarnings();  // those, and the device's
 
   void print(std::string_view line) { (output_ += line) += '\n'; }
-  void printJson(const Json& document) { print(textOf(document)); }
+  void print(const Listing& listing);
+  void printJson(const Json& document) { print(drive::textOf(document)); }
+  // A value as JSON where that is asked for, else text bare.
+  void printValue(const plist::Value& value);
   // Writes to stdout what was printed; the error is the system's.
   Outcome<Done> flush();
 
  private:
-  foundation::ManualQueue* clock_ = nullptr;
+  foundation::ManualQueue* clock_ = nullptr;  // the device's time
   std::unique_ptr<host::Device> device_;
   std::string output_;
 };

@@ -38,7 +38,7 @@ class ProfilesListController : public preferences::PSListController,
   void showActionAlertWithTitleMessageButtonTag(const std::string& title,
                                                 const std::string& message,
                                                 const std::string& button, std::int32_t tag);
-  // Fills the trigger picker lists and shows them, or says that there are no profiles.
+  // Fills the trigger picker lists and shows them, or an alert that there are no profiles.
   void showPickerAlertWithTileMessageBtnNameTag(const std::string& title,
                                                 const std::string& message,
                                                 const std::string& btnName, std::int32_t tag);

@@ -50,13 +50,13 @@ bool isActive(const plist::Dictionary& domain) {
 
 SaveResult saveProfile(const preferences::Environment& environment, const std::string& profileID,
                        const std::string& path, Existing existing, AfterFailure afterFailure) {
-  if (!environment.root.exists(kDocuments)) (void)environment.root.createDirectory(kDocuments);
   const bool exists = environment.root.hasEntry(path);
   if (exists && existing == Existing::Keep) return {SaveOutcome::Exists};
 
   // Defaults in place of settings that can't be read are not a profile of them.
   if (const auto readable = environment.preferences.refresh(kDomain); !readable)
     return {SaveOutcome::Unreadable, "the settings can't be read: " + readable.error().message()};
+  if (!environment.root.exists(kDocuments)) (void)environment.root.createDirectory(kDocuments);
   plist::Dictionary domain = wholeDomainRead(environment.preferences);
   const auto written = writeProfile(environment, path, profileOf(domain, profileID));
   if (!written && afterFailure == AfterFailure::Stop)

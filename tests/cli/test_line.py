@@ -1,3 +1,5 @@
+import resource
+
 from program import ProgramTest
 
 
@@ -100,6 +102,15 @@ class Line(ProgramTest):
             done = self.run_into(full, "pages")
         self.assertEqual(done.returncode, 1)
         self.assertIn(b"quorvantis: standard output: ", done.stderr)
+
+    def test_exception_is_reported(self):
+        def limit_memory():
+            resource.setrlimit(resource.RLIMIT_AS, (1 << 28, 1 << 28))
+        if any(name.endswith("SAN_OPTIONS") for name in self.env):
+            self.skipTest("an instrumented program needs more memory")
+        done = self.run_program("profile", "import", "/dev/zero", preexec_fn=limit_memory)
+        self.assertEqual(done.returncode, 1)
+        self.assertEqual(done.stderr, b"quorvantis: unexpected: std::bad_alloc\n")
 
     def run_into(self, file, *arguments):
         import subprocess

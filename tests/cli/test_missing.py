@@ -6,7 +6,7 @@ SOUNDS = "System/Library/Audio/UISounds/bell.caf"
 
 
 class Missing(ProgramTest):
-    """On a machine that has none of the modules, each is told of by the command that needs it."""
+    """On a machine that has none of the modules, the command that needs one says so."""
 
     def setUp(self):
         super().setUp()

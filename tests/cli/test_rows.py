@@ -28,7 +28,7 @@ class Pages(ProgramTest):
         self.assertEqual(rows["custbrightenabled"]["usable"], True)
         self.assertNotIn("dimmedBy", rows["custbrightenabled"])
 
-    def test_page_for_people(self):
+    def test_human_readable_page(self):
         self.write_domain({"custbright": 12.5})
         text = self.output("page", "PowerSavingListController")
         self.assertRegex(text, r"custbright  +12\.5  \(dimmed by custbrightenabled\)")

@@ -23,17 +23,17 @@ class BusTest(ProfileTest):
     def wait_until_it_listens(self):
         while not select.select([self.watcher.stdout], [], [], 0.1)[0]:
             self.mark("listening")
-        self.heard_until("begin")
+        self.posted_until("begin")
 
     def mark(self, name):
-        """A notification that tells where in the order of all one is."""
+        """A notification that marks a place in the order of all."""
         subprocess.run(["dbus-send", "--session", "--type=signal", "/com/zorvek/quorvantis",
                         "com.zorvek.quorvantis.Notifications.Posted", f"string:{name}"],
                        env=self.env, check=True, timeout=TIMEOUT_SECONDS)
 
-    def next_heard(self):
+    def next_posted(self):
         return self.watcher.stdout.readline().decode().strip()
 
-    def heard_until(self, mark):
+    def posted_until(self, mark):
         self.mark(mark)
-        return list(iter(self.next_heard, mark))
+        return list(iter(self.next_posted, mark))

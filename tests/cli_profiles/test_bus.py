@@ -9,35 +9,35 @@ from program import PROGRAM, TIMEOUT_SECONDS
 class Announced(BusTest):
     def test_save_posts_nothing_load_posts_prefs_once_delete_posts_nothing(self):
         self.output("profile", "save", "20")
-        self.assertEqual(self.heard_until("saved"), [])
+        self.assertEqual(self.posted_until("saved"), [])
         self.output("profile", "load", "20")
-        self.assertEqual(self.heard_until("loaded"), [PROFILE, PREFS])
+        self.assertEqual(self.posted_until("loaded"), [PROFILE, PREFS])
         self.output("profile", "delete", "20")
-        self.assertEqual(self.heard_until("deleted"), [])
+        self.assertEqual(self.posted_until("deleted"), [])
 
-    def test_who_hears_of_a_load_reads_the_new_values(self):
+    def test_a_listener_to_a_load_reads_the_new_values(self):
         self.write_domain({"wifi": 1, "profileactive": 1})
         self.write_profile(20, {"profilepercentage": "20", "wifi": 2, "profileactive": 0})
         load = subprocess.Popen([PROGRAM, "profile", "load", "20"], env=self.env)
-        self.assertEqual([self.next_heard(), self.next_heard()], [PROFILE, PREFS])
+        self.assertEqual([self.next_posted(), self.next_posted()], [PROFILE, PREFS])
         read = self.document("defaults", "read")
         self.assertEqual(load.wait(TIMEOUT_SECONDS), 0)
         self.assertEqual((read["wifi"], read["profileactive"], read["profilepercentage"]),
                          (2, 0.0, "20"))
 
-    def test_refusals_say_nothing(self):
+    def test_refusals_are_not_announced(self):
         self.write(path_of(20), DAMAGED)
         self.refuse(1, "profile", "load", "20")
         self.refuse(3, "profile", "load", "21")
         self.refuse(4, "profile", "save", "20")
-        self.assertEqual(self.heard_until("refused"), [])
+        self.assertEqual(self.posted_until("refused"), [])
 
-    def test_import_and_diff_say_nothing(self):
+    def test_import_and_diff_are_not_announced(self):
         self.output("profile", "save", "20")
         self.output("profile", "export", "20", "given")
         self.output("profile", "diff", "20")
         self.output("profile", "import", "given", "--overwrite")
-        self.assertEqual(self.heard_until("done"), [])
+        self.assertEqual(self.posted_until("done"), [])
 
 
 if __name__ == "__main__":

@@ -35,7 +35,7 @@ class Colors(ProfileTest):
             self.output("set", "bannercolor", color)
             self.assertEqual(self.domain(), {"bannercolor": color})
 
-    def test_what_is_no_color(self):
+    def test_what_is_not_a_color(self):
         for text in ("", "blue", "system blue", "custom", "Custom", "#FFF", "007AFF", "#007AFG",
                      "#007AFF0", "NONE", "*default color"):
             self.refuse(2, "set", "bannercolor", text)
@@ -60,13 +60,13 @@ class Colors(ProfileTest):
                                        {"value": "#5856D6", "title": "Purple"}])
         self.assertEqual(choices[-1], {"value": "#804000", "title": "Mocha"})
 
-    def test_page_shows_names_to_people(self):
+    def test_page_shows_human_readable_names(self):
         self.output("set", "bannercolor", "System Blue")
         self.output("set", "iconsavingcolor", "#010203")
         lines = [re.split("  +", line.strip())
                  for line in self.output("page", "ExtrasListController").splitlines()]
         self.assertIn(["Alert Banner", "bannercolor", "System Blue, #007AFF"], lines)
-        self.assertIn(["Status Icon While Active", "iconactivecolor", "none"], lines)
+        self.assertIn(["Status Icon While Active", "iconactivecolor", "None"], lines)
         self.assertIn(["Status Icon While Saving", "iconsavingcolor", "#010203"], lines)
         values = {row["id"]: row["value"] for row in self.document("page", "ExtrasListController")}
         self.assertEqual(values["bannercolor"], "#007AFF")

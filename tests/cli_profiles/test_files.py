@@ -26,12 +26,18 @@ class Delete(ProfileTest):
     def test_no_trigger(self):
         self.refuse(3, "profile", "delete", "nonsense")
 
-    def test_removes_a_folder_and_a_link_of_that_name(self):
+    def test_removes_a_folder_only_recursively(self):
         self.write(f"{path_of(20)}/inside", b"")
+        self.write(f"{DOCUMENTS}/kept", b"")
+        self.assertIn("--recursive", self.refuse(2, "profile", "delete", "20"))
+        self.output("profile", "delete", "20", "--recursive")
+        self.assertEqual([file.name for file in (self.root / DOCUMENTS).iterdir()], ["kept"])
+
+    def test_removes_a_link_not_what_it_leads_to(self):
         self.write(f"{DOCUMENTS}/kept", b"")
         (self.root / path_of(21)).symlink_to("kept")
         (self.root / path_of(22)).symlink_to("nowhere")
-        for trigger in ("20", "21", "22"):
+        for trigger in ("21", "22"):
             self.output("profile", "delete", trigger)
         self.assertEqual([file.name for file in (self.root / DOCUMENTS).iterdir()], ["kept"])
 
@@ -101,7 +107,7 @@ class List(ProfileTest):
             {"path": f"/{path_of(111)}", "title": "Device locked"},
             {"path": f"/{path_of(112)}", "title": "Device unlocked"}])
 
-    def test_left_out_files_are_told(self):
+    def test_skipped_files_are_reported(self):
         self.write_profile(9, {"profilepercentage": "9"})
         self.write(path_of(20), DAMAGED)
         done = self.run_program("profile", "list")
@@ -109,11 +115,11 @@ class List(ProfileTest):
         self.assertEqual(done.stdout.decode().split(), [f"/{path_of(9)}", "Battery", "9%"])
         self.assertRegex(done.stderr.decode(), rf"^quorvantis: /{path_of(20)}: .+\n$")
 
-    def test_left_out_files_are_told_in_the_order_of_their_names(self):
+    def test_skipped_files_are_reported_in_the_order_of_their_names(self):
         for trigger in (30, 9, 100, 21):
             self.write(path_of(trigger), DAMAGED)
-        told = self.run_program("profile", "list").stderr.decode().splitlines()
-        self.assertEqual([line.split(": ")[1] for line in told],
+        reported = self.run_program("profile", "list").stderr.decode().splitlines()
+        self.assertEqual([line.split(": ")[1] for line in reported],
                          [f"/{path_of(trigger)}" for trigger in (9, 21, 30, 100)])
 
 

@@ -1,3 +1,4 @@
+import plistlib
 import unittest
 
 from keyed_archive import archive
@@ -65,6 +66,18 @@ class Load(ProfileTest):
         (self.root / path_of(20)).symlink_to("nowhere")
         self.assertIn("a link that leads nowhere", self.refuse(1, "profile", "load", "20"))
 
+    def test_foreign_values_leave_a_domain_that_others_read(self):
+        foreign = plistlib.loads(archive({"profilepercentage": "20", "wifi": "a set"}))
+        objects = foreign["$objects"]
+        objects[objects.index("a set")] = {"NS.objects": [plistlib.UID(objects.index("20"))],
+                                           "$class": plistlib.UID(len(objects))}
+        objects.append({"$classname": "NSSet", "$classes": ["NSSet", "NSObject"]})
+        self.write(path_of(20), plistlib.dumps(foreign, fmt=plistlib.FMT_BINARY))
+        self.output("profile", "load", "20")
+        self.assertEqual(self.domain()["wifi"], 0)
+        self.output("profile", "save", "21")
+        self.assertEqual(self.domain()["profilepercentage"], "21")
+
     def test_domain_that_can_not_be_written(self):
         self.write_profile(20, {"profilepercentage": "20", "wifi": 2})
         self.write_domain({"wifi": 1})
@@ -101,10 +114,10 @@ class Diff(ProfileTest):
         before = {"wifi": 1, "autoupdates": 1, "custbright": 50.0, "tapaction": 201}
         self.write_domain(before)
         self.write_profile(20, {"wifi": 2, "vibrate": 1})
-        foretold = self.document("profile", "diff", "20")
+        predicted = self.document("profile", "diff", "20")
         self.output("profile", "load", "20")
         after = self.domain()
-        self.assertEqual({each["key"]: each["to"] for each in foretold},
+        self.assertEqual({each["key"]: each["to"] for each in predicted},
                          {key: after[key] for key in after if after[key] != before.get(key)})
 
     def test_absent_is_null(self):

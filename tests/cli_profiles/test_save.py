@@ -82,13 +82,17 @@ class Save(ProfileTest):
         self.write_profile(20, {"profilepercentage": "20", "wifi": 2})
         self.refuse(1, "profile", "save", "20", "--overwrite")
 
-    def test_folder_and_links_of_that_name_are_kept_or_overwritten(self):
+    def test_folder_of_that_name_is_never_overwritten(self):
         self.write(f"{path_of(20)}/inside", b"")
+        self.refuse(4, "profile", "save", "20")
+        self.assertIn("Is a directory", self.refuse(1, "profile", "save", "20", "--overwrite"))
+
+    def test_links_of_that_name_are_kept_or_overwritten(self):
         self.write(f"{DOCUMENTS}/kept", b"kept")
         (self.root / path_of(21)).symlink_to("kept")
         (self.root / path_of(22)).symlink_to("../../nowhere")
         (self.root / path_of(23)).symlink_to("profile_23.qvx")
-        for trigger in ("20", "21", "22", "23"):
+        for trigger in ("21", "22", "23"):
             self.refuse(4, "profile", "save", trigger)
             self.output("profile", "save", trigger, "--overwrite")
             self.assertEqual(self.show(trigger)["profilepercentage"], trigger)

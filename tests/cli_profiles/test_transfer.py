@@ -1,4 +1,5 @@
 import plistlib
+import re
 import unittest
 
 from keyed_archive import archive
@@ -186,7 +187,7 @@ class Import(ProfileTest):
         self.refuse(1, "profile", "import",
                     self.file(plistlib.dumps(broken, fmt=plistlib.FMT_BINARY)))
 
-    def test_numbers_that_are_none(self):
+    def test_numbers_that_are_not_finite(self):
         for number in (float("nan"), float("inf"), float("-inf")):
             values = {**VALUES, "custbright": number}
             self.refuse_key("custbright", values)
@@ -199,6 +200,27 @@ class Import(ProfileTest):
         self.refuse(4, "profile", "import", self.xml(VALUES))
         self.output("profile", "import", self.xml(VALUES), "--overwrite")
         self.assertEqual(self.show("20"), VALUES)
+
+    def test_folder_of_that_name_is_never_overwritten(self):
+        self.write(f"{path_of(20)}/inside", b"")
+        self.refuse(4, "profile", "import", self.xml(VALUES))
+        self.assertIn("Is a directory",
+                      self.refuse(1, "profile", "import", self.xml(VALUES), "--overwrite"))
+
+    def test_errors_point_into_the_given_file_or_nowhere(self):
+        broken = plistlib.loads(archive(VALUES))
+        del broken["$top"]
+        binary = plistlib.dumps(broken, fmt=plistlib.FMT_BINARY)
+        for objects in ("<array/>", "<array><string>$null</string></array>"):
+            text = ("<plist version='1.0'><dict><key>$version</key><integer>100000</integer>"
+                    "<key>$archiver</key><string>NSKeyedArchiver</string><key>$top</key><dict>"
+                    "<key>root</key><dict><key>CF$UID</key><integer>1</integer></dict></dict>"
+                    f"<key>$objects</key>{objects}</dict></plist>")
+            reason = self.refuse(1, "profile", "import", self.file(text.encode()))
+            self.assertNotRegex(reason.replace(str(self.scratch), ""), r"byte|\d")
+        reason = self.refuse(1, "profile", "import", self.file(binary))
+        for place in re.findall(r"at byte (\d+)", reason):
+            self.assertLess(int(place), len(binary))
 
     def test_profile_that_can_not_be_written(self):
         self.write("var/mobile/Documents", b"")

@@ -5,7 +5,7 @@
 
 namespace {
 
-using host::ProfileFailure;
+using host::Failure;
 
 struct RealXml : testing_support::NoXml {
   platform::Result<plist::Value, std::string> read(plist::Bytes bytes) override {

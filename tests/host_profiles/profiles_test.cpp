@@ -5,7 +5,7 @@
 
 namespace {
 
-using host::ProfileFailure;
+using host::Failure;
 using host::Profiles;
 using plist::Value;
 using Existing = Profiles::Existing;
@@ -25,9 +25,9 @@ class HostProfiles : public testing::Test {
     return bytes ? *bytes : std::vector<std::uint8_t>();
   }
   template <class T>
-  static ProfileFailure failureOf(const host::ProfileOutcome<T>& outcome) {
+  static Failure failureOf(const host::Attempt<T>& outcome) {
     EXPECT_FALSE(outcome);
-    return outcome ? ProfileFailure{} : outcome.error();
+    return outcome ? Failure{} : outcome.error();
   }
 
   profiles_test::ProfilesDevice device;
@@ -47,7 +47,7 @@ TEST_F(HostProfiles, SavesAndRemembers) {
   EXPECT_TRUE(profiles.save(trigger("20"), Existing::Keep));
   EXPECT_EQ(*device.profile("20").find("wifi"), Value(2));
   EXPECT_EQ(device.stored("profilepercentage"), Value("20"));
-  EXPECT_EQ(failureOf(profiles.save(trigger("20"), Existing::Keep)).reason, ProfileFailure::Exists);
+  EXPECT_EQ(failureOf(profiles.save(trigger("20"), Existing::Keep)).reason, Failure::Exists);
 }
 
 TEST_F(HostProfiles, ASaveWritesTheDomainOnceAfterTheFile) {
@@ -65,7 +65,7 @@ TEST_F(HostProfiles, ASaveOfWhatCannotBeReadChangesNothing) {
   seed::profile(device, "7");
   const auto before = file("7");
   const auto failure = failureOf(profiles.save(trigger("7"), Existing::Overwrite));
-  EXPECT_EQ(failure.reason, ProfileFailure::Failed);
+  EXPECT_EQ(failure.reason, Failure::Failed);
   EXPECT_TRUE(failure.problem.words.starts_with("not saved: the settings can't be read: "))
       << failure.problem.words;
   EXPECT_EQ(file("7"), before);
@@ -88,7 +88,7 @@ TEST_F(HostProfiles, AFileIsAgainWhatItWasWhenTheDomainCannotBeWritten) {
   for (const char* id : {"7", "8"}) {
     calls().failRename = 2;  // the profile's, then the domain's
     EXPECT_EQ(failureOf(profiles.save(trigger(id), Existing::Overwrite)).reason,
-              ProfileFailure::Failed);
+              Failure::Failed);
   }
   EXPECT_EQ(file("7"), before);
   EXPECT_FALSE(device.root.hasEntry(prefs::profilePath(8)));
@@ -109,10 +109,10 @@ TEST_F(HostProfiles, ALinkThatCannotComeBackIsNamed) {
 TEST_F(HostProfiles, ASaveAndAnImportOverwriteNoFolder) {
   std::filesystem::create_directories(device.at(prefs::profilePath(7)) / "inner");
   EXPECT_EQ(failureOf(profiles.save(trigger("7"), Existing::Overwrite)).reason,
-            ProfileFailure::Failed);
+            Failure::Failed);
   const auto list = *plist::writeBinary(plist::Dictionary{{"profilepercentage", "7"}});
   const auto failure = failureOf(profiles.import(list, Existing::Overwrite));
-  EXPECT_EQ(failure.reason, ProfileFailure::Failed);
+  EXPECT_EQ(failure.reason, Failure::Failed);
   EXPECT_NE(failure.problem.words.find("Is a directory"), std::string::npos);
   EXPECT_TRUE(std::filesystem::is_directory(device.at(prefs::profilePath(7)) / "inner"));
   EXPECT_TRUE(device.domain().empty());
@@ -121,13 +121,13 @@ TEST_F(HostProfiles, ASaveAndAnImportOverwriteNoFolder) {
 TEST_F(HostProfiles, RemovesAFolderOnlyWhenAsked) {
   std::filesystem::create_directories(device.at(prefs::profilePath(7)) / "inner");
   const auto refused = failureOf(profiles.remove(trigger("7"), Folders::Refuse));
-  EXPECT_EQ(refused.reason, ProfileFailure::IsFolder);
+  EXPECT_EQ(refused.reason, Failure::IsFolder);
   EXPECT_EQ(refused.problem.message(), prefs::profilePath(7) + ": Is a directory");
   EXPECT_TRUE(std::filesystem::is_directory(device.at(prefs::profilePath(7)) / "inner"));
   EXPECT_TRUE(profiles.remove(trigger("7"), Folders::Remove));
   EXPECT_FALSE(device.root.hasEntry(prefs::profilePath(7)));
   EXPECT_EQ(failureOf(profiles.remove(trigger("7"), Folders::Remove)).reason,
-            ProfileFailure::NoProfile);
+            Failure::NotFound);
 }
 
 TEST_F(HostProfiles, LoadsWithTheAnnouncementsOfThePage) {
@@ -142,14 +142,14 @@ TEST_F(HostProfiles, LoadsWithTheAnnouncementsOfThePage) {
 }
 
 TEST_F(HostProfiles, ALoadSaysWhyItLoadedNothing) {
-  EXPECT_EQ(failureOf(profiles.load(trigger("20"))).reason, ProfileFailure::NoProfile);
+  EXPECT_EQ(failureOf(profiles.load(trigger("20"))).reason, Failure::NotFound);
   seed::write(device, "profile_20.qvx", {'j', 'u', 'n', 'k'});
   EXPECT_EQ(failureOf(profiles.load(trigger("20"))).problem.path, prefs::profilePath(20));
   EXPECT_TRUE(device.events.empty());
   seed::profile(device, "20");
   std::filesystem::create_directories(device.at(kLock));
   const auto failure = failureOf(profiles.load(trigger("20")));
-  EXPECT_EQ(failure.reason, ProfileFailure::Failed);
+  EXPECT_EQ(failure.reason, Failure::Failed);
   EXPECT_TRUE(failure.problem.words.starts_with("not loaded: ")) << failure.problem.words;
 }
 
@@ -175,7 +175,7 @@ TEST_F(HostProfiles, PredictsWhatALoadChanges) {
   EXPECT_EQ(changes->front().from, Value(1));
   EXPECT_EQ(changes->front().to, Value(2));
   device.damageDomain();
-  EXPECT_EQ(failureOf(profiles.changesOfLoad(trigger("20"))).reason, ProfileFailure::Failed);
+  EXPECT_EQ(failureOf(profiles.changesOfLoad(trigger("20"))).reason, Failure::Failed);
 }
 
 }  // namespace

@@ -20,7 +20,7 @@ class ProfileDurability : public profiles_test::ProfilePage {
   static foundation::test::SystemCalls& calls() { return foundation::test::systemCalls(); }
 };
 
-TEST_F(ProfileDurability, ASaveMakesTheFileLastBeforeTheDomainThatNamesIt) {
+TEST_F(ProfileDurability, ASaveMakesTheFileDurableBeforeTheDomainThatNamesIt) {
   choose("Save", "Battery 7%");
   EXPECT_EQ(calls().log, (Calls{"fsync *", "rename * profile_7.qvx", "fsync Quorvantis", kStored,
                                 kFlushed[0], kFlushed[1]}));
@@ -32,7 +32,7 @@ TEST_F(ProfileDurability, ALoadFlushesTheSettingsAndThenTheSwitch) {
             (Calls{kStored, kFlushed[0], kFlushed[1], kStored, kFlushed[0], kFlushed[1]}));
 }
 
-TEST_F(ProfileDurability, ADeleteLasts) {
+TEST_F(ProfileDurability, ADeleteIsDurable) {
   choose("Delete", "Battery 5%");
   EXPECT_EQ(calls().log, Calls{"fsync Quorvantis"});
 }
@@ -48,11 +48,11 @@ TEST_F(ProfileDurability, SettingTheSwitchFlushesResettingARowDoesNot) {
 TEST_F(ProfileDurability, WhatAnotherProcessStoresDuringASaveIsOverwritten) {
   calls().atNextFsync = [this] {
     device.store("wifi", 2);
-    device.store("unheard", 1);
+    device.store("unknown", 1);
   };
   choose("Save", "Battery 7%");
   EXPECT_EQ(device.stored("wifi"), Value(1)) << "as in the snapshot";
-  EXPECT_EQ(device.stored("unheard"), Value(1)) << "not in the snapshot, so left as it is";
+  EXPECT_EQ(device.stored("unknown"), Value(1)) << "not in the snapshot, so left as it is";
   EXPECT_EQ(*device.profile("7").find("wifi"), Value(1));
 }
 

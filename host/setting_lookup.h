@@ -3,23 +3,22 @@
 #include <optional>
 #include <string_view>
 
-#include "apps/cli/outcome.h"
 #include "platform/plist/value.h"
 #include "platform/preferences/bundle.h"
 
-namespace cli {
+namespace host {
 
 // A setting as the bundle's lists have it: the page that it is on and the row's properties.
-struct FoundRow {
+struct Setting {
   const preferences::PageClass* page;
-  plist::Dictionary properties;
+  plist::Dictionary row;
 
-  std::string_view text(std::string_view property) const;  // empty when it is no text
+  std::string_view text(std::string_view property) const;  // empty when it isn't text
   std::string_view id() const;
 };
 
 // The first row, in the order of the bundle's pages, that stores under this key, else the first
-// that bears it as its id and holds a value or choices. Keys and ids of a bundle are ASCII.
-Outcome<FoundRow> findRow(const preferences::Bundle& bundle, std::string_view key);
+// that has it as its id and holds a value or choices. Keys and ids of a bundle are ASCII.
+std::optional<Setting> findSetting(const preferences::Bundle& bundle, std::string_view key);
 
-}  // namespace cli
+}  // namespace host

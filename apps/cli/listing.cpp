@@ -1,15 +1,15 @@
-#include "apps/cli/columns.h"
+#include "apps/cli/listing.h"
 
 #include <algorithm>
 
-#include "apps/cli/one_line.h"
+#include "host/text.h"
 
 namespace cli {
 namespace {
 
 constexpr std::size_t kGap = 2;
 
-// In characters; that some are wider on screen is let pass.
+// In characters; some are wider on screen, which is ignored.
 std::size_t width(const std::string& text) {
   return static_cast<std::size_t>(
       std::ranges::count_if(text, [](char c) { return (c & 0xC0) != 0x80; }));
@@ -18,12 +18,12 @@ std::size_t width(const std::string& text) {
 }  // namespace
 
 void Columns::addHeader(std::string_view text) {
-  lines_.push_back({true, {oneLine(text)}});
+  lines_.push_back({true, {host::oneLine(text)}});
 }
 
 void Columns::add(const std::vector<std::string>& cells) {
   lines_.push_back({false, {}});
-  for (const std::string& cell : cells) lines_.back().cells.push_back(oneLine(cell));
+  for (const std::string& cell : cells) lines_.back().cells.push_back(host::oneLine(cell));
 }
 
 std::vector<std::string> Columns::lines() const {

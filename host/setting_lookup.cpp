@@ -1,9 +1,9 @@
-#include "apps/cli/row_lookup.h"
+#include "host/setting_lookup.h"
 
 #include "platform/plist/binary_walk.h"
 #include "platform/preferences/cell_type.h"
 
-namespace cli {
+namespace host {
 namespace {
 
 std::string_view textIn(const plist::Dictionary& properties, std::string_view property) {
@@ -24,8 +24,8 @@ const Object* valueUnder(const ObjectTable& list, const Object& dictionary, std:
   return nullptr;
 }
 
-bool bears(const ObjectTable& list, const Object& row, std::string_view property,
-           std::string_view text) {
+bool has(const ObjectTable& list, const Object& row, std::string_view property,
+         std::string_view text) {
   const Object* value = valueUnder(list, row, property);
   return value && value->isText() && value->is(text);
 }
@@ -51,17 +51,17 @@ bool holdsValue(const plist::Dictionary& properties) {
 
 }  // namespace
 
-std::string_view FoundRow::text(std::string_view property) const {
-  return textIn(properties, property);
+std::string_view Setting::text(std::string_view property) const {
+  return textIn(row, property);
 }
 
-std::string_view FoundRow::id() const {
+std::string_view Setting::id() const {
   return text("id").empty() ? text("key") : text("id");
 }
 
 // Of a list only the row that is wanted is read.
-Outcome<FoundRow> findRow(const preferences::Bundle& bundle, std::string_view key) {
-  std::optional<FoundRow> byId;
+std::optional<Setting> findSetting(const preferences::Bundle& bundle, std::string_view key) {
+  std::optional<Setting> byId;
   for (const preferences::PageClass& page : bundle.pages) {
     const preferences::ListResource* resource = bundle.list(page.list);
     if (!resource || !mayName(key, *resource)) continue;
@@ -72,14 +72,13 @@ Outcome<FoundRow> findRow(const preferences::Bundle& bundle, std::string_view ke
       const Object* row = list->find(list->member(*items, i));
       if (!row || row->type != plist::ObjectType::Dictionary) continue;
       const std::uint64_t index = list->member(*items, i);
-      if (bears(*list, *row, "key", key)) return FoundRow{&page, readRow(*list, index)};
-      if (byId || !bears(*list, *row, "id", key)) continue;
+      if (has(*list, *row, "key", key)) return Setting{&page, readRow(*list, index)};
+      if (byId || !has(*list, *row, "id", key)) continue;
       if (auto properties = readRow(*list, index); holdsValue(properties))
-        byId = FoundRow{&page, std::move(properties)};
+        byId = Setting{&page, std::move(properties)};
     }
   }
-  if (byId) return std::move(*byId);
-  return Failure{ExitCode::NotFound, "no setting \"" + std::string(key) + "\""};
+  return byId;
 }
 
-}  // namespace cli
+}  // namespace host

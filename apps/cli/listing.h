@@ -4,7 +4,11 @@
 #include <string_view>
 #include <vector>
 
+#include "drive/json.h"
+
 namespace cli {
+
+using drive::Json;
 
 // Lines of aligned columns; where there are headers, an empty line above each and the rest
 // indented.
@@ -22,6 +26,17 @@ class Columns {
   };
 
   std::vector<Line> lines_;
+};
+
+// The items of a listing command in both forms: members of one JSON array, and lines of columns.
+struct Listing {
+  Json::array_t document;
+  Columns columns;
+
+  void add(Json item, const std::vector<std::string>& cells) {
+    document.push_back(std::move(item));
+    columns.add(cells);
+  }
 };
 
 }  // namespace cli

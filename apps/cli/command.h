@@ -1,0 +1,83 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "apps/cli/session.h"
+
+namespace cli {
+
+// A word of the line that isn't an option.
+struct Argument {
+  enum Need { Required, Optional, Repeated };
+  const char* name = nullptr;
+  const char* description = nullptr;
+  Need need = Required;
+  bool mayBeEmpty = false;
+};
+
+struct Option {
+  const char* name = nullptr;  // with its dashes
+  const char* description = nullptr;
+  const char* value = nullptr;  // what its value is called; null for a flag
+};
+
+// What a line gives to its command.
+struct Arguments {
+  std::vector<std::string> words;
+  std::vector<std::pair<std::string_view, std::string>> options;  // by their names
+
+  // The argument of that number, counted from 0; empty when it isn't given.
+  const std::string& operator[](std::size_t index) const;
+  bool has(std::string_view option) const { return value(option).has_value(); }
+  std::optional<std::string> value(std::string_view option) const;
+};
+
+struct Command {
+  const char* group;  // the first word of two, or empty
+  const char* name;
+  const char* description;
+  Outcome<Done> (*run)(Session& session, const Arguments& arguments);
+  Argument arguments[2] = {};
+  Option options[4] = {};
+};
+
+// A first word that commands share.
+struct Group {
+  const char* name;
+  const char* description;
+};
+
+// In the order of the help.
+std::span<const Command> commands();
+std::span<const Group> groups();
+
+Outcome<Done> listPages(Session& session, const Arguments& arguments);
+Outcome<Done> showPage(Session& session, const Arguments& arguments);
+Outcome<Done> getValue(Session& session, const Arguments& arguments);
+Outcome<Done> setValue(Session& session, const Arguments& arguments);
+Outcome<Done> listChoices(Session& session, const Arguments& arguments);
+
+Outcome<Done> listProfiles(Session& session, const Arguments& arguments);
+Outcome<Done> saveProfile(Session& session, const Arguments& arguments);
+Outcome<Done> loadProfile(Session& session, const Arguments& arguments);
+Outcome<Done> deleteProfile(Session& session, const Arguments& arguments);
+Outcome<Done> showProfile(Session& session, const Arguments& arguments);
+Outcome<Done> compareProfiles(Session& session, const Arguments& arguments);
+Outcome<Done> exportProfile(Session& session, const Arguments& arguments);
+Outcome<Done> importProfile(Session& session, const Arguments& arguments);
+Outcome<Done> listTriggers(Session& session, const Arguments& arguments);
+
+Outcome<Done> readStore(Session& session, const Arguments& arguments);
+Outcome<Done> writeStore(Session& session, const Arguments& arguments);
+Outcome<Done> removeFromStore(Session& session, const Arguments& arguments);
+
+Outcome<Done> showLog(Session& session, const Arguments& arguments);
+Outcome<Done> watch(Session& session, const Arguments& arguments);
+Outcome<Done> converse(Session& session, const Arguments& arguments);
+
+}  // namespace cli

@@ -1,0 +1,72 @@
+#include "apps/cli/command_line.h"
+#include "apps/cli/listing.h"
+#include "drive/driver.h"
+
+namespace cli {
+namespace {
+
+std::string nameOf(const Command& command) {
+  return (*command.group ? std::string(command.group) + " " : "") + command.name;
+}
+
+void addOptions(std::span<const Option> options, Columns& columns) {
+  for (const Option& option : options)
+    if (option.name)
+      columns.add({option.name + (option.value ? " " + std::string(option.value) : ""),
+                   option.description});
+}
+
+std::string page(const std::string& usage, const std::string& about, const Columns& columns) {
+  std::string text = about + "\n\nUsage: quorvantis " + usage + "\n";
+  for (const std::string& line : columns.lines()) text += "\n" + line;
+  return text;
+}
+
+std::string usageOf(const Command& command) {
+  std::string usage = nameOf(command);
+  for (const Argument& argument : command.arguments) {
+    if (!argument.name) break;
+    const std::string name = argument.name;
+    usage += argument.need == Argument::Required   ? " " + name
+             : argument.need == Argument::Optional ? " [" + name + "]"
+                                                   : " [" + name + "…]";
+  }
+  return usage + " [OPTIONS]";
+}
+
+}  // namespace
+
+std::string helpOf(const Command& command) {
+  Columns columns;
+  if (command.arguments[0].name) columns.addHeader("Arguments:");
+  for (const Argument& argument : command.arguments)
+    if (argument.name) columns.add({argument.name, argument.description});
+  columns.addHeader("Options:");
+  addOptions(command.options, columns);
+  addOptions(commonOptions(), columns);
+  std::string text = page(usageOf(command), command.description, columns);
+  if (command.run == converse)
+    text += "\n\nEach line is a request, {\"do\":\"launch\"} the first; there are " +
+            drive::Driver::requests() + ".";
+  return text;
+}
+
+std::string helpOf(const Group& group) {
+  Columns columns;
+  columns.addHeader("Commands:");
+  for (const Command& command : commands())
+    if (std::string_view(command.group) == group.name)
+      columns.add({command.name, command.description});
+  return page(std::string(group.name) + " COMMAND [OPTIONS]", group.description, columns);
+}
+
+std::string help() {
+  Columns columns;
+  columns.addHeader("Commands:");
+  for (const Command& command : commands()) columns.add({nameOf(command), command.description});
+  columns.addHeader("Options:");
+  addOptions(commonOptions(), columns);
+  return page("COMMAND [OPTIONS]", "Quorvantis settings from the command line.", columns);
+}
+
+}  // namespace cli

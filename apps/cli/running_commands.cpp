@@ -1,0 +1,117 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <csignal>
+#include <cstdio>
+#include <thread>
+
+#include "apps/cli/command.h"
+#include "drive/driver.h"
+#include "host/battery_log.h"
+#include "host/text.h"
+
+// The commands that run until they are interrupted, or their input ends.
+namespace cli {
+namespace {
+
+constexpr auto kPause = std::chrono::milliseconds(200);
+constexpr int kDefaultViewport = 12;
+
+// What was printed is always written at once, so an interruption finds nothing to be done.
+void endOnInterruption() {
+  for (const int signal : {SIGINT, SIGTERM}) std::signal(signal, [](int) { _exit(0); });
+}
+
+// Which file it is and which state of it; all 0 when there is none.
+std::array<std::int64_t, 5> stampOfLog(Session& session) {
+  struct stat status {};
+  const auto file = session.device().root().open(host::batteryLogPath(), O_PATH);
+  if (!file || fstat(file->number(), &status) != 0) return {};
+  return {static_cast<std::int64_t>(status.st_ino), status.st_size, status.st_mtim.tv_sec,
+          status.st_mtim.tv_nsec, status.st_ctim.tv_nsec};
+}
+
+std::string lineOf(const Session& session, const plist::Value& entry) {
+  return session.json ? drive::textOf(drive::toJson(entry))
+                      : host::oneLine(drive::plainTextOf(entry));
+}
+
+// A log that can't be read may be in the middle of being written by one that doesn't replace it.
+Outcome<Done> follow(Session& session, plist::Array entries) {
+  for (auto stamp = stampOfLog(session);;) {
+    const auto flushed = session.flush();
+    if (!flushed) return flushed;
+    std::this_thread::sleep_for(kPause);
+    const auto current = stampOfLog(session);
+    if (current == stamp) continue;
+    auto log = host::readBatteryLog(session.device().environment());
+    if (!log) continue;
+    stamp = current;
+    for (const plist::Value& entry : host::newEntries(entries, *log))
+      session.print(lineOf(session, entry));
+    entries = std::move(*log);
+  }
+}
+
+// One line, without its newline; nothing at the end of input. Of one that is too long, enough to
+// show that it is.
+std::optional<std::string> readInputLine() {
+  std::string line;
+  int c;
+  while ((c = std::getc(stdin)) != EOF && c != '\n')
+    if (line.size() <= drive::kLongestLine) line += static_cast<char>(c);
+  if (c == EOF && line.empty()) return std::nullopt;
+  return line;
+}
+
+}  // namespace
+
+Outcome<Done> showLog(Session& session, const Arguments& arguments) {
+  const bool followed = arguments.has("--follow");
+  if (followed) endOnInterruption();
+  auto entries = host::readBatteryLog(session.device().environment());
+  if (!entries) return failureOf(entries.error());
+  Json::array_t document;
+  for (auto entry = entries->rbegin(); entry != entries->rend(); ++entry) {
+    if (session.json && !followed)
+      document.push_back(drive::toJson(*entry));
+    else
+      session.print(lineOf(session, *entry));
+  }
+  if (followed) return follow(session, std::move(*entries));
+  if (session.json) session.printJson(Json(std::move(document)));
+  return Done{};
+}
+
+Outcome<Done> watch(Session& session, const Arguments& arguments) {
+  endOnInterruption();
+  Outcome<Done> flushed = Done{};
+  const auto watched = host::Device::watch(arguments.words, [&](std::string_view name) {
+    session.print(name);
+    flushed = session.flush();
+    return static_cast<bool>(flushed);
+  });
+  if (!watched) return Failure{ExitCode::Failed, watched.error()};
+  return flushed;
+}
+
+Outcome<Done> converse(Session& session, const Arguments& arguments) {
+  const std::string idiom = arguments.value("--idiom").value_or("phone");
+  if (idiom != "phone" && idiom != "tablet")
+    return Failure{ExitCode::WrongUse, "--idiom is phone or tablet"};
+  const auto entries =
+      host::numberIn<int>(arguments.value("--viewport").value_or(std::to_string(kDefaultViewport)));
+  if (!entries || *entries < 1) return Failure{ExitCode::WrongUse, "--viewport is 1 or more"};
+  session.options.idiom = idiom == "tablet" ? uikit::Idiom::Tablet : uikit::Idiom::Phone;
+  drive::Driver driver(session.options, *entries, complain);
+  while (const auto line = readInputLine()) {
+    if (line->find_first_not_of(" \t\r") == std::string::npos) continue;
+    session.print(driver.answer(*line));
+    if (auto flushed = session.flush(); !flushed) return flushed;
+  }
+  return Done{};
+}
+
+}  // namespace cli

@@ -1,0 +1,99 @@
+#include "host/color_choice.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "host/describe.h"
+#include "prefs/colorpicker/palettes.h"
+#include "prefs/colorpicker/view_tags.h"
+
+namespace host {
+namespace {
+
+constexpr std::string_view kPicker = "ZorvekColorPickerQuorvantis";
+
+char upper(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+// "#0A7FFF"; nothing for what isn't such a text, in letters of either case.
+std::optional<std::string> hexIn(std::string text) {
+  const auto isDigit = [](char c) { return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F'); };
+  std::ranges::transform(text, text.begin(), upper);
+  if (text.size() != 7 || text[0] != '#' || !std::all_of(text.begin() + 1, text.end(), isDigit))
+    return std::nullopt;
+  return text;
+}
+
+// Where the picker has the color of that name or text.
+std::optional<Select> presetNamed(const std::string& text) {
+  const std::string hex = hexIn(text).value_or(text);
+  const auto palettes = prefs::colorPalettes();
+  for (int section = 0; section < prefs::kCustomSection; ++section) {
+    const auto colors = palettes[section].colors;
+    const auto found = std::ranges::find_if(colors, [&](const prefs::ColorEntry& each) {
+      return each.name == text || each.hex == hex;
+    });
+    if (found != colors.end()) return Select{section, static_cast<int>(found - colors.begin())};
+  }
+  return std::nullopt;
+}
+
+double component(const std::string& hex, std::size_t first) {
+  int value = 0;
+  std::from_chars(hex.data() + first, hex.data() + first + 2, value, 16);
+  return value;
+}
+
+// Letting go of a slider takes the mixed color where it is the chosen one already; else tapping it
+// does.
+Outcome<plist::Value> mix(Application& application, const std::string& hex) {
+  constexpr int kTags[] = {prefs::kRedSliderTag, prefs::kGreenSliderTag, prefs::kBlueSliderTag};
+  for (std::size_t i = 0; i < std::size(kTags); ++i) {
+    const bool last = i + 1 == std::size(kTags);
+    const auto dragged = application.perform(Drag{kTags[i], component(hex, 1 + 2 * i), last});
+    if (!dragged) return dragged;
+  }
+  return application.perform(Select{prefs::kCustomSection, 0});
+}
+
+// Its row is ticked already.
+bool isChosen(const Application& application, const std::string& hex) {
+  const Scene scene = describe(application);
+  const auto& opener = scene.shown()->opener;
+  return opener && opener->value == plist::Value(hex);
+}
+
+}  // namespace
+
+bool leadsToColorPicker(std::string_view page) {
+  return page == kPicker;
+}
+
+preferences::Choices colorChoices() {
+  preferences::Choices choices;
+  for (int section = 0; section < prefs::kCustomSection; ++section)
+    for (const auto& [name, hex] : prefs::colorPalettes()[section].colors) {
+      choices.values.emplace_back(hex);
+      choices.titles.emplace_back(name);
+    }
+  return choices;
+}
+
+Outcome<Done> chooseColor(Application& application, const std::string& row,
+                          const std::string& text) {
+  const auto preset = presetNamed(text);
+  const auto hex = hexIn(text);
+  if (!preset && !hex)
+    return Refusal{RefusalCode::BadValue, "\"" + row +
+                                              "\" takes the name of a color (choices lists them), "
+                                              "none, or #RRGGBB"};
+  const auto opened = application.perform(Tap{row});
+  if (!opened) return opened.error();
+  if (hex && isChosen(application, *hex)) return Done{};
+  const auto chosen = preset ? application.perform(*preset) : mix(application, *hex);
+  if (!chosen) return chosen.error();
+  return Done{};
+}
+
+}  // namespace host

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "host/application.h"
+#include "platform/preferences/choices.h"
+
+namespace host {
+
+// Whether a row that leads to this page is a color.
+bool leadsToColorPicker(std::string_view page);
+
+// The picker's named colors, in its order; a value is what is stored.
+preferences::Choices colorChoices();
+
+// Chooses a color as the user does: opens the row's picker and taps a named color, or mixes it
+// with the sliders and takes the mixed one. The text is a name, "none", or "#" and six hexadecimal
+// digits; BadValue for any other.
+Outcome<Done> chooseColor(Application& application, const std::string& row,
+                          const std::string& text);
+
+}  // namespace host

@@ -1,0 +1,52 @@
+#include "host/raw_store.h"
+
+#include "platform/foundation/text.h"
+#include "prefs/core/names.h"
+#include "prefs/core/preference_store.h"
+
+namespace host {
+namespace {
+
+using platform::Done;
+
+Failure failure(Failure::Reason reason, std::string words) {
+  return {reason, {.source = Source::Settings, .words = std::move(words)}};
+}
+
+}  // namespace
+
+Attempt<plist::Dictionary> RawStore::readAll() {
+  const auto readable = preferences_.refresh(prefs::kDomain);
+  if (!readable) return failure(Failure::Failed, readable.error().message());
+  return prefs::wholeDomainRead(preferences_);
+}
+
+Attempt<plist::Value> RawStore::read(const std::string& key) {
+  const auto readable = preferences_.refresh(prefs::kDomain);
+  if (!readable) return failure(Failure::Failed, readable.error().message());
+  auto value = preferences_.copyAppValue(key, prefs::kDomain);
+  if (!value) return failure(Failure::NotFound, "no key \"" + key + "\"");
+  return std::move(*value);
+}
+
+Attempt<Done> RawStore::change(const std::string& key, const plist::Value& value) {
+  const auto stored = preferences_.setAppValue(key, value, prefs::kDomain);
+  if (!stored) return failure(Failure::Failed, stored.error().message());
+  const auto flushed = preferences_.appSynchronize(prefs::kDomain);
+  if (!flushed) return failure(Failure::Failed, flushed.error().message());
+  return Done{};
+}
+
+Attempt<Done> RawStore::write(const std::string& key, const plist::Value& value) {
+  if (!foundation::isUtf8(key)) return failure(Failure::Refused, "the key is not UTF-8");
+  if (value.text() && !foundation::isUtf8(*value.text()))
+    return failure(Failure::Refused, "the text is not UTF-8");
+  return change(key, value);
+}
+
+Attempt<Done> RawStore::remove(const std::string& key) {
+  if (const auto value = read(key); !value) return value.error();
+  return change(key, {});
+}
+
+}  // namespace host
