@@ -157,7 +157,7 @@ void ProfilesListController::viewDidLoad() {
 }
 
 void ProfilesListController::report(const std::string& problem) const {
-  if (environment().problemHandler) environment().problemHandler(problem);
+  if (environment().problemHandler) environment().problemHandler({.what = problem});
 }
 
 void ProfilesListController::reportNothingDone(std::string_view done, std::int32_t row) const {

@@ -48,8 +48,9 @@ TEST(ImportErrors, OfABinaryArchiveHoldOffsetsInTheFileItself) {
   RealXml xml;
   const auto direct = archive::unarchive(whole);
   ASSERT_FALSE(direct);
-  EXPECT_NE(direct.error().message().find("at byte"), std::string::npos) << direct.error().message();
-  EXPECT_EQ(failureOf(text), "no keyed archive: " + direct.error().message());
+  EXPECT_NE(direct.error().message().find("at byte"), std::string::npos)
+      << direct.error().message();
+  EXPECT_EQ(failureOf(text), "not a keyed archive: " + direct.error().message());
 }
 
 TEST(ImportErrors, OfBrokenXmlNameItsLine) {

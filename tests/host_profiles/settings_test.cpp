@@ -62,7 +62,7 @@ TEST_F(HostSettings, AChangeThatIsNotStoredFailsWithTheStoresReason) {
   std::filesystem::remove(lock);
   std::filesystem::create_directories(lock);
   device.preferences.setProblemHandler(
-      [this](const std::string& message) { device.problems.push_back(message); });
+      [this](const platform::Error& error) { device.problems.push_back(error.message()); });
   const auto failure = failureOf(settings.set("wifi", "2"));
   EXPECT_EQ(failure.reason, Failure::Failed);
   EXPECT_NE(failure.problem.words.find("lock"), std::string::npos) << failure.problem.words;
