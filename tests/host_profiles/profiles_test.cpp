@@ -137,7 +137,7 @@ TEST_F(HostProfiles, LoadsWithTheAnnouncementsOfThePage) {
   EXPECT_EQ(device.stored("wifi"), Value(2));
   EXPECT_EQ(device.stored("profileactive"), Value(0.0f));
   EXPECT_EQ(device.events,
-            (Calls{"darwin com.zorvek.quorvantis.prefs",
+            (Calls{"darwin com.zorvek.quorvantis.profile", "darwin com.zorvek.quorvantis.prefs",
                    "local com.zorvek.quorvantis.reloadSpecifiers ProfilesListController"}));
 }
 
