@@ -46,7 +46,6 @@ Device::Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQue
 
 // Tasks that wait and alerts hold pages, and those need the device until they are gone.
 Device::~Device() {
-  screen_.setObserver({});
   screen_.dismissAll();
   mainQueue_.reset();
 }

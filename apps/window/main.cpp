@@ -36,8 +36,8 @@ int run(const window::Options& options) {
   auto mainQueue = std::make_unique<window::QtMainQueue>();
   window::QtMainQueue& queue = *mainQueue;
   host::Device device(options.device, std::move(mainQueue));
-  constexpr int kGuessedEntries = 12;  // until the window is laid out
-  host::SettingsApplication host(device.environment(), kGuessedEntries);
+  constexpr int kGuessedEntries = 12;  // until the window is laid out, and on each new page
+  host::SettingsApplication host(device.environment(), kGuessedEntries, kGuessedEntries);
   if (options.page.empty())
     host.launch();
   else if (auto launched = host.launch(options.page); !launched)
