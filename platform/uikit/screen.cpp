@@ -20,7 +20,6 @@ bool Screen::press(int button) {
 }
 
 void Screen::dismissAll() {
-  if (alerts_.empty()) return;
   alerts_.clear();
 }
 
