@@ -1,6 +1,7 @@
 #include "apps/window/options.h"
 
 #include <QCommandLineParser>
+#include <chrono>
 
 namespace window {
 namespace {
