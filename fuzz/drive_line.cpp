@@ -22,7 +22,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   const Folder folder;
   host::DeviceOptions options;
   options.root = folder.path;
-  drive::Driver driver(options, 12, [](const std::string&) {});
+  drive::Driver driver(options, 12, [](const host::Problem&) {});
   std::string_view left(reinterpret_cast<const char*>(bytes), size);
   while (!left.empty()) {
     const std::string_view line = left.substr(0, left.find('\n'));

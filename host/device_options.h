@@ -11,8 +11,8 @@ namespace host {
 
 // What the user of either program can choose.
 struct DeviceOptions {
-  std::string root;                     // the device root, a folder on this machine
-  std::optional<std::string> contacts;  // another vCard folder, on this machine
+  std::string root{};                     // the device root, a folder on this machine
+  std::optional<std::string> contacts{};  // another vCard folder, on this machine
   uikit::Idiom idiom = uikit::Idiom::Phone;
   // How long a set waits for another program that holds the settings.
   std::chrono::milliseconds lockPatience = foundation::kLockPatience;

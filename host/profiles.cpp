@@ -79,9 +79,8 @@ Attempt<Done> Profiles::checkFree(const Trigger& trigger, Existing existing) con
   return Done{};
 }
 
-bool Profiles::restore(
-    const Trigger& trigger,
-    const platform::Result<std::vector<std::uint8_t>, foundation::FileError>& before) {
+bool Profiles::restore(const Trigger& trigger,
+                       const platform::Result<std::vector<std::uint8_t>>& before) {
   if (before) return static_cast<bool>(environment_.root.writeDurably(trigger.path, *before));
   return before.error().code == ENOENT && static_cast<bool>(environment_.root.remove(trigger.path));
 }

@@ -13,8 +13,6 @@
 
 namespace foundation {
 
-using FileError = platform::Error;  // for code that still uses the older name
-
 // How a path is opened whose last component is a symbolic link: those before it are followed in
 // any case.
 enum class Links { Follow, Refuse };

@@ -69,7 +69,7 @@ Result<Done> Preferences::appSynchronize(std::string_view domain) {
   return synchronize();
 }
 
-Result<Done, FileError> Preferences::refresh(std::string_view domain) {
+Result<Done> Preferences::refresh(std::string_view domain) {
   return refresh(this->domain(domain));
 }
 

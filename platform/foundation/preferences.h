@@ -43,7 +43,7 @@ class Preferences {
   platform::Result<platform::Done> appSynchronize(std::string_view domain);
 
   // Sees what is on disk now; on an error what was seen last stays. Flushes nothing.
-  platform::Result<platform::Done, FileError> refresh(std::string_view domain);
+  platform::Result<platform::Done> refresh(std::string_view domain);
   // Both see what is on disk now; they flush nothing.
   std::vector<std::string> copyKeyList(std::string_view domain);
   plist::Dictionary copyMultiple(const std::vector<std::string>& keys, std::string_view domain);

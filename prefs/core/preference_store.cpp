@@ -39,8 +39,8 @@ plist::Dictionary wholeDomainRead(foundation::Preferences& preferences) {
   return preferences.copyMultiple(preferences.copyKeyList(kDomain), kDomain);
 }
 
-platform::Result<platform::Done, foundation::FileError> wholeDomainWrite(
-    foundation::Preferences& preferences, const plist::Dictionary& values) {
+platform::Result<platform::Done> wholeDomainWrite(foundation::Preferences& preferences,
+                                                  const plist::Dictionary& values) {
   auto stored = preferences.setMultiple(values, {}, kDomain);
   (void)preferences.synchronize();
   return stored;

@@ -25,8 +25,9 @@ const preferences::Operations Page::ownOperations{[]() -> preferences::Operation
 
 std::span<const prefs::DependencyRule> Page::rules() const {
   static constexpr prefs::DependencyRule kRules[] = {
-      {"switch", "whileon"},
-      {"switch", "whileoff", prefs::By::Interaction, prefs::Effect::EnabledWhileOff}};
+      {prefs::Key("switch"), prefs::Key("whileon")},
+      {prefs::Key("switch"), prefs::Key("whileoff"), prefs::By::Interaction,
+       prefs::Effect::EnabledWhileOff}};
   return kRules;
 }
 

@@ -122,7 +122,7 @@ void ListPage::present() {
 }
 
 std::span<const prefs::DependencyRule> ListPage::rules() const {
-  static constexpr prefs::DependencyRule kRules[] = {{"switch", "dimmed"}};
+  static constexpr prefs::DependencyRule kRules[] = {{prefs::Key("switch"), prefs::Key("dimmed")}};
   return kRules;
 }
 

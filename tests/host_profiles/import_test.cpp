@@ -8,7 +8,7 @@ namespace {
 using host::Failure;
 
 struct RealXml : testing_support::NoXml {
-  platform::Result<plist::Value, std::string> read(plist::Bytes bytes) override {
+  platform::Result<plist::Value> read(plist::Bytes bytes) override {
     return services::readXml(bytes);
   }
 };

@@ -19,8 +19,12 @@ class HostSettings : public testing::Test {
   }
 
   profiles_test::ProfilesDevice device;
-  host::Settings settings{device.environment, device.queue,
-                          [this] { return std::exchange(device.problems, {}); }};
+  host::Settings settings{device.environment, device.queue, [this] {
+                            host::Settings::Problems problems;
+                            for (std::string& words : std::exchange(device.problems, {}))
+                              problems.push_back({.words = std::move(words)});
+                            return problems;
+                          }};
 };
 
 TEST_F(HostSettings, AValueIsStoredOrTheRowsDefault) {

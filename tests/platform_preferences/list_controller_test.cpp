@@ -149,7 +149,7 @@ TEST_F(ListController, DataSourceThatAsksForRowsSeesThoseLoadedSoFar) {
   page->reloadSpecifiers();
   EXPECT_EQ(page->asked, 2) << "once at first, once for the reload";
   EXPECT_EQ(page->specifiers().size(), 10u);
-  EXPECT_EQ(row("list").values, (plist::Array{1, 2}));
+  EXPECT_EQ(row("list").values(), (plist::Array{1, 2}));
   EXPECT_NE(page->specifierForID("button"), nullptr);
 }
 

@@ -86,7 +86,7 @@ TEST_F(AudibleSounds, AUrlWithoutASchemeIsHeard) {
   hearTone("/tone.wav");
 }
 TEST_F(AudibleSounds, ASoundOfTheDesktopIsHeard) {
-  fallback_ = {services::kSoundPath, (folder_.path / "desktop").string()};
+  fallback_ = {std::string(platform::kSystemSoundPath), (folder_.path / "desktop").string()};
   folder_.write("desktop/theme/tone.wav", tone(1));
   hearTone("file:///System/Library/Audio/UISounds/theme/tone.wav");
 }
