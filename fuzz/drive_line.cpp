@@ -20,7 +20,9 @@ struct Folder {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   const Folder folder;
-  drive::Driver driver({.root = folder.path}, 12, [](const std::string&) {});
+  host::DeviceOptions options;
+  options.root = folder.path;
+  drive::Driver driver(options, 12, [](const std::string&) {});
   std::string_view left(reinterpret_cast<const char*>(bytes), size);
   while (!left.empty()) {
     const std::string_view line = left.substr(0, left.find('\n'));

@@ -9,7 +9,8 @@ namespace host {
 namespace {
 
 const foundation::FallbackFolder& desktopSounds() {
-  static const foundation::FallbackFolder kSounds{services::kSoundPath, services::kDesktopSounds};
+  static const foundation::FallbackFolder kSounds{platform::kSystemSoundPath,
+                                                  services::kDesktopSounds};
   return kSounds;
 }
 
@@ -22,7 +23,7 @@ Device::Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQue
       root_(options.root),
       addressBook_(root_, options.contacts, collator_, tellingInto(warnings_)),
       sounds_(root_, desktopSounds(), problems()),
-      preferences_(root_),
+      preferences_(root_, options.lockPatience),
       mainQueue_(std::move(mainQueue)),
       environment_{
           .root = root_,
@@ -80,10 +81,10 @@ std::vector<std::string> Device::takeWarnings() {
   return std::exchange(warnings_, {});
 }
 
-platform::Result<platform::Done, std::string> Device::watch(
+platform::Result<platform::Done> Device::watch(
     const std::vector<std::string>& names,
     const std::function<bool(std::string_view name)>& posted) {
-  const auto& bus = services::bus();
+  const auto& bus = services::find<services::Bus>();
   if (!bus) return bus.error();
   auto listener = (*bus)->listen({names.begin(), names.end()});
   if (!listener) return listener.error();

@@ -51,7 +51,7 @@ class Device {
   // Calls `posted` with the name of each cross-process notification as it arrives, only of these
   // names if there are any, until it returns false. The error says why the bus can't be listened
   // to.
-  static platform::Result<platform::Done, std::string> watch(
+  static platform::Result<platform::Done> watch(
       const std::vector<std::string>& names,
       const std::function<bool(std::string_view name)>& posted);
 

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <chrono>
 #include <optional>
 #include <string>
 
+#include "platform/foundation/file_lock.h"
 #include "platform/uikit/geometry.h"
 
 namespace host {
@@ -12,6 +14,8 @@ struct DeviceOptions {
   std::string root;                     // the device root, a folder on this machine
   std::optional<std::string> contacts;  // another vCard folder, on this machine
   uikit::Idiom idiom = uikit::Idiom::Phone;
+  // How long a set waits for another program that holds the settings.
+  std::chrono::milliseconds lockPatience = foundation::kLockPatience;
 };
 
 // Where the device root is when no option names one: QUORVANTIS_ROOT, else quorvantis below

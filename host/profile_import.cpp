@@ -27,7 +27,11 @@ Failure refused(std::string_view key, const std::string& what) {
 platform::Result<plist::Value, std::string> readPropertyList(plist::Bytes bytes,
                                                              platform::XmlPropertyLists& xml) {
   const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
-  if (!text.starts_with(kBinaryMagic)) return xml.read(bytes);
+  if (!text.starts_with(kBinaryMagic)) {
+    auto list = xml.read(bytes);
+    if (!list) return list.error().message();
+    return std::move(*list);
+  }
   auto list = plist::readBinary(bytes);
   if (!list) return list.error().message();
   return std::move(*list);

@@ -79,9 +79,8 @@ Attempt<Done> Profiles::checkFree(const Trigger& trigger, Existing existing) con
   return Done{};
 }
 
-bool Profiles::restore(
-    const Trigger& trigger,
-    const platform::Result<std::vector<std::uint8_t>, foundation::FileError>& before) {
+bool Profiles::restore(const Trigger& trigger,
+                       const platform::Result<std::vector<std::uint8_t>>& before) {
   if (before) return static_cast<bool>(environment_.root.writeDurably(trigger.path, *before));
   return before.error().code == ENOENT && static_cast<bool>(environment_.root.remove(trigger.path));
 }
@@ -155,7 +154,7 @@ Attempt<std::vector<std::uint8_t>> Profiles::exportXml(const Trigger& trigger) {
   const auto profile = read(trigger);
   if (!profile) return profile.error();
   auto xml = environment_.xml.write(*plist::storable(*profile));
-  if (!xml) return failed(xml.error());
+  if (!xml) return failed(xml.error().message());
   return std::move(*xml);
 }
 

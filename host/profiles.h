@@ -64,8 +64,7 @@ class Profiles {
  private:
   Attempt<Done> checkFree(const Trigger& trigger, Existing existing) const;
   // Whether the file is again what it was.
-  bool restore(const Trigger& trigger,
-               const platform::Result<std::vector<std::uint8_t>, foundation::FileError>& before);
+  bool restore(const Trigger& trigger, const platform::Result<std::vector<std::uint8_t>>& before);
 
   preferences::Environment& environment_;
 };

@@ -21,8 +21,8 @@ class ReportingUrls : public platform::Urls {
   bool canOpen(std::string_view url) override { return next_.canOpen(url); }
   bool open(std::string_view url) override {
     if (next_.open(url)) return true;
-    const auto& desktop = services::urls();
-    problem_("can't open " + std::string(url) + (desktop ? "" : ": " + desktop.error()));
+    const auto& desktop = services::find<platform::Urls>();
+    problem_("can't open " + std::string(url) + (desktop ? "" : ": " + desktop.error().message()));
     return false;
   }
 

@@ -33,7 +33,7 @@ struct Scroll {  // the screen shows the entries from `first` on, and a scroll e
   int first = 0;
   int entries = 0;  // so many from now on; 0: as many as before
 };
-struct Resize {  // the screen shows so many entries
+struct Resize {  // the screen shows so many entries; of a new page too, until it says otherwise
   int entries = 0;
 };
 struct Select {  // taps a row of a table page

@@ -1,7 +1,7 @@
 #include "host/text.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <charconv>
 
 namespace host {
 namespace {
@@ -24,7 +24,8 @@ std::string realText(const plist::Value& value) {
 
 std::string numberText(double number) {
   char digits[512];
-  std::string text(digits, std::snprintf(digits, sizeof digits, "%.3f", number));
+  const auto end = std::to_chars(digits, std::end(digits), number, std::chars_format::fixed, 3).ptr;
+  std::string text(digits, end);
   while (text.ends_with('0')) text.pop_back();
   if (text.ends_with('.')) text.pop_back();
   return text;

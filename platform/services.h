@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,8 +11,11 @@
 #include "platform/plist/value.h"
 
 // What only a real system can give. Each is an interface here and a module in services/; a service
-// whose library is missing on a machine is absent, and the one who asks is told.
+// whose library is missing on a machine is absent, and the caller gets the reason.
 namespace platform {
+
+// Is called with what the code passes over in silence, in a human-readable sentence.
+using Report = std::function<void(const std::string& message)>;
 
 // Cross-process notifications: a name and nothing else.
 class DarwinNotificationCenter {
@@ -46,20 +50,23 @@ class AddressBook {
   virtual std::vector<Person> peopleSortedByFirstName() = 0;
 };
 
+// Where the platform has its sounds.
+inline constexpr const char* kSystemSoundPath = "/System/Library/Audio/UISounds";
+
 class SystemSounds {
  public:
   virtual ~SystemSounds() = default;
-  virtual void play(const std::optional<std::string>& url) = 0;  // no URL: nothing is heard
+  virtual void play(const std::optional<std::string>& url) = 0;  // no URL: silence
 };
 
 // XML property lists, for archives and imports that others wrote in that form.
 class XmlPropertyLists {
  public:
   virtual ~XmlPropertyLists() = default;
-  // error: what and which line
-  virtual Result<plist::Value, std::string> read(plist::Bytes bytes) = 0;
-  // error: what the form can't carry
-  virtual Result<std::vector<std::uint8_t>, std::string> write(const plist::Value& value) = 0;
+  // The error says what is wrong, and on which line.
+  virtual Result<plist::Value> read(plist::Bytes bytes) = 0;
+  // The error says what the form can't carry.
+  virtual Result<std::vector<std::uint8_t>> write(const plist::Value& value) = 0;
 };
 
 }  // namespace platform

@@ -14,7 +14,7 @@ namespace services {
 namespace {
 
 using foundation::Directory;
-using foundation::FileError;
+using platform::Error;
 using platform::Person;
 
 bool isVCardFile(std::string_view name) {
@@ -52,8 +52,8 @@ void sortByFirstName(std::vector<Person>& people, platform::Collator& collator) 
 
 VCardAddressBook::VCardAddressBook(const foundation::DeviceRoot& root,
                                    std::optional<std::string> folder, platform::Collator& collator,
-                                   Problem problem)
-    : root_(root), folder_(std::move(folder)), collator_(collator), problem_(std::move(problem)) {}
+                                   platform::Report report)
+    : root_(root), folder_(std::move(folder)), collator_(collator), report_(std::move(report)) {}
 
 std::vector<Person> VCardAddressBook::peopleSortedByFirstName() {
   auto people = peopleInStoredOrder();
@@ -61,32 +61,32 @@ std::vector<Person> VCardAddressBook::peopleSortedByFirstName() {
   return people;
 }
 
-platform::Result<Directory, FileError> VCardAddressBook::open() const {
+platform::Result<Directory> VCardAddressBook::open() const {
   if (!folder_) return root_.openDirectory(kAddressBookPath);
   foundation::Descriptor folder(::open(folder_->c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (!folder) return FileError{*folder_, errno};
+  if (!folder) return Error{*folder_, errno};
   return Directory(std::move(folder), *folder_);
 }
 
 std::vector<Person> VCardAddressBook::peopleInStoredOrder() {
   auto folder = open();
   if (!folder) {
-    if (folder_ || folder.error().code != ENOENT) tell(folder.error().message());
+    if (folder_ || folder.error().code != ENOENT) report(folder.error().message());
     return {};
   }
   auto names = folder->names();
-  if (!names) return tell(names.error().message()), std::vector<Person>{};
+  if (!names) return report(names.error().message()), std::vector<Person>{};
   std::erase_if(*names, [](auto& name) { return !isVCardFile(name); });
   if (names->empty()) return {};
-  const auto& reader = vcards();
-  if (!reader) return tell(reader.error()), std::vector<Person>{};
+  const auto& reader = find<VCards>();
+  if (!reader) return report(reader.error().message()), std::vector<Person>{};
 
   std::ranges::sort(*names);
   std::vector<Person> people;
   for (const auto& name : *names) {
     const auto bytes = folder->read(name);
     if (!bytes) {
-      tell(bytes.error().message());
+      report(bytes.error().message());
       continue;
     }
     const auto* text = reinterpret_cast<const char*>(bytes->data());
@@ -96,8 +96,8 @@ std::vector<Person> VCardAddressBook::peopleInStoredOrder() {
   return people;
 }
 
-void VCardAddressBook::tell(const std::string& message) {
-  if (told_.insert(message).second && problem_) problem_(message);
+void VCardAddressBook::report(const std::string& message) {
+  if (reported_.insert(message).second && report_) report_(message);
 }
 
 }  // namespace services

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <set>
 #include <string>
@@ -12,9 +11,6 @@ namespace services {
 
 inline constexpr const char* kAddressBookPath = "/var/mobile/Library/AddressBook";
 
-// Told what a service passes over in silence, in a sentence for people.
-using Problem = std::function<void(const std::string& message)>;
-
 // The vCard files of a folder as an address book, read anew at each call.
 //
 // Files are taken in the order of the bytes of their names, those whose name ends in ".vcf", of
@@ -22,27 +18,27 @@ using Problem = std::function<void(const std::string& message)>;
 // are in the collator's order, none first. Equal ones stay in the order of files and cards.
 //
 // A file that can't be read costs only itself. It, a folder that can't be read and a missing module
-// are told once each; a folder that isn't there is an empty address book, and a problem only if the
-// user named it.
+// are reported once each; a folder that isn't there is an empty address book, and a problem only if
+// the user named it.
 class VCardAddressBook : public platform::AddressBook {
  public:
   // `folder` is this machine's; without one the folder is kAddressBookPath below the root. Root and
   // collator stay the caller's.
   VCardAddressBook(const foundation::DeviceRoot& root, std::optional<std::string> folder,
-                   platform::Collator& collator, Problem problem);
+                   platform::Collator& collator, platform::Report report);
 
   std::vector<platform::Person> peopleSortedByFirstName() override;
 
  private:
-  platform::Result<foundation::Directory, foundation::FileError> open() const;
+  platform::Result<foundation::Directory> open() const;
   std::vector<platform::Person> peopleInStoredOrder();
-  void tell(const std::string& message);
+  void report(const std::string& message);
 
   const foundation::DeviceRoot& root_;
   std::optional<std::string> folder_;
   platform::Collator& collator_;
-  Problem problem_;
-  std::set<std::string> told_;
+  platform::Report report_;
+  std::set<std::string> reported_;
 };
 
 }  // namespace services

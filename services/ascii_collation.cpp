@@ -11,7 +11,7 @@ constexpr std::string_view kOrder =
     " _-,;:!?.'\"()[]{}@*/\\&#%`^+<=>|~$0123456789abcdefghijklmnopqrstuvwxyz";
 constexpr std::size_t kLongestNumber = 19;  // digits that always fit 64 bits
 
-// By character, 0 for those that are none of the order's; both cases of a letter have one weight.
+// By character, 0 for those that are not in the order; both cases of a letter have one weight.
 constexpr std::array<unsigned char, 256> kWeights = [] {
   std::array<unsigned char, 256> weights{};
   for (std::size_t i = 0; i < kOrder.size(); ++i) {

@@ -20,15 +20,16 @@ constexpr const char* kBusMember = "Posted";
 
 class Listener {
  public:
-  using Heard = std::function<void(std::string_view name)>;
+  using Received = std::function<void(std::string_view name)>;
 
   virtual ~Listener() = default;
 
-  // Calls `heard` for each notification that has arrived, in order. When none has, waits for one,
-  // no longer than `patience` (without it as long as it takes), and returns early when a signal
-  // handler ran. The error says that the bus went away.
-  virtual platform::Result<platform::Done, std::string> wait(
-      const Heard& heard, std::optional<std::chrono::milliseconds> patience = std::nullopt) = 0;
+  // Calls `received` for each notification that has arrived, in order. When none has, waits for
+  // one, no longer than `patience` (without it as long as it takes), and returns early when a
+  // signal handler ran. The error says that the connection ended.
+  virtual platform::Result<platform::Done> wait(
+      const Received& received,
+      std::optional<std::chrono::milliseconds> patience = std::nullopt) = 0;
 };
 
 // The cross-process centre on the session bus that is running: at DBUS_SESSION_BUS_ADDRESS, else at
@@ -38,9 +39,9 @@ class Listener {
 // once, and a bus that does not answer within a quarter of a second is left alone for ten.
 class Bus : public platform::DarwinNotificationCenter {
  public:
-  // Hears the notifications of these names, of all names when there are none. When it returns,
-  // every later post is heard. The error says why there is no bus to listen to.
-  virtual platform::Result<std::unique_ptr<Listener>, std::string> listen(
+  // Listens for the notifications of these names, of all names when there are none. When it
+  // returns, every later post arrives. The error says why there is no bus to listen to.
+  virtual platform::Result<std::unique_ptr<Listener>> listen(
       std::set<std::string, std::less<>> names) = 0;
 };
 

@@ -1,7 +1,5 @@
 #include <systemd/sd-bus.h>
 
-#include <cstring>
-
 #include "services/bus.h"
 #include "services/module.h"
 
@@ -27,10 +25,10 @@ Connection connect(int& status) {
   return Connection(bus);
 }
 
-std::string noBus(int status) {
+platform::Error noBus(int status) {
   if (status == -ENOMEDIUM)
-    return "no session bus: DBUS_SESSION_BUS_ADDRESS and XDG_RUNTIME_DIR are not set";
-  return std::string("no session bus: ") + std::strerror(-status);
+    return {.what = "no session bus: DBUS_SESSION_BUS_ADDRESS and XDG_RUNTIME_DIR are not set"};
+  return {.code = -status, .what = "no session bus"};
 }
 
 std::uint64_t microseconds(Clock::duration duration) {
@@ -66,9 +64,9 @@ class BusListener : public Listener {
                                &BusListener::posted, this);
   }
 
-  platform::Result<platform::Done, std::string> wait(
-      const Heard& heard, std::optional<std::chrono::milliseconds> patience) override {
-    heard_ = &heard;
+  platform::Result<platform::Done> wait(
+      const Received& received, std::optional<std::chrono::milliseconds> patience) override {
+    received_ = &received;
     int status;
     bool any = false;
     while ((status = sd_bus_process(bus_.get(), nullptr)) > 0) any = true;
@@ -78,7 +76,7 @@ class BusListener : public Listener {
       }
     }
     if (status < 0 && status != -EINTR)
-      return std::string("the session bus went away: ") + std::strerror(-status);
+      return platform::Error{.code = -status, .what = "the session bus went away"};
     return platform::Done{};
   }
 
@@ -86,15 +84,15 @@ class BusListener : public Listener {
   static int posted(sd_bus_message* message, void* self, sd_bus_error*) {
     auto& listener = *static_cast<BusListener*>(self);
     const char* name = nullptr;
-    if (sd_bus_message_read(message, "s", &name) < 0 || !listener.heard_) return 0;
+    if (sd_bus_message_read(message, "s", &name) < 0 || !listener.received_) return 0;
     if (listener.names_.empty() || listener.names_.contains(std::string_view(name)))
-      (*listener.heard_)(name);
+      (*listener.received_)(name);
     return 0;
   }
 
   Connection bus_;
   std::set<std::string, std::less<>> names_;
-  const Heard* heard_ = nullptr;
+  const Received* received_ = nullptr;
 };
 
 class SessionBus : public Bus {
@@ -107,7 +105,7 @@ class SessionBus : public Bus {
     if (status == -ETIMEDOUT) leaveAloneUntil_ = Clock::now() + kQuarantine;
   }
 
-  platform::Result<std::unique_ptr<Listener>, std::string> listen(
+  platform::Result<std::unique_ptr<Listener>> listen(
       std::set<std::string, std::less<>> names) override {
     int status;
     Connection bus = connect(status);

@@ -22,7 +22,7 @@ constexpr std::chrono::seconds kPatience{1};
 constexpr int kAudioOnly = 1 << 1;  // playbin's "flags"; the type stands in no header
 
 struct ToNothing {
-  // An element lets go of file and sound server in no other way.
+  // Nothing else makes an element close file and sound server.
   void operator()(GstElement* element) const {
     gst_element_set_state(element, GST_STATE_NULL);
     gst_object_unref(element);
@@ -92,7 +92,7 @@ class GstPlayer : public SoundPlayer {
     return "";
   }
 
-  // Returns when the sound has ended, or why it can't be heard.
+  // Returns when the sound has ended, or why it can't be played.
   std::string hear(const Descriptor& file, int round) {
     if (!initialise().empty()) return initialise();
     const Owned<GstElement> player(gst_element_factory_make("playbin", nullptr));

@@ -132,12 +132,11 @@ Collation openCollator(const std::string& locale, UColAttributeValue strength,
 
 }  // namespace
 
-platform::Result<std::unique_ptr<platform::Collator>, std::string> makeCollator(
-    const std::string& locale) {
+platform::Result<std::unique_ptr<platform::Collator>> makeCollator(const std::string& locale) {
   UErrorCode status = U_ZERO_ERROR;
   Collation letters = openCollator(locale, UCOL_SECONDARY, UCOL_OFF, status);
   Collation cases = openCollator(locale, UCOL_TERTIARY, UCOL_ON, status);
-  if (U_FAILURE(status)) return std::string(u_errorName(status));
+  if (U_FAILURE(status)) return platform::Error{.what = u_errorName(status)};
   return std::unique_ptr<platform::Collator>(
       std::make_unique<IcuCollator>(std::move(letters), std::move(cases)));
 }

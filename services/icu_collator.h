@@ -14,7 +14,6 @@ namespace services {
 //
 // ASCII numbers are compared as 64-bit values that wrap around, as the platform does, where
 // nothing but case differs before them.
-platform::Result<std::unique_ptr<platform::Collator>, std::string> makeCollator(
-    const std::string& locale);
+platform::Result<std::unique_ptr<platform::Collator>> makeCollator(const std::string& locale);
 
 }  // namespace services

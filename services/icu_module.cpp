@@ -5,6 +5,6 @@
 QUORVANTIS_SERVICE {
   auto collator = services::makeCollator(services::collationLocale());
   if (collator) return collator->release();
-  reason = collator.error();
+  reason = collator.error().message();
   return nullptr;
 }

@@ -8,42 +8,39 @@
 
 namespace services {
 
-UserCollator::UserCollator(Told told)
-    : asciiOrderKnown_(hasRootAsciiOrder(collationLocale())), told_(std::move(told)) {}
+UserCollator::UserCollator(platform::Report report)
+    : asciiOrderKnown_(hasRootAsciiOrder(collationLocale())), report_(std::move(report)) {}
 
 int UserCollator::compare(std::string_view a, std::string_view b) {
   if (asciiOrderKnown_)
     if (const auto order = compareAscii(a, b)) return *order;
-  const auto& collator = collation();
+  const auto& collator = find<platform::Collator>();
   if (collator) return (*collator)->compare(a, b);
-  if (const Told told = std::exchange(told_, {})) told(collator.error());
+  if (const platform::Report report = std::exchange(report_, {}))
+    report(collator.error().message());
   return a.compare(b);
 }
 
 void SessionNotificationCenter::post(std::string_view name) {
-  if (const auto& center = bus()) (*center)->post(name);
+  if (const auto& center = find<Bus>()) (*center)->post(name);
 }
 
 bool DesktopUrls::canOpen(std::string_view url) {
-  const auto& desktop = urls();
+  const auto& desktop = find<platform::Urls>();
   return desktop && (*desktop)->canOpen(url);
 }
 
 bool DesktopUrls::open(std::string_view url) {
-  const auto& desktop = urls();
+  const auto& desktop = find<platform::Urls>();
   return desktop && (*desktop)->open(url);
 }
 
-platform::Result<plist::Value, std::string> LazyXml::read(plist::Bytes bytes) {
-  const auto& xml = xmlPropertyLists();
-  if (!xml) return xml.error();
-  return (*xml)->read(bytes);
+platform::Result<plist::Value> LazyXml::read(plist::Bytes bytes) {
+  return find<platform::XmlPropertyLists>().and_then([&](auto* xml) { return xml->read(bytes); });
 }
 
-platform::Result<std::vector<std::uint8_t>, std::string> LazyXml::write(const plist::Value& value) {
-  const auto& xml = xmlPropertyLists();
-  if (!xml) return xml.error();
-  return (*xml)->write(value);
+platform::Result<std::vector<std::uint8_t>> LazyXml::write(const plist::Value& value) {
+  return find<platform::XmlPropertyLists>().and_then([&](auto* xml) { return xml->write(value); });
 }
 
 }  // namespace services

@@ -10,17 +10,15 @@
 namespace services {
 
 // Plain ASCII is compared without loading anything where compareAscii knows the order. Without ICU
-// all else is in the order of its bytes, and `told` hears once why.
+// all else is in the order of its bytes, and `report` is called once with the reason.
 class UserCollator : public platform::Collator {
  public:
-  using Told = std::function<void(const std::string& message)>;
-
-  explicit UserCollator(Told told = {});
+  explicit UserCollator(platform::Report report = {});
   int compare(std::string_view a, std::string_view b) override;
 
  private:
   bool asciiOrderKnown_;
-  Told told_;
+  platform::Report report_;
 };
 
 // Without the module posts are dropped, as they are without a bus.
@@ -39,9 +37,8 @@ class DesktopUrls : public platform::Urls {
 // Property lists in XML. Without the module every call fails with the reason.
 class LazyXml : public platform::XmlPropertyLists {
  public:
-  platform::Result<plist::Value, std::string> read(plist::Bytes bytes) override;
-  platform::Result<std::vector<std::uint8_t>, std::string> write(
-      const plist::Value& value) override;
+  platform::Result<plist::Value> read(plist::Bytes bytes) override;
+  platform::Result<std::vector<std::uint8_t>> write(const plist::Value& value) override;
 };
 
 }  // namespace services

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <string>
+#include <string_view>
 
 #include "platform/services.h"
 #include "services/bus.h"
@@ -8,18 +8,39 @@
 #include "services/vcards.h"
 
 // The services of this machine. Each is loaded when it is first asked for and stays; where it
-// can't be had the error is a message for people ("collation is not available: libicuuc.so.72:
-// cannot open shared object file…"), the same one at each call.
+// can't be had the error says what is missing and why ("collation is not available:
+// libicuuc.so.72: cannot open shared object file…"), the same at each call.
 namespace services {
 
-template <class Service>
-using Availability = platform::Result<Service*, std::string>;
+// A service's module, and the service's name in messages.
+struct Origin {
+  std::string_view module, service;
+};
 
-const Availability<platform::Collator>& collation();  // of the user's locale
-const Availability<Bus>& bus();
-const Availability<platform::Urls>& urls();
-const Availability<platform::XmlPropertyLists>& xmlPropertyLists();
-const Availability<VCards>& vcards();
-const Availability<SoundPlayer>& soundPlayer();
+template <class Service>
+inline constexpr Origin kOrigin{};
+template <>  // of the user's locale
+inline constexpr Origin kOrigin<platform::Collator>{"icu", "collation"};
+template <>
+inline constexpr Origin kOrigin<Bus>{"bus", "the session bus"};
+template <>
+inline constexpr Origin kOrigin<platform::Urls>{"gio", "opening URLs"};
+template <>
+inline constexpr Origin kOrigin<platform::XmlPropertyLists>{"xml", "reading and writing XML"};
+template <>
+inline constexpr Origin kOrigin<VCards>{"vcards", "reading vCards"};
+template <>
+inline constexpr Origin kOrigin<SoundPlayer>{"gstreamer", "playing sounds"};
+
+// What a module's factory makes, or why there is none.
+platform::Result<void*> load(const Origin& origin);
+
+template <class Service>
+const platform::Result<Service*>& find() {
+  static const auto service = load(kOrigin<Service>).and_then([](void* made) {
+    return platform::Result<Service*>(static_cast<Service*>(made));
+  });
+  return service;
+}
 
 }  // namespace services

@@ -9,29 +9,29 @@
 namespace services {
 
 DeviceSounds::DeviceSounds(const foundation::DeviceRoot& root, foundation::FallbackFolder fallback,
-                           Problem problem)
+                           platform::Report report)
     : root_(root),
       fallback_(std::move(fallback)),
-      problem_(problem ? std::move(problem) : [](const std::string&) {}) {}
+      report_(report ? std::move(report) : [](const std::string&) {}) {}
 
 DeviceSounds::~DeviceSounds() {
-  if (played_) (*soundPlayer())->stop();
+  if (played_) (*find<SoundPlayer>())->stop();
 }
 
 void DeviceSounds::play(const std::optional<std::string>& url) {
   if (!url) return;
   const auto path = foundation::pathOfFileUrl(*url);
-  if (!path) return problem_("no URL of a file: " + *url);
+  if (!path) return report_("not the URL of a file: " + *url);
   auto file = foundation::openWithFallback(root_, fallback_, *path, O_RDONLY);
-  if (!file) return problem_(file.error().message());
+  if (!file) return report_(file.error().message());
   const auto status = foundation::statRegular(*file, *path);
-  if (!status) return problem_(status.error().message());
+  if (!status) return report_(status.error().message());
 
-  const auto& player = soundPlayer();
-  if (!player) return problem_(player.error());
+  const auto& player = find<SoundPlayer>();
+  if (!player) return report_(player.error().message());
   played_ = true;
-  (*player)->play(std::move(*file), [problem = problem_, path = *path](const std::string& reason) {
-    problem(path + ": " + reason);
+  (*player)->play(std::move(*file), [report = report_, path = *path](const std::string& reason) {
+    report(path + ": " + reason);
   });
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -9,29 +8,27 @@
 
 namespace services {
 
-// Where the platform has its sounds, and this desktop its own.
-inline constexpr const char* kSoundPath = "/System/Library/Audio/UISounds";
+// Where this desktop has its sounds.
 inline constexpr const char* kDesktopSounds = "/usr/share/sounds";
 
-// Sounds of the device root, each played beside the others and heard out.
+// Sounds of the device root, each played to its end, several at a time.
 //
 // A URL is that of a file of the platform, which is looked up below the root or in the fallback
-// folder and nowhere else; see foundation::pathOfFileUrl. Whatever keeps it from being heard is
-// told as "/System/…/x.caf: reason"; what goes wrong only in playing is told from another thread.
+// folder and nowhere else; see foundation::pathOfFileUrl. What keeps it from being played is
+// reported as "/System/…/x.caf: reason"; what fails only in playing is reported from another
+// thread.
 class DeviceSounds : public platform::SystemSounds {
  public:
-  using Problem = std::function<void(const std::string& message)>;
-
   DeviceSounds(const foundation::DeviceRoot& root, foundation::FallbackFolder fallback,
-               Problem problem);
-  ~DeviceSounds() override;  // silences what is playing
+               platform::Report report);
+  ~DeviceSounds() override;  // stops what is playing
 
   void play(const std::optional<std::string>& url) override;
 
  private:
   const foundation::DeviceRoot& root_;
   foundation::FallbackFolder fallback_;
-  Problem problem_;
+  platform::Report report_;
   bool played_ = false;
 };
 

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/foundation/text.h"
+#include "platform/plist/hexadecimal.h"
 
 namespace services {
 namespace {
@@ -128,7 +129,6 @@ bool namesForeignCharset(string_view header) {
 }
 
 void appendQuotedPrintable(std::string& card, string_view header, string_view value) {
-  constexpr char kHexadecimal[] = "0123456789ABCDEF";
   const bool already = isQuotedPrintable(header);
   card += header;
   card += already ? ":" : ";ENCODING=QUOTED-PRINTABLE:";
@@ -137,8 +137,8 @@ void appendQuotedPrintable(std::string& card, string_view header, string_view va
       card += c;
       continue;
     }
-    const auto byte = static_cast<unsigned char>(c);
-    card += {'=', kHexadecimal[byte >> 4], kHexadecimal[byte & 15]};
+    card += '=';
+    plist::appendHex(card, static_cast<std::uint8_t>(c), plist::kUpperHexDigits);
   }
 }
 

@@ -6,7 +6,7 @@
 
 namespace services {
 
-// Told of a card, the text good until it returns.
+// Is called with a card; the text is valid until it returns.
 using CardVisit = std::function<void(const std::string& card)>;
 
 // Takes a vCard file (2.1, 3.0 or 4.0) apart: one text a card, in the order of the file, each with
@@ -16,7 +16,7 @@ using CardVisit = std::function<void(const std::string& card)>;
 // - A card lies between a line BEGIN:VCARD and a line END:VCARD, letters of either case. One that
 //   the file or another BEGIN:VCARD ends is broken and left out; a card within an AGENT property
 //   belongs to it, and is left out too.
-// - Lines end with LF or CRLF. A line that begins with a blank or a tab goes on the line before,
+// - Lines end with LF or CRLF. A line that begins with a blank or a tab continues the line before,
 //   whatever character that breaks; so does the line after a soft line break, "=" at the end of a
 //   quoted-printable one, but never over a BEGIN or END.
 // - Bytes outside ASCII are UTF-8, those that are not become U+FFFD, and so does a zero byte. Where

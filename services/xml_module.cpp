@@ -9,11 +9,8 @@ namespace {
 
 class ExpatPropertyLists : public platform::XmlPropertyLists {
  public:
-  platform::Result<plist::Value, std::string> read(plist::Bytes bytes) override {
-    return readXml(bytes);
-  }
-  platform::Result<std::vector<std::uint8_t>, std::string> write(
-      const plist::Value& value) override {
+  platform::Result<plist::Value> read(plist::Bytes bytes) override { return readXml(bytes); }
+  platform::Result<std::vector<std::uint8_t>> write(const plist::Value& value) override {
     return writeXml(value);
   }
 };

@@ -6,13 +6,14 @@
 #include <array>
 #include <cmath>
 
+#include "platform/plist/base64.h"
+#include "platform/plist/date_text.h"
 #include "services/xml_scalars.h"
 
 namespace services {
 
 namespace {
 
-constexpr std::size_t kDeepest = 512;
 constexpr std::string_view kBlanks = " \t\r\n";
 
 enum class Element { Plist, Dict, Array, Key, String, Integer, Real, True, False, Date, Data };
@@ -84,8 +85,8 @@ class Reader {
     });
   }
 
-  platform::Result<XmlWithLines, std::string> read(std::string_view text) {
-    // A header behind white space is no XML, but property lists have it.
+  platform::Result<XmlWithLines> read(std::string_view text) {
+    // A header behind white space is not XML, but property lists have it.
     const std::size_t start = std::min(text.find_first_not_of(kBlanks), text.size());
     skippedLines_ =
         static_cast<unsigned long>(std::count(text.begin(), text.begin() + start, '\n'));
@@ -98,7 +99,7 @@ class Reader {
       status =
           XML_Parse(parser_, text.data(), static_cast<int>(std::min(piece, text.size())), last);
     }
-    if (!error_.empty()) return std::move(error_);
+    if (error_) return std::move(*error_);
     if (root_) return XmlWithLines{std::move(*root_), std::move(itemLines_)};
     return at(XML_ErrorString(XML_GetErrorCode(parser_)));
   }
@@ -107,16 +108,16 @@ class Reader {
   static Reader& reader(void* self) { return *static_cast<Reader*>(self); }
 
   unsigned long line() const { return XML_GetCurrentLineNumber(parser_) + skippedLines_; }
-  std::string at(std::string_view what) const {
-    return "line " + std::to_string(line()) + ": " + std::string(what);
+  platform::Error at(std::string_view what) const {
+    return {.what = "line " + std::to_string(line()) + ": " + std::string(what)};
   }
 
   void fail(std::string_view what) {
-    if (error_.empty()) error_ = at(what);
+    if (!error_) error_ = at(what);
     XML_StopParser(parser_, XML_FALSE);
   }
 
-  bool stopped() const { return !error_.empty() || root_; }
+  bool stopped() const { return error_ || root_; }
 
   void open(std::string_view name) {
     if (stopped()) return;
@@ -129,8 +130,8 @@ class Reader {
     if (!isContainer(element)) {
       leaf_ = element;
       text_.clear();
-    } else if (element != Element::Plist && depth() == kDeepest) {
-      return fail("nested deeper than " + std::to_string(kDeepest));
+    } else if (element != Element::Plist && depth() == plist::kMaximumDepth) {
+      return fail("nested deeper than " + std::to_string(plist::kMaximumDepth));
     }
     noteItem();
     if (isContainer(element)) open_.push_back({element, {}, {}});
@@ -198,9 +199,9 @@ class Reader {
       case Element::Real:
         return addIf(readReal(text_), "a real");
       case Element::Date:
-        return addIf(readDate(text_), "a date");
+        return addIf(plist::readDate(text_), "a date");
       default:
-        return addIf(readBase64(text_), "Base64");
+        return addIf(plist::readBase64(text_, plist::Base64Form::Lenient), "Base64");
     }
   }
 
@@ -230,22 +231,21 @@ class Reader {
   std::string text_;
   std::optional<plist::Value> root_;
   std::vector<unsigned long> itemLines_;
-  std::string error_;
+  std::optional<platform::Error> error_;
 };
 
 }  // namespace
 
-platform::Result<XmlWithLines, std::string> readXmlWithLines(plist::Bytes bytes) {
+platform::Result<XmlWithLines> readXmlWithLines(plist::Bytes bytes) {
   const std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> parser(
       XML_ParserCreate(nullptr), XML_ParserFree);
-  if (!parser) return std::string("out of memory");
+  if (!parser) return platform::Error{.what = "out of memory"};
   return Reader(parser.get()).read({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
 }
 
-platform::Result<plist::Value, std::string> readXml(plist::Bytes bytes) {
-  auto list = readXmlWithLines(bytes);
-  if (!list) return list.error();
-  return std::move(list->value);
+platform::Result<plist::Value> readXml(plist::Bytes bytes) {
+  return readXmlWithLines(bytes).and_then(
+      [](XmlWithLines&& list) { return platform::Result<plist::Value>(std::move(list.value)); });
 }
 
 }  // namespace services

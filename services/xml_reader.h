@@ -19,8 +19,9 @@ namespace services {
 // - Dates are YYYY-MM-DDTHH:MM:SSZ. Data is Base64 with white space anywhere.
 // - Of equal keys the last wins, in the place of the first. A dictionary whose only key is CF$UID,
 //   with a number, is a UID of its low 32 bits.
-// - More than 512 containers in one another, and any entity beyond XML's own five, are refused.
-platform::Result<plist::Value, std::string> readXml(plist::Bytes bytes);
+// - More than plist::kMaximumDepth containers in one another, and any entity beyond XML's own five,
+// are refused.
+platform::Result<plist::Value> readXml(plist::Bytes bytes);
 
 struct XmlWithLines {
   plist::Value value;
@@ -30,6 +31,6 @@ struct XmlWithLines {
 };
 
 // The same for a list whose rows are to be named in messages.
-platform::Result<XmlWithLines, std::string> readXmlWithLines(plist::Bytes bytes);
+platform::Result<XmlWithLines> readXmlWithLines(plist::Bytes bytes);
 
 }  // namespace services

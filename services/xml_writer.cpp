@@ -1,12 +1,15 @@
 #include "services/xml_writer.h"
 
+#include "platform/plist/base64.h"
+#include "platform/plist/binary.h"
+#include "platform/plist/date_text.h"
+#include "platform/plist/utf.h"
 #include "services/xml_scalars.h"
 
 namespace services {
 
 namespace {
 
-constexpr std::size_t kDeepest = 512;
 constexpr std::string_view kHeader =
     "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
     "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
@@ -14,32 +17,19 @@ constexpr std::string_view kHeader =
     "<plist version=\"1.0\">\n";
 constexpr std::string_view kFooter = "</plist>\n";
 
-// The length of the UTF-8 sequence of an XML character at the start of the text; 0 where there is
-// none.
+// The length of the XML character at the start of UTF-8 text; 0 where there is none.
 std::size_t characterLength(std::string_view text) {
-  const auto byte = [&](std::size_t i) {
-    return i < text.size() ? static_cast<unsigned char>(text[i]) : 0u;
-  };
-  const unsigned lead = byte(0);
-  if (lead < 0x80) return lead >= 0x20 || lead == '\t' || lead == '\n' || lead == '\r';
-  const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
-  if (lead < 0xC2 || lead > 0xF4) return 0;
-  unsigned code = lead & (0x7Fu >> length);
-  for (std::size_t i = 1; i < length; ++i) {
-    if ((byte(i) & 0xC0) != 0x80) return 0;
-    code = code << 6 | (byte(i) & 0x3F);
-  }
-  const bool tooLong = (length == 3 && code < 0x800) || (length == 4 && code < 0x10000);
-  const bool noCharacter = (code >= 0xD800 && code < 0xE000) || code == 0xFFFE || code == 0xFFFF;
-  return tooLong || noCharacter || code > 0x10FFFF ? 0 : length;
+  const auto [point, size, isValid] = plist::firstCharacter(text);
+  const bool isControl = point < 0x20 && point != '\t' && point != '\n' && point != '\r';
+  return isValid && !isControl && point != 0xFFFE && point != 0xFFFF ? size : 0;
 }
 
 class Writer {
  public:
-  platform::Result<std::vector<std::uint8_t>, std::string> write(const plist::Value& root) {
+  platform::Result<std::vector<std::uint8_t>> write(const plist::Value& root) {
     value(root);
-    while (!open_.empty() && error_.empty()) step();
-    if (!error_.empty()) return error_;
+    while (!open_.empty() && !error_) step();
+    if (error_) return *error_;
     out_ += kFooter;
     return std::vector<std::uint8_t>(out_.begin(), out_.end());
   }
@@ -78,9 +68,9 @@ class Writer {
       case plist::Kind::Text:
         return element("string", *v.text());
       case plist::Kind::Data:
-        return element("data", writeBase64(*v.data()));
+        return element("data", plist::writeBase64(*v.data()));
       case plist::Kind::Date:
-        return element("date", writeDate(*v.date()));
+        return element("date", plist::writeDate(*v.date()));
       case plist::Kind::Uid:
         return uid(v.uid()->index);
       case plist::Kind::Array:
@@ -89,7 +79,7 @@ class Writer {
         return container("dict", {nullptr, v.dictionary()}, v.dictionary()->empty());
       case plist::Kind::Nothing:
       case plist::Kind::Set:
-        error_ = "XML property lists can't hold " + std::string(describe(v.kind()));
+        fail("XML property lists can't hold " + std::string(describe(v.kind())));
     }
   }
 
@@ -102,9 +92,8 @@ class Writer {
   }
 
   void container(const std::string& tag, Level level, bool empty) {
-    if (open_.size() == kDeepest) {
-      error_ = "nested deeper than " + std::to_string(kDeepest);
-      return;
+    if (open_.size() == plist::kMaximumDepth) {
+      return fail("nested deeper than " + std::to_string(plist::kMaximumDepth));
     }
     if (empty) return line("<" + tag + "/>");
     line("<" + tag + ">");
@@ -124,8 +113,7 @@ class Writer {
     for (std::size_t length = 0; !text.empty(); text.remove_prefix(length)) {
       length = characterLength(text);
       if (length == 0) {
-        error_ = "XML can't hold a character of the text \"" + printable(whole) + "\"";
-        return;
+        return fail("XML can't hold a character of the text \"" + printable(whole) + "\"");
       }
       switch (text[0]) {
         case '&':
@@ -146,6 +134,8 @@ class Writer {
     }
   }
 
+  void fail(std::string what) { error_ = platform::Error{.what = std::move(what)}; }
+
   static std::string printable(std::string_view text) {
     std::string shown(text.substr(0, 40));
     for (char& c : shown)
@@ -155,12 +145,12 @@ class Writer {
 
   std::string out_{kHeader};
   std::vector<Level> open_;
-  std::string error_;
+  std::optional<platform::Error> error_;
 };
 
 }  // namespace
 
-platform::Result<std::vector<std::uint8_t>, std::string> writeXml(const plist::Value& value) {
+platform::Result<std::vector<std::uint8_t>> writeXml(const plist::Value& value) {
   return Writer().write(value);
 }
 

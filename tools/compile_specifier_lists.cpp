@@ -1,14 +1,17 @@
 // compile-specifier-lists OUTPUT.cpp LIST.plist...: checks each specifier list of the bundle
-// against the classes and operations that it names and writes them, in binary, as one C++ file.
-// Errors name file, line and row, and nothing is written then.
+// against the classes and operations that it names and the rules of its page, and writes them, in
+// binary, as one C++ file. Errors name file, line and row, and nothing is written then.
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
 #include "platform/plist/binary.h"
 #include "platform/preferences/specifier_list.h"
 #include "prefs/resources/classes.h"
+#include "tools/rule_check.h"
 #include "tools/specifier_list_source.h"
 
 namespace {
@@ -36,6 +39,8 @@ Bytes compile(const SpecifierListSource& source) {
   auto list = preferences::readSpecifierList(source.root());
   if (!list) return report(list.error());
   auto errors = preferences::validate(*list, *page->operations, kClasses);
+  std::ranges::move(tools::ruleErrors(page->name, prefs::rulesOfPage(page->name), *list),
+                    std::back_inserter(errors));
   for (const auto& error : errors) report(error);
   if (!errors.empty()) return {};
   auto binary = plist::writeBinary(source.root());

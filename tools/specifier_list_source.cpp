@@ -75,7 +75,7 @@ Result<SpecifierListSource, std::string> SpecifierListSource::read(std::filesyst
   std::vector<std::uint8_t> text{std::istreambuf_iterator<char>(in), {}};
   if (!in) return source.message({-1, "can't be read"});
   auto read = services::readXmlWithLines(text);
-  if (!read) return source.message({-1, read.error()});
+  if (!read) return source.message({-1, read.error().message()});
   source.root_ = std::move(read->value);
   source.lines_ = std::move(read->itemLines);
   auto added = addRowDefaults(source.root_);

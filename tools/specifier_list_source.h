@@ -19,7 +19,7 @@ platform::Result<platform::Done, preferences::ListError> addRowDefaults(plist::V
 
 class SpecifierListSource {
  public:
-  // With its defaults added. An error says file, line and row.
+  // With its defaults added. An error names file, line and row.
   static platform::Result<SpecifierListSource, std::string> read(std::filesystem::path file);
 
   std::string name() const { return file_.stem().string(); }

@@ -93,7 +93,7 @@ Outcome<Done> watch(Session& session, const Arguments& arguments) {
     flushed = session.flush();
     return static_cast<bool>(flushed);
   });
-  if (!watched) return Failure{ExitCode::Failed, watched.error()};
+  if (!watched) return Failure{ExitCode::Failed, watched.error().message()};
   return flushed;
 }
 

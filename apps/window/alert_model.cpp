@@ -2,22 +2,30 @@
 
 #include <algorithm>
 
-#include "apps/window/text.h"
-#include "platform/uikit/alert_controller.h"
+#include "apps/window/settings_bridge.h"
 
 namespace window {
 namespace {
 
+using host::ButtonRole;
+
 // The last one that neither cancels nor destroys, else the last that doesn't cancel, else the only
 // one.
-int preferredOf(const std::vector<uikit::AlertButton>& buttons) {
+int preferredOf(const std::vector<host::AlertButtonView>& buttons) {
   int found = buttons.size() == 1 ? 0 : -1;
   for (int i = 0; i < std::ssize(buttons); ++i) {
-    bool better = found < 0 || buttons[found].role == uikit::ButtonRole::Destructive ||
-                  buttons[i].role == uikit::ButtonRole::Default;
-    if (buttons[i].role != uikit::ButtonRole::Cancel && better) found = i;
+    const bool better = found < 0 || buttons[found].role == ButtonRole::Destructive ||
+                        buttons[i].role == ButtonRole::Default;
+    if (buttons[i].role != ButtonRole::Cancel && better) found = i;
   }
   return found;
+}
+
+QStringList choicesOf(const host::AlertView& view) {
+  QStringList choices;
+  if (view.picker)
+    for (const std::string& title : view.picker->rows) choices << toQString(title);
+  return choices;
 }
 
 bool beginsAWord(const QString& title, const QString& text) {
@@ -28,60 +36,36 @@ bool beginsAWord(const QString& title, const QString& text) {
 
 }  // namespace
 
-AlertModel::AlertModel(host::SettingsApplication& host, std::shared_ptr<uikit::Alert> alert,
-                       Report report, QObject* parent)
-    : QObject(parent), host_(host), alert_(std::move(alert)), report_(std::move(report)) {
-  title_ = toQString(alert_->title);
-  message_ = toQString(alert_->message);
-  sheet_ = alert_->style() == uikit::AlertStyle::ActionSheet;
-  const auto buttons = alert_->buttons();
-  const int preferred = sheet_ ? -1 : preferredOf(buttons);
-  for (const auto& [title, role] : buttons)
-    buttons_ << QVariant::fromValue(AlertButton{toQString(title), role == uikit::ButtonRole::Cancel,
-                                                role == uikit::ButtonRole::Destructive,
+AlertModel::AlertModel(SettingsBridge& bridge, const host::AlertView& view)
+    : QObject(&bridge), bridge_(bridge), view_(view), choices_(choicesOf(view)) {
+  const int preferred = sheet() ? -1 : preferredOf(view.buttons);
+  for (const auto& [title, role] : view.buttons)
+    buttons_ << QVariant::fromValue(AlertButton{toQString(title), role == ButtonRole::Cancel,
+                                                role == ButtonRole::Destructive,
                                                 buttons_.size() == preferred});
-  if (uikit::PickerView* picker = alert_->picker()) {
-    picks_ = true;
-    for (const std::string& title : picker->titlesInComponent(0)) choices_ << toQString(title);
+}
+
+void AlertModel::refresh(const host::AlertView& view) {
+  const host::AlertView before = std::exchange(view_, view);
+  if (view.picker == before.picker) return;
+  if (const QStringList now = choicesOf(view); now != choices_) {
+    choices_ = now;
+    emit choicesChanged();
   }
-  findAnchor();
-  refresh();
-}
-
-void AlertModel::findAnchor() {
-  auto* controller = dynamic_cast<uikit::AlertController*>(alert_.get());
-  if (!controller) return;
-  atBarButton_ = controller->popover.barButtonItem != nullptr;
-  const auto view = controller->popover.sourceView.lock();
-  preferences::PSListController* page = host_.shownList();
-  if (!view || !page) return;
-  const auto& rows = page->specifiers();
-  const auto found = std::ranges::find(rows, view.get(), [](const auto& row) {
-    return static_cast<uikit::View*>(row->cellObject());
-  });
-  if (found != rows.end()) anchorRow_ = static_cast<int>(found - rows.begin());
-}
-
-void AlertModel::refresh() {
-  uikit::PickerView* picker = alert_ ? alert_->picker() : nullptr;
-  const int now = picker ? picker->selectedRowInComponent(0) : -1;
-  if (now == chosen_) return;
-  chosen_ = now;
   emit chosenChanged();
 }
 
 void AlertModel::leave() {
-  alert_.reset();
+  left_ = true;
   emit left();
 }
 
 void AlertModel::viewGone() {
-  if (!alert_) deleteLater();
+  if (left_) deleteLater();
 }
 
 bool AlertModel::isTopmost() const {
-  const auto alerts = host_.alerts();
-  return alert_ && !alerts.empty() && alerts.back() == alert_;
+  return !left_ && bridge_.alert() == this;
 }
 
 int AlertModel::buttonWhere(bool AlertButton::*property) const {
@@ -91,7 +75,7 @@ int AlertModel::buttonWhere(bool AlertButton::*property) const {
 }
 
 void AlertModel::press(int button) {
-  if (isTopmost()) tell(host_.press(button));
+  if (isTopmost()) bridge_.perform(host::Press{button});
 }
 
 void AlertModel::pressPreferred() {
@@ -104,7 +88,7 @@ void AlertModel::cancel() {
 }
 
 void AlertModel::pick(int choice) {
-  if (isTopmost() && choice != chosen_ && choice >= 0) tell(host_.pick(choice));
+  if (isTopmost() && choice != chosen() && choice >= 0) bridge_.perform(host::Pick{choice});
 }
 
 int AlertModel::find(const QString& text, int from) const {
@@ -115,10 +99,6 @@ int AlertModel::find(const QString& text, int from) const {
   for (int i = 0; i < choices_.size(); ++i)
     if (beginsAWord(choices_[i], text)) return i;
   return -1;
-}
-
-void AlertModel::tell(const host::Outcome<host::Done>& outcome) {
-  if (!outcome) report_(toQString(outcome.error().message));
 }
 
 }  // namespace window

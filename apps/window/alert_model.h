@@ -4,12 +4,13 @@
 #include <QObject>
 #include <QStringList>
 #include <QVariant>
-#include <functional>
-#include <memory>
 
-#include "host/settings_application.h"
+#include "apps/window/values.h"
+#include "host/scene.h"
 
 namespace window {
+
+class SettingsBridge;
 
 // One button of an alert.
 struct AlertButton {
@@ -27,34 +28,38 @@ struct AlertButton {
 };
 
 // An alert or a sheet on the screen: what QML shows of it, and what the user does to it. One that
-// has gone keeps its looks while it fades, and does nothing.
+// was dismissed keeps its look while it fades, and does nothing.
 class AlertModel : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("belongs to the application")
-  Q_PROPERTY(QString title MEMBER title_ CONSTANT)
-  Q_PROPERTY(QString message MEMBER message_ CONSTANT)
-  Q_PROPERTY(bool sheet MEMBER sheet_ CONSTANT)
+  Q_PROPERTY(QString title READ title CONSTANT)
+  Q_PROPERTY(QString message READ message CONSTANT)
+  Q_PROPERTY(bool sheet READ sheet CONSTANT)
   Q_PROPERTY(QVariantList buttons MEMBER buttons_ CONSTANT)  // of AlertButton
   Q_PROPERTY(bool cancels READ cancels CONSTANT)             // has a button that cancels
-  Q_PROPERTY(bool picks MEMBER picks_ CONSTANT)              // has a picker
-  Q_PROPERTY(QStringList choices MEMBER choices_ CONSTANT)   // of the picker
-  Q_PROPERTY(int chosen READ chosen NOTIFY chosenChanged)    // -1: none
+  Q_PROPERTY(bool picks READ picks CONSTANT)                 // has a picker
+  Q_PROPERTY(QStringList choices MEMBER choices_ NOTIFY choicesChanged)  // of the picker
+  Q_PROPERTY(int chosen READ chosen NOTIFY chosenChanged)                // -1: none
   // Where a sheet points to: the bar button, or a row of the page; else nowhere.
-  Q_PROPERTY(bool atBarButton MEMBER atBarButton_ CONSTANT)
-  Q_PROPERTY(int anchorRow MEMBER anchorRow_ CONSTANT)
+  Q_PROPERTY(bool atBarButton READ atBarButton CONSTANT)
+  Q_PROPERTY(int anchorRow READ anchorRow CONSTANT)
 
  public:
-  using Report = std::function<void(const QString& problem)>;
+  AlertModel(SettingsBridge& bridge, const host::AlertView& view);
 
-  AlertModel(host::SettingsApplication& host, std::shared_ptr<uikit::Alert> alert, Report report,
-             QObject* parent);
-
+  QString title() const { return toQString(view_.title); }
+  QString message() const { return toQString(view_.message); }
+  bool sheet() const { return view_.style == host::AlertStyle::Sheet; }
   bool cancels() const { return buttonWhere(&AlertButton::cancels) >= 0; }
-  int chosen() const { return chosen_; }
-  bool shows(const std::shared_ptr<uikit::Alert>& alert) const { return alert_ == alert; }
-  void refresh();
-  void leave();  // the alert has gone from the screen
+  bool picks() const { return view_.picker.has_value(); }
+  int chosen() const { return view_.picker ? view_.picker->selected : -1; }
+  bool atBarButton() const { return view_.atBarButton; }
+  int anchorRow() const { return view_.atRow.value_or(-1); }
+
+  std::uint64_t number() const { return view_.number; }
+  void refresh(const host::AlertView& view);  // of the same alert
+  void leave();                               // the alert was dismissed
 
   Q_INVOKABLE void press(int button);
   Q_INVOKABLE void pressPreferred();
@@ -64,26 +69,22 @@ class AlertModel : public QObject {
   // The first choice after `from`, or else of all, that begins with the text, or has a word that
   // does; -1 when there is none.
   Q_INVOKABLE int find(const QString& text, int from) const;
-  Q_INVOKABLE void viewGone();  // its view has gone from the screen
+  Q_INVOKABLE void viewGone();  // its view is destroyed
 
  signals:
+  void choicesChanged();
   void chosenChanged();
   void left();
 
  private:
   bool isTopmost() const;
-  void findAnchor();
   int buttonWhere(bool AlertButton::*property) const;
-  void tell(const host::Outcome<host::Done>& outcome);
 
-  host::SettingsApplication& host_;
-  std::shared_ptr<uikit::Alert> alert_;
-  Report report_;
-  QString title_, message_;
-  bool sheet_ = false, picks_ = false, atBarButton_ = false;
-  int anchorRow_ = -1, chosen_ = -1;
+  SettingsBridge& bridge_;
+  host::AlertView view_;
   QVariantList buttons_;
   QStringList choices_;
+  bool left_ = false;
 };
 
 }  // namespace window

@@ -4,8 +4,7 @@
 #include <algorithm>
 
 #include "apps/window/page_model.h"
-#include "apps/window/text.h"
-#include "platform/preferences/PSListItemsController.h"
+#include "apps/window/values.h"
 
 namespace window {
 namespace {
@@ -13,11 +12,7 @@ namespace {
 // More choices than fit a screen or two are worth a filter.
 constexpr int kFilterable = 20;
 
-std::shared_ptr<const preferences::PSSpecifier> shared(const preferences::PSSpecifier& row) {
-  return std::static_pointer_cast<const preferences::PSSpecifier>(row.shared_from_this());
-}
-
-// The title of a file is its name as a URL has it; this is the name as people write it.
+// The title of a file is its name as a URL has it; this is the name unescaped, in composed form.
 QString asWritten(const QString& title) {
   return QUrl::fromPercentEncoding(title.toUtf8()).normalized(QString::NormalizationForm_C);
 }
@@ -26,24 +21,23 @@ QString asWritten(const QString& title) {
 
 ChoiceModel::ChoiceModel(PageModel* page) : QAbstractListModel(page), page_(page) {}
 
-void ChoiceModel::refresh(const preferences::PSListItemsController& page) {
-  row_ = shared(*page.specifier());
-  ticked_ = page.selectedRow();
-  int total = static_cast<int>(row_->titles().size());
-  auto found = total == total_ && filter_.isEmpty() ? std::vector<int>() : matches();
-  if (total != total_ || found != matches_) {
-    beginResetModel();
-    total_ = total;
-    matches_ = std::move(found);
+void ChoiceModel::refresh(host::ChoiceList list, int ticked) {
+  if (list == list_ && ticked == ticked_) return;
+  const bool sameTitles = list == list_ || (list && list_ && list->titles == list_->titles);
+  ticked_ = ticked;
+  if (!sameTitles) beginResetModel();
+  list_ = std::move(list);
+  if (sameTitles) {
+    if (count() > 0) emit dataChanged(index(0), index(count() - 1), {TickedRole});
+  } else {
+    matches_ = matches();
     endResetModel();
-  } else if (count() > 0) {
-    emit dataChanged(index(0), index(count() - 1));
   }
   emit changed();
 }
 
 bool ChoiceModel::filterable() const {
-  return total_ > kFilterable;
+  return total() > kFilterable;
 }
 
 void ChoiceModel::setFilter(const QString& filter) {
@@ -57,12 +51,12 @@ void ChoiceModel::setFilter(const QString& filter) {
 
 std::vector<int> ChoiceModel::matches() const {
   std::vector<int> found;
-  if (filter_.isEmpty() || !row_) return found;
+  if (filter_.isEmpty()) return found;
   const QString wanted = filter_.normalized(QString::NormalizationForm_C);
-  for (int choice = 0; choice < static_cast<int>(row_->titles().size()); ++choice) {
-    const QString text = title(choice);
-    if (text.contains(filter_, Qt::CaseInsensitive) ||
-        asWritten(text).contains(wanted, Qt::CaseInsensitive))
+  for (int choice = 0; choice < total(); ++choice) {
+    const QString title = toQString(list_->titles[choice]);
+    if (title.contains(filter_, Qt::CaseInsensitive) ||
+        asWritten(title).contains(wanted, Qt::CaseInsensitive))
       found.push_back(choice);
   }
   return found;
@@ -74,22 +68,17 @@ int ChoiceModel::tickedPosition() const {
   return found == matches_.end() ? -1 : static_cast<int>(found - matches_.begin());
 }
 
-QString ChoiceModel::title(int choice) const {
-  bool known = row_ && choice < static_cast<int>(row_->titles().size());
-  return known ? toQString(row_->titles()[choice]) : QString();
-}
-
 int ChoiceModel::rowCount(const QModelIndex& parent) const {
   if (parent.isValid()) return 0;
-  return filter_.isEmpty() ? total_ : static_cast<int>(matches_.size());
+  return filter_.isEmpty() ? total() : static_cast<int>(matches_.size());
 }
 
 QVariant ChoiceModel::data(const QModelIndex& index, int role) const {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
-  int choice = choiceAt(index.row());
+  const int choice = choiceAt(index.row());
   switch (role) {
     case TitleRole:
-      return title(choice);
+      return toQString(list_->titles[choice]);
     case TickedRole:
       return choice == ticked_;
     case ChoiceRole:

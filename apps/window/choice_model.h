@@ -2,20 +2,16 @@
 
 #include <qqmlintegration.h>
 #include <QAbstractListModel>
-#include <memory>
 #include <vector>
 
-namespace preferences {
-class PSListItemsController;
-class PSSpecifier;
-}  // namespace preferences
+#include "host/scene.h"
 
 namespace window {
 
 class PageModel;
 
 // The choices of a list row, those whose title holds the filter, as it is or escaped. Titles are
-// read from the row itself, so a list of many thousands costs nothing before it is scrolled to.
+// read from the shared list, so one of many thousands costs nothing before it is scrolled to.
 class ChoiceModel : public QAbstractListModel {
   Q_OBJECT
   QML_ELEMENT
@@ -31,9 +27,9 @@ class ChoiceModel : public QAbstractListModel {
 
   explicit ChoiceModel(PageModel* page);
 
-  void refresh(const preferences::PSListItemsController& page);
+  void refresh(host::ChoiceList list, int ticked);
 
-  int total() const { return total_; }
+  int total() const { return list_ ? static_cast<int>(list_->titles.size()) : 0; }
   int count() const { return rowCount(); }
   bool filterable() const;
   QString filter() const { return filter_; }
@@ -48,13 +44,11 @@ class ChoiceModel : public QAbstractListModel {
   void changed();
 
  private:
-  QString title(int choice) const;
   std::vector<int> matches() const;
   int choiceAt(int position) const { return filter_.isEmpty() ? position : matches_[position]; }
 
   PageModel* page_;
-  std::shared_ptr<const preferences::PSSpecifier> row_;
-  int total_ = 0;
+  host::ChoiceList list_;
   int ticked_ = -1;
   QString filter_;
   std::vector<int> matches_;  // while there is a filter

@@ -3,12 +3,12 @@
 #include <QObject>
 #include <map>
 
-#include "platform/foundation/main_queue.h"
+#include "host/device.h"
 
 namespace window {
 
 // The main queue on Qt's event loop. A delay is rounded up to whole milliseconds. Tasks that have
-// not run when the queue goes are dropped.
+// not run when the queue is destroyed are dropped.
 class QtMainQueue : public QObject, public foundation::MainQueue {
   Q_OBJECT
 

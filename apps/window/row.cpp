@@ -1,166 +1,97 @@
 #include "apps/window/row.h"
 
-#include <algorithm>
-#include <cmath>
-#include <optional>
-
-#include "apps/window/color_text.h"
-#include "apps/window/text.h"
-#include "host/settings_application.h"
-#include "platform/foundation/text.h"
-#include "prefs/colorpicker/ZorvekColorPickerQuorvantisLinkCell.h"
+#include "apps/window/values.h"
+#include "host/text.h"
 
 namespace window {
 namespace {
 
-using preferences::CellType;
-using preferences::PSSpecifier;
-
-const char* kindOf(CellType type) {
-  switch (type) {
-    case CellType::PSGroupCell:
-      return "group";
-    case CellType::PSLinkCell:
-    case CellType::PSLinkListCell:
-    case CellType::PSListItemCell:
-      return "link";
-    case CellType::PSButtonCell:
-      return "button";
-    case CellType::PSSwitchCell:
-      return "switch";
-    case CellType::PSSliderCell:
-      return "slider";
-    case CellType::PSSegmentCell:
-      return "segment";
-    case CellType::PSEditTextCell:
-    case CellType::PSSecureEditTextCell:
-      return "text";
-    case CellType::PSEditTextViewCell:
-      return "longtext";
-    case CellType::PSTitleValueCell:
-      return "value";
-    case CellType::PSStaticTextCell:
-      return "static";
-    case CellType::PSSpinnerCell:
-      return "spinner";
-    case CellType::PSGiantCell:
-    case CellType::PSGiantIconCell:
-      return "giant";
+int inputHintsOf(const host::TextView& text) {
+  switch (text.keyboard) {
+    case host::Keyboard::Digits:
+      return Qt::ImhNoPredictiveText | Qt::ImhDigitsOnly;
+    case host::Keyboard::Number:
+      return Qt::ImhNoPredictiveText | Qt::ImhFormattedNumbersOnly;
+    case host::Keyboard::Url:
+      return Qt::ImhNoPredictiveText | Qt::ImhUrlCharactersOnly;
+    case host::Keyboard::Email:
+      return Qt::ImhNoPredictiveText | Qt::ImhEmailCharactersOnly;
+    case host::Keyboard::Plain:
+      return text.correction ? Qt::ImhNone : Qt::ImhNoPredictiveText;
   }
-  return "value";
+  return Qt::ImhNone;
 }
 
-int inputHintsOf(const PSSpecifier& specifier) {
-  struct Keyboard {
-    const char* flag;
-    Qt::InputMethodHint hint;
-  };
-  constexpr Keyboard kKeyboards[] = {{"isNumeric", Qt::ImhDigitsOnly},
-                                     {"isDecimalPad", Qt::ImhFormattedNumbersOnly},
-                                     {"isIP", Qt::ImhFormattedNumbersOnly},
-                                     {"isURL", Qt::ImhUrlCharactersOnly},
-                                     {"isEmail", Qt::ImhEmailCharactersOnly}};
-  int hints = 0;
-  for (auto [flag, hint] : kKeyboards)
-    if (specifier.boolForKey(flag, false)) hints |= Qt::ImhNoPredictiveText | hint;
-  if (specifier.boolForKey("noAutoCorrect", false)) hints |= Qt::ImhNoPredictiveText;
-  return hints;
+void take(const host::ControlLook& look, Row& row) {
+  row.tint = toQColor(look.tint);
+  row.background = toQColor(look.background);
+  row.cornerRadius = look.cornerRadius.value_or(-1);
 }
 
-// What a person can aim at within the range.
-double grainOf(double range) {
-  return range >= 20 ? 1 : range >= 2 ? 0.1 : 0.01;
-}
+// What each kind of control adds to its row.
+struct TakeControl {
+  Row& row;
 
-QString valueText(const PSSpecifier& specifier, const preferences::PSTableCell& cell) {
-  if (auto& text = cell.detailTextLabel.text) return toQString(*text);
-  const plist::Value& value = specifier.propertyForKey("value");
-  bool shows = preferences::hasChoices(specifier.cellType()) ||
-               specifier.cellType() == CellType::PSTitleValueCell;
-  return shows && !value.isNothing() ? toQString(foundation::descriptionOf(value)) : QString();
-}
-
-void describeControl(const uikit::Slider& slider, const PSSpecifier& specifier, Row& row) {
-  row.minimum = slider.minimumValue();
-  row.maximum = slider.maximumValue();
-  row.number = slider.value();
-  row.continuous = slider.continuous;
-  double range = row.maximum - row.minimum;
-  if (specifier.boolForKey("isSegmented", false))
-    row.stops = static_cast<int>(specifier.propertyForKey("segmentCount").number().value_or(0));
-  row.step = row.stops > 0 ? range / row.stops
-             : range >= 20 ? std::max(1.0, std::round(range / 20))
-                           : range / 20;
-  if (!specifier.boolForKey("showValue", false)) return row.value.clear();
-  row.grain = grainOf(range);
-  row.value = Row::numberText(row.number);
-}
-
-void describeControl(const uikit::Control& control, const PSSpecifier& specifier, Row& row) {
-  row.tint = colorOf(control.tintColor);
-  row.background = colorOf(control.backgroundColor);
-  if (auto* button = dynamic_cast<const uikit::Switch*>(&control)) {
-    row.on = button->isOn();
-    row.onTint = colorOf(button->onTintColor);
-  } else if (auto* slider = dynamic_cast<const uikit::Slider*>(&control)) {
-    describeControl(*slider, specifier, row);
-    if (slider->minimumTrackTintColor) row.tint = colorOf(slider->minimumTrackTintColor);
-  } else if (auto* segments = dynamic_cast<const uikit::SegmentedControl*>(&control)) {
-    row.selected = segments->selectedSegmentIndex;
+  void operator()(std::monostate) const {}
+  void operator()(const host::SwitchView& view) const {
+    take(view.look, row);
+    row.on = view.on;
+    row.onTint = toQColor(view.onTint);
     row.value.clear();
-  } else if (auto* field = dynamic_cast<const uikit::TextField*>(&control)) {
-    row.value = toQString(field->text);
-    row.placeholder = toQString(field->placeholder);
   }
-}
-
-// A swatch, or the word that is stored in place of a colour.
-void describeColor(const prefs::ZorvekColorPickerQuorvantisLinkCell& cell, Row& row) {
-  row.spoken = spokenColor(cell.selectedColor.value_or(""));
-  row.value = cell.valueLabel->hidden ? QString() : toQString(cell.valueLabel->text.value_or(""));
-  if (cell.thumbnailView->hidden || !cell.thumbnailView->image) return;
-  row.swatch = colorOf(cell.thumbnailView->image->color);
-  const auto& layer = cell.thumbnailView->layer;
-  if (layer.borderWidth.value_or(0) > 0) row.border = colorOf(layer.borderColor);
-}
+  void operator()(const host::SliderView& view) const {
+    take(view.look, row);
+    row.minimum = view.minimum;
+    row.maximum = view.maximum;
+    row.number = view.value;
+    row.continuous = view.continuous;
+    row.stops = view.stops;
+    if (view.minimumTrackTint) row.tint = toQColor(view.minimumTrackTint);
+    row.value = view.showsValue ? Row::numberText(view.value) : QString();
+  }
+  void operator()(const host::SegmentsView& view) const {
+    take(view.look, row);
+    if (view.choices)
+      for (const std::string& title : view.choices->titles) row.titles << toQString(title);
+    row.selected = view.selected;
+    row.value.clear();
+  }
+  void operator()(const host::TextView& view) const {
+    take(view.look, row);
+    row.value = toQString(view.text);
+    row.placeholder = toQString(view.placeholder);
+    row.secret = view.secret;
+    row.inputHints = inputHintsOf(view);
+  }
+  void operator()(const host::ColorView& view) const {
+    row.spoken = row.value;
+    row.value = view.label.hidden ? QString() : toQString(view.label.text.value_or(""));
+    if (view.swatch.hidden) return;
+    row.swatch = toQColor(view.swatch.color);
+    row.border = borderColor(view.swatch.borderWidth, view.swatch.borderColor);
+  }
+  void operator()(const host::LinkView&) const { row.opens = true; }
+};
 
 }  // namespace
 
 QString Row::numberText(double number) {
-  QString text = QString::number(number, 'f', 3);
-  while (text.endsWith('0')) text.chop(1);
-  if (text.endsWith('.')) text.chop(1);
-  return text;
+  return toQString(host::numberText(number));
 }
 
-Row describe(const PSSpecifier& specifier) {
-  Row row;
-  CellType type = specifier.cellType();
-  constexpr std::string_view kColorCell = "ZorvekColorPickerQuorvantisLinkCell";
-  const bool isColor = specifier.textForKey("cellClass") == kColorCell;
-  row.kind = QLatin1String(isColor ? "color" : kindOf(type));
-  row.identifier = toQString(specifier.identifier());
-  row.label = toQString(specifier.name());
-  row.height = specifier.propertyForKey("height").number().value_or(0);
-  row.opens = type == CellType::PSLinkCell || type == CellType::PSLinkListCell;
-  row.secret = type == CellType::PSSecureEditTextCell;
-  row.destructive = specifier.boolForKey("isDestructive", false);
-  row.inputHints = inputHintsOf(specifier);
-  if (type == CellType::PSSegmentCell)
-    for (const std::string& title : specifier.titles()) row.titles << toQString(title);
-
-  const preferences::PSTableCell* cell = specifier.cellObject();
-  if (!cell) return row;
-  row.built = true;
-  row.usable = host::isUsable(specifier);
-  row.opacity = cell->alpha();
-  row.ticked = cell->accessory == uikit::Accessory::Checkmark;
-  row.value = valueText(specifier, *cell);
-  if (cell->control()) describeControl(*cell->control(), specifier, row);
-  using prefs::ZorvekColorPickerQuorvantisLinkCell;
-  if (auto* color = dynamic_cast<const ZorvekColorPickerQuorvantisLinkCell*>(cell))
-    describeColor(*color, row);
-  return row;
+Row::Row(const host::RowView& view)
+    : kind(view.kind),
+      id(view.id),
+      label(toQString(view.label)),
+      value(toQString(view.shown)),
+      reason(view.whyNot ? toQString(view.whyNot->words()) : QString()),
+      height(view.height),
+      built(view.built),
+      usable(view.usable),
+      opacity(view.alpha),
+      ticked(view.ticked),
+      destructive(view.destructive) {
+  std::visit(TakeControl{*this}, view.control);
 }
 
 }  // namespace window

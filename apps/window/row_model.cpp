@@ -3,64 +3,95 @@
 #include <algorithm>
 
 #include "apps/window/page_model.h"
-#include "apps/window/text.h"
-#include "host/describe.h"
+#include "apps/window/values.h"
 
 namespace window {
 namespace {
 
-QString reasonOf(preferences::PSListController& page, preferences::PSSpecifier& row) {
-  const auto whyNot = host::describeRow(page, row).whyNot;
-  return whyNot ? toQString(whyNot->words()) : QString();
+using host::RowKind;
+
+// The delegate that draws a row.
+QString delegateOf(RowKind kind) {
+  switch (kind) {
+    case RowKind::Group:
+      return "group";
+    case RowKind::Link:
+      return "link";
+    case RowKind::Button:
+      return "button";
+    case RowKind::Switch:
+      return "switch";
+    case RowKind::Slider:
+      return "slider";
+    case RowKind::Segments:
+      return "segment";
+    case RowKind::Text:
+      return "text";
+    case RowKind::LongText:
+      return "longtext";
+    case RowKind::Value:
+      return "value";
+    case RowKind::Static:
+      return "static";
+    case RowKind::Spinner:
+      return "spinner";
+    case RowKind::Giant:
+      return "giant";
+    case RowKind::Color:
+      return "color";
+  }
+  return {};
 }
 
-std::vector<Row> rowsOf(preferences::PSListController& page) {
+std::vector<Row> rowsOf(const std::vector<host::RowView>& views) {
   std::vector<Row> rows;
   QString footer;
-  for (const auto& specifier : page.specifiers()) {
-    Row row = describe(*specifier);
-    row.reason = reasonOf(page, *specifier);
-    bool isGroup = row.kind == QLatin1String("group");
-    row.first = !isGroup && (rows.empty() || rows.back().kind == QLatin1String("group"));
-    if (isGroup && !rows.empty()) {
-      rows.back().last = true;
-      rows.back().footer = std::exchange(footer, {});
+  const auto endGroup = [&] {
+    if (rows.empty()) return;
+    rows.back().last = true;
+    rows.back().footer = footer;
+  };
+  for (const host::RowView& view : views) {
+    Row row(view);
+    const bool isGroup = view.kind == RowKind::Group;
+    row.first = !isGroup && (rows.empty() || rows.back().kind == RowKind::Group);
+    if (isGroup) {
+      endGroup();
+      footer = toQString(view.footer);
     }
-    if (isGroup) footer = toQString(specifier->textForKey("footerText"));
     rows.push_back(std::move(row));
   }
-  if (rows.empty()) return rows;
-  rows.back().last = true;
-  rows.back().footer = footer;
+  endGroup();
   return rows;
 }
 
-bool sameKinds(const std::vector<Row>& a, const std::vector<Row>& b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](const Row& x, const Row& y) { return x.kind == y.kind; });
+bool areSameRows(const std::vector<Row>& a, const std::vector<Row>& b) {
+  return std::ranges::equal(
+      a, b, [](const Row& x, const Row& y) { return x.kind == y.kind && x.id == y.id; });
 }
 
 bool takesFocus(const Row& row) {
-  static const QStringList inert{"group", "static", "value", "spinner", "giant"};
-  return row.usable && !inert.contains(row.kind);
+  constexpr RowKind kInert[] = {RowKind::Group, RowKind::Static, RowKind::Value, RowKind::Spinner,
+                                RowKind::Giant};
+  return row.usable && std::ranges::find(kInert, row.kind) == std::end(kInert);
 }
 
 }  // namespace
 
 RowModel::RowModel(PageModel* page) : QAbstractListModel(page), page_(page) {}
 
-void RowModel::refresh(preferences::PSListController& page) {
-  std::vector<Row> rows = rowsOf(page);
-  if (!sameKinds(rows, rows_)) {
+void RowModel::refresh(const std::vector<host::RowView>& views) {
+  std::vector<Row> rows = rowsOf(views);
+  if (!areSameRows(rows, rows_)) {
     beginResetModel();
     rows_ = std::move(rows);
     endResetModel();
     return;
   }
-  for (std::size_t i = 0; i < rows.size(); ++i) {
+  for (int i = 0; i < std::ssize(rows); ++i) {
     if (rows[i] == rows_[i]) continue;
     rows_[i] = std::move(rows[i]);
-    emit dataChanged(index(static_cast<int>(i)), index(static_cast<int>(i)), {EntryRole});
+    emit dataChanged(index(i), index(i), {EntryRole});
   }
 }
 
@@ -71,7 +102,7 @@ int RowModel::rowCount(const QModelIndex& parent) const {
 QVariant RowModel::data(const QModelIndex& index, int role) const {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
   const Row& row = rows_[index.row()];
-  if (role == KindRole) return row.kind;
+  if (role == KindRole) return delegateOf(row.kind);
   if (role == EntryRole) return QVariant::fromValue(row);
   if (role == PageRole) return QVariant::fromValue(page_);
   return {};

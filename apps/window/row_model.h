@@ -5,16 +5,11 @@
 
 #include "apps/window/row.h"
 
-namespace preferences {
-class PSListController;
-}
-
 namespace window {
 
 class PageModel;
 
-// The rows of a page of rows, group rows among them, as they were at the last refresh. So it can
-// outlive its page while that slides away.
+// The rows of a page of rows, groups among them, as they were at the last refresh.
 class RowModel : public QAbstractListModel {
   Q_OBJECT
   QML_ELEMENT
@@ -25,9 +20,8 @@ class RowModel : public QAbstractListModel {
 
   explicit RowModel(PageModel* page);
 
-  // Tells of the rows that look different now; of all of them when they are other rows.
-  void refresh(preferences::PSListController& page);
-  const Row& row(int index) const { return rows_[index]; }
+  // Reports the rows that look different now; all of them when they are other rows.
+  void refresh(const std::vector<host::RowView>& views);
 
   int rowCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;

@@ -1,65 +1,79 @@
 #include "apps/window/settings_bridge.h"
 
-namespace window {
+#include <utility>
 
-SettingsBridge::SettingsBridge(host::SettingsApplication& host, QObject* parent)
-    : QObject(parent), host_(host) {
-  host_.setObserver([this] { refresh(); });
+#include "host/describe.h"
+
+namespace window {
+namespace {
+
+// How many of the models, from the first on, stand for the same pages or alerts as the views.
+template <class Model, class View>
+qsizetype sameIn(const QList<Model*>& models, const std::vector<View>& views) {
+  qsizetype same = 0;
+  while (same < models.size() && same < std::ssize(views) &&
+         models[same]->number() == views[same].number)
+    ++same;
+  return same;
+}
+
+}  // namespace
+
+SettingsBridge::SettingsBridge(host::Application& application) : application_(application) {
+  application_.setObserver([this] { refresh(); });
   refresh();
 }
 
 SettingsBridge::~SettingsBridge() {
-  host_.setObserver({});
+  application_.setObserver({});
 }
 
+// What is shown makes the views perform requests of their own, which change the scene.
 void SettingsBridge::refresh() {
-  if (!refused_.isEmpty()) dismiss(static_cast<int>(problems_.indexOf(refused_)));
-  dropLeftPages();
-  addNewPages();
-  if (!pages_.isEmpty()) pages_.last()->refresh();
-  refreshAlerts();
+  outdated_ = true;
+  if (std::exchange(refreshing_, true)) return;
+  showRefusal({});
+  while (std::exchange(outdated_, false)) show(host::describe(application_));
+  refreshing_ = false;
 }
 
-void SettingsBridge::dropLeftPages() {
-  auto& now = host_.pages();
-  qsizetype kept = 0;
-  while (kept < pages_.size() && kept < static_cast<qsizetype>(now.size()) &&
-         pages_[kept]->shows(now[kept]))
-    ++kept;
-  if (kept == pages_.size()) return;
-  for (PageModel* left : pages_.mid(kept)) left->leave();
+void SettingsBridge::show(const host::Scene& scene) {
+  showPages(scene.pages);
+  showAlerts(scene.alerts);
+  if (scene.problems == problems_) return;
+  problems_ = scene.problems;
+  emit problemsChanged();
+}
+
+void SettingsBridge::showPages(const std::vector<host::PageView>& views) {
+  const qsizetype kept = sameIn(pages_, views);
+  const auto gone = pages_.mid(kept);
   pages_.resize(kept);
-  emit shownChanged();
-  emit popped(pages_.isEmpty() ? nullptr : pages_.last());
-}
-
-void SettingsBridge::addNewPages() {
-  auto& now = host_.pages();
-  while (pages_.size() < static_cast<qsizetype>(now.size())) {
-    const PageModel* previous = pages_.isEmpty() ? nullptr : pages_.last();
-    auto* page = new PageModel(
-        host_, now[pages_.size()], previous, [this](const QString& problem) { refuse(problem); },
-        this);
-    pages_.append(page);
-    emit shownChanged();
-    emit pushed(page);
+  while (pages_.size() < std::ssize(views))
+    pages_.append(new PageModel(*this, views[pages_.size()].number));
+  QString backTitle;
+  for (qsizetype i = 0; i < pages_.size(); ++i) {
+    pages_[i]->refresh(views[i], backTitle, i == pages_.size() - 1);
+    backTitle = pages_[i]->title();
   }
+  for (PageModel* page : gone) page->leave();
+  if (gone.isEmpty() && kept == pages_.size()) return;
+  emit shownChanged();
+  const auto added = pages_.mid(kept);
+  if (!gone.isEmpty()) emit popped(kept > 0 ? pages_[kept - 1] : nullptr);
+  for (PageModel* page : added) emit pushed(page);
 }
 
-void SettingsBridge::refreshAlerts() {
-  const auto now = host_.alerts();
-  qsizetype kept = 0;
-  while (kept < alerts_.size() && kept < std::ssize(now) && alerts_[kept]->shows(now[kept])) ++kept;
+void SettingsBridge::showAlerts(const std::vector<host::AlertView>& views) {
+  const qsizetype kept = sameIn(alerts_, views);
   const auto gone = alerts_.mid(kept);
   alerts_.resize(kept);
-  while (alerts_.size() < std::ssize(now)) {
-    alerts_.append(new AlertModel(
-        host_, now[alerts_.size()], [this](const QString& problem) { refuse(problem); }, this));
-  }
+  for (qsizetype i = 0; i < kept; ++i) alerts_[i]->refresh(views[i]);
+  for (qsizetype i = kept; i < std::ssize(views); ++i)
+    alerts_.append(new AlertModel(*this, views[i]));
   for (AlertModel* alert : gone) alert->leave();
   for (AlertModel* alert : alerts_.mid(kept)) emit alertShown(alert);
   if (!gone.isEmpty() || alerts_.size() > kept) emit alertChanged();
-  if (!alerts_.isEmpty()) alerts_.last()->refresh();
 }
 
 void SettingsBridge::announce() {
@@ -67,35 +81,41 @@ void SettingsBridge::announce() {
   for (AlertModel* alert : alerts_) emit alertShown(alert);
 }
 
-void SettingsBridge::report(const QString& problem) {
-  if (problems_.contains(problem)) return;
-  problems_.append(problem);
+void SettingsBridge::perform(const host::Request& request, const QString& badValue) {
+  const auto done = application_.perform(request);
+  if (done) return;
+  const bool ownWords = done.error().code == host::RefusalCode::BadValue && !badValue.isEmpty();
+  showRefusal(ownWords ? badValue : toQString(done.error().message));
+}
+
+void SettingsBridge::showRefusal(const QString& refusal) {
+  if (refusal == refusal_) return;
+  refusal_ = refusal;
   emit problemsChanged();
 }
 
-void SettingsBridge::refuse(const QString& problem) {
-  if (problems_.contains(problem)) return;
-  if (!refused_.isEmpty()) dismiss(static_cast<int>(problems_.indexOf(refused_)));
-  report(problem);
-  refused_ = problem;
+QStringList SettingsBridge::problems() const {
+  QStringList messages;
+  for (const host::Problem& problem : problems_) messages << toQString(problem.message());
+  if (!refusal_.isEmpty()) messages << refusal_;
+  return messages;
 }
 
 void SettingsBridge::back() {
-  if (pages_.size() < 2) return;
-  if (auto done = host_.back(); !done) refuse(QString::fromStdString(done.error().message));
+  if (pages_.size() > 1) perform(host::Back{});
 }
 
 void SettingsBridge::activate() {
-  host_.activate();
+  perform(host::Activate{});
   // Other programs may have stored what cells show as they are laid out.
-  host_.layout();
+  perform(host::Layout{});
 }
 
 void SettingsBridge::dismiss(int problem) {
-  if (problem < 0 || problem >= problems_.size()) return;
-  if (problems_[problem] == refused_) refused_.clear();
-  problems_.removeAt(problem);
-  emit problemsChanged();
+  if (problem < std::ssize(problems_))
+    application_.dismiss(host::Problem(problems_[problem]));
+  else
+    showRefusal({});
 }
 
 }  // namespace window

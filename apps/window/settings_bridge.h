@@ -6,11 +6,12 @@
 
 #include "apps/window/alert_model.h"
 #include "apps/window/page_model.h"
+#include "host/application.h"
 
 namespace window {
 
-// The Settings application as QML sees it: its stack of pages, the alerts over
-// them, and what went wrong.
+// The Settings application as QML sees it: its stack of pages, the alerts over them, and the
+// problems to report. It shows what describe() yields; all that the user does is one request.
 class SettingsBridge : public QObject {
   Q_OBJECT
   QML_ELEMENT
@@ -21,17 +22,18 @@ class SettingsBridge : public QObject {
 
  public:
   // Observes the application from now on.
-  explicit SettingsBridge(host::SettingsApplication& host, QObject* parent = nullptr);
+  explicit SettingsBridge(host::Application& application);
   ~SettingsBridge() override;
 
   PageModel* shown() const { return pages_.isEmpty() ? nullptr : pages_.last(); }
   AlertModel* alert() const { return alerts_.isEmpty() ? nullptr : alerts_.last(); }
-  QStringList problems() const { return problems_; }
+  QStringList problems() const;
 
-  void refresh();                       // something on screen may have changed
-  void report(const QString& problem);  // until the user dismisses it; once, however often told
+  void refresh();  // something on screen may have changed
+  // A refusal is a problem until the next refresh; in these words where the value can't be taken.
+  void perform(const host::Request& request, const QString& badValue = {});
 
-  Q_INVOKABLE void announce();  // tells of the pages and alerts that are there already
+  Q_INVOKABLE void announce();  // emits the pages and alerts that are there already
   Q_INVOKABLE void back();
   Q_INVOKABLE void activate();
   Q_INVOKABLE void dismiss(int problem);
@@ -45,16 +47,17 @@ class SettingsBridge : public QObject {
   void problemsChanged();
 
  private:
-  void refuse(const QString& problem);  // until something else is done
-  void dropLeftPages();
-  void addNewPages();
-  void refreshAlerts();
+  void show(const host::Scene& scene);
+  void showPages(const std::vector<host::PageView>& views);
+  void showAlerts(const std::vector<host::AlertView>& views);
+  void showRefusal(const QString& refusal);
 
-  host::SettingsApplication& host_;
+  host::Application& application_;
   QList<PageModel*> pages_;
   QList<AlertModel*> alerts_;
-  QStringList problems_;
-  QString refused_;  // the one of them that is a refusal
+  std::vector<host::Problem> problems_;
+  QString refusal_;
+  bool refreshing_ = false, outdated_ = false;
 };
 
 }  // namespace window

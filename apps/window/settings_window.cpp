@@ -3,15 +3,13 @@
 #include <QGuiApplication>
 #include <QQuickWindow>
 
-#include "apps/window/text.h"
-
 void qml_register_types_Quorvantis_Settings();
 
 namespace window {
 
-SettingsWindow::SettingsWindow(host::SettingsApplication& host, QtMainQueue& queue)
-    : bridge_(host) {
-  connect(&queue, &QtMainQueue::ran, &bridge_, [&host] { host.buildVisibleRows(); });
+SettingsWindow::SettingsWindow(host::Application& application, QtMainQueue& queue)
+    : application_(application), bridge_(application) {
+  connect(&queue, &QtMainQueue::ran, &bridge_, [&application] { application.buildVisibleRows(); });
   connect(qApp, &QGuiApplication::applicationStateChanged, &bridge_,
           [this](Qt::ApplicationState state) {
             if (state == Qt::ApplicationActive) bridge_.activate();
@@ -22,9 +20,8 @@ SettingsWindow::SettingsWindow(host::SettingsApplication& host, QtMainQueue& que
   engine_.load("qrc:/qt/qml/Quorvantis/Settings/Main.qml");
 }
 
-void SettingsWindow::report(const std::string& problem) {
-  const QString text = toQString(problem);
-  QMetaObject::invokeMethod(&bridge_, [this, text] { bridge_.report(text); });
+void SettingsWindow::report(const host::Problem& problem) {
+  QMetaObject::invokeMethod(&bridge_, [this, problem] { application_.report(problem); });
 }
 
 QQuickWindow* SettingsWindow::quickWindow() const {

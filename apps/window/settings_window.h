@@ -2,8 +2,6 @@
 
 #include <QObject>
 #include <QQmlApplicationEngine>
-#include <QString>
-#include <string>
 
 #include "apps/window/qt_main_queue.h"
 #include "apps/window/settings_bridge.h"
@@ -12,20 +10,24 @@ class QQuickWindow;
 
 namespace window {
 
-// The window on a Settings application that runs on this queue. A QGuiApplication has to be there;
-// its coming to the foreground is told to the application.
+// How many entries of a page are made before the window knows how many fit, and at the least.
+inline constexpr int kGuessedEntries = 12;
+
+// The window on a Settings application that runs on this queue. Needs a QGuiApplication; when that
+// becomes active, so does the Settings application.
 class SettingsWindow : public QObject {
   Q_OBJECT
 
  public:
-  SettingsWindow(host::SettingsApplication& host, QtMainQueue& queue);
+  SettingsWindow(host::Application& application, QtMainQueue& queue);
 
   SettingsBridge& bridge() { return bridge_; }
-  // Puts a problem on screen; may be called from any thread while the window is there.
-  void report(const std::string& problem);
+  // Reports a problem to the application; may be called from any thread while the window exists.
+  void report(const host::Problem& problem);
   QQuickWindow* quickWindow() const;  // null when the window couldn't be made
 
  private:
+  host::Application& application_;
   SettingsBridge bridge_;
   QQmlApplicationEngine engine_;
 };

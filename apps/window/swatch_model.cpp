@@ -1,84 +1,53 @@
 #include "apps/window/swatch_model.h"
 
-#include "apps/window/color_text.h"
 #include "apps/window/page_model.h"
-#include "apps/window/text.h"
-#include "platform/uikit/controls.h"
-#include "prefs/colorpicker/palettes.h"
-#include "prefs/colorpicker/view_tags.h"
+#include "apps/window/values.h"
 
 namespace window {
 namespace {
 
-QString nameOf(const uikit::Slider& slider) {
-  switch (slider.tag) {
-    case prefs::kRedSliderTag:
-      return SwatchModel::tr("Red");
-    case prefs::kGreenSliderTag:
-      return SwatchModel::tr("Green");
-    case prefs::kBlueSliderTag:
-      return SwatchModel::tr("Blue");
-  }
-  return {};
-}
-
-void addSliders(const uikit::View& view, QVariantList& sliders) {
-  for (const auto& below : view.subviews()) {
-    if (auto* slider = dynamic_cast<uikit::Slider*>(below.get()))
-      sliders << QVariant::fromValue(PartSlider{slider->tag, nameOf(*slider), slider->value(),
-                                                slider->minimumValue(), slider->maximumValue(),
-                                                colorOf(slider->minimumTrackTintColor)});
-    addSliders(*below, sliders);
-  }
-}
-
-void describe(const uikit::TableViewCell& cell, Swatch& row) {
-  row.title = toQString(cell.textLabel.text.value_or(""));
-  row.detail = toQString(cell.detailTextLabel.text.value_or(""));
-  const auto& image = cell.imageView.image;
-  row.image = image ? colorOf(image->color) : Qt::transparent;
-  const bool bordered = cell.imageView.layer.borderWidth.value_or(0) > 0;
-  row.border = bordered ? colorOf(cell.imageView.layer.borderColor) : Qt::transparent;
-  row.ticked = cell.accessory == uikit::Accessory::Checkmark;
-  if (row.mixes)
-    row.hint = row.ticked ? SwatchModel::tr("The color is set when you let go of a slider.")
-                          : SwatchModel::tr("Tap the row to set the color that you have mixed.");
+void describe(const host::TableRowView& view, Swatch& row) {
+  row.title = toQString(view.title.value_or(""));
+  row.detail = toQString(view.detail.value_or(""));
+  row.image = toQColor(view.image);
+  row.border = borderColor(view.borderWidth, view.borderColor);
+  row.ticked = view.ticked;
   row.sliders.clear();
-  addSliders(cell, row.sliders);
+  if (!view.panel) return;
+  for (const host::PartSliderView& slider : view.panel->sliders)
+    row.sliders << QVariant::fromValue(PartSlider{slider.tag, slider.value, slider.minimum,
+                                                  slider.maximum, toQColor(slider.tint)});
 }
 
 }  // namespace
 
 SwatchModel::SwatchModel(PageModel* page) : QAbstractListModel(page), page_(page) {}
 
-void SwatchModel::layOut(uikit::TableView& table) {
+void SwatchModel::setSections(const std::vector<host::SectionView>& sections) {
   beginResetModel();
+  sections_ = sections;
   rows_.clear();
-  const int sections = table.source->numberOfSectionsInTableView(table);
-  for (int section = 0; section < sections; ++section) {
-    const int count = table.source->tableViewNumberOfRowsInSection(table, section);
-    for (int i = 0; i < count; ++i) {
+  for (const host::SectionView& section : sections) {
+    for (int i = 0; i < section.rows; ++i) {
       Swatch row;
       row.first = i == 0;
-      row.last = i == count - 1;
-      row.mixes = section == prefs::kCustomSection;
-      if (row.first)
-        row.heading = toQString(table.source->tableViewTitleForHeaderInSection(table, section));
-      row.height = table.source->tableViewHeightForRowAtIndexPath(table, {section, i});
+      row.last = i == section.rows - 1;
+      row.mixes = section.mixes;
+      row.height = section.rowHeight;
+      if (row.first) row.heading = toQString(section.title);
       rows_.push_back(std::move(row));
     }
   }
   endResetModel();
 }
 
-void SwatchModel::refresh(uikit::TableView& table) {
-  if (table.rowCount() != rowCount()) layOut(table);
+void SwatchModel::refresh(const host::PageView& view) {
+  if (view.sections != sections_) setSections(view.sections);
   int ticked = ticked_;
-  for (int i = 0; i < rowCount(); ++i) {
-    const uikit::TableViewCell* cell = table.cellForRowAtIndexPath(table.pathOfRow(i));
-    if (!cell) continue;
+  for (const auto& [i, shown] : view.tableRows) {
+    if (i >= rowCount()) break;
     Swatch row = rows_[i];
-    describe(*cell, row);
+    describe(shown, row);
     if (row.ticked) ticked = i;
     update(i, std::move(row));
   }

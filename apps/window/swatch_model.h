@@ -6,7 +6,7 @@
 #include <QVariant>
 #include <vector>
 
-#include "platform/preferences/PSViewController.h"
+#include "host/scene.h"
 
 namespace window {
 
@@ -17,7 +17,6 @@ struct PartSlider {
   Q_GADGET
   QML_VALUE_TYPE(partSlider)
   Q_PROPERTY(int tag MEMBER tag)
-  Q_PROPERTY(QString name MEMBER name)
   Q_PROPERTY(double value MEMBER value)
   Q_PROPERTY(double minimum MEMBER minimum)
   Q_PROPERTY(double maximum MEMBER maximum)
@@ -25,22 +24,20 @@ struct PartSlider {
 
  public:
   int tag = 0;
-  QString name;
   double value = 0, minimum = 0, maximum = 255;
   QColor tint = Qt::transparent;
 
   bool operator==(const PartSlider&) const = default;
 };
 
-// What the window shows of one row of the colour picker's table. A row that is off screen is as it
-// was when it was last on it.
+// What the window shows of one row of a table of colors. A row that is off screen is as it was when
+// it was last on it.
 struct Swatch {
   Q_GADGET
   QML_VALUE_TYPE(swatch)
   Q_PROPERTY(QString heading MEMBER heading)
   Q_PROPERTY(QString title MEMBER title)
   Q_PROPERTY(QString detail MEMBER detail)
-  Q_PROPERTY(QString hint MEMBER hint)
   Q_PROPERTY(QColor image MEMBER image)
   Q_PROPERTY(QColor border MEMBER border)
   Q_PROPERTY(double height MEMBER height)
@@ -52,19 +49,18 @@ struct Swatch {
  public:
   QString heading;  // above the first row of a section
   QString title, detail;
-  QString hint;  // below the row: how its colour is taken
-  // A colour, or transparent where there is none.
+  // A color, or transparent where there is none.
   QColor image = Qt::transparent, border = Qt::transparent;
   double height = 44;
   bool first = false, last = false;  // of its section
   bool ticked = false;
-  bool mixes = false;    // a colour of the user's own
+  bool mixes = false;    // a color of the user's own
   QVariantList sliders;  // of PartSlider
 
   bool operator==(const Swatch&) const = default;
 };
 
-// The rows of all sections of a page that shows a table of colours.
+// The rows of all sections of a page that shows a table of colors.
 class SwatchModel : public QAbstractListModel {
   Q_OBJECT
   QML_ELEMENT
@@ -76,8 +72,8 @@ class SwatchModel : public QAbstractListModel {
 
   explicit SwatchModel(PageModel* page);
 
-  // Tells of the rows that look different now, and of no others: a drag changes one.
-  void refresh(uikit::TableView& table);
+  // Reports the rows that look different now, and no others: a drag changes one.
+  void refresh(const host::PageView& view);
   int tickedIndex() const { return ticked_; }
 
   int rowCount(const QModelIndex& parent = {}) const override;
@@ -88,10 +84,11 @@ class SwatchModel : public QAbstractListModel {
   void tickedIndexChanged();
 
  private:
-  void layOut(uikit::TableView& table);
+  void setSections(const std::vector<host::SectionView>& sections);
   void update(int index, Swatch swatch);
 
   PageModel* page_;
+  std::vector<host::SectionView> sections_;
   std::vector<Swatch> rows_;
   int ticked_ = -1;
 };

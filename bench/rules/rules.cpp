@@ -7,7 +7,8 @@
 #include <new>
 
 #include "bench/rules/measure.h"
-#include "prefs/pages/LowPowerListController.h"
+#include "prefs/keys.h"
+#include "prefs/pages/option_pages.h"
 #include "prefs/resources/bundle.h"
 #include "tests/support/environment.h"
 
@@ -36,7 +37,8 @@ constexpr int kRounds = 501, kEvaluations = 2000;
 // What an evaluation can't do without.
 struct Bare {
   explicit Bare(prefs::LowPowerListController& page) {
-    mode = dynamic_cast<uikit::Switch*>(page.getViewForID("lowpowermodeenabled"));
+    mode = dynamic_cast<uikit::Switch*>(
+        page.getViewForID(std::string(prefs::key::lowpowermodeenabled)));
     std::size_t next = 0;
     for (const prefs::DependencyRule& rule : page.rules().first(cells.size()))
       cells[next++] = page.getCellForID(std::string(rule.dependentRow));

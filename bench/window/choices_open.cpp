@@ -1,4 +1,4 @@
-// Opens the choices of 10,000 sounds, then of 5,000 contacts, and goes through them as a person
+// Opens the choices of 10,000 sounds, then of 5,000 contacts, and goes through them as a user
 // does, without a display. Prints for each list what the data took, how long after it the first
 // frame came, how evenly frames came while the wheel scrolled for three seconds, and what each
 // letter in the filter took until the frame that shows its matches.
@@ -117,19 +117,19 @@ void filter(QQuickWindow& window, const char* letters) {
   std::printf("\n");
 }
 
-bool measure(host::SettingsApplication& host, QQuickWindow& window, const char* row,
+bool measure(host::Application& application, QQuickWindow& window, const char* row,
              const char* letters) {
   const auto choices = [&] {
     QElapsedTimer time;
     time.start();
-    const auto data = host.choices(std::string(row));
-    return data ? std::pair(data->values.size(), static_cast<double>(time.nsecsElapsed()) / 1e6)
+    const auto data = application.choices(std::string(row));
+    return data ? std::pair((*data)->values.size(), static_cast<double>(time.nsecsElapsed()) / 1e6)
                 : std::pair(std::size_t{0}, 0.0);
   };
   choices();  // what is loaded at first use
   const auto [count, data] = choices();
   Frames frames(window);
-  if (!host.tap(std::string(row))) return false;
+  if (!application.perform(host::Tap{row})) return false;
   const double tapped = frames.now();
   const double first =
       frames.until([&] { return itemBelow(window.contentItem(), "ChoiceRow") != nullptr; });
@@ -140,7 +140,7 @@ bool measure(host::SettingsApplication& host, QQuickWindow& window, const char* 
   if (!list || !(list = itemBelow(list, "QQuickListView"))) return false;
   scroll(window, *list);
   filter(window, letters);
-  if (!host.back()) return false;
+  if (!application.perform(host::Back{})) return false;
   QTest::qWait(800);
   return true;
 }
@@ -150,7 +150,7 @@ bool measure(host::SettingsApplication& host, QQuickWindow& window, const char* 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   qputenv("QT_QUICK_BACKEND", "software");
-  QGuiApplication application(argc, argv);
+  QGuiApplication gui(argc, argv);
   QTemporaryDir folder;
   fill(folder.path().toStdString());
   auto owned = std::make_unique<window::QtMainQueue>();
@@ -158,13 +158,14 @@ int main(int argc, char** argv) {
   host::Device device({.root = folder.path().toStdString(), .contacts = {}, .idiom = {}},
                       std::move(owned));
   if (!device.preferences().setAppValue("sendmessage", true, "com.zorvek.quorvantis")) return 1;
-  host::SettingsApplication host(device.environment(), 40);
-  if (!host.launch("UserNotificationListController")) return 1;
-  window::SettingsWindow settings(host, queue);
+  host::Application application(device.environment(), 40);
+  if (!application.perform(host::Launch{"UserNotificationListController"})) return 1;
+  window::SettingsWindow settings(application, queue);
   QQuickWindow& window = *settings.quickWindow();
   window.resize(390, 844);
   QTest::qWait(800);
-  return measure(host, window, "playsound", "nd 98") && measure(host, window, "adressbook", "Y498")
+  return measure(application, window, "playsound", "nd 98") &&
+                 measure(application, window, "adressbook", "Y498")
              ? 0
              : 1;
 }

@@ -1,7 +1,7 @@
 // Drags for five seconds with a mouse of 125 Hz, without a display, and prints how frames came: in
 // how many of the refreshes of a screen of 60 Hz there was none, the gaps between them, and what a
 // frame took of the processor. First a bare rectangle, which is what Qt and the machine can do,
-// then a slider of the colour picker.
+// then a slider of the color picker.
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QGuiApplication>
@@ -127,14 +127,15 @@ bool dragPicker() {
   window::QtMainQueue& queue = *owned;
   host::Device device({.root = folder.path().toStdString(), .contacts = {}, .idiom = {}},
                       std::move(owned));
-  host::SettingsApplication host(device.environment(), 12);
-  if (!host.launch("ExtrasListController")) return false;
-  window::SettingsWindow settings(host, queue);
+  host::Application application(device.environment(), window::kGuessedEntries);
+  if (!application.perform(host::Launch{"ExtrasListController"})) return false;
+  window::SettingsWindow settings(application, queue);
   QQuickWindow& window = *settings.quickWindow();
   QTest::qWait(300);
-  if (!host.tap("bannercolor")) return false;
+  if (!application.perform(host::Tap{"bannercolor"})) return false;
   QTest::qWait(600);
-  emit settings.bridge().shown()->scrollWanted(host.shownTable()->rowCount() - 1);
+  emit settings.bridge().shown()->scrollWanted(settings.bridge().shown()->swatches()->rowCount() -
+                                               1);
   QTest::qWait(300);
   QQuickItem* slider = sliderBelow(window.contentItem());
   return slider && drag("picker", window,

@@ -10,7 +10,7 @@ using plist::ObjectType;
 
 constexpr std::uint64_t kVersion = 100000;
 
-// Paid for by each look at a pair or a name, so that many objects can't share one endless class.
+// Charged for each look at a pair or a name, so that many objects can't share one long class.
 constexpr std::uint64_t kLookCost = 16;
 
 constexpr std::array<std::string_view, kFieldCount> kFieldNames = {
@@ -18,14 +18,10 @@ constexpr std::array<std::string_view, kFieldCount> kFieldNames = {
 
 }  // namespace
 
-Error fromPropertyList(const plist::Error& error) {
-  return {ErrorKind::PropertyList, error.offset, error.kind, {}};
-}
-
 bool ArchivedObjects::open() {
   plist::MemoryBudget budget(plist::expansionLimit(table_.bytes()));
   if (!walk_.read(table_.top(), nullptr, budget)) {
-    error_ = fromPropertyList(walk_.error());
+    error_ = walk_.error();
     return false;
   }
   const Object& all = table_[table_.top()];
@@ -104,7 +100,7 @@ std::optional<Shape> ArchivedObjects::resolveClass(std::uint32_t uid, std::uint3
 
 bool ArchivedObjects::shapeAmong(const Object& names, std::optional<Shape>& shape) {
   for (std::uint64_t i = 0; i < names.count && !shape; ++i) {
-    if (!budget_.take(kLookCost)) return false;
+    if (!budget_.charge(kLookCost)) return false;
     shape = shapeOfClass(memberOf(names, i));
   }
   return true;
@@ -119,7 +115,7 @@ bool ArchivedObjects::failFrame(ErrorKind kind) {
 bool ArchivedObjects::fail(ErrorKind kind, std::uint32_t uid) {
   error_.kind = kind;
   error_.offset = table_.offsetOf(table_.member(*objects_, uid));
-  culprit_ = uid;
+  failedUid_ = uid;
   return false;
 }
 

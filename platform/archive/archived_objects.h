@@ -22,8 +22,6 @@ inline bool isPresent(const plist::Object* field, plist::ObjectType type) {
   return field && field->type == type;
 }
 
-Error fromPropertyList(const plist::Error& error);
-
 // The objects of an archive by UID, and the frame around them. What fails sets error() and returns
 // false, null or nothing.
 class ArchivedObjects {
@@ -54,22 +52,22 @@ class ArchivedObjects {
   const plist::Object* follow(const plist::Object* field, plist::ObjectType type,
                               plist::ObjectType alternative) const;
 
-  // An object that is no encoded one, as the property list value that it is.
+  // An object that is not an encoded one, as the property list value that it is.
   bool readPlain(std::uint32_t uid, plist::Value* value);
 
   bool charge(std::uint64_t cost, std::uint32_t uid) {
-    return budget_.take(cost) || fail(ErrorKind::TooLarge, uid);
+    return budget_.charge(cost) || fail(ErrorKind::TooLarge, uid);
   }
   plist::MemoryBudget& budget() { return budget_; }
 
-  // Blames an object.
+  // An error at an object.
   bool fail(ErrorKind kind, std::uint32_t uid);
-  // Blames an instance for lacking its content, or its class for being unknown when that only has a
-  // known ancestor.
+  // An instance that lacks its content; where its class only has a known ancestor, the class is
+  // unknown.
   bool failContent(std::uint32_t uid, const Fields& fields);
 
   Error& error() { return error_; }
-  std::uint32_t culprit() const { return culprit_; }
+  std::uint32_t failedUid() const { return failedUid_; }
 
  private:
   const plist::Object* find(const plist::Object& dictionary, std::string_view key) const;
@@ -81,7 +79,7 @@ class ArchivedObjects {
   plist::BinaryWalk walk_;
   plist::MemoryBudget budget_;
   Error error_;
-  std::uint32_t culprit_ = 0;
+  std::uint32_t failedUid_ = 0;
 
   const plist::Object* objects_ = nullptr;  // $objects
   std::uint32_t root_ = 0;

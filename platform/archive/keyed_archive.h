@@ -13,45 +13,14 @@
 // list {$version: 100000, $archiver: "NSKeyedArchiver", $top: {root: UID}, $objects: [...]}.
 namespace archive {
 
-enum class ErrorKind {
-  PropertyList,    // no binary property list; propertyList says why
-  NotDictionary,   // the property list is no dictionary
-  Archiver,        // $archiver is missing or not "NSKeyedArchiver"
-  Version,         // $version is missing or not 100000
-  Top,             // $top is missing or no dictionary
-  Objects,         // $objects is missing or no array
-  Root,            // $top has no root, or it is no UID
-  Reference,       // a UID of an object that is not there
-  Class,           // $class leads to no dictionary with a $classname
-  UnknownClass,    // an object of a class that can't be read; className says which
-  Field,           // an object lacks its content, or that is of the wrong type
-  UnequalLengths,  // not as many keys as values
-  NilElement,      // nil in a collection
-  KeyKind,         // a key that is no text or other plain leaf
-  Circular,        // a collection inside itself
-  TooDeep,         // collections nested deeper than plist::kMaximumDepth
-  TooLarge,        // shared objects make it larger than plist::expansionLimit allows
-  NotArchivable,   // when archiving: a UID
-  NotUtf8,         // when archiving: text that is not UTF-8
-};
-
-// A short name, such as "UnknownClass".
-std::string_view nameOf(ErrorKind kind);
-
-struct Error {
-  ErrorKind kind{};
-  std::size_t offset = 0;           // where in the bytes; when archiving a text: where in it
-  plist::ErrorKind propertyList{};  // for ErrorKind::PropertyList
-  std::string className{};          // for ErrorKind::UnknownClass
-  std::string message() const;      // for people: what and where
-  std::string reason() const;       // for people: what
-};
+using plist::Error;  // an offset is where in the bytes; when archiving a text: where in it
+using plist::ErrorKind;
 
 // Decodes the root object. Mutable and immutable class names give the same values; nil and NSNull
 // are Nothing; a class that is not known by its name may be by a hint or an ancestor's name. The
-// text "$null" is nil wherever it stands among the objects. What is no instance of a class is taken
-// as the property list value that it is. Of equal keys the first counts; keys that are not text
-// become text as in plist::readBinary.
+// text "$null" is nil wherever it stands among the objects. What is not an instance of a class is
+// taken as the property list value that it is. Of equal keys the first counts; keys that are not
+// text become text as in plist::readBinary.
 platform::Result<plist::Value, Error> unarchive(plist::Bytes bytes);
 
 // A property list that was read elsewhere (from XML, say) and holds a keyed archive. Offsets in

@@ -115,7 +115,7 @@ std::uint32_t GraphWriter::writeWord(std::string_view word) {
   if (object == 0)
     object = out_.addText(word, true);
   else
-    out_.payForText(word);
+    out_.chargeText(word);
   return object;
 }
 

@@ -62,8 +62,8 @@ class Unarchiver {
 bool Unarchiver::decode(Value& root) {
   if (!objects_.open()) return false;
   if (run(root)) return true;
-  const bool endless = error().kind == ErrorKind::TooDeep || error().kind == ErrorKind::TooLarge;
-  if (endless && isCircular()) error().kind = ErrorKind::Circular;
+  const bool atLimit = error().kind == ErrorKind::TooDeep || error().kind == ErrorKind::TooLarge;
+  if (atLimit && isCircular()) error().kind = ErrorKind::Circular;
   return false;
 }
 
@@ -227,7 +227,7 @@ bool Unarchiver::enterCollection(std::uint32_t uid, Shape shape, const Fields& f
 bool Unarchiver::isCircular() const {
   std::array<std::uint32_t, plist::kMaximumDepth + 1> path;
   for (std::size_t i = 0; i < depth_; ++i) path[i] = open_[i].uid;
-  path[depth_] = objects_.culprit();
+  path[depth_] = objects_.failedUid();
   const auto end = path.begin() + static_cast<std::ptrdiff_t>(depth_) + 1;
   std::sort(path.begin(), end);
   return std::adjacent_find(path.begin(), end) != end;
@@ -237,7 +237,7 @@ bool Unarchiver::isCircular() const {
 
 platform::Result<Value, Error> unarchive(plist::Bytes bytes) {
   const auto table = ObjectTable::open(bytes);
-  if (!table) return fromPropertyList(table.error());
+  if (!table) return table.error();
   Unarchiver unarchiver(*table);
   Value root;
   if (!unarchiver.decode(root)) return std::move(unarchiver.error());
@@ -246,13 +246,13 @@ platform::Result<Value, Error> unarchive(plist::Bytes bytes) {
 
 platform::Result<Value, Error> unarchive(const Value& propertyList) {
   const auto bytes = writeBinary(propertyList);
-  if (!bytes) return fromPropertyList(bytes.error());
+  if (!bytes) return bytes.error();
   return unarchive(plist::Bytes(*bytes));
 }
 
 platform::Result<Lookup, Error> lookUp(plist::Bytes bytes, std::span<const std::string_view> keys) {
   const auto table = ObjectTable::open(bytes);
-  if (!table) return fromPropertyList(table.error());
+  if (!table) return table.error();
   Unarchiver unarchiver(*table);
   Lookup lookup;
   if (!unarchiver.lookUp(keys, lookup)) return std::move(unarchiver.error());

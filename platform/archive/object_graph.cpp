@@ -12,16 +12,6 @@ using plist::Value;
 constexpr std::size_t kExpected = 128;       // objects, before anything has to grow
 constexpr std::uint64_t kEncodedCost = 128;  // for the fields and the class of an encoded object
 
-std::size_t sizeOf(const Value& collection) {
-  if (const auto* dictionary = collection.dictionary()) return dictionary->size();
-  return collection.set() ? collection.set()->members.size() : collection.array()->size();
-}
-
-const Value& memberOf(const Value& collection, std::size_t index) {
-  if (const auto* dictionary = collection.dictionary()) return dictionary->begin()[index].value;
-  return collection.set() ? collection.set()->members[index] : (*collection.array())[index];
-}
-
 }  // namespace
 
 ObjectGraph::ObjectGraph(bool mergesEqual) : merges(mergesEqual), leaves(kExpected) {
@@ -35,7 +25,7 @@ std::optional<Error> ObjectGraph::build(const Value& value, Mutability mutabilit
   while (!open_.empty()) {
     Open& top = open_.back();
     const Node node = nodes[top.uid];
-    const std::size_t size = sizeOf(*top.value), index = top.next++;
+    const std::size_t size = top.value->size(), index = top.next++;
     if (index == size) {
       const std::uint32_t uid = classOf(node.shape, node.isMutable);
       nodes[top.uid].classUid = uid;
@@ -43,7 +33,7 @@ std::optional<Error> ObjectGraph::build(const Value& value, Mutability mutabilit
       continue;
     }
     std::uint32_t uid = 0;
-    if (!enter(memberOf(*top.value, index), false, uid)) return error_;
+    if (!enter(top.value->member(index), false, uid)) return error_;
     members[node.first + node.count - size + index] = uid;
   }
   return {};
@@ -78,7 +68,7 @@ bool ObjectGraph::enter(const Value& value, bool isMutable, std::uint32_t& uid) 
 bool ObjectGraph::open(const Value& value, bool isMutable, std::uint32_t& uid) {
   if (open_.size() == plist::kMaximumDepth) return fail(ErrorKind::TooDeep, 0);
   const plist::Dictionary* dictionary = value.dictionary();
-  const std::size_t size = sizeOf(value), first = members.size();
+  const std::size_t size = value.size(), first = members.size();
   const auto count = static_cast<std::uint32_t>(dictionary ? 2 * size : size);
   const Shape shape = dictionary ? Shape::Dictionary : value.set() ? Shape::Set : Shape::Array;
   cost += kEncodedCost +

@@ -1,12 +1,12 @@
 #include <algorithm>
 #include <charconv>
-#include <chrono>
 #include <cmath>
-#include <cstdint>
 #include <cstdio>
 #include <vector>
 
 #include "platform/foundation/text.h"
+#include "platform/plist/date_text.h"
+#include "platform/plist/hexadecimal.h"
 
 namespace foundation {
 namespace {
@@ -23,31 +23,20 @@ std::string describeReal(double real, int digits) {
 }
 
 std::string describeData(const plist::Data& data) {
-  constexpr std::string_view kDigits = "0123456789abcdef";
   std::string text = "<";
   for (std::size_t index = 0; index < data.bytes.size(); ++index) {
     if (index > 0 && index % 4 == 0) text += ' ';
-    text += kDigits[data.bytes[index] >> 4];
-    text += kDigits[data.bytes[index] & 15];
+    plist::appendHex(text, data.bytes[index]);
   }
   return text + ">";
 }
 
 std::string describeDate(const plist::Date& date) {
-  using namespace std::chrono;
-  constexpr double kCalendarEnds = 9e11;  // the calendar's years have 16 bits
-  if (!(std::abs(date.seconds) < kCalendarEnds)) return describeReal(date.seconds, 16) + " s";
-  const sys_seconds time = sys_days(2001y / January / 1) +
-                           std::chrono::floor<seconds>(std::chrono::duration<double>(date.seconds));
-  const auto day = floor<days>(time);
-  const year_month_day calendar(day);
-  const hh_mm_ss clock(time - day);
+  if (!(std::abs(date.seconds) < plist::kCalendarEnd)) return describeReal(date.seconds, 16) + " s";
+  const auto [year, month, day, hour, minute, second] = plist::calendarTime(date);
   char text[64];
-  std::snprintf(text, sizeof text, "%04d-%02u-%02u %02d:%02d:%02d +0000",
-                static_cast<int>(calendar.year()), static_cast<unsigned>(calendar.month()),
-                static_cast<unsigned>(calendar.day()), static_cast<int>(clock.hours().count()),
-                static_cast<int>(clock.minutes().count()),
-                static_cast<int>(clock.seconds().count()));
+  std::snprintf(text, sizeof text, "%04d-%02u-%02u %02d:%02d:%02d +0000", year, month, day, hour,
+                minute, second);
   return text;
 }
 

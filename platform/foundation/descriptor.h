@@ -6,7 +6,7 @@
 
 namespace foundation {
 
-// An open file, closed when it goes.
+// An open file, closed when it is destroyed.
 class Descriptor {
  public:
   Descriptor() = default;
@@ -21,7 +21,7 @@ class Descriptor {
   int number() const { return number_; }
   explicit operator bool() const { return number_ >= 0; }
 
-  // Whether the system took the file without complaint; some tell of a failed write only here.
+  // Whether closing succeeded; some file systems report a failed write only here.
   bool close() { return number_ < 0 || ::close(std::exchange(number_, -1)) == 0; }
 
  private:

@@ -12,6 +12,7 @@ namespace foundation {
 namespace {
 
 using platform::Done;
+using platform::Error;
 using platform::Result;
 
 constexpr mode_t kFolderMode = 0700;
@@ -54,17 +55,16 @@ DeviceRoot::DeviceRoot(std::string directory) : directory_(std::move(directory))
   while (directory_.size() > 1 && directory_.back() == '/') directory_.pop_back();
 }
 
-Result<Descriptor, FileError> DeviceRoot::open(std::string_view path, int flags) const {
+Result<Descriptor> DeviceRoot::open(std::string_view path, int flags) const {
   const Descriptor root(::open(directory_.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-  // A missing root is no error of its own: nothing is there yet.
-  if (!root) return FileError{std::string(path), errno, errno == ENOENT ? "" : "the device root"};
+  // A missing root is not an error of its own: nothing is there yet.
+  if (!root) return Error{std::string(path), errno, errno == ENOENT ? "" : "the device root"};
   Descriptor file = openBelow(root.number(), std::string(path), flags, Resolve::InRoot);
-  if (!file) return FileError{std::string(path), errno};
+  if (!file) return Error{std::string(path), errno};
   return file;
 }
 
-Result<std::vector<std::uint8_t>, FileError> DeviceRoot::read(std::string_view path,
-                                                              Links links) const {
+Result<std::vector<std::uint8_t>> DeviceRoot::read(std::string_view path, Links links) const {
   const auto file = open(path, O_RDONLY | (links == Links::Refuse ? O_NOFOLLOW : 0));
   if (!file) return file.error();
   const auto status = statRegular(*file, std::string(path));
@@ -85,23 +85,22 @@ bool DeviceRoot::hasEntry(std::string_view path) const {
   return static_cast<bool>(open(path, O_PATH | O_NOFOLLOW));
 }
 
-Result<Directory, FileError> DeviceRoot::openDirectory(std::string_view path) const {
+Result<Directory> DeviceRoot::openDirectory(std::string_view path) const {
   auto folder = open(path, O_RDONLY | O_DIRECTORY);
   if (!folder) return folder.error();
   return Directory(std::move(*folder), std::string(path));
 }
 
-Result<std::vector<std::string>, FileError> DeviceRoot::contentsOfDirectory(
-    std::string_view path) const {
+Result<std::vector<std::string>> DeviceRoot::contentsOfDirectory(std::string_view path) const {
   const auto folder = openDirectory(path);
   if (!folder) return folder.error();
   return folder->names();
 }
 
-Result<Done, FileError> DeviceRoot::createDirectory(std::string_view path) {
+Result<Done> DeviceRoot::createDirectory(std::string_view path) {
   if (auto found = open(path, O_PATH | O_DIRECTORY)) return Done{};
   if (access(directory_.c_str(), F_OK) != 0) {
-    if (const int code = makeFolders(directory_)) return FileError{directory_, code};
+    if (const int code = makeFolders(directory_)) return Error{directory_, code};
   }
   for (std::size_t end = 0; end < path.size();) {
     end = std::min(path.find('/', end + 1), path.size());
@@ -113,7 +112,7 @@ Result<Done, FileError> DeviceRoot::createDirectory(std::string_view path) {
     const auto parent = open(at.folder, O_RDONLY | O_DIRECTORY);
     if (!parent) return parent.error();
     if (const int code = makeFolderIn(parent->number(), at.name)) {
-      return FileError{std::string(prefix), code};
+      return Error{std::string(prefix), code};
     }
   }
   const auto made = open(path, O_PATH | O_DIRECTORY);
@@ -121,9 +120,9 @@ Result<Done, FileError> DeviceRoot::createDirectory(std::string_view path) {
   return Done{};
 }
 
-Result<Done, FileError> DeviceRoot::writeDurably(std::string_view path, plist::Bytes bytes) {
+Result<Done> DeviceRoot::writeDurably(std::string_view path, plist::Bytes bytes) {
   const Location at = locate(path);
-  if (!namesAnEntry(at.name)) return FileError{std::string(path), EINVAL};
+  if (!namesAnEntry(at.name)) return Error{std::string(path), EINVAL};
   const auto made = createDirectory(at.folder);
   if (!made) return made.error();
   const auto folder = openDirectory(at.folder);
@@ -137,13 +136,13 @@ Result<Done, FileError> DeviceRoot::writeDurably(std::string_view path, plist::B
   return flushFolder(*folder);
 }
 
-Result<Done, FileError> DeviceRoot::remove(std::string_view path, Folders folders) {
+Result<Done> DeviceRoot::remove(std::string_view path, Folders folders) {
   const Location at = locate(path);
-  if (!namesAnEntry(at.name)) return FileError{std::string(path), EINVAL};
+  if (!namesAnEntry(at.name)) return Error{std::string(path), EINVAL};
   const auto folder = openDirectory(at.folder);
-  if (!folder) return FileError{std::string(path), folder.error().code};
+  if (!folder) return Error{std::string(path), folder.error().code};
   if (const int code = removeEntry(folder->descriptor(), at.name, folders)) {
-    return FileError{std::string(path), code};
+    return Error{std::string(path), code};
   }
   return flushFolder(*folder);
 }

@@ -7,58 +7,54 @@
 
 #include "platform/foundation/descriptor.h"
 #include "platform/foundation/directory.h"
-#include "platform/foundation/file_error.h"
 #include "platform/foundation/removal.h"
 #include "platform/plist/binary.h"
 #include "platform/result.h"
 
 namespace foundation {
 
-// What becomes of a path whose last component is a symbolic link: those before it are followed in
+// How a path is opened whose last component is a symbolic link: those before it are followed in
 // any case.
 enum class Links { Follow, Refuse };
 
 // The folder below which every absolute platform path ("/var/mobile/...") is looked up, and never
 // outside it: "..", and symbolic links, absolute or relative, are resolved as if the root were "/"
-// (openat2 with RESOLVE_IN_ROOT; a kernel without it is an error, ENOSYS). A missing root is no
-// error for reading; it is made, mode 0700, by the first write.
+// (openat2 with RESOLVE_IN_ROOT; a kernel without it is an error, ENOSYS). A missing root is not
+// an error for reading; it is made, mode 0700, by the first write.
 class DeviceRoot {
  public:
   explicit DeviceRoot(std::string directory);
 
   const std::string& directory() const { return directory_; }  // on this machine
 
-  // A regular file, whole. FIFOs, devices, folders are errors, told without blocking on them; so
+  // A regular file, whole. FIFOs, devices, folders are errors, none of which blocks the call; so
   // is a file of more than 1 GiB (EFBIG), and with Links::Refuse a symbolic link (ELOOP).
-  platform::Result<std::vector<std::uint8_t>, FileError> read(std::string_view path,
-                                                              Links links = Links::Follow) const;
+  platform::Result<std::vector<std::uint8_t>> read(std::string_view path,
+                                                   Links links = Links::Follow) const;
   // Whatever it is; a link that leads nowhere doesn't exist.
   bool exists(std::string_view path) const;
   // Whether the name is taken, if only by a link that leads nowhere.
   bool hasEntry(std::string_view path) const;
 
-  platform::Result<Directory, FileError> openDirectory(std::string_view path) const;
+  platform::Result<Directory> openDirectory(std::string_view path) const;
   // Names in a folder, without "." and "..", in directory order.
-  platform::Result<std::vector<std::string>, FileError> contentsOfDirectory(
-      std::string_view path) const;
+  platform::Result<std::vector<std::string>> contentsOfDirectory(std::string_view path) const;
 
-  // With intermediates, all 0700, made to last; done already where the folder is there.
-  platform::Result<platform::Done, FileError> createDirectory(std::string_view path);
+  // With intermediates, all 0700, durable; done already where the folder is there.
+  platform::Result<platform::Done> createDirectory(std::string_view path);
 
   // A new file, mode 0600, in missing folders if need be, in place of the file or link that is
   // there; a folder of that name is an error (EISDIR) and stays. After a crash there is the old one
   // or the new one, whole, and once this says done it is the new one. On an error the old one is
   // there still, unless it was in flushing the folder, when the new one is there but may not be
   // durable.
-  platform::Result<platform::Done, FileError> writeDurably(std::string_view path,
-                                                           plist::Bytes bytes);
+  platform::Result<platform::Done> writeDurably(std::string_view path, plist::Bytes bytes);
 
   // A file or a link (not what it leads to), durably; a folder with all that it holds, or EISDIR.
-  platform::Result<platform::Done, FileError> remove(std::string_view path,
-                                                     Folders folders = Folders::Refuse);
+  platform::Result<platform::Done> remove(std::string_view path, Folders folders = Folders::Refuse);
 
   // An open file or folder; `flags` are those of open(2), without O_CREAT.
-  platform::Result<Descriptor, FileError> open(std::string_view path, int flags) const;
+  platform::Result<Descriptor> open(std::string_view path, int flags) const;
 
  private:
   std::string directory_;

@@ -16,16 +16,16 @@ Directory::Directory(Descriptor descriptor, std::string path)
   while (path_.size() > 1 && path_.back() == '/') path_.pop_back();
 }
 
-FileError Directory::error(const std::string& name, int code, std::string detail) const {
-  return {path_ == "/" ? path_ + name : path_ + "/" + name, code, std::move(detail)};
+platform::Error Directory::error(const std::string& name, int code, std::string what) const {
+  return {path_ == "/" ? path_ + name : path_ + "/" + name, code, std::move(what), {}};
 }
 
-platform::Result<std::vector<std::string>, FileError> Directory::names() const {
+platform::Result<std::vector<std::string>> Directory::names() const {
   const int own = openat(descriptor(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (own < 0) return FileError{path_, errno};
+  if (own < 0) return platform::Error{path_, errno};
   const std::unique_ptr<DIR, int (*)(DIR*)> stream(fdopendir(own), closedir);
   if (!stream) {
-    const FileError failure{path_, errno};
+    const platform::Error failure{path_, errno};
     close(own);
     return failure;
   }
@@ -34,18 +34,18 @@ platform::Result<std::vector<std::string>, FileError> Directory::names() const {
   for (;;) {
     errno = 0;
     const dirent* entry = readdir(stream.get());
-    if (!entry && errno != 0) return FileError{path_, errno};
+    if (!entry && errno != 0) return platform::Error{path_, errno};
     if (!entry) return names;
     const std::string_view name = entry->d_name;
     if (name != "." && name != "..") names.emplace_back(name);
   }
 }
 
-platform::Result<plist::Bytes, FileError> Directory::read(const std::string& name) {
+platform::Result<plist::Bytes> Directory::read(const std::string& name) {
   const Descriptor file = openBelow(descriptor(), name, O_RDONLY, Resolve::Beneath);
   if (!file) return error(name, errno);
   const auto status = statRegular(file, name);
-  if (!status) return error(name, status.error().code, status.error().detail);
+  if (!status) return error(name, status.error().code, status.error().what);
   const auto length = readWhole(file, static_cast<std::size_t>(status->st_size), buffer_, name);
   if (!length) return error(name, length.error().code);
   return plist::Bytes(buffer_.data(), *length);

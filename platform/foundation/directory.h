@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "platform/foundation/descriptor.h"
-#include "platform/foundation/file_error.h"
 #include "platform/plist/binary.h"
 #include "platform/result.h"
 
@@ -21,14 +20,15 @@ class Directory {
   int descriptor() const { return descriptor_.number(); }
 
   // Without "." and "..", in directory order.
-  platform::Result<std::vector<std::string>, FileError> names() const;
+  platform::Result<std::vector<std::string>> names() const;
 
   // A regular file of the folder, whole; the bytes hold until the next read. A symbolic link is
   // followed only while it stays inside the folder: one that leads out is an error (EXDEV), and so
-  // are FIFOs, devices and folders, told without blocking on them.
-  platform::Result<plist::Bytes, FileError> read(const std::string& name);
+  // are FIFOs, devices and folders, none of which blocks the call.
+  platform::Result<plist::Bytes> read(const std::string& name);
 
-  FileError error(const std::string& name, int code, std::string detail = {}) const;
+  // About a file of the folder.
+  platform::Error error(const std::string& name, int code, std::string what = {}) const;
 
  private:
   Descriptor descriptor_;

@@ -9,14 +9,17 @@
 #include <cstdint>
 #include <string_view>
 
+#include "platform/foundation/file_reading.h"
+#include "platform/plist/hexadecimal.h"
+
 namespace foundation {
 namespace {
 
 using platform::Done;
+using platform::Error;
 using platform::Result;
 
 constexpr std::size_t kSuffixDigits = 16;
-constexpr std::string_view kDigits = "0123456789abcdef";
 constexpr int kAttempts = 16;
 
 std::string temporaryPrefix(const std::string& name) {
@@ -28,7 +31,8 @@ std::string randomSuffix() {
   // Should the system have no randomness to give, the exclusive creation still keeps it safe.
   [[maybe_unused]] const ssize_t given = getrandom(random, sizeof random, GRND_NONBLOCK);
   std::string suffix;
-  for (const std::uint8_t byte : random) suffix += kDigits[byte % kDigits.size()];
+  for (const std::uint8_t byte : random)
+    suffix += plist::kHexDigits[byte % plist::kHexDigits.size()];
   return suffix;
 }
 
@@ -36,7 +40,7 @@ bool isTemporaryOf(std::string_view candidate, std::string_view prefix) {
   if (!candidate.starts_with(prefix)) return false;
   const std::string_view suffix = candidate.substr(prefix.size());
   return suffix.size() == kSuffixDigits &&
-         suffix.find_first_not_of(kDigits) == std::string_view::npos;
+         suffix.find_first_not_of(plist::kHexDigits) == std::string_view::npos;
 }
 
 }  // namespace
@@ -54,8 +58,8 @@ PendingFile::~PendingFile() {
   if (!temporary_.empty()) unlinkat(folder_->descriptor(), temporary_.c_str(), 0);
 }
 
-Result<PendingFile, FileError> PendingFile::write(const Directory& folder, const std::string& name,
-                                                  plist::Bytes bytes) {
+Result<PendingFile> PendingFile::write(const Directory& folder, const std::string& name,
+                                       plist::Bytes bytes) {
   PendingFile pending(folder, name);
   const auto created = pending.create();
   if (!created) return created.error();
@@ -64,7 +68,7 @@ Result<PendingFile, FileError> PendingFile::write(const Directory& folder, const
   return pending;
 }
 
-Result<Done, FileError> PendingFile::create() {
+Result<Done> PendingFile::create() {
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     const std::string candidate = temporaryPrefix(name_) + randomSuffix();
     file_ = Descriptor(openat(folder_->descriptor(), candidate.c_str(),
@@ -78,22 +82,17 @@ Result<Done, FileError> PendingFile::create() {
   return folder_->error(name_, errno, "create");
 }
 
-Result<Done, FileError> PendingFile::fill(plist::Bytes bytes) {
-  while (!bytes.empty()) {
-    const ssize_t count = ::write(file_.number(), bytes.data(), bytes.size());
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return folder_->error(name_, errno, "write");
-    bytes = bytes.subspan(static_cast<std::size_t>(count));
-  }
+Result<Done> PendingFile::fill(plist::Bytes bytes) {
+  if (!writeWhole(file_, bytes)) return folder_->error(name_, errno, "write");
   return Done{};
 }
 
-Result<Done, FileError> PendingFile::flush() {
+Result<Done> PendingFile::flush() {
   if (fsync(file_.number()) != 0) return folder_->error(name_, errno, "flush");
   return Done{};
 }
 
-Result<Done, FileError> PendingFile::replaceTarget() {
+Result<Done> PendingFile::replaceTarget() {
   if (!file_.close()) return folder_->error(name_, errno, "close");
   const int folder = folder_->descriptor();
   if (renameat(folder, temporary_.c_str(), folder, name_.c_str()) != 0)
@@ -102,7 +101,7 @@ Result<Done, FileError> PendingFile::replaceTarget() {
   return Done{};
 }
 
-Result<Done, FileError> flushFile(const Directory& folder, const std::string& name) {
+Result<Done> flushFile(const Directory& folder, const std::string& name) {
   const Descriptor file(openat(folder.descriptor(), name.c_str(),
                                O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
   if (!file) {
@@ -113,8 +112,8 @@ Result<Done, FileError> flushFile(const Directory& folder, const std::string& na
   return Done{};
 }
 
-Result<Done, FileError> flushFolder(const Directory& folder) {
-  if (fsync(folder.descriptor()) != 0) return FileError{folder.path(), errno, "flush"};
+Result<Done> flushFolder(const Directory& folder) {
+  if (fsync(folder.descriptor()) != 0) return Error{folder.path(), errno, "flush"};
   return Done{};
 }
 

@@ -13,7 +13,7 @@ namespace foundation {
 // another name in the same folder and then renamed over the old one. Two uses:
 //
 //   durable now      write, flush, replaceTarget, flushFolder
-//   visible now      write, replaceTarget; later, when it shall last, flushFile and flushFolder
+//   visible now      write, replaceTarget; later, to make it durable, flushFile and flushFolder
 //
 // Each step's failure names the file and the step. A file that was not put in place is removed; a
 // folder of its name is an error (EISDIR).
@@ -21,20 +21,19 @@ class PendingFile {
  public:
   // Mode 0600, exclusively created, with a random name that begins with a dot. `folder` has to
   // outlive it.
-  static platform::Result<PendingFile, FileError> write(const Directory& folder,
-                                                        const std::string& name,
-                                                        plist::Bytes bytes);
+  static platform::Result<PendingFile> write(const Directory& folder, const std::string& name,
+                                             plist::Bytes bytes);
   PendingFile(PendingFile&& other) noexcept;
   PendingFile& operator=(PendingFile&&) = delete;
   ~PendingFile();
 
-  platform::Result<platform::Done, FileError> flush();
-  platform::Result<platform::Done, FileError> replaceTarget();
+  platform::Result<platform::Done> flush();
+  platform::Result<platform::Done> replaceTarget();
 
  private:
   PendingFile(const Directory& folder, std::string name);
-  platform::Result<platform::Done, FileError> create();
-  platform::Result<platform::Done, FileError> fill(plist::Bytes bytes);
+  platform::Result<platform::Done> create();
+  platform::Result<platform::Done> fill(plist::Bytes bytes);
 
   const Directory* folder_;
   std::string name_;
@@ -42,11 +41,10 @@ class PendingFile {
   Descriptor file_;
 };
 
-// Makes the file that bears this name last, whoever wrote it; none is no error.
-platform::Result<platform::Done, FileError> flushFile(const Directory& folder,
-                                                      const std::string& name);
-// Makes the folder's names last.
-platform::Result<platform::Done, FileError> flushFolder(const Directory& folder);
+// Makes the file of this name durable, whichever process wrote it; a missing one is not an error.
+platform::Result<platform::Done> flushFile(const Directory& folder, const std::string& name);
+// Makes the folder's names durable.
+platform::Result<platform::Done> flushFolder(const Directory& folder);
 
 // Removes what writers of `name` left behind when they were killed. Only for one who holds a lock
 // that keeps others from writing it now.

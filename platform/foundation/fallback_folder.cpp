@@ -15,9 +15,9 @@ bool isAtOrBelow(std::string_view path, std::string_view folder) {
 
 }  // namespace
 
-platform::Result<Descriptor, FileError> openWithFallback(const DeviceRoot& root,
-                                                         const FallbackFolder& fallback,
-                                                         std::string_view path, int flags) {
+platform::Result<Descriptor> openWithFallback(const DeviceRoot& root,
+                                              const FallbackFolder& fallback, std::string_view path,
+                                              int flags) {
   auto opened = root.open(path, flags);
   if (opened || fallback.path.empty() || !isAtOrBelow(path, fallback.path)) return opened;
   const auto own = root.open(fallback.path, O_PATH);
@@ -25,11 +25,11 @@ platform::Result<Descriptor, FileError> openWithFallback(const DeviceRoot& root,
 
   const Descriptor folder(
       ::open(fallback.machineDirectory.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-  if (!folder) return FileError{std::string(path), errno};
+  if (!folder) return platform::Error{std::string(path), errno};
   std::string below = ".";
   below += path.substr(fallback.path.size());
   Descriptor found = openBelow(folder.number(), below, flags, Resolve::InRoot);
-  if (!found) return FileError{std::string(path), errno};
+  if (!found) return platform::Error{std::string(path), errno};
   return found;
 }
 

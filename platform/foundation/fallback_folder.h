@@ -15,8 +15,8 @@ struct FallbackFolder {
 };
 
 // As root.open. What the fallback shows is never outside its folder either.
-platform::Result<Descriptor, FileError> openWithFallback(const DeviceRoot& root,
-                                                         const FallbackFolder& fallback,
-                                                         std::string_view path, int flags);
+platform::Result<Descriptor> openWithFallback(const DeviceRoot& root,
+                                              const FallbackFolder& fallback, std::string_view path,
+                                              int flags);
 
 }  // namespace foundation

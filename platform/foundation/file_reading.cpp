@@ -15,7 +15,7 @@ Descriptor openBelow(int folder, const std::string& path, int flags, Resolve res
   if (!(flags & O_PATH)) how.flags |= O_NONBLOCK | O_NOCTTY;
   how.resolve = RESOLVE_NO_MAGICLINKS;
   how.resolve |= resolve == Resolve::InRoot ? RESOLVE_IN_ROOT : RESOLVE_BENEATH;
-  // EAGAIN: something on the way of a ".." was renamed meanwhile, so the kernel can't tell.
+  // EAGAIN: something on the way of a ".." was renamed meanwhile, so the kernel doesn't know.
   for (int attempt = 0; attempt < 100; ++attempt) {
     const long opened = syscall(SYS_openat2, folder, path.c_str(), &how, sizeof how);
     if (opened >= 0) return Descriptor(static_cast<int>(opened));
@@ -24,19 +24,19 @@ Descriptor openBelow(int folder, const std::string& path, int flags, Resolve res
   return Descriptor();
 }
 
-platform::Result<struct stat, FileError> statRegular(const Descriptor& file,
-                                                     const std::string& path) {
+platform::Result<struct stat> statRegular(const Descriptor& file, const std::string& path) {
   struct stat status {};
-  if (fstat(file.number(), &status) != 0) return FileError{path, errno};
-  if (S_ISDIR(status.st_mode)) return FileError{path, EISDIR};
-  if (!S_ISREG(status.st_mode)) return FileError{path, 0, "not a regular file"};
-  if (static_cast<std::uint64_t>(status.st_size) > kLargestFile) return FileError{path, EFBIG};
+  if (fstat(file.number(), &status) != 0) return platform::Error{path, errno};
+  if (S_ISDIR(status.st_mode)) return platform::Error{path, EISDIR};
+  if (!S_ISREG(status.st_mode)) return platform::Error{path, 0, "not a regular file"};
+  if (static_cast<std::uint64_t>(status.st_size) > kLargestFile)
+    return platform::Error{path, EFBIG};
   return status;
 }
 
-platform::Result<std::size_t, FileError> readWhole(const Descriptor& file, std::size_t size,
-                                                   std::vector<std::uint8_t>& buffer,
-                                                   const std::string& path) {
+platform::Result<std::size_t> readWhole(const Descriptor& file, std::size_t size,
+                                        std::vector<std::uint8_t>& buffer,
+                                        const std::string& path) {
   std::size_t length = 0;
   // One byte more than the file should have: a short read is then its end, without a second one.
   if (buffer.size() < size + 1) buffer.resize(size + 1);
@@ -44,12 +44,22 @@ platform::Result<std::size_t, FileError> readWhole(const Descriptor& file, std::
     const std::size_t room = buffer.size() - length;
     const ssize_t count = read(file.number(), buffer.data() + length, room);
     if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return FileError{path, errno};
+    if (count < 0) return platform::Error{path, errno};
     length += static_cast<std::size_t>(count);
-    if (length > kLargestFile) return FileError{path, EFBIG};
+    if (length > kLargestFile) return platform::Error{path, EFBIG};
     if (count == 0 || (length >= size && static_cast<std::size_t>(count) < room)) return length;
     if (length == buffer.size()) buffer.resize(2 * length);
   }
+}
+
+bool writeWhole(const Descriptor& file, std::span<const std::uint8_t> bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count = write(file.number(), bytes.data(), bytes.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return false;
+    bytes = bytes.subspan(static_cast<std::size_t>(count));
+  }
+  return true;
 }
 
 }  // namespace foundation

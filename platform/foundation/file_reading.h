@@ -4,11 +4,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
 #include "platform/foundation/descriptor.h"
-#include "platform/foundation/file_error.h"
 #include "platform/result.h"
 
 // The system calls below DeviceRoot and Directory.
@@ -26,13 +26,14 @@ enum class Resolve { InRoot, Beneath };
 Descriptor openBelow(int folder, const std::string& path, int flags, Resolve resolve);
 
 // What the open file is, once it is known to be a regular one of bearable size.
-platform::Result<struct stat, FileError> statRegular(const Descriptor& file,
-                                                     const std::string& path);
+platform::Result<struct stat> statRegular(const Descriptor& file, const std::string& path);
 
 // The whole of an open file of about `size` bytes into the front of `buffer`, which grows as
-// needed and never shrinks. Tells how many bytes there were.
-platform::Result<std::size_t, FileError> readWhole(const Descriptor& file, std::size_t size,
-                                                   std::vector<std::uint8_t>& buffer,
-                                                   const std::string& path);
+// needed and never shrinks. Gives the number of bytes that there were.
+platform::Result<std::size_t> readWhole(const Descriptor& file, std::size_t size,
+                                        std::vector<std::uint8_t>& buffer, const std::string& path);
+
+// All of the bytes to an open file, in as many steps as it takes; false with errno when one fails.
+bool writeWhole(const Descriptor& file, std::span<const std::uint8_t> bytes);
 
 }  // namespace foundation

@@ -5,18 +5,18 @@ namespace foundation {
 struct NotificationCenter::Registration {
   Object* observer;
   std::weak_ptr<Object> life;
-  bool counted;  // whether `life` tells anything
+  bool counted;  // whether `life` is known
   std::string selector, name;
   const Object* object;
   bool removed = false;
 
-  bool gone() const { return counted && life.expired(); }
+  bool destroyed() const { return counted && life.expired(); }
 };
 
 template <class Condition>
 void NotificationCenter::removeIf(Condition condition) {
   std::erase_if(registrations_, [&](const std::shared_ptr<Registration>& registration) {
-    if (!condition(*registration) && !registration->gone()) return false;
+    if (!condition(*registration) && !registration->destroyed()) return false;
     registration->removed = true;
     return true;
   });

@@ -18,9 +18,9 @@ struct Notification {
 // The in-process centre: delivers by name, at once, in the order of registration. An observer that
 // registered twice is called twice; one removal takes both.
 //
-// Observers are not kept alive but while they are called. One that is held by a shared pointer when
-// it registers and goes without being removed is called no more; any other has to be removed before
-// it goes.
+// Observers are owned only while they are called. One that is held by a shared pointer when it
+// registers and is destroyed without being removed is called no more; any other has to be removed
+// before it is destroyed.
 class NotificationCenter {
  public:
   // `object` null: from any poster.

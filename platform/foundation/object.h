@@ -7,7 +7,7 @@ namespace foundation {
 
 struct Notification;
 
-// What the platform calls an object: it has a class name, and it can be told to perform the
+// What the platform calls an object: it has a class name, and it can perform the
 // operation of a selector. Objects are held by shared pointers, so that deferred work can keep its
 // page alive.
 class Object : public std::enable_shared_from_this<Object> {

@@ -3,14 +3,17 @@
 namespace foundation {
 
 using platform::Done;
+using platform::Error;
 using platform::Result;
 
-Preferences::Preferences(DeviceRoot& root) : root_(root) {}
+Preferences::Preferences(DeviceRoot& root, std::chrono::milliseconds lockPatience)
+    : root_(root), lockPatience_(lockPatience) {}
 
 Preferences::Domain& Preferences::domain(std::string_view name) {
   const auto found = domains_.find(name);
   if (found != domains_.end()) return found->second;
-  return domains_.emplace(std::string(name), Domain{DomainFile(root_, name, xml_)}).first->second;
+  DomainFile file(root_, name, xml_, lockPatience_);
+  return domains_.emplace(std::string(name), Domain{std::move(file)}).first->second;
 }
 
 Preferences::Domain& Preferences::loadedDomain(std::string_view name) {
@@ -19,21 +22,19 @@ Preferences::Domain& Preferences::loadedDomain(std::string_view name) {
   return found;
 }
 
-FileError Preferences::failed(Domain& domain, FileError error) {
+Error Preferences::failed(Domain& domain, Error error) {
   const std::string message = error.message();
-  if (message != domain.told && problemHandler_) problemHandler_(message);
-  domain.told = message;
+  if (message != domain.reported && problemHandler_) problemHandler_(message);
+  domain.reported = message;
   return error;
 }
 
-Result<Done, FileError> Preferences::refresh(Domain& domain) {
+Result<Done> Preferences::refresh(Domain& domain) {
   domain.loaded = true;
   auto read = domain.file.readUnless(domain.stamp);
   if (!read) return failed(domain, read.error());
-  if (*read && !(*read)->damage.empty()) {
-    return failed(domain, domain.file.damageError((*read)->damage));
-  }
-  domain.told.clear();
+  if (*read && (*read)->damage) return failed(domain, *(*read)->damage);
+  domain.reported.clear();
   if (*read) {
     domain.entries = std::move((*read)->entries);
     domain.stamp = (*read)->stamp;
@@ -41,7 +42,7 @@ Result<Done, FileError> Preferences::refresh(Domain& domain) {
   return Done{};
 }
 
-Result<Done, FileError> Preferences::flush(Domain& domain) {
+Result<Done> Preferences::flush(Domain& domain) {
   if (!domain.unflushed) return Done{};
   const auto flushed = domain.file.flush();
   if (!flushed) return failed(domain, flushed.error());
@@ -55,20 +56,20 @@ std::optional<plist::Value> Preferences::copyAppValue(std::string_view key,
   return value ? std::optional(*value) : std::nullopt;
 }
 
-Result<Done, FileError> Preferences::setAppValue(std::string_view key, const plist::Value& value,
-                                                 std::string_view domain) {
+Result<Done> Preferences::setAppValue(std::string_view key, const plist::Value& value,
+                                      std::string_view domain) {
   if (value.isNothing()) return setMultiple({}, {std::string(key)}, domain);
   plist::Dictionary values;
   values.set(key, value);
   return setMultiple(values, {}, domain);
 }
 
-Result<Done, FileError> Preferences::appSynchronize(std::string_view domain) {
+Result<Done> Preferences::appSynchronize(std::string_view domain) {
   this->domain(domain);
   return synchronize();
 }
 
-Result<Done, FileError> Preferences::refresh(std::string_view domain) {
+Result<Done> Preferences::refresh(std::string_view domain) {
   return refresh(this->domain(domain));
 }
 
@@ -91,23 +92,24 @@ plist::Dictionary Preferences::copyMultiple(const std::vector<std::string>& keys
   return values;
 }
 
-Result<Done, FileError> Preferences::setMultiple(const plist::Dictionary& values,
-                                                 const std::vector<std::string>& remove,
-                                                 std::string_view domain) {
+Result<Done> Preferences::setMultiple(const plist::Dictionary& values,
+                                      const std::vector<std::string>& remove,
+                                      std::string_view domain) {
   Domain& target = this->domain(domain);
-  const auto changed = target.file.change(values, remove);
+  const plist::Value kept = *plist::storable(values);
+  const auto changed = target.file.change(*kept.dictionary(), remove);
   if (!changed) return failed(target, changed.error());
   target.unflushed |= changed->written;
-  target.told.clear();
+  target.reported.clear();
   if (!changed->keptAside.empty() && problemHandler_) problemHandler_(changed->keptAside);
   if (!target.loaded) return Done{};
-  for (const auto& entry : values) target.entries.set(entry.key, entry.value);
+  for (const auto& entry : *kept.dictionary()) target.entries.set(entry.key, entry.value);
   for (const std::string& key : remove) target.entries.remove(key);
   return Done{};
 }
 
-Result<Done, FileError> Preferences::synchronize() {
-  std::optional<FileError> first;
+Result<Done> Preferences::synchronize() {
+  std::optional<Error> first;
   for (auto& [name, domain] : domains_) {
     for (const auto& result : {flush(domain), refresh(domain)}) {
       if (!result && !first) first = result.error();

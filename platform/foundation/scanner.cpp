@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/plist/hexadecimal.h"
 #include "platform/plist/utf.h"
 
 namespace foundation {
@@ -13,21 +14,15 @@ constexpr std::string_view kBlanks[] = {
     "\u2009", "\u200A", "\u200B", "\u2028", "\u2029", "\u202F", "\u205F", "\u3000",
 };
 
-std::size_t firstCharacterSize(std::string_view text) {
-  std::size_t size = 1;
-  while (size < text.size() && (static_cast<unsigned char>(text[size]) & 0xC0) == 0x80) ++size;
-  return size;
-}
-
 // Empty when the location is within a character or past the end.
 std::optional<std::string_view> from(std::string_view text, std::size_t location) {
   while (location > 0) {
     if (text.empty()) return std::nullopt;
-    const std::size_t size = firstCharacterSize(text);
-    const std::size_t units = std::max<std::size_t>(plist::utf16Units(text.substr(0, size)), 1);
+    const plist::Character first = plist::firstCharacter(text);
+    const std::size_t units = first.point < 0x10000 ? 1 : 2;
     if (units > location) return std::nullopt;
     location -= units;
-    text.remove_prefix(size);
+    text.remove_prefix(first.size);
   }
   return text;
 }
@@ -41,11 +36,7 @@ std::string_view withoutBlanks(std::string_view text) {
 }
 
 std::optional<unsigned> digitAt(std::string_view text, std::size_t at) {
-  const char c = at < text.size() ? text[at] : '\0';
-  if (c >= '0' && c <= '9') return c - '0';
-  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-  return std::nullopt;
+  return at < text.size() ? plist::hexDigit(text[at]) : std::nullopt;
 }
 
 }  // namespace

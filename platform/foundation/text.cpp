@@ -2,35 +2,13 @@
 
 #include <cstdint>
 
+#include "platform/plist/utf.h"
+
 namespace foundation {
 namespace {
 
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 constexpr std::string_view kBlanks = " \t\n\v\f\r";
-
-// How many bytes the character at the front takes; for a broken one as many as belong together,
-// and at least one.
-struct Character {
-  std::size_t length;
-  bool valid;
-};
-
-Character firstCharacter(std::string_view bytes) {
-  const auto at = [&](std::size_t index) { return static_cast<std::uint8_t>(bytes[index]); };
-  const std::uint8_t lead = at(0);
-  if (lead < 0x80) return {1, true};
-  if (lead < 0xC2 || lead > 0xF4) return {1, false};
-
-  const std::size_t length = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-  std::uint8_t lowest = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
-  std::uint8_t highest = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
-  for (std::size_t index = 1; index < length; ++index) {
-    if (index == bytes.size() || at(index) < lowest || at(index) > highest) return {index, false};
-    lowest = 0x80;
-    highest = 0xBF;
-  }
-  return {length, true};
-}
 
 bool holdsBidirectionalControl(std::string_view text) {
   constexpr std::string_view kControls[] = {"\u061C", "\u200E", "\u200F", "\u202A",
@@ -72,21 +50,16 @@ std::string_view pathExtension(std::string_view path) {
 }
 
 bool isUtf8(std::string_view bytes) {
-  while (!bytes.empty()) {
-    const Character first = firstCharacter(bytes);
-    if (!first.valid) return false;
-    bytes.remove_prefix(first.length);
-  }
-  return true;
+  return !plist::firstNotUtf8(bytes);
 }
 
 std::string replacingInvalidUtf8(std::string_view bytes) {
   std::string text;
   text.reserve(bytes.size());
   while (!bytes.empty()) {
-    const Character first = firstCharacter(bytes);
-    text += first.valid ? bytes.substr(0, first.length) : kReplacement;
-    bytes.remove_prefix(first.length);
+    const plist::Character first = plist::firstCharacter(bytes);
+    text += first.isValid ? bytes.substr(0, first.size) : kReplacement;
+    bytes.remove_prefix(first.size);
   }
   return text;
 }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/plist/hexadecimal.h"
+
 namespace foundation {
 namespace {
 
@@ -22,20 +24,11 @@ constexpr CharacterSet alphanumericAnd(std::string_view others) {
 constexpr CharacterSet kKeptInPath = alphanumericAnd("!$&'()*+,-./:=@_~");
 constexpr CharacterSet kLegal = alphanumericAnd("!$&'()*+,-./:;=?@_~");
 
-constexpr char kHexadecimal[] = "0123456789ABCDEF";
-
-int hexadecimalValue(char c) {
-  if (c >= '0' && c <= '9') return c - '0';
-  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-  return -1;
-}
-
 // The byte that the three characters at the front escape; -1 when they don't.
 int escapedByte(std::string_view text) {
   if (text.size() < 3) return -1;
-  const int high = hexadecimalValue(text[1]), low = hexadecimalValue(text[2]);
-  return high < 0 || low < 0 ? -1 : high * 16 + low;
+  const auto high = plist::hexDigit(text[1]), low = plist::hexDigit(text[2]);
+  return high && low ? static_cast<int>(*high * 16 + *low) : -1;
 }
 
 // Where the host begins and ends; both the text's end when it names none.
@@ -77,8 +70,8 @@ void appendEscapedPath(std::string& url, std::string_view path) {
     if (kKeptInPath[byte]) {
       url += c;
     } else {
-      const char escaped[] = {'%', kHexadecimal[byte >> 4], kHexadecimal[byte & 15]};
-      url.append(escaped, sizeof escaped);
+      url += '%';
+      plist::appendHex(url, byte, plist::kUpperHexDigits);
     }
   }
 }

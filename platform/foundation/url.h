@@ -7,7 +7,7 @@
 namespace foundation {
 
 // URLWithString: the text itself where it is a URL, relative ones too; strictly: a space, a control
-// character, any of "<>\^`{|} or a byte that is no ASCII, a "%" without two hexadecimal digits, a
+// character, any of "<>\^`{|} or a byte that is not ASCII, a "%" without two hexadecimal digits, a
 // second "#", a bracket anywhere but in the host make it none.
 std::optional<std::string> urlWithString(std::string_view text);
 

@@ -7,42 +7,12 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/plist/error.h"
 #include "platform/plist/value.h"
 #include "platform/result.h"
 
 // Binary property lists ("bplist0?"): an 8-byte header, objects, their offset table, a trailer.
 namespace plist {
-
-enum class ErrorKind {
-  Truncated,      // too short for a header and a trailer
-  Header,         // does not begin with "bplist0"
-  OffsetSize,     // no width for offsets, or too small a one for the table's position
-  ReferenceSize,  // no width for references, or too small a one for the number of objects
-  ObjectCount,    // no objects, or more than there can be
-  TopObject,      // the top object is none of the objects
-  TableEnd,       // the offset table does not end where the trailer begins
-  ObjectOffset,   // an object is said to be in the table, the trailer or, when used, the header
-  Reference,      // a reference to an object that is not there
-  Marker,         // no object begins with this byte
-  Length,         // a length that is no integer
-  ObjectEnd,      // an object runs into the offset table
-  UidRange,       // a UID of more than 32 bits
-  KeyKind,        // a container as a dictionary's key
-  Circular,       // a container inside itself
-  TooDeep,        // containers nested deeper than kMaximumDepth
-  TooLarge,       // shared objects make it larger than expansionLimit allows
-  NotUtf8,        // when writing: text that is not UTF-8
-};
-
-// A short name, such as "ObjectOffset".
-std::string_view nameOf(ErrorKind kind);
-
-struct Error {
-  ErrorKind kind{};
-  std::size_t offset = 0;       // where in the bytes; when writing a text: where in that text
-  std::string message() const;  // for people: what and where
-  std::string reason() const;   // for people: what
-};
 
 using Bytes = std::span<const std::uint8_t>;
 

@@ -67,7 +67,7 @@ struct Object {
 };
 
 // The objects of a binary property list by number. Header, trailer, offset table and each object by
-// itself are checked when it opens; numbers of members are for whoever follows them. Keeps no copy:
+// itself are checked when it opens; numbers of members are not. Keeps no copy:
 // the bytes must outlive it.
 class ObjectTable {
  public:

@@ -29,7 +29,7 @@ std::string keyText(const Object& key) {
 
 bool readKey(const Object& key, Dictionary* dictionary, Value*& place, MemoryBudget& budget) {
   const bool hexadecimal = key.type == ObjectType::Data;
-  if (!budget.take(key.cost + (hexadecimal ? key.count : 0))) return false;
+  if (!budget.charge(key.cost + (hexadecimal ? key.count : 0))) return false;
   const std::string_view bytes(reinterpret_cast<const char*>(key.payload), key.count);
   if (!dictionary)
     place = nullptr;
@@ -60,7 +60,7 @@ bool BinaryWalk::read(std::uint64_t index, Value* value, MemoryBudget& budget) {
       Array* members = open.value->array();
       place = &(members ? *members : open.value->set()->members).emplace_back();
     }
-    if (!visit(table_.member(container, member), place, budget)) return blame(container, member);
+    if (!visit(table_.member(container, member), place, budget)) return failAt(container, member);
   }
   return true;
 }
@@ -71,7 +71,7 @@ inline void BinaryWalk::passLeaves(Open& open, MemoryBudget& budget) {
   std::uint64_t next = open.next;
   for (const std::uint64_t count = open.container->count; next < count; ++next) {
     const Object* member = table_.find(table_.member(*open.container, next));
-    if (!member || member->isContainer() || !budget.take(member->cost)) break;
+    if (!member || member->isContainer() || !budget.charge(member->cost)) break;
   }
   open.next = next;
 }
@@ -82,7 +82,7 @@ inline bool BinaryWalk::visit(std::uint64_t index, Value* value, MemoryBudget& b
     error_ = table_.errorOf(index);
     return false;
   }
-  if (!budget.take(object->cost)) return fail(ErrorKind::TooLarge, index);
+  if (!budget.charge(object->cost)) return fail(ErrorKind::TooLarge, index);
   if (object->isContainer()) return open(index, *object, value);
   if (value) object->read(*value);
   return true;
@@ -107,7 +107,7 @@ bool BinaryWalk::visitKey(const Open& open, std::uint64_t member, Value*& place,
   const Object* key = table_.find(index);
   if (!key) {
     error_ = table_.errorOf(index);
-    return blame(*open.container, member);
+    return failAt(*open.container, member);
   }
   if (key->isContainer()) return fail(ErrorKind::KeyKind, index);
   Dictionary* dictionary = open.value ? open.value->dictionary() : nullptr;
@@ -115,14 +115,14 @@ bool BinaryWalk::visitKey(const Open& open, std::uint64_t member, Value*& place,
 }
 
 // A reference to nothing has no object to point at: the error points at the reference.
-bool BinaryWalk::blame(const Object& container, std::uint64_t member) {
+bool BinaryWalk::failAt(const Object& container, std::uint64_t member) {
   if (error_.kind == ErrorKind::Reference) error_.offset = table_.memberOffset(container, member);
   return false;
 }
 
 bool BinaryWalk::fail(ErrorKind kind, std::uint64_t index) {
-  const bool endless = kind == ErrorKind::TooDeep || kind == ErrorKind::TooLarge;
-  error_ = {endless && isCircular(index) ? ErrorKind::Circular : kind, table_.offsetOf(index)};
+  const bool atLimit = kind == ErrorKind::TooDeep || kind == ErrorKind::TooLarge;
+  error_ = {atLimit && isCircular(index) ? ErrorKind::Circular : kind, table_.offsetOf(index)};
   return false;
 }
 

@@ -10,7 +10,7 @@ namespace plist {
 class MemoryBudget {
  public:
   explicit MemoryBudget(std::uint64_t bytes) : left_(bytes) {}
-  bool take(std::uint64_t bytes) {
+  bool charge(std::uint64_t bytes) {
     if (bytes > left_) return false;
     left_ -= bytes;
     return true;
@@ -20,8 +20,8 @@ class MemoryBudget {
   std::uint64_t left_;
 };
 
-// Appends an entry with this key, a leaf, to a dictionary and tells where its value goes: nowhere
-// (null) when the key is there already. A null dictionary only pays for the key. False when the
+// Appends an entry with this key, a leaf, to a dictionary; `place` is where to put its value, or
+// null when the key is there already. For a null dictionary the key is only charged. False when the
 // budget is used up.
 bool readKey(const Object& key, Dictionary* dictionary, Value*& place, MemoryBudget& budget);
 
@@ -52,7 +52,7 @@ class BinaryWalk {
   bool visit(std::uint64_t index, Value* value, MemoryBudget& budget);
   bool open(std::uint64_t index, const Object& container, Value* value);
   bool visitKey(const Open& open, std::uint64_t member, Value*& place, MemoryBudget& budget);
-  bool blame(const Object& container, std::uint64_t member);
+  bool failAt(const Object& container, std::uint64_t member);
   bool fail(ErrorKind kind, std::uint64_t index);
   bool isCircular(std::uint64_t index) const;
 

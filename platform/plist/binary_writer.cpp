@@ -39,17 +39,6 @@ class Writer {
   Error error_;
 };
 
-std::size_t sizeOf(const Value& container) {
-  if (const Dictionary* dictionary = container.dictionary()) return dictionary->size();
-  return container.set() ? container.set()->members.size() : container.array()->size();
-}
-
-const Value& memberOf(const Value& container, std::size_t index) {
-  if (const Dictionary* dictionary = container.dictionary())
-    return dictionary->begin()[index].value;
-  return container.set() ? container.set()->members[index] : (*container.array())[index];
-}
-
 ObjectType typeOf(const Value& container) {
   if (container.dictionary()) return ObjectType::Dictionary;
   return container.set() ? ObjectType::Set : ObjectType::Array;
@@ -60,14 +49,14 @@ bool Writer::add(const Value& root) {
   if (!enter(root, number)) return false;
   while (!open_.empty() && !out_.isFull()) {
     Open& open = open_.back();
-    const std::size_t size = sizeOf(*open.value), index = open.next++;
+    const std::size_t size = open.value->size(), index = open.next++;
     if (index == size) {
       open_.pop_back();
       continue;
     }
     const ObjectWriter::Container container = open.container;
     const std::size_t place = open.value->dictionary() ? size + index : index;
-    if (!enter(memberOf(*open.value, index), number)) return false;
+    if (!enter(open.value->member(index), number)) return false;
     out_.setMember(container, place, number);
   }
   return true;
@@ -83,7 +72,7 @@ bool Writer::enter(const Value& value, std::uint32_t& number) {
     error_ = {ErrorKind::TooDeep, 0};
     return false;
   }
-  const auto container = out_.addContainer(typeOf(value), sizeOf(value));
+  const auto container = out_.addContainer(typeOf(value), value.size());
   number = container.number;
   open_.push_back({&value, container, 0});
   return !value.dictionary() || addKeys(*value.dictionary(), container);
@@ -103,7 +92,7 @@ bool Writer::addKeys(const Dictionary& dictionary, ObjectWriter::Container conta
 bool Writer::addText(std::string_view text, std::uint32_t& number) {
   const std::uint32_t leaf = merges_ ? leaves_.text(text) : 0;
   if (merges_ && leaves_[leaf].object != 0) {
-    out_.payForText(text);
+    out_.chargeText(text);
     number = leaves_[leaf].object;
     return true;
   }

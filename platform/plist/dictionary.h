@@ -39,8 +39,8 @@ class Dictionary {
   // Removes the entries with such values; keeps the order of the rest.
   void removeIf(bool (*isUnwanted)(const Value& value));
 
-  // Appends an entry whose value is Nothing and tells where to put it; null (and unchanged) when
-  // the key is there. The place is good until the dictionary has to grow: see reserve.
+  // Appends an entry whose value is Nothing, for the caller to set; null (and unchanged) when the
+  // key is there. The place is good until the dictionary has to grow: see reserve.
   Value* append(std::string_view key);
 
   void reserve(std::size_t entries);

@@ -2,6 +2,8 @@
 
 #include <charconv>
 
+#include "platform/plist/hexadecimal.h"
+
 namespace plist {
 namespace {
 
@@ -13,14 +15,10 @@ std::string digits(Number number) {
 }
 
 std::string hexadecimal(const Data& data) {
-  static constexpr char kDigits[] = "0123456789abcdef";
   std::string text;
   text.reserve(2 * data.bytes.size() + 2);
   text += '<';
-  for (const std::uint8_t byte : data.bytes) {
-    text += kDigits[byte >> 4];
-    text += kDigits[byte & 15];
-  }
+  for (const std::uint8_t byte : data.bytes) appendHex(text, byte);
   return text += '>';
 }
 

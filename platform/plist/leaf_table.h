@@ -12,10 +12,10 @@ namespace plist {
 // views: the texts must outlive it.
 class LeafTable {
  public:
-  // What is known about a leaf beside what it is; 0 until somebody sets it.
+  // What is known about a leaf beside what it is; 0 until it is set.
   struct Notes {
-    std::uint32_t object = 0;  // for whoever numbers objects
-    std::uint32_t uid = 0;     // for whoever numbers archived objects
+    std::uint32_t object = 0;  // the number of its object
+    std::uint32_t uid = 0;     // the UID of its object in an archive
   };
 
   explicit LeafTable(std::size_t expected);

@@ -77,7 +77,7 @@ std::uint32_t ObjectWriter::addUid(std::uint32_t index) {
 }
 
 std::uint32_t ObjectWriter::addText(std::string_view utf8, bool isAscii) {
-  payForText(utf8);
+  chargeText(utf8);
   std::uint8_t* to = begin(kLongestStart + 2 * utf8.size());
   if (isAscii) {
     to = writeStart(0x5, utf8.size(), to);
@@ -90,7 +90,7 @@ std::uint32_t ObjectWriter::addText(std::string_view utf8, bool isAscii) {
 }
 
 // As if it were none but ASCII or wholly beyond, whichever costs more.
-void ObjectWriter::payForText(std::string_view text) {
+void ObjectWriter::chargeText(std::string_view text) {
   cost_ += memoryCost(ObjectType::Utf16, text.size());
 }
 

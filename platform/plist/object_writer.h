@@ -43,10 +43,10 @@ class ObjectWriter {
   // Ends the property list. Only when it is not full.
   std::vector<std::uint8_t> finish();
 
-  // What readBinary will take for all this, at most; see expansionLimit. Whoever refers to a text
-  // once more pays once more.
+  // What readBinary will take for all this, at most; see expansionLimit. A text is charged
+  // for each reference to it.
   std::uint64_t cost() const { return cost_; }
-  void payForText(std::string_view text);
+  void chargeText(std::string_view text);
 
   // The width to begin again with, and whether there is any.
   static bool widen(std::size_t& referenceSize) { return (referenceSize *= 2) <= 4; }

@@ -5,7 +5,7 @@
 namespace plist {
 
 // The random bytes that the kernel gives each process at its start: no file can know them, and
-// every module that brings a copy of this code draws the same, so dictionaries may pass between
+// every module with a copy of this code draws the same, so dictionaries may pass between
 // them.
 HashSeed drawHashSeed() {
   HashSeed seed;

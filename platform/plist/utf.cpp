@@ -6,6 +6,7 @@ namespace plist {
 namespace {
 
 constexpr std::uint64_t kHighBits = 0x8080808080808080;
+constexpr char32_t kReplacement = 0xFFFD;
 
 void appendUtf8(char32_t point, std::string& text) {
   const auto tail = [&text](char32_t bits) { text += static_cast<char>(0x80 | (bits & 0x3F)); };
@@ -26,34 +27,27 @@ void appendUtf8(char32_t point, std::string& text) {
   }
 }
 
-struct Point {
-  char32_t value;
-  std::size_t size;  // 0: not UTF-8
-};
-
-Point pointAt(std::string_view text, std::size_t at) {
-  const auto byte = [text](std::size_t i) -> char32_t {
-    return i < text.size() ? static_cast<unsigned char>(text[i]) : 0;
-  };
-  const auto tail = [&byte](std::size_t i) { return (byte(i) & 0xC0) == 0x80; };
-  const char32_t first = byte(at);
-  if (first < 0x80) return {first, 1};
-  if (first < 0xC2 || first > 0xF4 || !tail(at + 1)) return {0, 0};
-  if (first < 0xE0) return {(first & 0x1F) << 6 | (byte(at + 1) & 0x3F), 2};
-  if (!tail(at + 2)) return {0, 0};
-  if (first < 0xF0) {
-    const char32_t point =
-        (first & 0x0F) << 12 | (byte(at + 1) & 0x3F) << 6 | (byte(at + 2) & 0x3F);
-    const bool good = point >= 0x800 && (point < 0xD800 || point > 0xDFFF);
-    return {point, good ? 3u : 0u};
-  }
-  if (!tail(at + 3)) return {0, 0};
-  const char32_t point = (first & 0x07) << 18 | (byte(at + 1) & 0x3F) << 12 |
-                         (byte(at + 2) & 0x3F) << 6 | (byte(at + 3) & 0x3F);
-  return {point, point >= 0x10000 && point <= 0x10FFFF ? 4u : 0u};
-}
-
 }  // namespace
+
+// The second byte's range is narrower where it would make an overlong form, a surrogate or more
+// than U+10FFFF.
+Character firstCharacter(std::string_view text) {
+  const auto byte = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+  const unsigned lead = byte(0);
+  if (lead < 0x80) return {lead, 1, true};
+  if (lead < 0xC2 || lead > 0xF4) return {kReplacement, 1, false};
+  const std::size_t size = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+  unsigned lowest = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
+  unsigned highest = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
+  char32_t point = lead & (0x7Fu >> size);
+  for (std::size_t i = 1; i < size; ++i) {
+    if (i == text.size() || byte(i) < lowest || byte(i) > highest) return {kReplacement, i, false};
+    point = point << 6 | (byte(i) & 0x3F);
+    lowest = 0x80;
+    highest = 0xBF;
+  }
+  return {point, size, true};
+}
 
 bool isAscii(const char* bytes, std::size_t size) {
   const auto word = [bytes](std::size_t at) {
@@ -99,16 +93,16 @@ void readUtf16(const std::uint8_t* bytes, std::size_t units, std::string& text) 
     if (isHigh(point) && i + 1 < units && isLow(unit(i + 1)))
       point = 0x10000 + ((point & 0x3FF) << 10 | (unit(++i) & 0x3FF));
     else if (isHigh(point) || isLow(point))
-      point = 0xFFFD;
+      point = kReplacement;
     appendUtf8(point, text);
   }
 }
 
 std::optional<std::size_t> firstNotUtf8(std::string_view text) {
   for (std::size_t at = 0; at < text.size();) {
-    const Point point = pointAt(text, at);
-    if (point.size == 0) return at;
-    at += point.size;
+    const Character next = firstCharacter(text.substr(at));
+    if (!next.isValid) return at;
+    at += next.size;
   }
   return {};
 }
@@ -129,13 +123,13 @@ std::uint8_t* writeUtf16(std::string_view text, std::uint8_t* to) {
     *to++ = static_cast<std::uint8_t>(unit);
   };
   for (std::size_t at = 0; at < text.size();) {
-    const Point point = pointAt(text, at);
-    at += point.size;
-    if (point.value < 0x10000) {
-      put(point.value);
+    const auto [point, size, isValid] = firstCharacter(text.substr(at));
+    at += size;
+    if (point < 0x10000) {
+      put(point);
     } else {
-      put(0xD800 | (point.value - 0x10000) >> 10);
-      put(0xDC00 | ((point.value - 0x10000) & 0x3FF));
+      put(0xD800 | (point - 0x10000) >> 10);
+      put(0xDC00 | ((point - 0x10000) & 0x3FF));
     }
   }
   return to;

@@ -19,8 +19,17 @@ void readLatin1(const std::uint8_t* bytes, std::size_t count, std::string& text)
 // Big-endian UTF-16 to UTF-8; half of a surrogate pair becomes U+FFFD.
 void readUtf16(const std::uint8_t* bytes, std::size_t units, std::string& text);
 
-// Where text stops being UTF-8 (overlong forms, surrogates and more than U+10FFFF are none);
-// nothing when it is UTF-8 throughout.
+// The character at the front of UTF-8 text that isn't empty. Overlong forms, surrogates and more
+// than U+10FFFF are not characters: then it is U+FFFD, not valid, and takes the bytes that begin a
+// character and break off, or one byte that begins none.
+struct Character {
+  char32_t point;
+  std::size_t size;  // in bytes
+  bool isValid;
+};
+Character firstCharacter(std::string_view text);
+
+// Where text stops being UTF-8; nothing when it is UTF-8 throughout.
 std::optional<std::size_t> firstNotUtf8(std::string_view text);
 
 // The number of UTF-16 units of UTF-8 text.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -51,7 +52,9 @@ std::string_view describe(Kind kind);
 class Value {
  public:
   Value() = default;
-  Value(bool boolean) : state_(boolean) {}
+  // A boolean and nothing else: a pointer would turn into one.
+  template <std::same_as<bool> Boolean>
+  Value(Boolean boolean) : state_(bool{boolean}) {}
   Value(int integer) : Value(static_cast<long long>(integer)) {}
   Value(unsigned integer) : Value(static_cast<unsigned long long>(integer)) {}
   Value(long integer) : Value(static_cast<long long>(integer)) {}
@@ -60,6 +63,7 @@ class Value {
   Value(unsigned long long integer) : state_(Integer{integer, false}) {}
   Value(float real) : state_(Real{real, true}) {}    // a 4-byte real
   Value(double real) : state_(Real{real, false}) {}  // an 8-byte real
+  Value(std::nullptr_t) = delete;
   Value(const char* text) : state_(std::in_place_type<std::string>, text) {}
   Value(std::string_view text) : state_(std::in_place_type<std::string>, text) {}
   Value(std::string text) : state_(std::move(text)) {}
@@ -152,6 +156,10 @@ class Value {
     return std::get_if<Dictionary>(&state_);
   }
 
+  // Of a container: how many members or entries it has, and the value of each by its position.
+  std::size_t size() const;
+  const Value& member(std::size_t index) const;
+
   // Makes it a T (std::string, Data, Array, Set, Dictionary) in place, built from the arguments.
   template <class T, class... Arguments>
   T& become(Arguments&&... arguments) {
@@ -176,7 +184,7 @@ class Value {
   void freeMembers();
   void copyMembers(const Value& other);
   bool equalLeaf(const Value& other) const;
-  const Array* members() const;
+  const Array* members() const;  // of an array or a set
 
   // In the order of Kind.
   std::variant<std::monostate, bool, Integer, Real, std::string, Data, Date, Uid, Array, Set,
@@ -188,6 +196,22 @@ struct Dictionary::Entry {
   std::string key;
   Value value;
 };
+
+inline std::size_t Value::size() const {
+  const Dictionary* entries = dictionary();
+  return entries ? entries->size() : members()->size();
+}
+
+inline const Value& Value::member(std::size_t index) const {
+  const Dictionary* entries = dictionary();
+  return entries ? entries->begin()[index].value : (*members())[index];
+}
+
+inline const Array* Value::members() const {
+  if (const Array* values = array()) return values;
+  const Set* collection = set();
+  return collection ? &collection->members : nullptr;
+}
 
 // Numbers by value (1, 1.0 and true are equal), everything else as ==.
 bool equalByValue(const Value& a, const Value& b);

@@ -1,4 +1,4 @@
-// What goes through a whole value: each keeps its own stack.
+// What visits all of a value: each keeps its own stack.
 #include "platform/plist/value.h"
 
 namespace plist {
@@ -20,14 +20,8 @@ bool isUnstorable(const Value& value) {
 
 }  // namespace
 
-const Array* Value::members() const {
-  if (const Array* values = array()) return values;
-  const Set* collection = set();
-  return collection ? &collection->members : nullptr;
-}
-
 void Value::freeMembers() {
-  // Leaves go where they are; only a container among the members needs a place on the stack.
+  // Leaves are freed where they are; only a container among the members needs a place on the stack.
   const auto trim = [](Value& container) -> Value* {
     if (auto* entries = container.dictionary() ? &container.dictionary()->entries_ : nullptr) {
       while (!entries->empty() && !entries->back().value.isContainer()) entries->pop_back();

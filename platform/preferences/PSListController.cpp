@@ -63,6 +63,7 @@ PSListController::Specifiers PSListController::loadSpecifiersFromPlistNameTarget
     loadError_ = std::string(name) + ": " + what;
     return Specifiers();
   };
+  if (loading_) return {};
   loadError_.clear();
   byIdentifier_.clear();
   const ListResource* resource = environment().bundle.list(name);
@@ -73,11 +74,13 @@ PSListController::Specifiers PSListController::loadSpecifiersFromPlistNameTarget
   if (!list) return fail("row " + std::to_string(list.error().row) + ": " + list.error().what);
 
   if (!specifier()) title = list->title;
+  loading_ = true;
   for (auto& row : list->specifiers) {
     row->target = &target;
     byIdentifier_.emplace(row->identifier(), row.get());
     loadChoices(*row);
   }
+  loading_ = false;
   return std::move(list->specifiers);
 }
 

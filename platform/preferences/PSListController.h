@@ -25,7 +25,8 @@ class PSListController : public PSViewController {
   virtual const Specifiers& specifiers();
   // The rows of a list of the bundle; a page takes its title from it unless a row opened the page.
   // Each list row's data sources are asked. An unknown or broken list gives no rows and a
-  // description of what is wrong in `loadError`.
+  // description of what is wrong in `loadError`. While a list is being loaded another request gives
+  // no rows, and specifierForID finds those whose data sources have been asked or are being asked.
   Specifiers loadSpecifiersFromPlistNameTarget(std::string_view name, PSListController& target);
   const std::string& loadError() const { return loadError_; }
 
@@ -67,6 +68,7 @@ class PSListController : public PSViewController {
 
   std::unordered_map<std::string_view, PSSpecifier*> byIdentifier_;
   std::string loadError_;
+  bool loading_ = false;
 };
 
 }  // namespace preferences

@@ -17,7 +17,7 @@ class PSListItemsController : public PSViewController, public uikit::TableViewSo
   void viewDidLoad() override;
   uikit::TableView* table() const override { return table_.get(); }
   uikit::TableView& tableView() const { return *table_; }
-  int selectedRow() const;  // -1 when the row's value is none of its choices
+  int selectedRow() const;  // -1 when the row's value is not one of its choices
 
   int tableViewNumberOfRowsInSection(uikit::TableView& table, int section) override;
   std::shared_ptr<uikit::TableViewCell> tableViewCellForRowAtIndexPath(

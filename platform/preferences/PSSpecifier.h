@@ -31,7 +31,7 @@ class PSSpecifier : public foundation::Object {
   // Any property of the list, and "value" once the row has been read. Nothing when absent.
   const plist::Value& propertyForKey(std::string_view key) const;
   void setPropertyForKey(plist::Value value, std::string_view key);
-  // The text of a property; empty when it is absent or no text.
+  // The text of a property; empty when it is absent or not text.
   std::string_view textForKey(std::string_view key) const;
   bool boolForKey(std::string_view key, bool otherwise) const;
 
@@ -51,7 +51,7 @@ class PSSpecifier : public foundation::Object {
   const std::vector<std::string>& titles() const { return choices_->titles; }
   // The title of the first choice that equals the value (numbers by value); null when none does.
   const std::string* titleForValue(const plist::Value& value) const;
-  int indexOfValue(const plist::Value& value) const;  // -1 when it is no choice
+  int indexOfValue(const plist::Value& value) const;  // -1 when it is not a choice
 
  private:
   CellType type_;

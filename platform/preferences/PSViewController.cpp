@@ -27,8 +27,7 @@ void PSViewController::performForNotification(std::string_view selector,
                                               const foundation::Notification&) {
   const Operation* operation = operations().find(selector);
   if (!operation) return;
-  const Argument none[1] = {nullptr};
-  operation->run(*this, std::span(none, operation->arity()));
+  operation->run(*this, std::vector<Argument>(operation->arity(), nullptr));
 }
 
 }  // namespace preferences

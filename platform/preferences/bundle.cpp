@@ -13,7 +13,7 @@ std::shared_ptr<PSTableCell> makeCell(uikit::CellStyle style, std::string reuseI
   return std::make_shared<T>(style, std::move(reuseIdentifier), specifier);
 }
 
-// What the platform itself brings.
+// The platform's own classes.
 const PageClass kPages[] = {
     {"PSListItemsController",
      [](Environment& environment) -> std::shared_ptr<PSViewController> {

@@ -38,7 +38,7 @@ struct ListResource {
   plist::Bytes bytes;
 };
 
-// What a settings bundle brings: its classes and its specifier lists.
+// The contents of a settings bundle: its classes and its specifier lists.
 struct Bundle {
   std::string_view principalClass;  // the page that is opened first
   std::span<const PageClass> pages;

@@ -31,9 +31,8 @@ struct Environment {
   uikit::Idiom idiom = uikit::Idiom::Phone;
   // The desktop's own sounds, in place of a sound folder that the root lacks.
   foundation::FallbackFolder soundFallback{};
-  uikit::Screen* screen = nullptr;  // where alerts are shown; without one they are dropped
-  // Told of what failed where the pages themselves pass over it in silence; may be empty.
-  std::function<void(const std::string& message)> problemHandler{};
+  uikit::Screen* screen = nullptr;    // where alerts are shown; without one they are dropped
+  platform::Report problemHandler{};  // for what the pages themselves pass over; may be empty
 };
 
 }  // namespace preferences

@@ -16,8 +16,8 @@ class AlertViewDelegate {
   virtual void alertViewClickedButtonAtIndex(AlertView* alert, int index) = 0;
 };
 
-// An alert whose delegate is told which button was pressed. The cancel button is index 0, the other
-// buttons follow.
+// An alert whose delegate is called with the button that was pressed. The cancel button is index 0,
+// the other buttons follow.
 class AlertView : public Alert {
  public:
   // initWithTitle:message:delegate:cancelButtonTitle:otherButtonTitles:

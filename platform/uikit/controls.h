@@ -23,7 +23,7 @@ class Control : public View {
   bool isOn() const { return on_; }  // only a switch is ever on
   std::optional<Color> tintColor;
 
-  // The action is told of each of these events, in the order in which actions were added.
+  // The action is called for each of these events, in the order in which actions were added.
   using Action = std::function<void(Control& sender)>;
   void addAction(unsigned events, Action action) {
     actions_.push_back({events, std::move(action)});
@@ -57,8 +57,8 @@ class Slider : public Control {
   void setRange(float minimum, float maximum);
   float value() const { return value_; }
   void setValue(float value);
-  bool continuous = true;  // tells of each step of a drag, else of its end
-  // What the user does. The program's own setValue tells nobody.
+  bool continuous = true;  // reports each step of a drag, else its end
+  // What the user does. The program's own setValue calls no action.
   void drag(float value);
   void endTracking();
   std::optional<Color> minimumTrackTintColor;

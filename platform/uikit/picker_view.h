@@ -10,8 +10,8 @@ namespace uikit {
 
 class PickerView;
 
-// What a picker offers. Asked afresh each time; a picker without a source, or whose source is gone,
-// has no rows.
+// What a picker offers. Asked afresh each time; a picker without a source, or whose source is
+// destroyed, has no rows.
 class PickerViewDataSource {
  public:
   virtual ~PickerViewDataSource() = default;
@@ -47,7 +47,7 @@ class PickerView : public View {
   // At first row 0; -1 when the component has no rows.
   int selectedRowInComponent(int component);
 
-  // What the user does: selects, and the delegate is told. False where there is no such row.
+  // What the user does: selects, and calls the delegate. False where there is no such row.
   bool turn(int row, int component);
 
  private:

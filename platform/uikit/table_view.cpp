@@ -1,7 +1,6 @@
 #include "platform/uikit/table_view.h"
 
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 namespace uikit {
@@ -56,7 +55,7 @@ void TableView::show(int first, int count) {
     added = true;
   }
   if (!added) return;
-  for (const auto& [path, cell] : shown_ | std::views::reverse) addSubview(cell);
+  for (auto shown = shown_.rbegin(); shown != shown_.rend(); ++shown) addSubview(shown->second);
 }
 
 int TableView::rowCount() {

@@ -12,7 +12,7 @@ namespace uikit {
 
 class TableView;
 
-// What a table asks of the page that feeds it, and what it tells it.
+// What a table asks of its data source, and what it reports to its delegate.
 class TableViewSource {
  public:
   virtual ~TableViewSource() = default;

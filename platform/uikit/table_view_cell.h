@@ -31,7 +31,7 @@ enum class CellStyle { Default, Value1, Value2, Subtitle };
 enum class SelectionStyle { None, Default };
 enum class Accessory { None, DisclosureIndicator, Checkmark };
 
-// One row of a table. Its frame is a phone's until whoever lays it out gives it another.
+// One row of a table. Its frame is a phone's until it is set.
 class TableViewCell : public View {
  public:
   TableViewCell(CellStyle style, std::string reuseIdentifier)

@@ -4,6 +4,10 @@
 
 namespace uikit {
 
+View::~View() {
+  for (const auto& view : subviews_) view->superview_ = nullptr;
+}
+
 void View::addSubview(std::shared_ptr<View> view) {
   view->removeFromSuperview();
   view->superview_ = this;

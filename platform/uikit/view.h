@@ -20,6 +20,9 @@ struct Layer {
 // A rectangle on screen that holds other views.
 class View : public foundation::Object {
  public:
+  View() = default;
+  View(const View&) = delete;
+  ~View() override;
   std::string_view className() const override { return "UIView"; }
 
   Rect frame;

@@ -3,11 +3,8 @@
 #include "platform/foundation/text.h"
 #include "platform/uikit/application_frame.h"
 #include "prefs/colorpicker/color_values.h"
-#include "prefs/colorpicker/hue_order.h"
 #include "prefs/colorpicker/palettes.h"
-#include "prefs/colorpicker/row_text.h"
-#include "prefs/colorpicker/slider_panel.h"
-#include "prefs/colorpicker/swatch_cell.h"
+#include "prefs/colorpicker/picker_views.h"
 #include "prefs/colorpicker/view_tags.h"
 #include "prefs/core/preference_store.h"
 
@@ -19,7 +16,7 @@ using uikit::IndexPath;
 using uikit::TableView;
 using uikit::TableViewCell;
 
-// Section 0 has these in place of its colour texts.
+// Section 0 has these in place of its color texts.
 constexpr const char* kSpecialCaptions[] = {"*default color", "*quorvantis theme color"};
 
 const Palette* paletteAt(int section) {

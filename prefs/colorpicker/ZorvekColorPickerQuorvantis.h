@@ -11,8 +11,8 @@
 
 namespace prefs {
 
-// The page that sets one colour: a table of the palettes, a section each, the current colour
-// ticked, and a last row whose colour the user mixes with three sliders. The row that opened the
+// The page that sets one color: a table of the palettes, a section each, the current color
+// ticked, and a last row whose color the user mixes with three sliders. The row that opened the
 // page names the setting; each choice is stored and announced at once.
 class ZorvekColorPickerQuorvantis : public preferences::PSViewController,
                                     public uikit::TableViewSource {
@@ -20,7 +20,7 @@ class ZorvekColorPickerQuorvantis : public preferences::PSViewController,
   using PSViewController::PSViewController;
   std::string_view className() const override { return "ZorvekColorPickerQuorvantis"; }
 
-  // The current colour, of any kind that another has stored; text once the user has chosen.
+  // The current color, of any kind that another has stored; text once the user has chosen.
   plist::Value selectedColor;
   plist::Value defaultColor;                          // shown while nothing is stored
   std::optional<uikit::IndexPath> selectedIndexPath;  // the row that was last ticked
@@ -52,14 +52,15 @@ class ZorvekColorPickerQuorvantis : public preferences::PSViewController,
       uikit::TableView& table, uikit::IndexPath path) override;
   void tableViewDidSelectRowAtIndexPath(uikit::TableView& table, uikit::IndexPath path) override;
 
-  // Stores the colour and posts; an unset colour removes the key.
+  // Stores the color and posts; an unset color removes the key.
   void notifyTweak(const std::optional<std::string>& color);
 
-  // Dragging shows the mixed colour on the custom row; letting go stores it if that row is ticked.
+  // Dragging shows the mixed color on the custom row; releasing the slider stores it if that
+  // row is ticked.
   void sliderAction(foundation::Object* sender);
   void sliderDidEndSliding(foundation::Object* sender);
   std::shared_ptr<uikit::View> getSliderViewWithColor(const uikit::Color& color);
-  // Moves the sliders to the colour, if one is given, and shows what they mix on the custom row.
+  // Moves the sliders to the color, if one is given, and shows what they mix on the custom row.
   // Nothing happens while that row is off screen. The row is found by its tag, which a cell keeps
   // when another row reuses it.
   void setCustomColorNotifyTweak(const std::optional<std::string>& color, bool notify);

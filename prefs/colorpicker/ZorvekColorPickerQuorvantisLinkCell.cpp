@@ -2,7 +2,6 @@
 
 #include "platform/preferences/PSListController.h"
 #include "prefs/colorpicker/color_values.h"
-#include "prefs/colorpicker/row_text.h"
 #include "prefs/core/preference_store.h"
 
 namespace prefs {

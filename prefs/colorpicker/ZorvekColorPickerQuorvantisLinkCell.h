@@ -8,7 +8,7 @@
 
 namespace prefs {
 
-// The row of one colour setting: at its right edge a swatch of the colour, or the word that is
+// The row of one color setting: at its right edge a swatch of the color, or the word that is
 // stored in place of one. Each layout reads the store anew.
 class ZorvekColorPickerQuorvantisLinkCell : public preferences::PSTableCell {
  public:
@@ -22,8 +22,8 @@ class ZorvekColorPickerQuorvantisLinkCell : public preferences::PSTableCell {
   const std::shared_ptr<uikit::Label> valueLabel = std::make_shared<uikit::Label>();
 
   void layoutSubviews() override;
-  // The stored text. What is stored and no text is passed over; the row's "default" counts only
-  // while the cell has never had a colour.
+  // The stored text. A stored value that isn't text is ignored; the row's "default" counts only
+  // while the cell has never had a color.
   void loadColorValueFromPrefs();
   void showSelectedColor();
 };

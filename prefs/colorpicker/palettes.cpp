@@ -1,5 +1,11 @@
 #include "prefs/colorpicker/palettes.h"
 
+#include <algorithm>
+#include <array>
+
+#include "platform/uikit/hsb.h"
+#include "prefs/colorpicker/color_values.h"
+
 namespace prefs {
 namespace {
 
@@ -42,6 +48,15 @@ constexpr Palette kPalettes[] = {
     {"Custom", kCustomColor},
 };
 
+std::array<double, 3> orderOf(const plist::Value& entry) {
+  const plist::Dictionary* fields = entry.dictionary();
+  const plist::Value* hex = fields ? fields->find("hex") : nullptr;
+  const std::string* text = hex ? hex->text() : nullptr;
+  const auto [hue, saturation, brightness] =
+      uikit::hsbOf(colorFromHexString(text ? std::string_view(*text) : std::string_view()));
+  return {hue, saturation, brightness};
+}
+
 }  // namespace
 
 std::span<const Palette> colorPalettes() {
@@ -66,6 +81,13 @@ plist::Array asArray(std::span<const Palette> palettes) {
   plist::Array entries;
   for (const auto& [title, colors] : palettes)
     entries.push_back(plist::Dictionary{{"title", title}, {"colors", asArray(colors)}});
+  return entries;
+}
+
+plist::Array sortedByHue(plist::Array entries) {
+  std::ranges::stable_sort(entries, [](const plist::Value& a, const plist::Value& b) {
+    return orderOf(a) < orderOf(b);
+  });
   return entries;
 }
 

@@ -82,7 +82,7 @@ const preferences::Operations ZorvekColorPickerQuorvantis::ownOperations{
           {"crayonColors", &Page::crayonColors},
           {"customColor", &Page::customColor},
           {"sortPaletteByHue:", &Page::sortPaletteByHue},
-          // A colour is no object that a call could hand in: without one the sliders stand at 0.
+          // A call can't hand in a color, which isn't an object: the sliders stand at 0.
           {"getSliderViewWithColor:",
            +[](Page& page, foundation::Object*) { page.getSliderViewWithColor({}); }},
           {"setCustomColor:notifyTweak:", &Page::setCustomColorNotifyTweak},

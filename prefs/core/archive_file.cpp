@@ -12,8 +12,8 @@ bool isBinary(plist::Bytes bytes) {
   return bytes.size() >= kMagic.size() && std::equal(kMagic.begin(), kMagic.end(), bytes.begin());
 }
 
-std::string noArchive(const std::string& reason) {
-  return "no keyed archive: " + reason;
+std::string notAnArchive(const std::string& reason) {
+  return "not a keyed archive: " + reason;
 }
 
 // There is one reader of archives, of the binary form; XML is brought to that form first.
@@ -23,16 +23,16 @@ auto readArchive(plist::Bytes bytes, platform::XmlPropertyLists& xml, Read read)
   std::vector<std::uint8_t> converted;
   if (!isBinary(bytes)) {
     auto list = xml.read(bytes);
-    if (!list) return noArchive(list.error());
+    if (!list) return notAnArchive(list.error().message());
     auto binary = plist::writeBinary(*list);
-    if (!binary) return noArchive(binary.error().reason());
+    if (!binary) return notAnArchive(binary.error().reason());
     converted = std::move(*binary);
     bytes = converted;
   }
   auto found = read(bytes);
   if (found) return std::move(*found);
-  // Places in what was brought to binary form are places in nobody's file.
-  return noArchive(converted.empty() ? found.error().message() : found.error().reason());
+  // Places in what was brought to binary form are not places in the user's file.
+  return notAnArchive(converted.empty() ? found.error().message() : found.error().reason());
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 #include "platform/archive/keyed_archive.h"
 #include "platform/services.h"
 
-// Keyed archives from files, binary or XML. Errors are for people.
+// Keyed archives from files, binary or XML. Errors are human-readable.
 namespace prefs {
 
 platform::Result<plist::Value, std::string> unarchive(plist::Bytes bytes,

@@ -9,6 +9,9 @@ inline constexpr std::string_view kDomain = "com.zorvek.quorvantis";
 
 // Cross-process: the extension re-reads its settings.
 inline constexpr std::string_view kPrefsNotification = "com.zorvek.quorvantis.prefs";
+// Cross-process, named by the row of "profileactive": the current profile was turned on or off. A
+// name of its own, since a load sets that row too and posts kPrefsNotification just once.
+inline constexpr std::string_view kProfileNotification = "com.zorvek.quorvantis.profile";
 // In-process: the pages rebuild their rows.
 inline constexpr std::string_view kReloadSpecifiersNotification =
     "com.zorvek.quorvantis.reloadSpecifiers";

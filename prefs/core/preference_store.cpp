@@ -4,6 +4,11 @@
 
 namespace prefs {
 
+std::optional<std::string> rowText(const preferences::PSSpecifier* row, std::string_view property) {
+  const std::string* text = row ? row->propertyForKey(property).text() : nullptr;
+  return text ? std::optional(*text) : std::nullopt;
+}
+
 void pageWrite(preferences::PSListController& page, foundation::Preferences& preferences,
                const plist::Value& value, preferences::PSSpecifier* specifier) {
   page.setPreferenceValueSpecifier(value, specifier);
@@ -34,8 +39,8 @@ plist::Dictionary wholeDomainRead(foundation::Preferences& preferences) {
   return preferences.copyMultiple(preferences.copyKeyList(kDomain), kDomain);
 }
 
-platform::Result<platform::Done, foundation::FileError> wholeDomainWrite(
-    foundation::Preferences& preferences, const plist::Dictionary& values) {
+platform::Result<platform::Done> wholeDomainWrite(foundation::Preferences& preferences,
+                                                  const plist::Dictionary& values) {
   auto stored = preferences.setMultiple(values, {}, kDomain);
   (void)preferences.synchronize();
   return stored;

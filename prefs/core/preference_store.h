@@ -10,6 +10,10 @@
 // says of it; the store reports each failure to the host itself.
 namespace prefs {
 
+// A property of a row that names where or how its value is stored ("key", "defaults",
+// "PostNotification", …); unset where it isn't text, or there is no row.
+std::optional<std::string> rowText(const preferences::PSSpecifier* row, std::string_view property);
+
 // Stores the value of a row and posts the row's notification, redraws the row, flushes.
 void pageWrite(preferences::PSListController& page, foundation::Preferences& preferences,
                const plist::Value& value, preferences::PSSpecifier* specifier);
@@ -36,7 +40,7 @@ plist::Dictionary wholeDomainRead(foundation::Preferences& preferences);
 
 // Sets every key of the dictionary in the bundle's domain and flushes. Nothing is ever removed. The
 // error is why nothing was stored; what was stored and couldn't be flushed is no error here.
-platform::Result<platform::Done, foundation::FileError> wholeDomainWrite(
-    foundation::Preferences& preferences, const plist::Dictionary& values);
+platform::Result<platform::Done> wholeDomainWrite(foundation::Preferences& preferences,
+                                                  const plist::Dictionary& values);
 
 }  // namespace prefs

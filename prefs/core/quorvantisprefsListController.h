@@ -22,7 +22,7 @@ class quorvantisprefsListController : public preferences::PSListController {
   plist::Array titlesDataFromTarget(foundation::Object* target);
 
   // The battery log, the last stored entry first; values and titles are the same list. Empty where
-  // the log can't be read or holds no array.
+  // the log can't be read or isn't an array.
   plist::Array batteryLogValueDataFromTarget(foundation::Object* target);
   plist::Array batteryLogTitlesDataFromTarget(foundation::Object* target);
 

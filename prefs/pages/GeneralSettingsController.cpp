@@ -39,12 +39,6 @@ const preferences::Operations GeneralSettingsController::ownOperations{
     },
     &PSListController::ownOperations};
 
-const preferences::PSListController::Specifiers& GeneralSettingsController::specifiers() {
-  if (!specifiers_)
-    specifiers_ = loadSpecifiersFromPlistNameTarget("GeneralSettingsController", *this);
-  return *specifiers_;
-}
-
 plist::Array GeneralSettingsController::tapValueDataFromTarget(foundation::Object*) {
   return actionCodes();
 }

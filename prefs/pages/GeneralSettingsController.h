@@ -10,8 +10,6 @@ class GeneralSettingsController : public preferences::PSListController {
   using PSListController::PSListController;
   std::string_view className() const override { return "GeneralSettingsController"; }
 
-  const Specifiers& specifiers() override;
-
   // The action that a tap runs and the one that a hold runs: the same choices, as two pairs, so
   // that each row names its own.
   plist::Array tapValueDataFromTarget(foundation::Object* target);

@@ -2,18 +2,18 @@
 
 #include "platform/foundation/url.h"
 #include "prefs/core/preference_store.h"
-#include "prefs/pages/contact_choices.h"
-#include "prefs/pages/sound_choices.h"
+#include "prefs/keys.h"
+#include "prefs/pages/choice_lists.h"
 
 namespace prefs {
 namespace {
 
 constexpr DependencyRule kRules[] = {
-    {"vibrate", "vibrateduration", By::Interaction},
-    {"flashled", "flashledduration", By::Interaction},
-    {"sendmessage", "adressbook", By::CellEnabled},
-    {"sendmessage", "msgrecipient", By::CellEnabled},
-    {"sendmessage", "msgtext", By::CellEnabled},
+    {key::vibrate, key::vibrateduration, By::Interaction},
+    {key::flashled, key::flashledduration, By::Interaction},
+    {key::sendmessage, key::adressbook, By::CellEnabled},
+    {key::sendmessage, key::msgrecipient, By::CellEnabled},
+    {key::sendmessage, key::msgtext, By::CellEnabled},
 };
 
 }  // namespace
@@ -32,9 +32,7 @@ const preferences::Operations UserNotificationListController::ownOperations{
     },
     &DependentListController::ownOperations};
 
-std::span<const DependencyRule> UserNotificationListController::rules() const {
-  return kRules;
-}
+const std::span<const DependencyRule> UserNotificationListController::ownRules = kRules;
 
 plist::Array UserNotificationListController::valueDataFromTarget(foundation::Object*) {
   return soundValues(environment());
@@ -53,7 +51,7 @@ plist::Array UserNotificationListController::contactsTitlesDataFromTarget(founda
 }
 
 void UserNotificationListController::testSound() {
-  const preferences::PSSpecifier* row = specifierForID("playsound");
+  const preferences::PSSpecifier* row = specifierForID(key::playsound);
   const std::string* sound = row ? row->propertyForKey("value").text() : nullptr;
   if (sound && *sound == kNoSound) return;
   environment().sounds.play(sound ? foundation::urlWithString(*sound) : std::nullopt);
@@ -63,8 +61,8 @@ void UserNotificationListController::setValueForSpecifier(const plist::Value& va
                                                           preferences::PSSpecifier* specifier) {
   const std::string_view row = specifier ? std::string_view(specifier->identifier()) : "";
   pageWrite(*this, environment().preferences, value,
-            row == "adressbook" ? specifierForID("msgrecipient") : specifier);
-  if (row == "sendmessage") setSliderEnableDisable();
+            row == key::adressbook ? specifierForID(key::msgrecipient) : specifier);
+  if (row == key::sendmessage) setSliderEnableDisable();
 }
 
 }  // namespace prefs

@@ -4,12 +4,13 @@
 
 namespace prefs {
 
-// How a profile tells its user: alert, message, vibration, flash, sound.
+// How a profile notifies its user: alert, message, vibration, flash, sound.
 class UserNotificationListController : public DependentListController {
  public:
   using DependentListController::DependentListController;
   std::string_view className() const override { return "UserNotificationListController"; }
-  std::span<const DependencyRule> rules() const override;
+  std::span<const DependencyRule> rules() const override { return ownRules; }
+  static const std::span<const DependencyRule> ownRules;
 
   plist::Array valueDataFromTarget(foundation::Object* target);
   plist::Array titlesDataFromTarget(foundation::Object* target);
@@ -19,8 +20,8 @@ class UserNotificationListController : public DependentListController {
   // Plays what the row "playsound" shows now.
   void testSound();
 
-  // A contact goes to "msgrecipient". Only "sendmessage" is followed by an evaluation: the duration
-  // rows lag behind their switches.
+  // A contact is stored under "msgrecipient". Only "sendmessage" is followed by an evaluation: the
+  // duration rows lag behind their switches.
   void setValueForSpecifier(const plist::Value& value,
                             preferences::PSSpecifier* specifier) override;
 

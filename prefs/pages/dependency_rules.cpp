@@ -40,9 +40,9 @@ void BoundRules::bind(std::span<const DependencyRule> rules, preferences::PSList
   runs_.clear();
   const DependencyRule* last = nullptr;
   for (const DependencyRule& rule : rules) {
-    const bool goesOn = last && last->controllingSwitch == rule.controllingSwitch &&
-                        last->by == rule.by && last->effect == rule.effect;
-    if (!goesOn)
+    const bool sameRun = last && last->controllingSwitch == rule.controllingSwitch &&
+                         last->by == rule.by && last->effect == rule.effect;
+    if (!sameRun)
       runs_.push_back({page.specifierForID(rule.controllingSwitch), rule.by, rule.effect, {}});
     if (const auto* row = page.specifierForID(rule.dependentRow))
       runs_.back().dependentRows.push_back(row);

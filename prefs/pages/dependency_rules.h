@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/preferences/PSListController.h"
+#include "prefs/core/key.h"
 
 namespace prefs {
 
@@ -19,8 +20,8 @@ enum class Effect {
 };
 
 struct DependencyRule {
-  std::string_view controllingSwitch;
-  std::string_view dependentRow;
+  Key controllingSwitch;
+  Key dependentRow;
   By by = By::Interaction;
   Effect effect = Effect::EnabledWhileOn;
 };

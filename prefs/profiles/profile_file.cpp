@@ -14,7 +14,7 @@ using platform::Done;
 using platform::Result;
 
 ProfileError profileError(const foundation::DeviceRoot& root, const std::string& path,
-                          const foundation::FileError& error) {
+                          const platform::Error& error) {
   if (error.code != ENOENT) return {false, error.message()};
   if (root.hasEntry(path)) return {false, path + ": a link that leads nowhere"};
   return {true, error.message()};
@@ -51,9 +51,8 @@ Result<Done, std::string> writeProfile(const preferences::Environment& environme
   return Done{};
 }
 
-Result<Done, foundation::FileError> deleteProfile(const preferences::Environment& environment,
-                                                  const std::string& path,
-                                                  foundation::Folders folders) {
+Result<Done> deleteProfile(const preferences::Environment& environment, const std::string& path,
+                           foundation::Folders folders) {
   return environment.root.remove(path, folders);
 }
 

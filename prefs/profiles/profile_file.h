@@ -31,7 +31,7 @@ platform::Result<platform::Done, std::string> writeProfile(
     const plist::Dictionary& profile);
 
 // Removes a profile, whatever its file holds.
-platform::Result<platform::Done, foundation::FileError> deleteProfile(
+platform::Result<platform::Done> deleteProfile(
     const preferences::Environment& environment, const std::string& path,
     foundation::Folders folders = foundation::Folders::Refuse);
 

@@ -1,17 +1,14 @@
 #include "prefs/resources/classes.h"
 
+#include <algorithm>
+
 #include "prefs/colorpicker/ZorvekColorPickerQuorvantis.h"
 #include "prefs/colorpicker/ZorvekColorPickerQuorvantisLinkCell.h"
 #include "prefs/core/quorvantisprefsListController.h"
-#include "prefs/pages/ConditionsListController.h"
-#include "prefs/pages/ExtrasListController.h"
 #include "prefs/pages/GeneralSettingsController.h"
-#include "prefs/pages/LowPowerListController.h"
-#include "prefs/pages/PowerSavingListController.h"
-#include "prefs/pages/QuorvantisProfileActiveSwitchTableCell.h"
-#include "prefs/pages/QuorvantisSwitchTableCell.h"
-#include "prefs/pages/SoundsListController.h"
 #include "prefs/pages/UserNotificationListController.h"
+#include "prefs/pages/option_pages.h"
+#include "prefs/pages/switch_cells.h"
 #include "prefs/profiles/ProfilesListController.h"
 
 namespace prefs {
@@ -55,6 +52,17 @@ const preferences::PageClass kPages[] = {
     page<ZorvekColorPickerQuorvantis>("ZorvekColorPickerQuorvantis", {}),
 };
 
+struct PageRules {
+  std::string_view page;
+  std::span<const DependencyRule> rules;
+};
+const PageRules kRules[] = {
+    {"PowerSavingListController", PowerSavingListController::ownRules},
+    {"LowPowerListController", LowPowerListController::ownRules},
+    {"SoundsListController", SoundsListController::ownRules},
+    {"UserNotificationListController", UserNotificationListController::ownRules},
+};
+
 const preferences::CellClass kCells[] = {
     cell<QuorvantisSwitchTableCell>("QuorvantisSwitchTableCell"),
     cell<QuorvantisProfileActiveSwitchTableCell>("QuorvantisProfileActiveSwitchTableCell"),
@@ -68,6 +76,10 @@ std::span<const preferences::PageClass> pageClasses() {
 }
 std::span<const preferences::CellClass> cellClasses() {
   return kCells;
+}
+std::span<const DependencyRule> rulesOfPage(std::string_view name) {
+  const auto* page = std::ranges::find(kRules, name, &PageRules::page);
+  return page == std::end(kRules) ? std::span<const DependencyRule>() : page->rules;
 }
 
 }  // namespace prefs

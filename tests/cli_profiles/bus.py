@@ -7,6 +7,7 @@ from program import PROGRAM, TIMEOUT_SECONDS
 from session_bus import needs_bus, start_session_bus
 
 PREFS = "com.zorvek.quorvantis.prefs"
+PROFILE = "com.zorvek.quorvantis.profile"
 
 
 @needs_bus

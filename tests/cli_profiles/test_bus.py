@@ -1,7 +1,7 @@
 import subprocess
 import unittest
 
-from bus import PREFS, BusTest
+from bus import PREFS, PROFILE, BusTest
 from profiles import DAMAGED, path_of
 from program import PROGRAM, TIMEOUT_SECONDS
 
@@ -11,7 +11,7 @@ class Announced(BusTest):
         self.output("profile", "save", "20")
         self.assertEqual(self.posted_until("saved"), [])
         self.output("profile", "load", "20")
-        self.assertEqual(self.posted_until("loaded"), [PREFS])
+        self.assertEqual(self.posted_until("loaded"), [PROFILE, PREFS])
         self.output("profile", "delete", "20")
         self.assertEqual(self.posted_until("deleted"), [])
 
@@ -19,7 +19,7 @@ class Announced(BusTest):
         self.write_domain({"wifi": 1, "profileactive": 1})
         self.write_profile(20, {"profilepercentage": "20", "wifi": 2, "profileactive": 0})
         load = subprocess.Popen([PROGRAM, "profile", "load", "20"], env=self.env)
-        self.assertEqual(self.next_posted(), PREFS)
+        self.assertEqual([self.next_posted(), self.next_posted()], [PROFILE, PREFS])
         read = self.document("defaults", "read")
         self.assertEqual(load.wait(TIMEOUT_SECONDS), 0)
         self.assertEqual((read["wifi"], read["profileactive"], read["profilepercentage"]),

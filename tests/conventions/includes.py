@@ -9,7 +9,8 @@ import sys
 from pathlib import Path
 
 # A module is a folder or a file; a file is in the module with the longest name that leads to it.
-PLIST = ["platform/result.h", "platform/plist"]
+ERRORS = ["platform/error.h", "platform/error.cpp", "platform/result.h"]
+PLIST = ERRORS + ["platform/plist"]
 FOUNDATION = PLIST + ["platform/foundation"]
 PLATFORM = FOUNDATION + ["platform/archive", "platform/uikit", "platform/preferences",
                          "platform/services.h"]
@@ -27,7 +28,9 @@ EVERYTHING = HOST + SERVICES + DEVICE + ["drive", "apps", "apps/cli", "apps/wind
 
 # Which modules each module may include. A module always knows itself.
 KNOWS = {
-    "platform/result.h": [],
+    "platform/error.h": [],
+    "platform/error.cpp": ERRORS,
+    "platform/result.h": ERRORS,
     "platform/plist": PLIST,
     "platform/archive": PLIST,
     "platform/foundation": FOUNDATION,
@@ -52,7 +55,7 @@ KNOWS = {
     "services": SERVICES,
     "apps": HOST + SERVICES + DEVICE,
     "apps/cli": ["host", "host/device.h", "drive"],
-    "apps/window": HOST + SERVICES + DEVICE + ["apps"],
+    "apps/window": ["host", "host/device.h"],
     "tools": BUNDLE + SERVICES,
     "tests": EVERYTHING,
     "bench": EVERYTHING,

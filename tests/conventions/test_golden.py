@@ -107,13 +107,13 @@ class Golden(unittest.TestCase):
         self.assertEqual(outcome.returncode, 1)
         self.assertIn("2 requests, 1 answers", outcome.stdout)
 
-    def test_an_answer_that_is_no_json_is_not_accepted(self):
+    def test_an_answer_that_is_not_json_is_not_accepted(self):
         self.program.write_text(f"#!{sys.executable}\nprint('hello')\nprint('{{}}')\n")
         self.assertEqual(self.run_golden("--accept").returncode, 1)
 
     def test_a_number_that_json_has_not_is_not_accepted(self):
         self.program.write_text(f"#!{sys.executable}\nprint('{{\"a\":NaN}}')\nprint('{{}}')\n")
-        self.assertIn("answer 1 is no JSON", self.run_golden("--accept").stdout)
+        self.assertIn("answer 1 is not JSON", self.run_golden("--accept").stdout)
 
     def test_a_transcript_without_requests_fails(self):
         self.transcript.write_text("# nothing\n")

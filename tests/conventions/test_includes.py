@@ -47,8 +47,8 @@ class Includes(unittest.TestCase):
     def test_an_untouched_project_is_clean(self):
         self.assertEqual(includes.faults(self.root), [])
 
-    def test_the_window_may_put_services_and_host_together(self):
-        self.allows("apps/window/a.cpp", '#include "services/bus.h"\n#include "host/host.h"')
+    def test_the_device_may_put_services_and_host_together(self):
+        self.allows("host/device.cpp", '#include "services/bus.h"\n#include "host/host.h"')
 
     def test_tests_may_put_services_and_host_together(self):
         self.allows("tests/a/a.cpp", '#include "services/bus.h"\n#include "host/host.h"')
@@ -105,6 +105,15 @@ class Includes(unittest.TestCase):
 
     def test_the_command_line_may_not_know_the_window(self):
         self.rejects("apps/cli/a.cpp", '#include "apps/window/window.h"', "may not know")
+
+    def test_the_window_may_know_host(self):
+        self.allows("apps/window/a.cpp", '#include "host/host.h"')
+
+    def test_the_window_may_not_know_platform(self):
+        self.rejects("apps/window/a.cpp", '#include "platform/uikit/view.h"', "may not know")
+
+    def test_the_window_may_not_know_prefs(self):
+        self.rejects("apps/window/a.cpp", '#include "prefs/core/store.h"', "may not know")
 
     def test_nothing_that_ships_may_know_the_tests(self):
         self.rejects("apps/cli/a.cpp", '#include "tests/a/helper.h"', "may not know tests")

@@ -6,8 +6,8 @@ usage: run_golden.py [--accept] QUORVANTIS TRANSCRIPT.in...
 NAME.in      one request a line; a line "# args: --viewport 6" gives drive its options, any other
              line that starts with # is a remark
 NAME.root/   the device root that the conversation starts with; empty without it
-NAME.golden  each request after "> ", below it the answer, laid out so that a difference shows
-             where it is; then what was written to stderr, each line after "! "
+NAME.golden  each request after "> ", below it the answer in the form that golden_text.py
+             describes; then what was written to stderr, each line after "! "
 
 Every conversation has a copy of its root, so they can run side by side. Exit code 1 with the
 difference if the text isn't the golden one; --accept writes the golden file instead. Exit code 1,
@@ -16,7 +16,6 @@ with 0.
 """
 import argparse
 import difflib
-import json
 import os
 import shutil
 import subprocess
@@ -24,53 +23,9 @@ import sys
 import tempfile
 from pathlib import Path
 
-WIDTH = 100
+from golden_text import Conversation, parse
+
 TIMEOUT_SECONDS = 60
-
-
-class Number(str):
-    """A number as it was written, so that 50.0 and 50 stay apart."""
-
-
-def refuse(name):
-    raise ValueError(f"{name} is no JSON")
-
-
-def parse(text):
-    """A JSON document; an object is a tuple of pairs, so that order and repeated keys show."""
-    return json.loads(text, parse_int=Number, parse_float=Number, parse_constant=refuse,
-                      object_pairs_hook=tuple)
-
-
-def members(value):
-    """The brackets of an array or object and its (prefix, value) members, or None for a scalar."""
-    if isinstance(value, tuple):
-        return "{", "}", [(json.dumps(key, ensure_ascii=False) + ": ", item) for key, item in value]
-    if isinstance(value, list):
-        return "[", "]", [("", item) for item in value]
-    return None
-
-
-def compact(value):
-    parts = members(value)
-    if parts:
-        opening, closing, items = parts
-        return opening + ", ".join(prefix + compact(item) for prefix, item in items) + closing
-    return str(value) if isinstance(value, Number) else json.dumps(value, ensure_ascii=False)
-
-
-def layout(value, indent=0, prefix=""):
-    """On one line if it fits, else one member a line."""
-    line = " " * indent + prefix + compact(value)
-    parts = members(value)
-    if len(line) <= WIDTH or not parts or not parts[2]:
-        return [line]
-    opening, closing, items = parts
-    lines = [" " * indent + prefix + opening]
-    for number, (name, item) in enumerate(items, 1):
-        lines += layout(item, indent + 2, name)
-        lines[-1] += "," if number < len(items) else ""
-    return lines + [" " * indent + closing]
 
 
 def requests_of(transcript):
@@ -111,19 +66,19 @@ def transcribe(requests, outcome):
         faults.append(f"drive ended with {outcome.returncode}")
     if len(answers) != len(requests):
         faults.append(f"{len(requests)} requests, {len(answers)} answers")
-    lines = []
+    conversation, lines = Conversation(), []
     for number in range(max(len(requests), len(answers))):
         if number < len(requests):
             lines.append("> " + requests[number])
         if number < len(answers):
             try:
                 answer = parse(answers[number])
-                lines += layout(answer)
+                lines += conversation.lines(answer)
                 if not isinstance(answer, tuple):
-                    faults.append(f"answer {number + 1} is no JSON object")
+                    faults.append(f"answer {number + 1} is not a JSON object")
             except ValueError:
                 lines.append(answers[number])
-                faults.append(f"answer {number + 1} is no JSON")
+                faults.append(f"answer {number + 1} is not JSON")
     errors = outcome.stderr.decode("utf-8", "backslashreplace").splitlines()
     return "".join(f"{line}\n" for line in lines + ["! " + error for error in errors]), faults
 

@@ -19,34 +19,34 @@ struct Weeks : uikit::PickerViewDataSource {
 TEST(Alerts, ThereIsNoneAtFirst) {
   Settings settings;
   EXPECT_TRUE(settings.application.alerts().empty());
-  EXPECT_EQ(refusalOf(settings.application.press("Ok")), RefusalCode::NoAlert);
-  EXPECT_EQ(refusalOf(settings.application.press(0)), RefusalCode::NoAlert);
-  EXPECT_EQ(refusalOf(settings.application.pick(0)), RefusalCode::NoAlert);
+  EXPECT_EQ(refusalOf(settings.application.perform(host::Press{"Ok"})), RefusalCode::NoAlert);
+  EXPECT_EQ(refusalOf(settings.application.perform(host::Press{0})), RefusalCode::NoAlert);
+  EXPECT_EQ(refusalOf(settings.application.perform(host::Pick{0})), RefusalCode::NoAlert);
 }
 
 TEST(Alerts, PageBelowCanNotBeOperated) {
   Settings settings;
-  ASSERT_TRUE(settings.application.tap("alert"));
+  ASSERT_TRUE(settings.application.perform(host::Tap{"alert"}));
   ASSERT_EQ(settings.application.alerts().size(), 1u);
   auto& application = settings.application;
-  EXPECT_EQ(refusalOf(application.tap("nothing")), RefusalCode::Modal);
-  EXPECT_EQ(refusalOf(application.set("nothing", true)), RefusalCode::Modal);
-  EXPECT_EQ(refusalOf(application.select(9, 9)), RefusalCode::Modal);
-  EXPECT_EQ(refusalOf(application.drag(9, 9, true)), RefusalCode::Modal);
-  EXPECT_EQ(refusalOf(application.scroll(999)), RefusalCode::Modal);
-  EXPECT_EQ(refusalOf(application.tapBarButton()), RefusalCode::Modal);
-  EXPECT_EQ(refusalOf(application.back()), RefusalCode::Modal);
-  EXPECT_EQ(refusalOf(application.open("Nowhere", {})), RefusalCode::Modal);
+  EXPECT_EQ(refusalOf(application.perform(host::Tap{"nothing"})), RefusalCode::Modal);
+  EXPECT_EQ(refusalOf(application.perform(host::Set{"nothing", true})), RefusalCode::Modal);
+  EXPECT_EQ(refusalOf(application.perform(host::Select{9, 9})), RefusalCode::Modal);
+  EXPECT_EQ(refusalOf(application.perform(host::Drag{9, 9, true})), RefusalCode::Modal);
+  EXPECT_EQ(refusalOf(application.perform(host::Scroll{999})), RefusalCode::Modal);
+  EXPECT_EQ(refusalOf(application.perform(host::Bar{})), RefusalCode::Modal);
+  EXPECT_EQ(refusalOf(application.perform(host::Back{})), RefusalCode::Modal);
+  EXPECT_EQ(refusalOf(application.perform(host::Open{"Nowhere", {}})), RefusalCode::Modal);
 }
 
 TEST(Alerts, PressRunsTheButtonAndFreesThePage) {
   Settings settings;
-  ASSERT_TRUE(settings.application.tap("alert"));
-  EXPECT_EQ(refusalOf(settings.application.press("Maybe")), RefusalCode::NoButton);
-  EXPECT_EQ(refusalOf(settings.application.press(1)), RefusalCode::NoButton);
-  ASSERT_TRUE(settings.application.press("Ok"));
+  ASSERT_TRUE(settings.application.perform(host::Tap{"alert"}));
+  EXPECT_EQ(refusalOf(settings.application.perform(host::Press{"Maybe"})), RefusalCode::NoButton);
+  EXPECT_EQ(refusalOf(settings.application.perform(host::Press{1})), RefusalCode::NoButton);
+  ASSERT_TRUE(settings.application.perform(host::Press{"Ok"}));
   EXPECT_THAT(events, ElementsAre("First Ok pressed"));
-  EXPECT_TRUE(settings.application.tap("button"));
+  EXPECT_TRUE(settings.application.perform(host::Tap{"button"}));
 }
 
 TEST(Alerts, PickTurnsThePickerOfTheTopmostOne) {
@@ -58,32 +58,32 @@ TEST(Alerts, PickTurnsThePickerOfTheTopmostOne) {
   picker->dataSource = weeks;
   alert->setAccessoryView(picker);
   settings.screen.present(alert);
-  ASSERT_TRUE(settings.application.pick(3));
+  ASSERT_TRUE(settings.application.perform(host::Pick{3}));
   EXPECT_EQ(picker->selectedRowInComponent(0), 3);
-  EXPECT_EQ(refusalOf(settings.application.pick(4)), RefusalCode::BadValue);
-  EXPECT_EQ(refusalOf(settings.application.pick(-1)), RefusalCode::BadValue);
+  EXPECT_EQ(refusalOf(settings.application.perform(host::Pick{4})), RefusalCode::BadValue);
+  EXPECT_EQ(refusalOf(settings.application.perform(host::Pick{-1})), RefusalCode::BadValue);
 }
 
 TEST(Alerts, AlertWithoutAPickerHasNoRows) {
   Settings settings;
-  ASSERT_TRUE(settings.application.tap("alert"));
-  EXPECT_EQ(refusalOf(settings.application.pick(0)), RefusalCode::BadValue);
+  ASSERT_TRUE(settings.application.perform(host::Tap{"alert"}));
+  EXPECT_EQ(refusalOf(settings.application.perform(host::Pick{0})), RefusalCode::BadValue);
 }
 
 TEST(Alerts, GoWithALaunch) {
   Settings settings;
-  ASSERT_TRUE(settings.application.tap("alert"));
-  settings.application.launch();
+  ASSERT_TRUE(settings.application.perform(host::Tap{"alert"}));
+  ASSERT_TRUE(settings.application.perform(host::Launch{}));
   EXPECT_TRUE(settings.application.alerts().empty());
 }
 
 TEST(BarButton, RunsItsActionOnItsTarget) {
   Settings settings;
-  EXPECT_EQ(refusalOf(settings.application.tapBarButton()), RefusalCode::BadRequest);
+  EXPECT_EQ(refusalOf(settings.application.perform(host::Bar{})), RefusalCode::BadRequest);
   auto page = settings.application.pages().front();
   page->navigationItem.rightBarButtonItem =
       std::make_shared<uikit::BarButtonItem>(uikit::BarButtonSystemItem::Compose, page, "act");
-  ASSERT_TRUE(settings.application.tapBarButton());
+  ASSERT_TRUE(settings.application.perform(host::Bar{}));
   EXPECT_THAT(events, ElementsAre("First act"));
 }
 

@@ -24,7 +24,7 @@ TEST(Requests, ActivationIsPostedInProcess) {
   std::vector<std::string> posted;
   settings.center.setWitness(
       [&](const auto& notification) { posted.push_back(notification.name); });
-  settings.application.activate();
+  ASSERT_TRUE(settings.application.perform(host::Activate{}));
   EXPECT_THAT(posted, ElementsAre("UIApplicationDidBecomeActiveNotification"));
 }
 
@@ -32,28 +32,28 @@ TEST(Requests, WhatOthersStoredIsSeenOnActivation) {
   Settings settings;
   storeElsewhere(settings, "text", "theirs");
   EXPECT_TRUE(settings.stored("text").isNothing());
-  settings.application.activate();
+  ASSERT_TRUE(settings.application.perform(host::Activate{}));
   EXPECT_EQ(settings.stored("text"), plist::Value("theirs"));
 }
 
 TEST(Requests, WhatOthersStoredIsSeenOnReload) {
   Settings settings;
   storeElsewhere(settings, "text", "theirs");
-  ASSERT_TRUE(settings.application.reload());
+  ASSERT_TRUE(settings.application.perform(host::Reload{}));
   EXPECT_EQ(settings.row("text").propertyForKey("value"), plist::Value("theirs"));
 }
 
 TEST(Requests, WhatOthersStoredIsSeenByAPageThatOpens) {
   Settings settings;
   storeElsewhere(settings, "switch", true);
-  ASSERT_TRUE(settings.application.tap("link"));
+  ASSERT_TRUE(settings.application.perform(host::Tap{"link"}));
   EXPECT_EQ(settings.row("switch").propertyForKey("value"), plist::Value(true));
 }
 
 TEST(Requests, ReloadMakesNewRows) {
   Settings settings;
   const auto before = settings.row("switch").shared_from_this();
-  ASSERT_TRUE(settings.application.reload());
+  ASSERT_TRUE(settings.application.perform(host::Reload{}));
   EXPECT_NE(&settings.row("switch"), before.get());
   EXPECT_TRUE(settings.row("switch").isBuilt());
 }

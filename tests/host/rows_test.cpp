@@ -23,7 +23,7 @@ TEST(Rows, OnlyRowsOnScreenAreBuilt) {
 
 TEST(Rows, ScrollingBuildsWhatComesOnScreenAndKeepsTheRest) {
   Settings settings(3);
-  ASSERT_TRUE(settings.application.scroll(5));
+  ASSERT_TRUE(settings.application.perform(host::Scroll{5}));
   const auto& rows = settings.application.shownList()->specifiers();
   for (int i : {0, 1, 2, 5, 6, 7}) EXPECT_TRUE(rows[i]->isBuilt()) << i;
   for (int i : {3, 4, 8}) EXPECT_FALSE(rows[i]->isBuilt()) << i;
@@ -32,36 +32,36 @@ TEST(Rows, ScrollingBuildsWhatComesOnScreenAndKeepsTheRest) {
 
 TEST(Rows, ScrollEventFollowsOnceTheRowsAreBuilt) {
   Settings settings(3);
-  ASSERT_TRUE(settings.application.scroll(11));
+  ASSERT_TRUE(settings.application.perform(host::Scroll{11}));
   EXPECT_THAT(events, ElementsAre("First scrolled, last row built"));
 }
 
 TEST(Rows, ScrollNeverShowsLessThanAScreenful) {
   Settings settings(3);
-  ASSERT_TRUE(settings.application.scroll(13));
+  ASSERT_TRUE(settings.application.perform(host::Scroll{13}));
   EXPECT_EQ(settings.application.firstShown(), 11);
 }
 
 TEST(Rows, ScrollToAnEntryThatIsNotThere) {
   Settings settings(3);
-  EXPECT_EQ(refusalOf(settings.application.scroll(14)), RefusalCode::BadValue);
-  EXPECT_EQ(refusalOf(settings.application.scroll(-1)), RefusalCode::BadValue);
+  EXPECT_EQ(refusalOf(settings.application.perform(host::Scroll{14})), RefusalCode::BadValue);
+  EXPECT_EQ(refusalOf(settings.application.perform(host::Scroll{-1})), RefusalCode::BadValue);
   EXPECT_THAT(events, ElementsAre());
 }
 
 TEST(Rows, LargerViewportBuildsMore) {
   Settings settings(3);
-  settings.application.setViewport(5);
+  ASSERT_TRUE(settings.application.perform(host::Resize{5}));
   EXPECT_TRUE(settings.row("segment").isBuilt());
   EXPECT_FALSE(settings.row("text").isBuilt());
 }
 
 TEST(Rows, EachPageKeepsWhereItWasScrolledTo) {
   Settings settings(9);
-  ASSERT_TRUE(settings.application.scroll(2));
-  ASSERT_TRUE(settings.application.tap("link"));
+  ASSERT_TRUE(settings.application.perform(host::Scroll{2}));
+  ASSERT_TRUE(settings.application.perform(host::Tap{"link"}));
   EXPECT_EQ(settings.application.firstShown(), 0);
-  ASSERT_TRUE(settings.application.back());
+  ASSERT_TRUE(settings.application.perform(host::Back{}));
   EXPECT_EQ(settings.application.firstShown(), 2);
 }
 
@@ -76,31 +76,28 @@ TEST(Rows, ByIdAndByIndex) {
 
 TEST(Rows, ChecksInOrder) {
   Settings settings(3);
-  EXPECT_EQ(refusalOf(settings.application.set("nothing", "no boolean")), RefusalCode::NoRow);
-  EXPECT_EQ(refusalOf(settings.application.set("dimmed", "no boolean")), RefusalCode::NotBuilt);
-  settings.application.setViewport(100);
-  EXPECT_EQ(refusalOf(settings.application.set("dimmed", "no boolean")), RefusalCode::Disabled);
-  EXPECT_EQ(refusalOf(settings.application.set("switch", "no boolean")), RefusalCode::BadValue);
-  EXPECT_EQ(refusalOf(settings.application.tap("nothing")), RefusalCode::NoRow);
-  EXPECT_EQ(refusalOf(settings.application.tap("dimmed")), RefusalCode::Disabled);
+  EXPECT_EQ(refusalOf(settings.application.perform(host::Set{"nothing", "no boolean"})),
+            RefusalCode::NoRow);
+  EXPECT_EQ(refusalOf(settings.application.perform(host::Set{"dimmed", "no boolean"})),
+            RefusalCode::NotBuilt);
+  ASSERT_TRUE(settings.application.perform(host::Resize{100}));
+  EXPECT_EQ(refusalOf(settings.application.perform(host::Set{"dimmed", "no boolean"})),
+            RefusalCode::Disabled);
+  EXPECT_EQ(refusalOf(settings.application.perform(host::Set{"switch", "no boolean"})),
+            RefusalCode::BadValue);
+  EXPECT_EQ(refusalOf(settings.application.perform(host::Tap{"nothing"})), RefusalCode::NoRow);
+  EXPECT_EQ(refusalOf(settings.application.perform(host::Tap{"dimmed"})), RefusalCode::Disabled);
 }
 
 TEST(Rows, DimmedRowNamesItsSwitch) {
   Settings settings;
-  EXPECT_EQ(settings.application.set("dimmed", true).error().message,
+  EXPECT_EQ(settings.application.perform(host::Set{"dimmed", true}).error().message,
             "row \"dimmed\" is dimmed by \"switch\"");
-}
-
-TEST(Rows, CellThatIsNotEnabledIsDimmedToo) {
-  Settings settings;
-  EXPECT_TRUE(host::isUsable(settings.row("switch")));
-  settings.row("switch").cellObject()->setEnabled(false);
-  EXPECT_FALSE(host::isUsable(settings.row("switch")));
 }
 
 TEST(Rows, SwitchIsMovedStoredAndAnnounced) {
   Settings settings;
-  ASSERT_TRUE(settings.application.set("switch", true));
+  ASSERT_TRUE(settings.application.perform(host::Set{"switch", true}));
   EXPECT_TRUE(control<uikit::Switch>(settings, "switch").isOn());
   EXPECT_EQ(settings.stored("switch"), plist::Value(true));
   EXPECT_THAT(settings.darwin.posted, ElementsAre("changed"));
@@ -108,62 +105,66 @@ TEST(Rows, SwitchIsMovedStoredAndAnnounced) {
 
 TEST(Rows, SwitchTakesNoNumber) {
   Settings settings;
-  EXPECT_EQ(refusalOf(settings.application.set("switch", 1)), RefusalCode::BadValue);
+  EXPECT_EQ(refusalOf(settings.application.perform(host::Set{"switch", 1})), RefusalCode::BadValue);
   EXPECT_TRUE(settings.stored("switch").isNothing());
   EXPECT_FALSE(control<uikit::Switch>(settings, "switch").isOn());
 }
 
 TEST(Rows, SliderStoresARealAlsoForAnInteger) {
   Settings settings;
-  ASSERT_TRUE(settings.application.set("slider", 50));
+  ASSERT_TRUE(settings.application.perform(host::Set{"slider", 50}));
   EXPECT_EQ(settings.stored("slider"), plist::Value(50.0));
   EXPECT_EQ(control<uikit::Slider>(settings, "slider").value(), 50.0f);
 }
 
 TEST(Rows, SliderKeepsToItsRange) {
   Settings settings;
-  EXPECT_TRUE(settings.application.set("slider", 0.5));
-  EXPECT_TRUE(settings.application.set("slider", 100.0));
+  EXPECT_TRUE(settings.application.perform(host::Set{"slider", 0.5}));
+  EXPECT_TRUE(settings.application.perform(host::Set{"slider", 100.0}));
   for (const plist::Value& value : {plist::Value(0.49), plist::Value(100.1), plist::Value(true),
                                     plist::Value("50"), plist::Value(0.0 / 0.0)})
-    EXPECT_EQ(refusalOf(settings.application.set("slider", value)), RefusalCode::BadValue);
+    EXPECT_EQ(refusalOf(settings.application.perform(host::Set{"slider", value})),
+              RefusalCode::BadValue);
   EXPECT_EQ(settings.stored("slider"), plist::Value(100.0));
 }
 
 TEST(Rows, TextRowTakesText) {
   Settings settings;
-  ASSERT_TRUE(settings.application.set("text", "words"));
+  ASSERT_TRUE(settings.application.perform(host::Set{"text", "words"}));
   EXPECT_EQ(settings.stored("text"), plist::Value("words"));
   EXPECT_EQ(control<uikit::TextField>(settings, "text").text, "words");
-  EXPECT_EQ(refusalOf(settings.application.set("text", 5)), RefusalCode::BadValue);
+  EXPECT_EQ(refusalOf(settings.application.perform(host::Set{"text", 5})), RefusalCode::BadValue);
 }
 
 TEST(Rows, SegmentTakesAChoiceByValueAndStoresItAsTheListHasIt) {
   Settings settings;
-  ASSERT_TRUE(settings.application.set("segment", 1.0));
+  ASSERT_TRUE(settings.application.perform(host::Set{"segment", 1.0}));
   EXPECT_EQ(settings.stored("segment"), plist::Value(1));
   EXPECT_EQ(control<uikit::SegmentedControl>(settings, "segment").selectedSegmentIndex, 1);
-  EXPECT_EQ(refusalOf(settings.application.set("segment", 2)), RefusalCode::BadValue);
-  EXPECT_EQ(refusalOf(settings.application.set("segment", "1")), RefusalCode::BadValue);
+  EXPECT_EQ(refusalOf(settings.application.perform(host::Set{"segment", 2})),
+            RefusalCode::BadValue);
+  EXPECT_EQ(refusalOf(settings.application.perform(host::Set{"segment", "1"})),
+            RefusalCode::BadValue);
 }
 
 TEST(Rows, RowOfChoicesAsksItsSourcesBeforeItIsSet) {
   Settings settings;
-  EXPECT_EQ(refusalOf(settings.application.set("list", 7)), RefusalCode::BadValue);
+  EXPECT_EQ(refusalOf(settings.application.perform(host::Set{"list", 7})), RefusalCode::BadValue);
   dynamic_cast<sample::ListPage&>(*settings.application.shownPage()).choiceValues = {7};
-  ASSERT_TRUE(settings.application.set("list", 7));
+  ASSERT_TRUE(settings.application.perform(host::Set{"list", 7}));
   EXPECT_EQ(settings.stored("list"), plist::Value(7));
 }
 
 TEST(Rows, RowsWithoutAValueTakeNone) {
   Settings settings;
   for (const char* row : {"group", "link", "button"})
-    EXPECT_EQ(refusalOf(settings.application.set(row, true)), RefusalCode::BadValue) << row;
+    EXPECT_EQ(refusalOf(settings.application.perform(host::Set{row, true})), RefusalCode::BadValue)
+        << row;
 }
 
 TEST(Rows, SetterMayReloadTheRowsUnderIt) {
   Settings settings;
-  ASSERT_TRUE(settings.application.set("reloading", true));
+  ASSERT_TRUE(settings.application.perform(host::Set{"reloading", true}));
   EXPECT_EQ(settings.stored("reloading"), plist::Value(true));
   EXPECT_TRUE(settings.row("reloading").isBuilt());
   EXPECT_TRUE(control<uikit::Switch>(settings, "reloading").isOn());
@@ -174,8 +175,8 @@ TEST(Rows, ChoicesAreWhatTheSourcesYieldNow) {
   dynamic_cast<sample::ListPage&>(*settings.application.shownPage()).choiceValues = {4, 5};
   const auto choices = settings.application.choices("list");
   ASSERT_TRUE(choices);
-  EXPECT_EQ(choices->values, (plist::Array{4, 5}));
-  EXPECT_THAT(choices->titles, ElementsAre("number 4", "number 5"));
+  EXPECT_EQ((*choices)->values, (plist::Array{4, 5}));
+  EXPECT_THAT((*choices)->titles, ElementsAre("number 4", "number 5"));
 }
 
 TEST(Rows, ChoicesOfARowWithoutAny) {
@@ -186,14 +187,14 @@ TEST(Rows, ChoicesOfARowWithoutAny) {
 
 TEST(Rows, ButtonRunsItsActionWithItselfWhereItTakesASender) {
   Settings settings;
-  ASSERT_TRUE(settings.application.tap("button"));
-  ASSERT_TRUE(settings.application.tap("buttonfor"));
+  ASSERT_TRUE(settings.application.perform(host::Tap{"button"}));
+  ASSERT_TRUE(settings.application.perform(host::Tap{"buttonfor"}));
   EXPECT_THAT(events, ElementsAre("First act", "First actFor buttonfor"));
 }
 
 TEST(Rows, TapOnASwitchRowDoesNothing) {
   Settings settings;
-  ASSERT_TRUE(settings.application.tap("switch"));
+  ASSERT_TRUE(settings.application.perform(host::Tap{"switch"}));
   EXPECT_TRUE(settings.stored("switch").isNothing());
   EXPECT_EQ(settings.application.pages().size(), 1u);
 }

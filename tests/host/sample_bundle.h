@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "host/settings_application.h"
+#include "host/application.h"
 #include "prefs/pages/DependentListController.h"
 #include "tests/support/environment.h"
 
@@ -96,11 +96,11 @@ class Device : public testing_support::TestDevice {
 class Settings : public Device {
  public:
   explicit Settings(int viewport = 100) : application(environment, viewport) {
-    application.launch();
+    static_cast<void>(application.perform(host::Launch{}));
     events.clear();
   }
 
-  host::SettingsApplication application;
+  host::Application application;
 
   preferences::PSSpecifier& row(const std::string& id) { return **application.row(id); }
   plist::Value stored(std::string_view key) {

@@ -8,7 +8,7 @@ namespace {
 using host::Failure;
 
 struct RealXml : testing_support::NoXml {
-  platform::Result<plist::Value, std::string> read(plist::Bytes bytes) override {
+  platform::Result<plist::Value> read(plist::Bytes bytes) override {
     return services::readXml(bytes);
   }
 };
@@ -48,8 +48,9 @@ TEST(ImportErrors, OfABinaryArchiveHoldOffsetsInTheFileItself) {
   RealXml xml;
   const auto direct = archive::unarchive(whole);
   ASSERT_FALSE(direct);
-  EXPECT_NE(direct.error().message().find("at byte"), std::string::npos) << direct.error().message();
-  EXPECT_EQ(failureOf(text), "no keyed archive: " + direct.error().message());
+  EXPECT_NE(direct.error().message().find("at byte"), std::string::npos)
+      << direct.error().message();
+  EXPECT_EQ(failureOf(text), "not a keyed archive: " + direct.error().message());
 }
 
 TEST(ImportErrors, OfBrokenXmlNameItsLine) {

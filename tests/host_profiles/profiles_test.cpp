@@ -87,8 +87,7 @@ TEST_F(HostProfiles, AFileIsAgainWhatItWasWhenTheDomainCannotBeWritten) {
   const auto before = file("7");
   for (const char* id : {"7", "8"}) {
     calls().failRename = 2;  // the profile's, then the domain's
-    EXPECT_EQ(failureOf(profiles.save(trigger(id), Existing::Overwrite)).reason,
-              Failure::Failed);
+    EXPECT_EQ(failureOf(profiles.save(trigger(id), Existing::Overwrite)).reason, Failure::Failed);
   }
   EXPECT_EQ(file("7"), before);
   EXPECT_FALSE(device.root.hasEntry(prefs::profilePath(8)));
@@ -108,8 +107,7 @@ TEST_F(HostProfiles, ALinkThatCannotComeBackIsNamed) {
 
 TEST_F(HostProfiles, ASaveAndAnImportOverwriteNoFolder) {
   std::filesystem::create_directories(device.at(prefs::profilePath(7)) / "inner");
-  EXPECT_EQ(failureOf(profiles.save(trigger("7"), Existing::Overwrite)).reason,
-            Failure::Failed);
+  EXPECT_EQ(failureOf(profiles.save(trigger("7"), Existing::Overwrite)).reason, Failure::Failed);
   const auto list = *plist::writeBinary(plist::Dictionary{{"profilepercentage", "7"}});
   const auto failure = failureOf(profiles.import(list, Existing::Overwrite));
   EXPECT_EQ(failure.reason, Failure::Failed);
@@ -126,8 +124,7 @@ TEST_F(HostProfiles, RemovesAFolderOnlyWhenAsked) {
   EXPECT_TRUE(std::filesystem::is_directory(device.at(prefs::profilePath(7)) / "inner"));
   EXPECT_TRUE(profiles.remove(trigger("7"), Folders::Remove));
   EXPECT_FALSE(device.root.hasEntry(prefs::profilePath(7)));
-  EXPECT_EQ(failureOf(profiles.remove(trigger("7"), Folders::Remove)).reason,
-            Failure::NotFound);
+  EXPECT_EQ(failureOf(profiles.remove(trigger("7"), Folders::Remove)).reason, Failure::NotFound);
 }
 
 TEST_F(HostProfiles, LoadsWithTheAnnouncementsOfThePage) {
@@ -137,7 +134,7 @@ TEST_F(HostProfiles, LoadsWithTheAnnouncementsOfThePage) {
   EXPECT_EQ(device.stored("wifi"), Value(2));
   EXPECT_EQ(device.stored("profileactive"), Value(0.0f));
   EXPECT_EQ(device.events,
-            (Calls{"darwin com.zorvek.quorvantis.prefs",
+            (Calls{"darwin com.zorvek.quorvantis.profile", "darwin com.zorvek.quorvantis.prefs",
                    "local com.zorvek.quorvantis.reloadSpecifiers ProfilesListController"}));
 }
 

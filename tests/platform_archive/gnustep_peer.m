@@ -1,7 +1,8 @@
-/* gnustep_peer IN OUT - what GNUstep makes of a batch of keyed archives.
+/* gnustep_peer FORM IN OUT - what GNUstep makes of a batch of keyed archives (FORM "archive") or
+ * binary property lists ("plist").
  *
- * For each of IN two entries go to OUT: the value as a line (see dump.h), and what GNUstep archives
- * for it. A batch holds byte strings, each after its length (4 bytes, big-endian). */
+ * For each of IN two entries go to OUT: the value as a line (see dump.h), and what GNUstep writes
+ * for it, an archive in either case. A batch holds byte strings, each after its length (4 bytes, big-endian). */
 #import <Foundation/Foundation.h>
 
 static void addBytes(NSMutableString *text, NSData *data)
@@ -84,6 +85,16 @@ static NSData *archive(id value)
     return data;
 }
 
+static id read(const char *form, NSData *data)
+{
+    if (strcmp(form, "archive") == 0) return [NSKeyedUnarchiver unarchiveObjectWithData: data];
+    NSError *error = nil;
+    id value = [NSPropertyListSerialization propertyListWithData: data options: 0 format: NULL
+                                                           error: &error];
+    if (value == nil) [NSException raise: @"property list" format: @"%@", error];
+    return value;
+}
+
 static void put(FILE *file, NSData *data)
 {
     for (int shift = 24; shift >= 0; shift -= 8) fputc([data length] >> shift & 255, file);
@@ -93,10 +104,10 @@ static void put(FILE *file, NSData *data)
 int main(int argc, char **argv)
 {
     NSAutoreleasePool *pool = [NSAutoreleasePool new];
-    if (argc != 3) return 2;
-    NSData *batch = [NSData dataWithContentsOfFile: [NSString stringWithUTF8String: argv[1]]];
+    if (argc != 4) return 2;
+    NSData *batch = [NSData dataWithContentsOfFile: [NSString stringWithUTF8String: argv[2]]];
     const unsigned char *bytes = [batch bytes];
-    FILE *out = fopen(argv[2], "wb");
+    FILE *out = fopen(argv[3], "wb");
     for (NSUInteger at = 0; at + 4 <= [batch length];) {
         NSAutoreleasePool *inner = [NSAutoreleasePool new];
         NSUInteger size = 0;
@@ -106,7 +117,7 @@ int main(int argc, char **argv)
         NSMutableString *text = [NSMutableString string];
         NSData *written = [NSData data];
         @try {
-            id value = [NSKeyedUnarchiver unarchiveObjectWithData: data];
+            id value = read(argv[1], data);
             add(text, value);
             written = archive(value);
         } @catch (NSException *exception) {

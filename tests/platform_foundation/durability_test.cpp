@@ -164,6 +164,17 @@ TEST_F(Durability, FlushThatFailsIsToldAndTriedAgain) {
   EXPECT_THAT(takeLog(), SizeIs(2));
 }
 
+TEST_F(Durability, SetWhoseLockFileCanNotBeLookedAtFailsAtOnce) {
+  storeElsewhere("a", 1);
+  systemCalls().failFstat = true;
+  const auto set = preferences.setAppValue("a", 2, kDomain);
+  systemCalls().failFstat = false;
+  ASSERT_FALSE(set);
+  EXPECT_EQ(set.error().message(),
+            std::string(kFolder) + "/.com.zorvek.quorvantis.plist.lock: lock: Input/output error");
+  EXPECT_EQ(stored("a"), Value(1));
+}
+
 TEST_F(Durability, RewriteInPlaceWithinATickIsSeen) {
   systemCalls().coarseClock = true;
   storeElsewhere("a", 1);

@@ -114,8 +114,8 @@ TEST_F(DamagedDomain, XmlIsOneWithoutAReader) {
 
 TEST_F(PreferencesTest, XmlIsReadByTheReaderAndWrittenBackAsBinary) {
   folder.write(kFile, "<plist/>");
-  preferences.setXmlReader([](plist::Bytes bytes) -> platform::Result<plist::Value, std::string> {
-    if (textOf(bytes) != "<plist/>") return std::string("line 1: no list");
+  preferences.setXmlReader([](plist::Bytes bytes) -> platform::Result<plist::Value> {
+    if (textOf(bytes) != "<plist/>") return platform::Error{.what = "line 1: no list"};
     return Value(plist::Dictionary{{"theirs", 1}});
   });
   EXPECT_EQ(preferences.copyAppValue("theirs", kDomain), Value(1));
@@ -191,7 +191,7 @@ TEST_F(PreferencesTest, DiskThatIsFullFailsTheSetAndLeavesTheOldFile) {
     setrlimit(RLIMIT_FSIZE, &limit);
     const auto set = preferences.setAppValue("a", 2, kDomain);
     return !set && set.error().code == EFBIG && set.error().path == kFile &&
-           set.error().detail == "write" && problems.size() == 1 &&
+           set.error().what == "write" && problems.size() == 1 &&
            preferences.copyAppValue("a", kDomain) == Value(1);
   })));
   EXPECT_EQ(folder.contents(kFile), before);

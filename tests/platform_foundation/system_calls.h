@@ -5,7 +5,7 @@
 #include <vector>
 
 // The library's fsync, renameat and fstat pass through here: the first two are noted in order, by
-// file name, and fail when told to.
+// file name, and all fail on request.
 namespace foundation::test {
 
 struct SystemCalls {
@@ -13,6 +13,7 @@ struct SystemCalls {
   int failFsync = 0;             // which one from now fails with EIO: 1 the next, 0 none
   int failRename = 0;
   std::function<void()> atNextFsync;  // what another process does just before it
+  bool failFstat = false;             // each of them, with EIO
   bool coarseClock = false;           // as if the file system's clock ticked every 2 s
 };
 

@@ -62,5 +62,22 @@ TEST(Utf, ComesBackFromUtf16ForEveryPoint) {
   }
 }
 
+TEST(Utf, TakesABrokenCharacterForTheBytesThatBeginOne) {
+  const auto sizeOfBroken = [](std::string_view text) {
+    const Character first = firstCharacter(text);
+    return first.isValid ? 0 : first.size;
+  };
+  EXPECT_EQ(sizeOfBroken("\x80"), 1u);
+  EXPECT_EQ(sizeOfBroken("\xC3("), 1u);
+  EXPECT_EQ(sizeOfBroken("\xE2\x82"), 2u);
+  EXPECT_EQ(sizeOfBroken("\xE0\x9F\xBF"), 1u);
+  EXPECT_EQ(sizeOfBroken("\xED\xA0\x80"), 1u);
+  EXPECT_EQ(sizeOfBroken("\xF0\x9F\x98x"), 3u);
+  EXPECT_EQ(sizeOfBroken("\xF4\x90\x80\x80"), 1u);
+  EXPECT_EQ(firstCharacter("\xF0\x9F\x98\x80x").point, char32_t{0x1F600});
+  EXPECT_EQ(firstCharacter("\xF0\x9F\x98\x80x").size, 4u);
+  EXPECT_EQ(firstCharacter("\xFF").point, char32_t{0xFFFD});
+}
+
 }  // namespace
 }  // namespace plist

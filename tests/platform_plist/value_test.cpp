@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <limits>
+#include <type_traits>
 
 namespace plist {
 namespace {
@@ -33,6 +34,18 @@ TEST(Value, KeepsTheKindThatItIsMadeOf) {
   EXPECT_EQ(Value(Set()).kind(), Kind::Set);
   EXPECT_EQ(Value(Dictionary()).kind(), Kind::Dictionary);
 }
+
+// A pointer would turn into a boolean.
+static_assert(!std::is_constructible_v<Value, int*>);
+static_assert(!std::is_constructible_v<Value, const void*>);
+static_assert(!std::is_constructible_v<Value, const Value*>);
+static_assert(!std::is_constructible_v<Value, unsigned char*>);
+static_assert(!std::is_constructible_v<Value, int Date::*>);
+static_assert(!std::is_constructible_v<Value, void (*)()>);
+static_assert(!std::is_constructible_v<Value, std::nullptr_t>);
+static_assert(std::is_constructible_v<Value, char*>);
+static_assert(std::is_constructible_v<Value, const char*>);
+static_assert(std::is_constructible_v<Value, const bool&>);
 
 TEST(Value, HasAWordForEveryKind) {
   EXPECT_EQ(describe(Kind::Nothing), "nothing");
@@ -153,6 +166,15 @@ TEST(Value, BecomesAnotherKindInPlace) {
   EXPECT_EQ(value, Value("a"));
   value.become<Dictionary>().set("k", 1);
   EXPECT_EQ(value, Value(Dictionary{{"k", 1}}));
+}
+
+TEST(Value, GivesTheMembersOfAnyContainer) {
+  for (const Value& container :
+       {Value(Array{1, "b"}), Value(Set{{1, "b"}}), Value(Dictionary{{"x", 1}, {"y", "b"}})}) {
+    EXPECT_EQ(container.size(), 2u);
+    EXPECT_EQ(container.member(0), Value(1));
+    EXPECT_EQ(container.member(1), Value("b"));
+  }
 }
 
 TEST(Storable, KeepsTheSevenKindsOfAPropertyList) {

@@ -138,6 +138,21 @@ TEST_F(ListController, AsksDataSourcesAtEachBuildOfTheList) {
   EXPECT_EQ(row("list").values(), (plist::Array{7, 8}));
 }
 
+TEST_F(ListController, DataSourceThatAsksForRowsSeesThoseLoadedSoFar) {
+  page->whenAsked = [this](Page& asked) {
+    EXPECT_TRUE(asked.specifiers().empty());
+    EXPECT_NE(asked.specifierForID("switch"), nullptr);
+    EXPECT_NE(asked.specifierForID("list"), nullptr);
+    EXPECT_EQ(asked.specifierForID("button"), nullptr);
+    asked.reloadSpecifiers();
+  };
+  page->reloadSpecifiers();
+  EXPECT_EQ(page->asked, 2) << "once at first, once for the reload";
+  EXPECT_EQ(page->specifiers().size(), 10u);
+  EXPECT_EQ(row("list").values, (plist::Array{1, 2}));
+  EXPECT_NE(page->specifierForID("button"), nullptr);
+}
+
 TEST_F(ListController, DropsChoicesWithoutAPartner) {
   page->numberValues = {7, 8, 9};
   page->loadChoices(row("list"));

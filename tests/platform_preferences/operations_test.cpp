@@ -76,6 +76,14 @@ TEST_F(OperationsTest, RunOnANotification) {
   EXPECT_EQ(page->acted, 1);
 }
 
+TEST_F(OperationsTest, OfTwoArgumentsAreGivenNilForBothOnANotification) {
+  sample::Device device;
+  auto page = device.page();
+  device.center.addObserver(*page, "act:with:", "ping", nullptr);
+  device.center.postNotificationName("ping", nullptr);
+  EXPECT_EQ(page->acted, 1);
+}
+
 // What a selector says, by its colons, is what its operation takes.
 TEST_F(OperationsTest, OfThePlatformTakeWhatTheirSelectorsSay) {
   for (auto* table : {&preferences::PSListController::ownOperations,

@@ -14,11 +14,15 @@ class Page : public preferences::PSListController {
 
   plist::Array numbers(preferences::PSSpecifier*) {
     ++asked;
+    if (whenAsked) whenAsked(*this);
     return numberValues;
   }
   plist::Array names(preferences::PSSpecifier*) { return {"one", "two"}; }
   void act() { ++acted; }
   void actFor(preferences::PSSpecifier* sender) { actedFor = sender; }
+  void actWith(const plist::Value& first, foundation::Object* second) {
+    if (first.isNothing() && !second) ++acted;
+  }
   void setValueForSpecifier(const plist::Value& value, preferences::PSSpecifier* specifier) {
     ++setterCalls;
     setPreferenceValueSpecifier(value, specifier);
@@ -29,6 +33,7 @@ class Page : public preferences::PSListController {
   }
 
   plist::Array numberValues{1, 2};
+  std::function<void(Page&)> whenAsked;
   int asked = 0, acted = 0, setterCalls = 0;
   preferences::PSSpecifier* actedFor = nullptr;
 
@@ -36,11 +41,9 @@ class Page : public preferences::PSListController {
   inline static const preferences::Operations ownOperations{
       []() -> preferences::OperationTable {
         return {
-            {"numbers:", &Page::numbers},
-            {"names:", &Page::names},
-            {"act", &Page::act},
-            {"actFor:", &Page::actFor},
-            {"setValue:forSpecifier:", &Page::setValueForSpecifier},
+            {"numbers:", &Page::numbers},  {"names:", &Page::names},
+            {"act", &Page::act},           {"actFor:", &Page::actFor},
+            {"act:with:", &Page::actWith}, {"setValue:forSpecifier:", &Page::setValueForSpecifier},
             {"shout:", &Page::shout},
         };
       },

@@ -34,6 +34,16 @@ TEST(View, IsFreedWhenItLeavesItsOnlyHolder) {
   EXPECT_TRUE(watch.expired());
 }
 
+TEST(View, OutlivesItsSuperview) {
+  auto root = std::make_shared<View>(), next = std::make_shared<View>(),
+       child = std::make_shared<View>();
+  root->addSubview(child);
+  root.reset();
+  child->removeFromSuperview();
+  next->addSubview(child);
+  EXPECT_EQ(next->subviews().size(), 1u);
+}
+
 TEST(Slider, KeepsItsValueWithinItsRange) {
   Slider slider;
   slider.setRange(10, 20);

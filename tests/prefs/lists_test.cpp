@@ -47,8 +47,8 @@ TEST(Lists, HoldEachSettingOfAProfileOnceWithItsDefaultAndItsKind) {
   }
 }
 
-// What a selector says, by its colons, is what its operation takes.
-TEST(Lists, ComeWithPagesWhoseOperationsTakeWhatTheirSelectorsSay) {
+// An operation takes as many arguments as its selector has colons.
+TEST(Lists, HavePagesWhoseOperationsTakeAsManyArgumentsAsTheirSelectorsHaveColons) {
   for (const auto& page : prefs::bundle().pages)
     for (const auto& operation : page.operations->own())
       EXPECT_EQ(std::ranges::count(operation.selector(), ':'), operation.arity())

@@ -95,6 +95,30 @@ TEST_F(SingleValueWriteTest, StoresThenPostsInProcessThenAcross) {
             (std::vector<std::string>{"local preview none", "darwin post none"}));
 }
 
+// Notes a cross-process post among the system calls.
+struct LoggingDarwin : platform::DarwinNotificationCenter {
+  void post(std::string_view name) override {
+    foundation::test::systemCalls().log.push_back("darwin " + std::string(name));
+  }
+};
+
+TEST_F(SingleValueWriteTest, FlushesBeforeItsTwoPosts) {
+  auto& log = foundation::test::systemCalls().log;
+  write({"color", "test.domain", {}, {}});  // makes the folders and the file
+  device.center.setWitness(
+      [&](const foundation::Notification& posted) { log.push_back("local " + posted.name); });
+  LoggingDarwin darwin;
+  auto& own = device.environment;
+  preferences::Environment environment{
+      own.root, own.preferences, own.defaultCenter, own.mainQueue, darwin,    own.collator,
+      own.urls, own.addressBook, own.sounds,        own.xml,       own.bundle};
+  log.clear();
+  singleValueWriteWithNotification(environment, {"color", "test.domain", "preview", "post"},
+                                   "none");
+  EXPECT_EQ(log, (std::vector<std::string>{"rename * test.domain.plist", "fsync test.domain.plist",
+                                           "fsync Preferences", "local preview", "darwin post"}));
+}
+
 TEST_F(SingleValueWriteTest, WithoutNotificationsStoresAndPostsNothing) {
   EXPECT_TRUE(write({"color", "test.domain", {}, {}}).empty());
   EXPECT_EQ(onDisk("color", "test.domain"), plist::Value("none"));

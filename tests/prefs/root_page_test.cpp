@@ -56,7 +56,12 @@ TEST_F(RootPage, AddsNothingForAnEmptyDescription) {
   EXPECT_EQ(titles(), (Array{"Battery 7%"}));
 }
 
-TEST_F(RootPage, AddsNothingForADescriptionThatIsNoText) {
+TEST_F(RootPage, AddsADescriptionOfBlanksOnly) {
+  seed::profile(device, "7", "  ");
+  EXPECT_EQ(titles(), (Array{"Battery 7% -   "}));
+}
+
+TEST_F(RootPage, AddsNothingForADescriptionThatIsNotText) {
   seed::profile(device, "7", 5);
   EXPECT_EQ(titles(), (Array{"Battery 7%"}));
 }
@@ -84,7 +89,7 @@ TEST_F(RootPage, TitlesAProfileWithoutATriggerAsNull) {
   EXPECT_EQ(titles(), (Array{"Battery (null)%"}));
 }
 
-TEST_F(RootPage, ListsAWholeArchiveThatHoldsNoDictionary) {
+TEST_F(RootPage, ListsAWholeArchiveThatIsNotADictionary) {
   seed::archive(device, "profile_1.qvx", Array{"x"});
   EXPECT_EQ(paths().size(), 1u);
   EXPECT_EQ(titles(), (Array{"Battery (null)%"}));
@@ -95,7 +100,7 @@ TEST_F(RootPage, TitlesANumberByItsDecimalText) {
   EXPECT_EQ(titles(), (Array{"Battery 20%"}));
 }
 
-TEST_F(RootPage, LeavesOutWhatIsNoKeyedArchiveFromBothLists) {
+TEST_F(RootPage, LeavesOutWhatIsNotAKeyedArchiveFromBothLists) {
   seed::profile(device, "5");
   std::string folder = device.folder.path() + std::string(kDocuments);
   seed::write(device, "profile_1.qvx", {'j', 'u', 'n', 'k'});
@@ -128,7 +133,7 @@ TEST_F(RootPage, ShowsTheLastStoredLogEntryFirst) {
   EXPECT_EQ(page->batteryLogTitlesDataFromTarget(nullptr), (Array{"C", "B", "A"}));
 }
 
-TEST_F(RootPage, ShowsNoLogThatIsUnreadableOrNoArray) {
+TEST_F(RootPage, ShowsNoLogThatIsUnreadableOrNotAnArray) {
   seed::write(device, "quorvantis.log", {'x'});
   EXPECT_TRUE(log().empty());
   seed::archive(device, "quorvantis.log", "text");
@@ -137,9 +142,18 @@ TEST_F(RootPage, ShowsNoLogThatIsUnreadableOrNoArray) {
 
 TEST_F(RootPage, DoesNotSplitFilterOrLimitTheLog) {
   Array entries;
-  for (int i = 0; i < 5000; ++i) entries.push_back("line\n" + std::to_string(i % 7));
+  for (int i = 0; i < 20'000; ++i) entries.push_back("line\n" + std::to_string(i % 7));
   seed::archive(device, "quorvantis.log", entries);
-  EXPECT_EQ(log().size(), 5000u);
+  std::ranges::reverse(entries);
+  EXPECT_EQ(log(), entries);
+  EXPECT_EQ(page->batteryLogTitlesDataFromTarget(nullptr), entries);
+}
+
+TEST_F(RootPage, KeepsLogEntriesThatAreNotText) {
+  const Array entries{"A", 5, true, 2.5, "", Array{"B"}, plist::Dictionary{{"c", "D"}}};
+  seed::archive(device, "quorvantis.log", entries);
+  EXPECT_EQ(log(), Array(entries.rbegin(), entries.rend()));
+  EXPECT_EQ(page->batteryLogTitlesDataFromTarget(nullptr), log());
 }
 
 TEST_F(RootPage, OpensTheFirstInstalledClient) {
@@ -155,11 +169,54 @@ TEST_F(RootPage, OpensTheFirstInstalledClient) {
   }
 }
 
-TEST_F(RootPage, OpensTheWebPageWithoutATestAsTheLastResort) {
-  page->followMe(nullptr);
-  ASSERT_EQ(device.urls.opened.size(), 1u);
-  EXPECT_TRUE(device.urls.opened[0].starts_with("https://")) << device.urls.opened[0];
-  EXPECT_TRUE(device.urls.opened[0].ends_with("/zorvek_dev")) << device.urls.opened[0];
+// Notes in order what it is asked.
+struct LoggingUrls : platform::Urls {
+  bool canOpen(std::string_view url) override {
+    log.push_back("can open " + std::string(url));
+    return url == installed;
+  }
+  bool open(std::string_view url) override {
+    log.push_back("open " + std::string(url));
+    return true;
+  }
+  std::string installed;
+  std::vector<std::string> log;
+};
+
+class FollowMe : public RootPage {
+ protected:
+  // What the platform is asked for when this client is installed.
+  std::vector<std::string> callsWith(const std::string& installed) {
+    LoggingUrls urls;
+    urls.installed = installed;
+    auto& own = device.environment;
+    preferences::Environment environment{
+        own.root, own.preferences, own.defaultCenter, own.mainQueue, own.darwinCenter, own.collator,
+        urls,     own.addressBook, own.sounds,        own.xml,       own.bundle};
+    std::make_shared<quorvantisprefsListController>(environment)->followMe(nullptr);
+    return urls.log;
+  }
+};
+
+TEST_F(FollowMe, AsksForTheClientsInOrderAndStopsAtTheFirstThatCan) {
+  EXPECT_EQ(
+      callsWith("tweetbot:"),
+      (std::vector<std::string>{"can open tweetbot:", "open tweetbot:///user_profile/zorvek_dev"}));
+  EXPECT_EQ(callsWith("tweetings:"),
+            (std::vector<std::string>{
+                "can open tweetbot:", "can open twitterrific:", "can open tweetings:",
+                "open tweetings:///user?screen_name=zorvek_dev"}));
+}
+
+TEST_F(FollowMe, OpensTheWebPageWithoutAskingAsTheLastResort) {
+  auto calls = callsWith("https:");
+  ASSERT_EQ(calls.size(), 5u);
+  const std::string opened = calls.back();
+  calls.pop_back();
+  EXPECT_EQ(calls, (std::vector<std::string>{"can open tweetbot:", "can open twitterrific:",
+                                             "can open tweetings:", "can open twitter:"}));
+  EXPECT_TRUE(opened.starts_with("open https://")) << opened;
+  EXPECT_TRUE(opened.ends_with("/zorvek_dev")) << opened;
 }
 
 TEST_F(RootPage, DonatesOnASecurePageWithAHostedButton) {
@@ -218,11 +275,11 @@ TEST_F(RootPage, RebuildsByItsOwnAction) {
   EXPECT_EQ(page->specifierForID("savedprofiles")->titles().size(), 1u);
 }
 
-TEST_F(RootPage, StopsObservingWhenItGoes) {
+TEST_F(RootPage, StopsObservingWhenItIsDestroyed) {
   struct Storage {
     alignas(CountingPage) std::byte bytes[sizeof(CountingPage)];
   } storage;
-  // Held by nobody, so the centre can't see by itself that it is gone.
+  // Owned by no shared pointer, so the center can't see by itself that it is destroyed.
   auto* counting = new (&storage) CountingPage(device.environment);
   counting->viewDidLoad();
   counting->~CountingPage();

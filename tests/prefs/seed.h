@@ -20,7 +20,7 @@ inline void write(testing_support::TestDevice& device, const std::string& name,
              static_cast<std::streamsize>(bytes.size()));
 }
 
-// A file where the profiles' folder goes, so that none can be written.
+// A file in place of the profiles' folder, so that no profile can be written.
 inline void noFolder(testing_support::TestDevice& device) {
   const std::filesystem::path folder = device.folder.path() + std::string(prefs::kDocuments);
   const std::filesystem::path name = folder.parent_path();  // without the slash

@@ -18,7 +18,7 @@ TEST(ColorFromHexString, TakesDigitsOfEitherCase) {
   EXPECT_EQ(colorFromHexString("#ffffff"), (Color{1, 1, 1, 1}));
 }
 
-TEST(ColorFromHexString, MakesBlackOfWhatIsNoHexColor) {
+TEST(ColorFromHexString, MakesBlackOfWhatIsNotAHexColor) {
   for (auto text : {"none", "custom", "#", "x", "##", "#xyz"})
     EXPECT_EQ(colorFromHexString(text), kBlack) << text;
 }
@@ -48,7 +48,7 @@ TEST(ColorFromHexString, DropsTheTopByteOfEightDigits) {
 TEST(ColorFromHexString, MakesWhiteOfMoreThanEightDigits) {
   EXPECT_EQ(colorFromHexString("#123456789"), (Color{1, 1, 1, 1}));
   EXPECT_EQ(colorFromHexString("#000123456"), Color::fromBytes(0x12, 0x34, 0x56))
-      << "leading zeros are no digits too many";
+      << "leading zeros don't count";
 }
 
 TEST(ColorFromHexString, PassesOverWhiteSpaceAndAPrefix) {

@@ -53,7 +53,7 @@ TEST(HexScan, SaturatesByValue) {
 
 TEST(HexScan, DoesNotCountLeadingZeros) {
   EXPECT_EQ(scan("00000000FF"), 0xFFu);
-  EXPECT_EQ(scan(std::string(1000, '0') + "FF"), 0xFFu);
+  EXPECT_EQ(scan(std::string(1000, '0').append("FF")), 0xFFu);
 }
 
 TEST(HexScan, KnowsAsciiDigitsOnly) {
@@ -66,7 +66,8 @@ TEST(HexScan, CountsLocationsInUtf16Units) {
   EXPECT_EQ(scanHexInt("\u00E9FF", 1), 0xFFu);
   EXPECT_EQ(scanHexInt("\u20ACFF", 1), 0xFFu);
   EXPECT_EQ(scanHexInt("\U0001F600FF", 2), 0xFFu);
-  EXPECT_EQ(scanHexInt("\U0001F600FF", 1), std::nullopt) << "the second half of a pair is no digit";
+  EXPECT_EQ(scanHexInt("\U0001F600FF", 1), std::nullopt)
+      << "the second half of a pair isn't a digit";
 }
 
 TEST(HexScan, FailsAtTheEndAndPastIt) {
@@ -75,7 +76,7 @@ TEST(HexScan, FailsAtTheEndAndPastIt) {
   EXPECT_EQ(scanHexInt("", 1), std::nullopt);
 }
 
-TEST(HexScan, EndsOnBytesThatAreNoUtf8) {
+TEST(HexScan, EndsOnBytesThatAreNotUtf8) {
   EXPECT_EQ(scanHexInt("\xFF"
                        "12",
                        0),

@@ -3,6 +3,7 @@
 #include "platform/preferences/PSListController.h"
 #include "prefs/colorpicker/ZorvekColorPickerQuorvantisLinkCell.h"
 #include "prefs/core/names.h"
+#include "tests/platform_foundation/system_calls.h"
 #include "tests/support/environment.h"
 
 namespace {
@@ -28,12 +29,12 @@ plist::Dictionary row(std::initializer_list<plist::Dictionary::Entry> more) {
   plist::Dictionary row{{"cell", "PSLinkCell"},
                         {"cellClass", "ZorvekColorPickerQuorvantisLinkCell"},
                         {"id", "color"},
-                        {"label", "Charge colour"}};
+                        {"label", "Charge color"}};
   for (const auto& [key, value] : more) row.set(key, value);
   return row;
 }
 
-// A settings page with one colour row.
+// A settings page with one color row.
 class LinkCell : public testing::Test {
  protected:
   void store(const plist::Value& value) {
@@ -43,7 +44,7 @@ class LinkCell : public testing::Test {
 
   void build(const plist::Dictionary& properties) {
     bytes_ = *plist::writeBinary(
-        plist::Dictionary{{"title", "Colours"}, {"items", plist::Array{properties}}});
+        plist::Dictionary{{"title", "Colors"}, {"items", plist::Array{properties}}});
     lists_[0].bytes = bytes_;
     page_ = std::make_shared<SettingsPage>(device_.environment);
     page_->viewDidLoad();
@@ -81,7 +82,7 @@ class LinkCell : public testing::Test {
 
 TEST_F(LinkCell, HasTheTitleOfItsSetting) {
   buildStored("#007AFF");
-  EXPECT_EQ(cell->textLabel.text, "Charge colour");
+  EXPECT_EQ(cell->textLabel.text, "Charge color");
 }
 
 TEST_F(LinkCell, IsMadeWithBothViewsHidden) {
@@ -182,6 +183,17 @@ TEST_F(LinkCell, DrawsTheSwatchInTheSizeThatTheViewHas) {
   EXPECT_EQ(cell->thumbnailView->frame, (uikit::Rect{286, 12, 30, 20}));
 }
 
+TEST_F(LinkCell, IsLaidOutByItsSuperclassBeforeItReadsTheStore) {
+  buildStored("#007AFF");
+  cell->frame = {0, 0, 768, 61};
+  // So that reading the store has something to flush, which shows when it happens.
+  ASSERT_TRUE(device_.preferences.setAppValue("wifi", true, prefs::kDomain));
+  std::optional<uikit::Rect> atRead;
+  foundation::test::systemCalls().atNextFsync = [&] { atRead = cell->contentView.frame; };
+  cell->layoutSubviews();
+  EXPECT_EQ(atRead, (uikit::Rect{0, 0, 768, 61}));
+}
+
 TEST_F(LinkCell, ShowsTheDefaultWhileNothingIsStored) {
   buildWithDefault("#34495F");
   EXPECT_EQ(swatch(), "#34495F");
@@ -193,7 +205,7 @@ TEST_F(LinkCell, ShowsTheStoredColorRatherThanTheDefault) {
   EXPECT_EQ(label(), "none");
 }
 
-TEST_F(LinkCell, PassesOverAStoredValueThatIsNoText) {
+TEST_F(LinkCell, IgnoresAStoredValueThatIsNotText) {
   for (const plist::Value& odd :
        {plist::Value(5), plist::Value(true), plist::Value(plist::Array{"#FF0000"})}) {
     store(odd);
@@ -210,7 +222,7 @@ TEST_F(LinkCell, ShowsAnEmptyLabelWithNoValueAnywhere) {
   EXPECT_EQ(swatch(), "(hidden)");
 }
 
-TEST_F(LinkCell, TakesNoDefaultThatIsNoText) {
+TEST_F(LinkCell, IgnoresADefaultThatIsNotText) {
   buildWithDefault(5);
   EXPECT_FALSE(cell->selectedColor);
 }
@@ -243,16 +255,16 @@ TEST_F(LinkCell, ReadsTheStoreAtEachLayout) {
   EXPECT_EQ(label(), "(hidden)");
 }
 
-TEST_F(LinkCell, KeepsItsColorWhenNothingIsStoredAnyMore) {
+TEST_F(LinkCell, KeepsItsColorWhenNothingIsStoredAnyLonger) {
   store("#007AFF");
   buildWithDefault("none");
   foundation::Preferences other(device_.root);
   ASSERT_TRUE(other.setAppValue(kKey, {}, prefs::kDomain));
   cell->layoutSubviews();
-  EXPECT_EQ(swatch(), "#007AFF") << "the default is for a cell that never had a colour";
+  EXPECT_EQ(swatch(), "#007AFF") << "the default is for a cell that never had a color";
 }
 
-TEST_F(LinkCell, KeepsItsColorWhenWhatIsStoredIsNoTextAnyMore) {
+TEST_F(LinkCell, KeepsItsColorWhenTheStoredValueIsNoLongerText) {
   buildStored("#007AFF");
   store(5);
   cell->layoutSubviews();

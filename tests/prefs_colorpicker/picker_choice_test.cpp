@@ -16,6 +16,28 @@ TEST_F(PickerChoice, TicksTheTappedRowInPlaceOfTheOther) {
   EXPECT_EQ(page->selectedColor, plist::Value("#34AADC"));
 }
 
+// Seen on a row that was ticked last but shows no tick: it loses the old tick, then gets the new.
+TEST_F(PickerChoice, RemovesTheOldTickBeforeItSetsTheNew) {
+  openWith("#007AFF");
+  cell(kSystemBlue)->accessory = uikit::Accessory::None;
+  tap(kSystemBlue);
+  EXPECT_TRUE(ticked(kSystemBlue));
+}
+
+TEST_F(PickerChoice, IsTheSelectedColorBeforeItIsAnnounced) {
+  openWith("#FF9501");
+  page->table()->show(0, 61);
+  std::vector<plist::Value> selected;
+  device.center.setWitness(
+      [&](const foundation::Notification&) { selected.push_back(page->selectedColor); });
+  tap(kMocha);  // a preset, which moves the sliders
+  slider(201)->drag(1);
+  tap(kCustom);
+  slider(201)->drag(2);
+  slider(201)->endTracking();
+  EXPECT_EQ(selected, (std::vector<plist::Value>{"#804000", "#014000", "#024000"}));
+}
+
 TEST_F(PickerChoice, StoresTheHexUnderTheRowsKey) {
   openWith("none");
   tap(kSystemBlue);
@@ -136,8 +158,8 @@ TEST_F(PickerChoice, OfAPresetTakesTheTickFromTheCustomRow) {
   EXPECT_EQ(events.size(), 2u);
 }
 
-// The mixed colour became a preset's, whose row was made since: the tick of that row goes, and the
-// custom row, ticked still, stores the colour that its sliders take.
+// The mixed color became a preset's, whose row was made since: that row loses its tick, and the
+// custom row, ticked still, stores the color that its sliders take.
 TEST_F(PickerChoice, OfAPresetIsAnnouncedTwiceWhileTheCustomRowStaysTicked) {
   openWith("#007AFE", kCustomOnScreen);
   slider(203)->drag(255);
@@ -180,7 +202,7 @@ TEST_F(PickerChoice, OfTheCustomRowStoresTheWordThatItShows) {
   EXPECT_EQ(stored(), plist::Value("none"));
 }
 
-TEST_F(PickerChoice, IsTakenFromAColorThatIsNoText) {
+TEST_F(PickerChoice, ReplacesAColorThatIsNotText) {
   openWith(5);
   tap(kSystemBlue);
   EXPECT_EQ(stored(), plist::Value("#007AFF"));
@@ -212,7 +234,7 @@ TEST_F(PickerChoice, SynchronisesTheDomainEvenWithoutAKey) {
             (std::vector<std::string>{"fsync com.zorvek.quorvantis.plist", "fsync Preferences"}));
 }
 
-TEST_F(PickerChoice, IsStoredInSilenceWithoutNotifications) {
+TEST_F(PickerChoice, IsStoredAndNotAnnouncedWithoutNotifications) {
   open({{"key", kKey}, {"defaults", prefs::kDomain}});
   tap(kSystemBlue);
   EXPECT_EQ(stored(), plist::Value("#007AFF"));

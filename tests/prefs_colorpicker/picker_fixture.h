@@ -15,20 +15,20 @@ inline constexpr std::string_view kPost = "com.zorvek.quorvantis.prefs";
 inline constexpr std::string_view kPreview = "com.zorvek.quorvantis.preview";
 inline const preferences::Bundle kNoBundle{};
 
-// A notification, and the colour that another process would read from the store at that moment.
+// A notification, and the color that another process would read from the store at that moment.
 struct Event {
-  std::string centre, name;
+  std::string center, name;
   plist::Value stored;
   bool operator==(const Event&) const = default;
 };
 inline std::ostream& operator<<(std::ostream& out, const Event& event) {
-  return out << event.centre << " " << event.name << " "
+  return out << event.center << " " << event.name << " "
              << (event.stored.text() ? *event.stored.text() : "-");
 }
 
 // The row that opens the page; each test leaves out or adds what it is about.
 inline plist::Dictionary row(std::initializer_list<plist::Dictionary::Entry> more = {}) {
-  plist::Dictionary properties{{"label", "Charge colour"},
+  plist::Dictionary properties{{"label", "Charge color"},
                                {"key", kKey},
                                {"defaults", prefs::kDomain},
                                {"PostNotification", kPost},

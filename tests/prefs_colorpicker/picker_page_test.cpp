@@ -29,7 +29,7 @@ TEST_F(PickerPage, HasNoTableBeforeItsViewIsLoaded) {
 
 TEST_F(PickerPage, IsTitledByTheRowThatOpenedIt) {
   open(row());
-  EXPECT_EQ(page->title, "Charge colour");
+  EXPECT_EQ(page->title, "Charge color");
 }
 
 TEST_F(PickerPage, TakesTheSettingFromTheRow) {
@@ -49,7 +49,7 @@ TEST_F(PickerPage, LeavesUnsetWhatTheRowDoesNotSay) {
   EXPECT_TRUE(page->selectedColor.isNothing());
 }
 
-TEST_F(PickerPage, CanBeOpenedByNoRowAtAll) {
+TEST_F(PickerPage, CanBeOpenedWithoutARow) {
   page = std::make_shared<prefs::ZorvekColorPickerQuorvantis>(environment);
   page->loadView();
   page->viewDidLoad();
@@ -70,7 +70,7 @@ TEST_F(PickerPage, AllowsAutomaticUnlessTheRowSaysOtherwise) {
   EXPECT_FALSE(page->allowAutomatic);
 }
 
-TEST_F(PickerPage, ActsNoOtherwiseWithoutAutomatic) {
+TEST_F(PickerPage, IgnoresThatAutomaticIsNotAllowed) {
   store("none");
   open(row({{"allowAutomatic", false}}));
   EXPECT_EQ(page->table()->rowCount(), 61);
@@ -94,6 +94,16 @@ TEST_F(PickerPage, SynchronisesBeforeItReads) {
 TEST_F(PickerPage, TakesTheDefaultWhileNothingIsStored) {
   open(row({{"default", "#34495F"}}));
   EXPECT_EQ(page->selectedColor, plist::Value("#34495F"));
+}
+
+TEST_F(PickerPage, LoadingAgainKeepsTheColorWhileNothingIsStored) {
+  open(row({{"default", "#34495F"}}));
+  page->selectedColor = "#FF9500";
+  page->viewDidLoad();
+  EXPECT_EQ(page->selectedColor, plist::Value("#FF9500"));
+  store("#007AFF");
+  page->viewDidLoad();
+  EXPECT_EQ(page->selectedColor, plist::Value("#007AFF"));
 }
 
 TEST_F(PickerPage, ReadsNothingWithoutAKey) {
@@ -161,7 +171,7 @@ TEST_F(PickerPage, HasNoRowBeyondItsPalettes) {
   EXPECT_TRUE(stored().isNothing());
 }
 
-TEST_F(PickerPage, GoesWithItsViews) {
+TEST_F(PickerPage, IsDestroyedWithItsViews) {
   openWith("none", kCustomOnScreen);
   std::weak_ptr<foundation::Object> watch = page;
   page.reset();

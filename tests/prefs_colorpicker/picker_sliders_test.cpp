@@ -33,7 +33,7 @@ TEST_F(PickerSliders, StandInThePanelRedThenGreenThenBlue) {
   }
 }
 
-TEST_F(PickerSliders, GoFrom0To255InTheirOwnColors) {
+TEST_F(PickerSliders, RangeFrom0To255InTheirOwnColors) {
   openWith("#007AFF", kCustomOnScreen);
   const uikit::Color tints[] = {{1, 0, 0, 1}, {0, 1, 0, 1}, {0, 0, 1, 1}};
   for (int i = 0; i < 3; ++i) {
@@ -84,7 +84,7 @@ TEST_F(PickerSliders, StoreNothingWhileDraggedOnATickedCustomRow) {
   EXPECT_TRUE(events.empty());
 }
 
-TEST_F(PickerSliders, StoreWhenLetGoOnATickedCustomRow) {
+TEST_F(PickerSliders, StoreWhenReleasedOnATickedCustomRow) {
   openWith("#FF9501", kCustomOnScreen);
   slider(201)->drag(1);
   slider(201)->endTracking();
@@ -94,7 +94,7 @@ TEST_F(PickerSliders, StoreWhenLetGoOnATickedCustomRow) {
                                         {"darwin", std::string(kPost), "#019501"}}));
 }
 
-TEST_F(PickerSliders, StoreNothingWhenLetGoWhileAPresetIsTicked) {
+TEST_F(PickerSliders, StoreNothingWhenReleasedWhileAPresetIsTicked) {
   openWith("#007AFF", kCustomOnScreen);
   slider(201)->drag(255);
   slider(201)->endTracking();
@@ -103,7 +103,7 @@ TEST_F(PickerSliders, StoreNothingWhenLetGoWhileAPresetIsTicked) {
   EXPECT_TRUE(events.empty());
 }
 
-TEST_F(PickerSliders, StoreWhenLetGoOutsideToo) {
+TEST_F(PickerSliders, StoreWhenReleasedOutsideToo) {
   openWith("#FF9501", kCustomOnScreen);
   slider(203)->drag(2);
   slider(203)->sendActions(uikit::event::kTouchUpOutside);
@@ -127,7 +127,7 @@ TEST_F(PickerSliders, StoreAPresetsColorFromTheTickedCustomRow) {
   show(0);
   EXPECT_TRUE(ticked(kSystemBlue));
   show(kCustomOnScreen);
-  EXPECT_FALSE(ticked(kCustom)) << "made anew, the row is ticked for colours of no palette only";
+  EXPECT_FALSE(ticked(kCustom)) << "made anew, the row is ticked for colors of no palette only";
 }
 
 TEST_F(PickerSliders, DriveAnUnsetColor) {
@@ -208,7 +208,7 @@ TEST_F(PickerSliders, ShowTheirColorOnTheCustomRowThoughANewerCellKeptItsTag) {
   EXPECT_EQ(detail(kCustom), "#FF7AFF");
 }
 
-TEST_F(PickerSliders, StoreWhatIsLetGoOfOnATickedCustomRowAfterAReload) {
+TEST_F(PickerSliders, StoreWhenReleasedOnATickedCustomRowAfterAReload) {
   openWith("#FF7AFF", kCustomOnScreen);
   page->table()->reloadData();
   slider(202)->drag(127.6f);

@@ -44,61 +44,61 @@ TEST(SwatchTest, CountsAPartOfAPixelAsOne) {
 
 struct ControlTest : testing::Test {
   std::shared_ptr<Slider> slider = std::make_shared<Slider>();
-  std::string told;
-  Control::Action tell(char what) {
+  std::string received;
+  Control::Action record(char what) {
     return [this, what](Control& sender) {
       EXPECT_EQ(&sender, slider.get());
-      told += what;
+      received += what;
     };
   }
 };
 
-TEST_F(ControlTest, SendsAnEventToThoseWhoAskedForIt) {
-  slider->addAction(event::kValueChanged, tell('v'));
-  slider->addAction(event::kTouchUpInside | event::kTouchUpOutside, tell('u'));
+TEST_F(ControlTest, SendsAnEventToTheActionsRegisteredForIt) {
+  slider->addAction(event::kValueChanged, record('v'));
+  slider->addAction(event::kTouchUpInside | event::kTouchUpOutside, record('u'));
   slider->sendActions(event::kValueChanged);
   slider->sendActions(event::kTouchUpInside);
   slider->sendActions(event::kTouchUpOutside);
-  EXPECT_EQ(told, "vuu");
+  EXPECT_EQ(received, "vuu");
 }
 
-TEST_F(ControlTest, ADragTellsOfEachStepAndLettingGoOfItself) {
-  slider->addAction(event::kValueChanged, tell('v'));
-  slider->addAction(event::kTouchUpInside, tell('u'));
+TEST_F(ControlTest, ADragSendsEachStepAndReleasingSendsItsOwnEvent) {
+  slider->addAction(event::kValueChanged, record('v'));
+  slider->addAction(event::kTouchUpInside, record('u'));
   slider->drag(0.5f);
   slider->drag(0.75f);
-  EXPECT_EQ(told, "vv");
+  EXPECT_EQ(received, "vv");
   slider->endTracking();
-  EXPECT_EQ(told, "vvu");
+  EXPECT_EQ(received, "vvu");
   EXPECT_EQ(slider->value(), 0.75f);
 }
 
-TEST_F(ControlTest, ASliderThatIsNotContinuousTellsAtTheEnd) {
+TEST_F(ControlTest, ASliderThatIsNotContinuousSendsAtTheEnd) {
   slider->continuous = false;
-  slider->addAction(event::kValueChanged, tell('v'));
+  slider->addAction(event::kValueChanged, record('v'));
   slider->drag(0.5f);
-  EXPECT_EQ(told, "");
+  EXPECT_EQ(received, "");
   slider->endTracking();
-  EXPECT_EQ(told, "v");
+  EXPECT_EQ(received, "v");
 }
 
-TEST_F(ControlTest, AValueThatTheProgramSetsTellsNobody) {
-  slider->addAction(event::kValueChanged, tell('v'));
+TEST_F(ControlTest, AValueThatTheProgramSetsSendsNothing) {
+  slider->addAction(event::kValueChanged, record('v'));
   slider->setValue(0.5f);
-  EXPECT_EQ(told, "");
+  EXPECT_EQ(received, "");
 }
 
-TEST_F(ControlTest, OutlivesAnActionThatTakesItAway) {
+TEST_F(ControlTest, OutlivesAnActionThatRemovesIt) {
   auto view = std::make_shared<View>();
   view->addSubview(slider);
   Slider* sender = slider.get();
   int calls = 0;
-  auto takeAway = [&](Control&) {
+  auto removeIt = [&](Control&) {
     slider.reset();
     sender->removeFromSuperview();
     ++calls;
   };
-  slider->addAction(event::kValueChanged, takeAway);
+  slider->addAction(event::kValueChanged, removeIt);
   slider->addAction(event::kValueChanged, [&](Control&) { ++calls; });
   sender->sendActions(event::kValueChanged);
   EXPECT_EQ(calls, 2);

@@ -1,6 +1,5 @@
-#include "prefs/pages/ExtrasListController.h"
+#include "prefs/pages/option_pages.h"
 
-#include "platform/preferences/specifier_list.h"
 #include "tests/prefs_profiles/profiles_device.h"
 
 namespace {
@@ -29,15 +28,6 @@ TEST_F(ExtrasPage, HasOneOperation) {
   const auto& own = ExtrasListController::ownOperations.own();
   ASSERT_EQ(own.size(), 1u);
   EXPECT_EQ(own[0].selector(), "specifiers");
-}
-
-TEST_F(ExtrasPage, NamesOnlyClassesAndOperationsThatExist) {
-  const auto& bundle = prefs::bundle();
-  auto list = preferences::readSpecifierList(
-      *plist::readBinary(bundle.list("ExtrasListController")->bytes));
-  ASSERT_TRUE(list);
-  for (auto& error : preferences::validate(*list, ExtrasListController::ownOperations, bundle))
-    ADD_FAILURE() << "row " << error.row << ": " << error.what;
 }
 
 TEST_F(ExtrasPage, HoldsTheScreenshotSwitchWithTheDefaultOfTheTable) {

@@ -1,6 +1,5 @@
 #include "prefs/pages/GeneralSettingsController.h"
 
-#include "platform/preferences/specifier_list.h"
 #include "tests/platform_foundation/system_calls.h"
 #include "tests/prefs_profiles/profiles_device.h"
 
@@ -45,15 +44,6 @@ TEST_F(GeneralPage, DeclaresItsOperationsInOrder) {
           "holdDataFromTarget:", "valueDataFromTarget:", "titlesDataFromTarget:"}));
 }
 
-TEST_F(GeneralPage, NamesOnlyClassesAndOperationsThatExist) {
-  const auto& bundle = prefs::bundle();
-  auto list = preferences::readSpecifierList(
-      *plist::readBinary(bundle.list("GeneralSettingsController")->bytes));
-  ASSERT_TRUE(list);
-  for (auto& error : preferences::validate(*list, GeneralSettingsController::ownOperations, bundle))
-    ADD_FAILURE() << "row " << error.row << ": " << error.what;
-}
-
 TEST_F(GeneralPage, OffersTwoActionsForATapAndForAHold) {
   for (auto selector : {"tapValueDataFromTarget:", "holdValueDataFromTarget:"})
     EXPECT_EQ(list(selector), (Array{200, 201})) << selector;
@@ -89,8 +79,6 @@ TEST_F(GeneralPage, BuildsItsListsAfreshAtEachCall) {
   EXPECT_TRUE(list("titlesDataFromTarget:").empty());
   seed::profile(device, "5");
   EXPECT_EQ(list("titlesDataFromTarget:"), (Array{"Battery 5%"}));
-  page->tapValueDataFromTarget(nullptr).clear();
-  EXPECT_EQ(list("tapValueDataFromTarget:").size(), 2u);
 }
 
 TEST_F(GeneralPage, BindsEachChoiceRowToItsOwnLists) {

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
-#include "prefs/pages/PowerSavingListController.h"
+#include "prefs/pages/option_pages.h"
+#include "tests/platform_foundation/system_calls.h"
 #include "tests/prefs_pages/pages_bundle.h"
 
 // The pattern of pages whose rows depend on one another, on the power-saving page.
@@ -143,6 +144,19 @@ TEST(DependentPage, TheSetterFlushesAllDomains) {
   EXPECT_EQ(own.copyAppValue("seen", "other.domain"), plist::Value(1));
 }
 
+TEST(DependentPage, TheSetterFlushesBeforeItEvaluates) {
+  Page opened;
+  opened.build();
+  auto& governed = opened.cell("custbright");
+  opened.change("wifi", 2);  // makes the folders, which are flushed at once
+  governed.setAlpha(0.5);
+  std::optional<double> atFlush;
+  foundation::test::systemCalls().atNextFsync = [&] { atFlush = governed.alpha(); };
+  opened.change("wifi", 1);
+  EXPECT_EQ(atFlush, 0.5);
+  EXPECT_TRUE(looksDimmed(governed));
+}
+
 struct LookingCenter : platform::DarwinNotificationCenter {
   void post(std::string_view) override { look(); }
   std::function<void()> look;
@@ -192,6 +206,27 @@ TEST(DependentPage, DoesNotEvaluateOnActivationBeforeItAppearedOrAfterItDisappea
   opened.page->viewWillDisappear(false);
   opened.activate();
   EXPECT_TRUE(looksEnabled(opened.cell("custbright")));
+}
+
+TEST(DependentPage, EvaluatesOnAnActivationPostedWithASender) {
+  Page opened;
+  opened.build();
+  opened.page->viewWillAppear(false);
+  opened.device.center.postNotificationName("UIApplicationDidBecomeActiveNotification",
+                                            &opened.row("wifi"));
+  EXPECT_TRUE(looksDimmed(opened.cell("custbright")));
+}
+
+TEST(DependentPage, DisappearingRemovesThePageAsObserverOfThatNotificationOnly) {
+  Page opened;
+  opened.build();
+  opened.device.center.addObserver(*opened.page, "setSliderEnableDisable", "another", nullptr);
+  opened.page->viewWillAppear(false);
+  opened.page->viewWillDisappear(false);
+  opened.activate();
+  EXPECT_TRUE(looksEnabled(opened.cell("custbright")));
+  opened.device.center.postNotificationName("another", nullptr);
+  EXPECT_TRUE(looksDimmed(opened.cell("custbright")));
 }
 
 TEST(DependentPage, DoesNotEvaluateOnAppearingScrollingRedrawingStoringOrDisappearing) {
@@ -259,13 +294,15 @@ TEST(DependentPage, TheScheduledTaskHoldsThePageUntilItHasRun) {
   EXPECT_TRUE(life.expired());
 }
 
-TEST(DependentPage, EvaluatingRowsThatNoLongerExistDoesNothing) {
+TEST(DependentPage, EvaluationLeavesTheRowsBeforeAReloadAlone) {
   Page opened;
   opened.build();
   opened.page->viewWillAppear(false);
+  const auto before = opened.page->specifiers();
+  const auto cell = opened.cell("custbright").shared_from_this();
   opened.page->reloadSpecifiers();
   opened.device.queue.advance(kTenthOfASecond);
-  EXPECT_EQ(opened.page->getCellForID("custbright"), nullptr);
+  EXPECT_TRUE(looksEnabled(dynamic_cast<uikit::TableViewCell&>(*cell)));
 }
 
 TEST(DependentPage, EvaluatesTheRowsOfAReloadedList) {
@@ -307,7 +344,7 @@ TEST(DependentPage, ASwitchThatIsNotBuiltIsOff) {
   EXPECT_TRUE(looksDimmed(opened.cell("custbright")));
 }
 
-TEST(DependentPage, AControlThatIsNoSwitchIsOff) {
+TEST(DependentPage, AControlThatIsNotASwitchIsOff) {
   plist::Value list = readList("PowerSavingListController");
   for (plist::Value& item : *list.dictionary()->find("items")->array())
     if (*item.dictionary()->find("id") == plist::Value("custbrightenabled")) {
@@ -346,7 +383,7 @@ TEST(DependentPage, TheSetterWithoutARowStoresNothingAndEvaluates) {
   EXPECT_TRUE(looksDimmed(opened.cell("custbright")));
 }
 
-TEST(DependentPage, TellsWhichSwitchDimsARow) {
+TEST(DependentPage, NamesTheSwitchThatDimsARow) {
   Page opened;
   opened.build();
   EXPECT_EQ(opened.page->dimmingOf("custbright").by, "");

@@ -69,7 +69,7 @@ TEST_F(DirectoryWalk, EscapesNames) {
   EXPECT_THAT(walk(), ElementsAre("file:///s/a%20b%25%C3%A9%23%3F%3B.caf"));
 }
 
-TEST_F(DirectoryWalk, LinksAreNoFoldersAndNeverEntered) {
+TEST_F(DirectoryWalk, LinksAreNotFoldersAndNeverEntered) {
   file("d/f");
   fs::create_directory_symlink("d", folder_ / "link");
   fs::create_symlink("nowhere", folder_ / "dangling");
@@ -108,7 +108,7 @@ TEST_F(DirectoryWalk, OtherKindsOfFilesAreEntriesToo) {
   EXPECT_THAT(walk(), ElementsAre("file:///s/fifo"));
 }
 
-TEST_F(DirectoryWalk, AnUnreadableFolderIsPassedOver) {
+TEST_F(DirectoryWalk, AnUnreadableFolderIsSkipped) {
   file("closed/f");
   file("open/f");
   fs::permissions(folder_ / "closed", fs::perms::none);
@@ -121,7 +121,7 @@ TEST_F(DirectoryWalk, AnUnreadableFolderIsPassedOver) {
   EXPECT_EQ(urls.size(), readable ? 4u : 3u);
 }
 
-TEST_F(DirectoryWalk, AFolderThatGoesDuringTheWalkIsPassedOver) {
+TEST_F(DirectoryWalk, AFolderRemovedDuringTheWalkIsSkipped) {
   file("d/f");
   std::vector<std::string> urls;
   foundation::walkDirectory(root_, {}, "/s", [&](std::string_view url, bool) {
@@ -178,7 +178,7 @@ TEST_F(DirectoryWalk, ReachesFoldersDeeperThanFilesCanBeOpen) {
   EXPECT_EQ(files, kLevels);
 }
 
-TEST_F(DirectoryWalk, GoesOnInTheFoldersOnTheWayBackUp) {
+TEST_F(DirectoryWalk, ContinuesInTheFoldersOnTheWayBackUp) {
   fs::path at = folder_;
   for (int i = 0; i < 90; ++i) {
     fs::create_directories(at / "d");

@@ -41,13 +41,13 @@ TEST_F(FallbackFolder, ShowsNothingUnderOtherPaths) {
   EXPECT_FALSE(opens("/stereo/bell.oga"));
 }
 
-TEST_F(FallbackFolder, GivesWayToTheRootsOwnFolderEvenAnEmptyOne) {
+TEST_F(FallbackFolder, IsHiddenByTheRootsOwnFolderEvenAnEmptyOne) {
   fs::create_directory(fs::path(temporary_.path()) / "sounds");
   EXPECT_TRUE(opens("/sounds"));
   EXPECT_FALSE(opens("/sounds/stereo/bell.oga"));
 }
 
-TEST_F(FallbackFolder, GivesWayToAFileInItsPlace) {
+TEST_F(FallbackFolder, IsHiddenByAFileInItsPlace) {
   std::ofstream(fs::path(temporary_.path()) / "sounds") << "x";
   EXPECT_FALSE(opens("/sounds/stereo/bell.oga"));
 }

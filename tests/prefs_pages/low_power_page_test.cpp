@@ -1,4 +1,5 @@
-#include "prefs/pages/LowPowerListController.h"
+#include "prefs/keys.h"
+#include "prefs/pages/option_pages.h"
 #include "tests/prefs_pages/pages_bundle.h"
 
 namespace {
@@ -51,16 +52,16 @@ TEST(LowPowerPage, RulesAreInTheOrderOfTheTable) {
   Page opened;
   const auto rules = opened.page->rules();
   ASSERT_EQ(rules.size(), 20u);
-  EXPECT_EQ(rules.front().controllingSwitch, "lowpowercustbrightenabled");
-  EXPECT_EQ(rules.front().dependentRow, "lowpowercustbright");
+  EXPECT_EQ(rules.front().controllingSwitch, prefs::key::lowpowercustbrightenabled);
+  EXPECT_EQ(rules.front().dependentRow, prefs::key::lowpowercustbright);
   EXPECT_EQ(rules.front().effect, prefs::Effect::EnabledWhileOn);
   for (std::size_t i = 0; i < kOptionRows.size(); ++i) {
-    EXPECT_EQ(rules[i + 1].controllingSwitch, "lowpowermodeenabled");
-    EXPECT_EQ(rules[i + 1].dependentRow, kOptionRows[i]);
+    EXPECT_EQ(rules[i + 1].controllingSwitch, prefs::key::lowpowermodeenabled);
+    EXPECT_EQ(std::string_view(rules[i + 1].dependentRow), kOptionRows[i]);
     EXPECT_EQ(rules[i + 1].effect, prefs::Effect::EnabledWhileOff);
   }
-  EXPECT_EQ(rules.back().controllingSwitch, "lowpowermodeenabled");
-  EXPECT_EQ(rules.back().dependentRow, "lowpowercustbright");
+  EXPECT_EQ(rules.back().controllingSwitch, prefs::key::lowpowermodeenabled);
+  EXPECT_EQ(rules.back().dependentRow, prefs::key::lowpowercustbright);
   EXPECT_EQ(rules.back().effect, prefs::Effect::DimmedWhileOn);
 }
 
@@ -90,7 +91,7 @@ TEST(LowPowerPage, TheSliderIsDimmedWhileItsSwitchIsNotBuilt) {
   EXPECT_TRUE(looksDimmed(opened.cell("lowpowercustbright")));
 }
 
-TEST(LowPowerPage, SwitchingTheModeOnDimsEverythingAtOnceAndOffGivesItBack) {
+TEST(LowPowerPage, SwitchingTheModeOnDimsEverythingAtOnceAndOffEnablesIt) {
   Page opened;
   opened.store("lowpowercustbrightenabled", true);
   opened.build();

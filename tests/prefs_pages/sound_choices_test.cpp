@@ -1,12 +1,44 @@
-#include "prefs/pages/sound_choices.h"
+#include "prefs/pages/choice_lists.h"
 
+#include <dirent.h>
 #include <gmock/gmock.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 
 #include "prefs/pages/UserNotificationListController.h"
 #include "tests/prefs_pages/pages_bundle.h"
+
+namespace {
+
+// While this names an entry, a listing doesn't hold the kinds of its entries, and reading the
+// status of that entry fails.
+std::string unreadableEntry;
+
+}  // namespace
+
+extern "C" __attribute__((visibility("default"))) ssize_t getdents64(int folder, void* buffer,
+                                                                     size_t size) noexcept {
+  const auto length = static_cast<ssize_t>(syscall(SYS_getdents64, folder, buffer, size));
+  if (unreadableEntry.empty()) return length;
+  for (ssize_t at = 0; at < length;) {
+    auto* entry = reinterpret_cast<dirent64*>(static_cast<char*>(buffer) + at);
+    entry->d_type = DT_UNKNOWN;
+    at += entry->d_reclen;
+  }
+  return length;
+}
+
+extern "C" __attribute__((visibility("default"))) int fstatat(int folder, const char* name,
+                                                              struct stat* status,
+                                                              int flags) noexcept {
+  if (!unreadableEntry.empty() && name == unreadableEntry) return errno = EIO, -1;
+  return static_cast<int>(syscall(SYS_newfstatat, folder, name, status, flags));
+}
 
 namespace {
 
@@ -81,6 +113,15 @@ TEST_F(SoundChoices, LinksAreEntriesAndNotEntered) {
   file("d/x.caf");
   fs::create_directory_symlink("d", sounds_ / "link");
   EXPECT_THAT(titles(), testing::UnorderedElementsAre("Disabled", "x.caf", "link"));
+}
+
+TEST_F(SoundChoices, AnEntryThatCanNotBeReadIsSkipped) {
+  for (const char* name : {"a.caf", "b.caf", "c/d.caf"}) file(name);
+  unreadableEntry = "b.caf";
+  const Texts urls = values(), names = titles();
+  unreadableEntry.clear();
+  EXPECT_THAT(names, testing::UnorderedElementsAre("Disabled", "a.caf", "d.caf"));
+  EXPECT_EQ(urls.size(), 3u);
 }
 
 TEST_F(SoundChoices, BothListsAreParallel) {

@@ -1,4 +1,4 @@
-#include "prefs/pages/SoundsListController.h"
+#include "prefs/pages/option_pages.h"
 #include "tests/prefs_pages/pages_bundle.h"
 
 namespace {

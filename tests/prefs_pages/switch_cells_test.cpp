@@ -1,5 +1,4 @@
-#include "prefs/pages/QuorvantisProfileActiveSwitchTableCell.h"
-#include "prefs/pages/QuorvantisSwitchTableCell.h"
+#include "prefs/pages/switch_cells.h"
 #include "tests/prefs_pages/pages_bundle.h"
 
 namespace {
@@ -40,7 +39,7 @@ TEST(ProfileActiveSwitchCell, BackgroundIsRed) {
   EXPECT_EQ(made.control.backgroundColor->hex(), "#E74C3C");
 }
 
-TEST(ProfileActiveSwitchCell, BothColoursCarryTheSameAlpha) {
+TEST(ProfileActiveSwitchCell, BothColorsCarryTheSameAlpha) {
   Made<prefs::QuorvantisProfileActiveSwitchTableCell> made;
   EXPECT_EQ(made.control.onTintColor->alpha, 180 / 255.0);
   EXPECT_EQ(made.control.backgroundColor->alpha, 180 / 255.0);
@@ -54,6 +53,44 @@ TEST(ProfileActiveSwitchCell, CornerRadiusIsSixteen) {
 TEST(ProfileActiveSwitchCell, TintIsLeftAsThePlatforms) {
   Made<prefs::QuorvantisProfileActiveSwitchTableCell> made;
   EXPECT_EQ(made.control.tintColor, std::nullopt);
+}
+
+const uikit::Switch& switchOf(preferences::PSListController& page, const char* id) {
+  return dynamic_cast<const uikit::Switch&>(*page.specifierForID(id)->control());
+}
+
+// On the page of a list, and again when the row is redrawn.
+TEST(SwitchCell, IsSlateOnEveryOptionPageAndAfterARedraw) {
+  const uikit::Color slate = uikit::Color::fromBytes(52, 73, 94);
+  for (const std::string& name : pages_test::kPageNames) {
+    testing_support::TestDevice device(prefs::bundle());
+    const auto page = std::dynamic_pointer_cast<preferences::PSListController>(
+        prefs::bundle().pageClass(name)->create(device.environment));
+    for (const auto& row : page->specifiers()) {
+      if (row->cellType() != preferences::CellType::PSSwitchCell) continue;
+      const char* id = row->identifier().c_str();
+      page->buildRow(*row);
+      EXPECT_EQ(switchOf(*page, id).tintColor, slate) << name << " " << id;
+      page->reloadSpecifier(row.get());
+      EXPECT_EQ(switchOf(*page, id).tintColor, slate) << name << " " << id;
+      EXPECT_EQ(switchOf(*page, id).onTintColor, slate) << name << " " << id;
+    }
+  }
+}
+
+TEST(ProfileActiveSwitchCell, IsRoundAndGreenOnRedOnTheProfilePageAndAfterARedraw) {
+  testing_support::TestDevice device(prefs::bundle());
+  const auto page = std::dynamic_pointer_cast<preferences::PSListController>(
+      prefs::bundle().pageClass("ProfilesListController")->create(device.environment));
+  const auto row = page->specifierForID("profileactive");
+  page->buildRow(*row);
+  for (int drawn = 0; drawn < 2; ++drawn, page->reloadSpecifier(row)) {
+    const uikit::Switch& control = switchOf(*page, "profileactive");
+    EXPECT_EQ(control.layer.cornerRadius, 16.0);
+    EXPECT_EQ(control.onTintColor, uikit::Color::fromBytes(46, 204, 113, 180));
+    EXPECT_EQ(control.backgroundColor, uikit::Color::fromBytes(231, 76, 60, 180));
+    EXPECT_EQ(control.tintColor, std::nullopt);
+  }
 }
 
 TEST(SwitchCell, ShowsTheRowsValueAndTitle) {

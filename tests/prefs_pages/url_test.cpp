@@ -55,13 +55,13 @@ TEST(PathOfFileUrl, DecodesAFileUrl) {
   EXPECT_EQ(pathOfFileUrl("file:///a%3Fb?c#d"), "/a?b");
 }
 
-TEST(PathOfFileUrl, RefusesWhatIsNoFileHere) {
+TEST(PathOfFileUrl, RefusesWhatIsNotALocalFile) {
   for (const char* text : {"Disabled", "", "http://h/a", "file://host/a", "//host/a", "file:a",
                            "file:///a b", "file:///a%00b", "file:///%zz", "file:"})
     EXPECT_EQ(pathOfFileUrl(text), std::nullopt) << text;
 }
 
-TEST(PathOfFileUrl, GivesBackEveryEscapedPath) {
+TEST(PathOfFileUrl, ReversesEveryEscapedPath) {
   std::string path = "/";
   for (int byte = 1; byte < 256; ++byte) path += static_cast<char>(byte);
   EXPECT_EQ(pathOfFileUrl("file://" + escaped(path)), path);

@@ -23,8 +23,8 @@ TEST(UserNotificationPage, RulesAreInTheOrderOfTheTable) {
   ASSERT_EQ(opened.page->rules().size(), expected.size());
   for (std::size_t i = 0; i < expected.size(); ++i) {
     const prefs::DependencyRule& rule = opened.page->rules()[i];
-    EXPECT_EQ(rule.controllingSwitch, expected[i][0]);
-    EXPECT_EQ(rule.dependentRow, expected[i][1]);
+    EXPECT_EQ(std::string_view(rule.controllingSwitch), expected[i][0]);
+    EXPECT_EQ(std::string_view(rule.dependentRow), expected[i][1]);
     EXPECT_EQ(rule.by, i < 2 ? prefs::By::Interaction : prefs::By::CellEnabled);
     EXPECT_EQ(rule.effect, prefs::Effect::EnabledWhileOn);
   }
@@ -212,7 +212,7 @@ TEST(UserNotificationPage, AMissingSoundRowPlaysWithoutAUrl) {
   EXPECT_EQ(opened.device.sounds.played, (std::vector<std::optional<std::string>>{std::nullopt}));
 }
 
-TEST(UserNotificationPage, ATextThatIsNoUrlPlaysWithoutAUrl) {
+TEST(UserNotificationPage, ATextThatIsNotAUrlPlaysWithoutAUrl) {
   for (const char* text : {"/a b", "/\u00E9", "%zz"}) {
     Page opened;
     opened.store("playsound", text);
@@ -233,7 +233,7 @@ TEST(UserNotificationPage, OnlyTheExactWordIsDisabled) {
   }
 }
 
-TEST(UserNotificationPage, AValueThatIsNoTextPlaysWithoutAUrl) {
+TEST(UserNotificationPage, AValueThatIsNotTextPlaysWithoutAUrl) {
   Page opened;
   opened.store("playsound", 7);
   opened.build();

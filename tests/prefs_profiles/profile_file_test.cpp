@@ -133,7 +133,7 @@ TEST_F(ProfileFile, SaysThatItIsNoArchiveAndWhereOnlyInItsOwnBytes) {
   seed::write(device, "profile_1.qvx", bytes("<plist><dict/></plist>"));
   seed::write(device, "profile_2.qvx", *plist::writeBinary(plist::Dictionary{{"wifi", 1}}));
   EXPECT_EQ(read("profile_1.qvx").error().message,
-            "/var/mobile/Documents/Quorvantis/profile_1.qvx: no keyed archive: not written by a "
+            "/var/mobile/Documents/Quorvantis/profile_1.qvx: not a keyed archive: not written by a "
             "keyed archiver");
   EXPECT_NE(read("profile_2.qvx").error().message.find("keyed archiver at byte "),
             std::string::npos);

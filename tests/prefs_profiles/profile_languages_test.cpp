@@ -12,7 +12,7 @@ class ProfileLanguages : public testing::TestWithParam<const char*> {
  protected:
   void SetUp() override {
     auto made = services::makeCollator(GetParam());
-    ASSERT_TRUE(made) << made.error();
+    ASSERT_TRUE(made) << made.error().message();
     collator = std::move(*made);
   }
   std::unique_ptr<platform::Collator> collator;

@@ -41,14 +41,19 @@ TEST_F(ProfileList, GivesItsSettingsTheDefaultsOfTheTable) {
     EXPECT_EQ(page->specifierForID(key)->propertyForKey("default"), *profileDefault(key)) << key;
 }
 
-TEST_F(ProfileList, AnnouncesEachChangeButThatOfTheProfileSwitch) {
+TEST_F(ProfileList, AnnouncesEachChange) {
   page->userChanged(*page->specifierForID("profiledescription"), "Night");
   page->userChanged(*page->specifierForID("profilepercentage"), "20");
   EXPECT_EQ(device.events, (std::vector<std::string>(2, "darwin com.zorvek.quorvantis.prefs")));
-  page->userChanged(*page->specifierForID("profileactive"), false);
-  EXPECT_EQ(device.events.size(), 2u);
-  EXPECT_EQ(device.stored("profileactive"), Value(false));
   EXPECT_EQ(device.stored("profiledescription"), Value("Night"));
+}
+
+TEST_F(ProfileList, AnnouncesAFlipOfTheProfileSwitchByANameOfItsOwn) {
+  page->userChanged(*page->specifierForID("profileactive"), false);
+  EXPECT_EQ(device.events, std::vector<std::string>{"darwin com.zorvek.quorvantis.profile"});
+  EXPECT_EQ(device.stored("profileactive"), Value(false));
+  EXPECT_EQ(page->specifierForID("profileactive")->textForKey("PostNotification"),
+            kProfileNotification);
 }
 
 TEST_F(ProfileList, ShowsTheDefaultsOfAnEmptyDomain) {
@@ -141,7 +146,7 @@ TEST_F(ProfileList, ResetsARowToAFourByteRealAndRedrawsIt) {
   EXPECT_TRUE(device.stored("profileactive")->isSinglePrecision());
   EXPECT_EQ(row->cellObject()->tag, 0) << "the cell was made anew";
   EXPECT_FALSE(static_cast<uikit::Switch*>(row->control())->isOn());
-  EXPECT_TRUE(device.events.empty());
+  EXPECT_EQ(device.events, std::vector<std::string>{"darwin com.zorvek.quorvantis.profile"});
 }
 
 TEST_F(ProfileList, ResetsNothingForAnUnknownRow) {
@@ -154,7 +159,7 @@ TEST_F(ProfileList, SetsTheProfileSwitchToOneOrZero) {
   EXPECT_EQ(device.stored("profileactive"), Value(1.0f));
   page->setProfileActive(false);
   EXPECT_EQ(device.stored("profileactive"), Value(0.0f));
-  EXPECT_TRUE(device.events.empty());
+  EXPECT_EQ(device.events, std::vector<std::string>(2, "darwin com.zorvek.quorvantis.profile"));
 }
 
 }  // namespace

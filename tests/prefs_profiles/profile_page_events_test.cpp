@@ -8,6 +8,7 @@ using plist::Value;
 using Events = std::vector<std::string>;
 
 const std::string kPrefs = "darwin com.zorvek.quorvantis.prefs";
+const std::string kProfile = "darwin com.zorvek.quorvantis.profile";
 const std::string kReload = "local com.zorvek.quorvantis.reloadSpecifiers ProfilesListController";
 
 class ProfilePageEvents : public profiles_test::ProfilePage {
@@ -36,11 +37,11 @@ TEST_F(ProfilePageEvents, AnOverwritePostsOneReload) {
   EXPECT_TRUE(rebuilt());
 }
 
-TEST_F(ProfilePageEvents, ALoadPostsThePrefsOnceAndThenTheReload) {
+TEST_F(ProfilePageEvents, ALoadSetsTheSwitchThenPostsThePrefsOnceAndThenTheReload) {
   seed::profile(device, "5");
   rebuilt();
   choose("Load", "Battery 5%");
-  EXPECT_EQ(device.events, (Events{kPrefs, kReload}));
+  EXPECT_EQ(device.events, (Events{kProfile, kPrefs, kReload}));
   EXPECT_TRUE(rebuilt());
 }
 
@@ -57,8 +58,8 @@ TEST_F(ProfilePageEvents, AtThePrefsPostTheStoreHasAllNewValuesAndTheRowsAreOld)
   page->specifierForID("profileactive")->setPropertyForKey(true, "seen");
   int posts = 0;
   device.darwinCenter.hook = [&](const std::string& name) {
+    if (name != "com.zorvek.quorvantis.prefs") return;
     ++posts;
-    EXPECT_EQ(name, "com.zorvek.quorvantis.prefs");
     EXPECT_EQ(device.stored("wifi"), Value(2));
     EXPECT_EQ(device.stored("profilepercentage"), Value("20"));
     EXPECT_EQ(device.stored("profileactive"), Value(0.0f)) << "the switch was set before";
@@ -203,7 +204,7 @@ TEST_F(ProfilePageEvents, ALoadByPathSaysWhyItWasRefused) {
   EXPECT_TRUE(device.events.empty());
   seed::profile(device, "6");
   EXPECT_TRUE(page->loadProfileAtPath(profilePath(6)));
-  EXPECT_EQ(device.events, (Events{kPrefs, kReload}));
+  EXPECT_EQ(device.events, (Events{kProfile, kPrefs, kReload}));
 }
 
 // Another page that keeps in step.

@@ -23,7 +23,7 @@ struct HookedDarwinCenter : platform::DarwinNotificationCenter {
 };
 
 struct RealXml : testing_support::NoXml {
-  platform::Result<plist::Value, std::string> read(plist::Bytes bytes) override {
+  platform::Result<plist::Value> read(plist::Bytes bytes) override {
     if (atNextRead) std::exchange(atNextRead, {})();
     return services::readXml(bytes);
   }

@@ -84,8 +84,7 @@ class AsciiOrder : public testing::TestWithParam<const char*> {
     ASSERT_TRUE(order) << a << " : " << b;
     ASSERT_EQ(sign(*order), sign((*icu_)->compare(a, b))) << a << " : " << b;
   }
-  platform::Result<std::unique_ptr<platform::Collator>, std::string> icu_ =
-      services::makeCollator(GetParam());
+  platform::Result<std::unique_ptr<platform::Collator>> icu_ = services::makeCollator(GetParam());
 };
 
 }  // namespace

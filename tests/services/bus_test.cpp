@@ -145,8 +145,8 @@ TEST_F(BusTest, AForeignListenerSeesTheSignal) {
 }
 
 TEST_F(BusTest, WaitEndsWithoutAPostWhenPatienceDoes) {
-  ASSERT_TRUE(services::bus());
-  auto listener = (*services::bus())->listen({});
+  ASSERT_TRUE(services::find<services::Bus>());
+  auto listener = (*services::find<services::Bus>())->listen({});
   ASSERT_TRUE(listener);
   int heard = 0;
   EXPECT_TRUE((*listener)->wait([&](auto) { ++heard; }, std::chrono::milliseconds(1)));
@@ -154,7 +154,7 @@ TEST_F(BusTest, WaitEndsWithoutAPostWhenPatienceDoes) {
 }
 
 TEST_F(BusTest, WaitEndsWhenASignalHandlerRan) {
-  auto listener = (*services::bus())->listen({});
+  auto listener = (*services::find<services::Bus>())->listen({});
   ASSERT_TRUE(listener);
   struct sigaction handler {};
   handler.sa_handler = [](int) {};
@@ -180,7 +180,7 @@ TEST_F(BusTest, AForeignSignalIsHeard) {
 }
 
 TEST_F(BusTest, AListenerInTheSameProcessHearsAllSoFar) {
-  auto listener = (*services::bus())->listen({});
+  auto listener = (*services::find<services::Bus>())->listen({});
   ASSERT_TRUE(listener);
   std::vector<std::string> heard;
   center_.post("a");
@@ -222,16 +222,16 @@ TEST_F(NoBusTest, PostsAreDroppedSilently) {
 }
 
 TEST_F(NoBusTest, ListeningSaysWhyItCannot) {
-  const auto listener = (*services::bus())->listen({});
+  const auto listener = (*services::find<services::Bus>())->listen({});
   ASSERT_FALSE(listener);
-  EXPECT_EQ(listener.error(), "no session bus: No such file or directory");
+  EXPECT_EQ(listener.error().message(), "no session bus: No such file or directory");
 }
 
 TEST_F(NoBusTest, ListeningNamesTheVariables) {
   unsetenv("XDG_RUNTIME_DIR");
-  const auto listener = (*services::bus())->listen({});
+  const auto listener = (*services::find<services::Bus>())->listen({});
   ASSERT_FALSE(listener);
-  EXPECT_THAT(listener.error(), HasSubstr("DBUS_SESSION_BUS_ADDRESS"));
+  EXPECT_THAT(listener.error().message(), HasSubstr("DBUS_SESSION_BUS_ADDRESS"));
 }
 
 // With a wait for each of them this would take minutes.

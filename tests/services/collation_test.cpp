@@ -96,8 +96,7 @@ TEST(CollationOfAll, ProfilePathsAreInTheOrderOfTheirNumbers) {
 class LongNumbers : public testing::Test {
  protected:
   int compare(std::string_view a, std::string_view b) { return (*collator_)->compare(a, b); }
-  platform::Result<std::unique_ptr<platform::Collator>, std::string> collator_ =
-      services::makeCollator("en_US");
+  platform::Result<std::unique_ptr<platform::Collator>> collator_ = services::makeCollator("en_US");
 };
 
 TEST_F(LongNumbers, TwentyDigitsThatFitAreNotWrapped) {

@@ -27,20 +27,21 @@ std::string reason(const std::string& service, const std::string& module) {
 }  // namespace
 
 TEST(MissingModules, CollationSaysSo) {
-  ASSERT_FALSE(services::collation());
-  EXPECT_EQ(services::collation().error(), reason("collation", "icu"));
+  ASSERT_FALSE(services::find<platform::Collator>());
+  EXPECT_EQ(services::find<platform::Collator>().error().message(), reason("collation", "icu"));
 }
 TEST(MissingModules, TheBusSaysSo) {
-  ASSERT_FALSE(services::bus());
-  EXPECT_EQ(services::bus().error(), reason("the session bus", "bus"));
+  ASSERT_FALSE(services::find<services::Bus>());
+  EXPECT_EQ(services::find<services::Bus>().error().message(), reason("the session bus", "bus"));
 }
 TEST(MissingModules, UrlsSaySo) {
-  ASSERT_FALSE(services::urls());
-  EXPECT_EQ(services::urls().error(), reason("opening URLs", "gio"));
+  ASSERT_FALSE(services::find<platform::Urls>());
+  EXPECT_EQ(services::find<platform::Urls>().error().message(), reason("opening URLs", "gio"));
 }
 TEST(MissingModules, XmlSaysSo) {
-  ASSERT_FALSE(services::xmlPropertyLists());
-  EXPECT_EQ(services::xmlPropertyLists().error(), reason("reading and writing XML", "xml"));
+  ASSERT_FALSE(services::find<platform::XmlPropertyLists>());
+  EXPECT_EQ(services::find<platform::XmlPropertyLists>().error().message(),
+            reason("reading and writing XML", "xml"));
 }
 TEST(MissingModules, TitlesAreStillInOrder) {
   services::UserCollator collator;

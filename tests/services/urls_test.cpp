@@ -58,7 +58,8 @@ Desktop* const desktop = new Desktop;
 }  // namespace
 
 TEST(Urls, AreAvailable) {
-  EXPECT_TRUE(services::urls()) << services::urls().error();
+  EXPECT_TRUE(services::find<platform::Urls>())
+      << services::find<platform::Urls>().error().message();
 }
 TEST(Urls, ASchemeWithAnApplicationCanBeOpened) {
   services::DesktopUrls urls;

@@ -125,7 +125,7 @@ TEST_F(Sounds, AUrlOfNoFileIsTold) {
   for (const char* url : {"http://example.org/a.wav", "", "Disabled", "//host/a.wav", "%zz"}) {
     problems_.clear();
     play(url);
-    EXPECT_THAT(problems_, ElementsAre("no URL of a file: " + std::string(url)));
+    EXPECT_THAT(problems_, ElementsAre("not the URL of a file: " + std::string(url)));
   }
 }
 TEST_F(Sounds, AMissingFileIsTold) {

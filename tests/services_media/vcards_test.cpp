@@ -12,8 +12,8 @@ using testing::SizeIs;
 namespace {
 
 std::vector<platform::Person> personsOf(std::string_view file) {
-  const auto& reader = services::vcards();
-  EXPECT_TRUE(reader) << reader.error();
+  const auto& reader = services::find<services::VCards>();
+  EXPECT_TRUE(reader) << reader.error().message();
   return reader ? (*reader)->persons(file) : std::vector<platform::Person>{};
 }
 

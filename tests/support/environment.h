@@ -59,11 +59,11 @@ struct RecordingSounds : platform::SystemSounds {
 };
 
 struct NoXml : platform::XmlPropertyLists {
-  platform::Result<plist::Value, std::string> read(plist::Bytes) override {
-    return std::string("not a property list");
+  platform::Result<plist::Value> read(plist::Bytes) override {
+    return platform::Error{.what = "not a property list"};
   }
-  platform::Result<std::vector<std::uint8_t>, std::string> write(const plist::Value&) override {
-    return std::string("no XML here");
+  platform::Result<std::vector<std::uint8_t>> write(const plist::Value&) override {
+    return platform::Error{.what = "no XML here"};
   }
 };
 

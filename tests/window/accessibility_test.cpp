@@ -45,7 +45,7 @@ TEST_F(Accessibility, PressingASwitchStores) {
   EXPECT_EQ(device.stored("custom"), plist::Value(true));
 }
 
-TEST_F(Accessibility, ASliderTellsItsRangeAndItsStepsStore) {
+TEST_F(Accessibility, ASliderReportsItsRangeAndItsStepsStore) {
   driver->click("Custom level");
   QAccessibleInterface* slider = driver->accessible("Level", kSlider);
   ASSERT_TRUE(slider->valueInterface());
@@ -61,7 +61,7 @@ TEST_F(Accessibility, ASliderTellsItsRangeAndItsStepsStore) {
 TEST_F(Accessibility, AValueThatIsSetStores) {
   driver->click("Custom level");
   driver->accessible("Level", kSlider)->valueInterface()->setCurrentValue(80.0);
-  driver->buildVisibleRows();
+  driver->waitUntilIdle();
   EXPECT_EQ(device.stored("level"), plist::Value(80.0));
 }
 
@@ -95,8 +95,8 @@ TEST_F(Accessibility, PressingAChoiceChoosesIt) {
 }
 
 TEST_F(Accessibility, AProblemIsAnAlert) {
-  settings->bridge().report("The disk is full.");
-  driver->buildVisibleRows();
+  application->report({.words = "The disk is full."});
+  driver->waitUntilIdle();
   EXPECT_TRUE(driver->accessible("The disk is full.", QAccessible::AlertMessage));
   ASSERT_TRUE(driver->act("Dismiss", kButton, kPress));
   EXPECT_FALSE(driver->accessible("The disk is full."));

@@ -3,8 +3,6 @@
 
 namespace {
 
-constexpr auto kButton = QAccessible::Button;
-
 class AlertWindow : public BundleWindow {
  protected:
   void openSheet(int width) {
@@ -19,8 +17,8 @@ class AlertWindow : public BundleWindow {
         std::make_shared<uikit::AlertController>(title, "What now?", uikit::AlertStyle::Alert);
     for (uikit::AlertAction& action : actions) shown->addAction(std::move(action));
     device->screen().present(std::move(shown));
-    host->buildVisibleRows();
-    driver->buildVisibleRows();
+    application->buildVisibleRows();
+    driver->waitUntilIdle();
   }
   std::function<void()> note(const std::string& what) {
     return [this, what] { pressed.push_back(what); };
@@ -62,17 +60,17 @@ TEST_F(AlertWindow, ASheetFollowsTheWindowsWidth) {
 TEST_F(AlertWindow, AClickBesideASheetCancels) {
   openSheet(390);
   QTest::mouseClick(window, Qt::LeftButton, {}, QPoint(195, 300));
-  driver->buildVisibleRows();
-  EXPECT_TRUE(host->alerts().empty());
+  driver->waitUntilIdle();
+  EXPECT_TRUE(alerts().empty());
 }
 
 TEST_F(AlertWindow, AClickBesideAnAlertDoesNothing) {
   open();
   alert("Question", {{"No", uikit::ButtonRole::Cancel, note("No")}});
   QTest::mouseClick(window, Qt::LeftButton, {}, QPoint(195, 100));
-  driver->buildVisibleRows();
-  EXPECT_EQ(host->alerts().size(), 1u);
-  EXPECT_EQ(host->pages().size(), 1u);
+  driver->waitUntilIdle();
+  EXPECT_EQ(alerts().size(), 1u);
+  EXPECT_EQ(scene().pages.size(), 1u);
 }
 
 TEST_F(AlertWindow, DestructiveButtonsLookSo) {
@@ -93,7 +91,7 @@ TEST_F(AlertWindow, ArrowsMoveWithinASheetAndReturnPresses) {
   driver->key(Qt::Key_Up);
   EXPECT_EQ(driver->focused(), "Load");
   driver->key(Qt::Key_Return);
-  EXPECT_EQ(host->alerts().back()->title, "Error");
+  EXPECT_EQ(alerts().back().title, "Error");
 }
 
 TEST_F(AlertWindow, TabStaysWithinTheAlert) {
@@ -107,8 +105,8 @@ TEST_F(AlertWindow, TabStaysWithinTheAlert) {
 TEST_F(AlertWindow, EscCancelsASheetAndStaysOnThePage) {
   openSheet(390);
   driver->key(Qt::Key_Escape);
-  EXPECT_TRUE(host->alerts().empty());
-  EXPECT_EQ(host->pages().size(), 2u);
+  EXPECT_TRUE(alerts().empty());
+  EXPECT_EQ(scene().pages.size(), 2u);
 }
 
 TEST_F(AlertWindow, ReturnPressesTheButtonThatConfirms) {
@@ -155,7 +153,7 @@ TEST_F(AlertWindow, TheKeyboardComesBackToThePage) {
   open("ProfilesListController");
   for (int i = 0; i < 20 && driver->focused() != "Profile Manager"; ++i) driver->key(Qt::Key_Down);
   driver->key(Qt::Key_Return);
-  ASSERT_EQ(host->alerts().size(), 1u);
+  ASSERT_EQ(alerts().size(), 1u);
   driver->key(Qt::Key_Escape);
   driver->key(Qt::Key_Up);
   EXPECT_EQ(driver->focused(), "Trigger");
@@ -164,15 +162,15 @@ TEST_F(AlertWindow, TheKeyboardComesBackToThePage) {
 TEST_F(AlertWindow, ADialogHasItsNameAndMessage) {
   open();
   alert("Question", {{"No", uikit::ButtonRole::Cancel, {}}});
-  QAccessibleInterface* face = driver->accessible("Question", QAccessible::Dialog);
-  ASSERT_TRUE(face);
-  EXPECT_EQ(face->text(QAccessible::Description), "What now?");
+  QAccessibleInterface* accessible = driver->accessible("Question", QAccessible::Dialog);
+  ASSERT_TRUE(accessible);
+  EXPECT_EQ(accessible->text(QAccessible::Description), "What now?");
 }
 
-TEST_F(AlertWindow, AProblemThatAnotherThreadTellsIsABanner) {
+TEST_F(AlertWindow, AProblemThatAnotherThreadReportsIsABanner) {
   open();
-  std::thread([this] { settings->report("can't play /x.wav"); }).join();
-  driver->buildVisibleRows();
+  std::thread([this] { settings->report({.words = "can't play /x.wav"}); }).join();
+  driver->waitUntilIdle();
   EXPECT_TRUE(driver->accessible("can't play /x.wav", QAccessible::AlertMessage));
 }
 

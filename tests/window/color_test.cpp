@@ -4,9 +4,6 @@ namespace {
 
 using plist::Value;
 
-constexpr auto kChoice = QAccessible::RadioButton;
-constexpr auto kSlider = QAccessible::Slider;
-
 class Colors : public BundleWindow {
  protected:
   Colors() { open("ExtrasListController"); }
@@ -14,24 +11,25 @@ class Colors : public BundleWindow {
   void openPicker(const QString& setting, int height = 3400) {
     driver->resize(390, height);
     driver->click(setting);
-    ASSERT_EQ(host->shownPage()->className(), "ZorvekColorPickerQuorvantis");
+    ASSERT_EQ(page().pageClass, "ZorvekColorPickerQuorvantis");
   }
   QString spoken(const QString& name, QAccessible::Role role) const {
-    QAccessibleInterface* face = driver->accessible(name, role);
-    return face ? face->text(QAccessible::Description) : QString("nothing is called so");
+    QAccessibleInterface* accessible = driver->accessible(name, role);
+    return accessible ? accessible->text(QAccessible::Description)
+                      : QString("nothing is called so");
   }
   bool ticked(const QString& name) const {
-    return driver->accessible(name, kChoice)->state().checked;
+    return driver->accessible(name, kRadioButton)->state().checked;
   }
   double at(const QString& slider) const {
     return driver->accessible(slider, kSlider)->valueInterface()->currentValue().toDouble();
   }
   void tapCustom() {  // beside the sliders
-    const QRectF place = driver->place(driver->find("Custom", kChoice));
+    const QRectF place = driver->place(driver->find("Custom", kRadioButton));
     QTest::mouseClick(
         window, Qt::LeftButton, {},
         QPoint(static_cast<int>(place.left()) + 40, static_cast<int>(place.center().y())));
-    driver->buildVisibleRows();
+    driver->waitUntilIdle();
   }
   void store(const Value& value) {
     ASSERT_TRUE(device->preferences().setAppValue("bannercolor", value, "com.zorvek.quorvantis"));
@@ -57,7 +55,7 @@ TEST_F(Colors, ARowShowsItsPatchOrItsWord) {
   EXPECT_TRUE(driver->shows("none"));
 }
 
-TEST_F(Colors, ARowTellsTheColorByNameAndText) {
+TEST_F(Colors, ARowSaysTheColorByNameAndText) {
   EXPECT_EQ(spoken("Alert Banner", QAccessible::Button), "Quorvantis, #34495F");
   EXPECT_EQ(spoken("Status Icon While Active", QAccessible::Button), "None");
 }
@@ -68,13 +66,13 @@ TEST_F(Colors, ThePageHasItsSectionsAndTheChosenColorTicked) {
     EXPECT_TRUE(driver->accessible(title, QAccessible::Heading)) << title;
   EXPECT_TRUE(ticked("Quorvantis"));
   EXPECT_FALSE(ticked("None"));
-  EXPECT_EQ(spoken("System Blue", kChoice), "#007AFF");
-  EXPECT_EQ(patch("System Blue", kChoice), QColor("#007AFF"));
+  EXPECT_EQ(spoken("System Blue", kRadioButton), "#007AFF");
+  EXPECT_EQ(patch("System Blue", kRadioButton), QColor("#007AFF"));
 }
 
 TEST_F(Colors, AClickChoosesStoresAndMovesTheSliders) {
   openPicker("Alert Banner");
-  driver->click("System Blue", kChoice);
+  driver->click("System Blue", kRadioButton);
   EXPECT_EQ(stored("bannercolor"), Value("#007AFF"));
   EXPECT_TRUE(ticked("System Blue"));
   EXPECT_FALSE(ticked("Quorvantis"));
@@ -86,12 +84,12 @@ TEST_F(Colors, AClickChoosesStoresAndMovesTheSliders) {
 TEST_F(Colors, ThePreviewFollowsTheChoice) {
   openPicker("Alert Banner");
   EXPECT_EQ(spoken("Alert Banner", QAccessible::StaticText), "Quorvantis, #34495F");
-  driver->click("System Blue", kChoice);
+  driver->click("System Blue", kRadioButton);
   EXPECT_EQ(spoken("Alert Banner", QAccessible::StaticText), "System Blue, #007AFF");
   EXPECT_EQ(patch("Alert Banner", QAccessible::StaticText), QColor("#007AFF"));
 }
 
-TEST_F(Colors, ThePreviewFollowsASliderOnceItIsLetGo) {
+TEST_F(Colors, ThePreviewFollowsASliderOnceItIsReleased) {
   openPicker("Alert Banner");
   tapCustom();
   driver->find("Red", kSlider)->forceActiveFocus();
@@ -102,21 +100,21 @@ TEST_F(Colors, ThePreviewFollowsASliderOnceItIsLetGo) {
 
 TEST_F(Colors, ThePreviewOfNoColorHasAWordAndNoPatch) {
   openPicker("Alert Banner");
-  driver->click("None", kChoice);
+  driver->click("None", kRadioButton);
   EXPECT_EQ(spoken("Alert Banner", QAccessible::StaticText), "None");
   EXPECT_FALSE(patch("Alert Banner", QAccessible::StaticText).isValid());
 }
 
 TEST_F(Colors, TheRowShowsTheChoiceAfterwards) {
   openPicker("Alert Banner");
-  driver->click("System Blue", kChoice);
+  driver->click("System Blue", kRadioButton);
   driver->click("Back");
   EXPECT_EQ(patch("Alert Banner", QAccessible::Button), QColor("#007AFF"));
 }
 
 TEST_F(Colors, AssistiveTechnologyChooses) {
   openPicker("Alert Banner");
-  ASSERT_TRUE(driver->act("Pink", kChoice, QAccessibleActionInterface::pressAction()));
+  ASSERT_TRUE(driver->act("Pink", kRadioButton, QAccessibleActionInterface::pressAction()));
   EXPECT_EQ(stored("bannercolor"), Value("#FF2D55"));
 }
 
@@ -134,9 +132,9 @@ TEST_F(Colors, KeysChoose) {
   EXPECT_EQ(stored("bannercolor"), Value("#007AFF"));
 }
 
-TEST_F(Colors, ADragOnTheTickedRowStoresWhenItIsLetGo) {
+TEST_F(Colors, ADragOnTheTickedRowStoresWhenItIsReleased) {
   openPicker("Alert Banner");
-  driver->click("System Blue", kChoice);
+  driver->click("System Blue", kRadioButton);
   tapCustom();
   ASSERT_EQ(stored("bannercolor"), Value("#007AFF"));
   QRectF place = driver->place(driver->find("Red", kSlider));
@@ -144,18 +142,18 @@ TEST_F(Colors, ADragOnTheTickedRowStoresWhenItIsLetGo) {
   const QPoint end(static_cast<int>(place.right()) + 40, start.y());
   QTest::mousePress(window, Qt::LeftButton, {}, start);
   for (int step = 1; step <= 8; ++step) QTest::mouseMove(window, start + (end - start) * step / 8);
-  driver->buildVisibleRows();
-  EXPECT_EQ(spoken("Custom", kChoice), "#FF7AFF");
-  EXPECT_EQ(patch("Custom", kChoice), QColor("#FF7AFF"));
+  driver->waitUntilIdle();
+  EXPECT_EQ(spoken("Custom", kRadioButton), "#FF7AFF");
+  EXPECT_EQ(patch("Custom", kRadioButton), QColor("#FF7AFF"));
   EXPECT_EQ(stored("bannercolor"), Value("#007AFF"));
   QTest::mouseRelease(window, Qt::LeftButton, {}, end);
-  driver->buildVisibleRows();
+  driver->waitUntilIdle();
   EXPECT_EQ(stored("bannercolor"), Value("#FF7AFF"));
 }
 
 TEST_F(Colors, AFingerDragsASlider) {
   openPicker("Alert Banner");
-  driver->click("System Blue", kChoice);
+  driver->click("System Blue", kRadioButton);
   tapCustom();
   QPointingDevice* finger = QTest::createTouchDevice();
   const QRectF place = driver->place(driver->find("Green", kSlider));
@@ -164,23 +162,23 @@ TEST_F(Colors, AFingerDragsASlider) {
   QTest::touchEvent(window, finger).press(0, start, window);
   for (int step = 1; step <= 8; ++step)
     QTest::touchEvent(window, finger).move(0, start + (end - start) * step / 8, window);
-  driver->buildVisibleRows();
-  EXPECT_EQ(spoken("Custom", kChoice), "#00FFFF");
+  driver->waitUntilIdle();
+  EXPECT_EQ(spoken("Custom", kRadioButton), "#00FFFF");
   EXPECT_EQ(stored("bannercolor"), Value("#007AFF"));
   QTest::touchEvent(window, finger).release(0, end, window);
-  driver->buildVisibleRows();
+  driver->waitUntilIdle();
   EXPECT_EQ(stored("bannercolor"), Value("#00FFFF"));
 }
 
-TEST_F(Colors, AClickBesideTheHandleMovesASliderAndLetsGo) {
+TEST_F(Colors, AClickBesideTheHandleMovesASliderAndReleasesIt) {
   openPicker("Alert Banner");
-  driver->click("System Blue", kChoice);
+  driver->click("System Blue", kRadioButton);
   tapCustom();
   const QRectF place = driver->place(driver->find("Blue", kSlider));
   QTest::mouseClick(
       window, Qt::LeftButton, {},
       QPoint(static_cast<int>(place.left()) + 3, static_cast<int>(place.center().y())));
-  driver->buildVisibleRows();
+  driver->waitUntilIdle();
   EXPECT_EQ(stored("bannercolor"), Value("#007A00"));
 }
 
@@ -194,9 +192,9 @@ TEST_F(Colors, SlidersMixOnTheCustomRowAfterItsCellWentToOtherRows) {
   }
   driver->find("Red", kSlider)->forceActiveFocus();
   driver->key(Qt::Key_End);
-  EXPECT_EQ(spoken("Custom", kChoice), "#FF495F");
-  EXPECT_EQ(patch("Custom", kChoice), QColor("#FF495F"));
-  EXPECT_EQ(spoken("Mocha", kChoice), "#804000");
+  EXPECT_EQ(spoken("Custom", kRadioButton), "#FF495F");
+  EXPECT_EQ(patch("Custom", kRadioButton), QColor("#FF495F"));
+  EXPECT_EQ(spoken("Mocha", kRadioButton), "#804000");
 }
 
 TEST_F(Colors, WhatOthersHaveStoredIsShownOnTheCustomRow) {
@@ -207,12 +205,12 @@ TEST_F(Colors, WhatOthersHaveStoredIsShownOnTheCustomRow) {
     openPicker("Alert Banner");
     EXPECT_TRUE(ticked("Custom")) << shown;
     EXPECT_FALSE(ticked("System Blue")) << shown;
-    EXPECT_EQ(spoken("Custom", kChoice), shown);
+    EXPECT_EQ(spoken("Custom", kRadioButton), shown);
     driver->click("Back");
   }
 }
 
-TEST_F(Colors, TheCustomRowTellsHowItsColorIsTaken) {
+TEST_F(Colors, TheCustomRowSaysHowItsColorIsSet) {
   openPicker("Alert Banner");
   EXPECT_TRUE(driver->shows("Tap the row to set the color that you have mixed."));
   tapCustom();
@@ -221,10 +219,10 @@ TEST_F(Colors, TheCustomRowTellsHowItsColorIsTaken) {
 
 TEST_F(Colors, ADragWhileAPresetIsTickedStoresNothing) {
   openPicker("Alert Banner");
-  driver->click("System Blue", kChoice);
+  driver->click("System Blue", kRadioButton);
   driver->find("Red", kSlider)->forceActiveFocus();
   driver->key(Qt::Key_End);
-  EXPECT_EQ(spoken("Custom", kChoice), "#FF7AFF");
+  EXPECT_EQ(spoken("Custom", kRadioButton), "#FF7AFF");
   EXPECT_EQ(stored("bannercolor"), Value("#007AFF"));
   tapCustom();
   EXPECT_EQ(stored("bannercolor"), Value("#FF7AFF"));
@@ -232,7 +230,7 @@ TEST_F(Colors, ADragWhileAPresetIsTickedStoresNothing) {
 
 TEST_F(Colors, SlidersMoveByKeysInStepsOf1And16) {
   openPicker("Alert Banner");
-  driver->click("System Blue", kChoice);
+  driver->click("System Blue", kRadioButton);
   driver->find("Green", kSlider)->forceActiveFocus();
   driver->key(Qt::Key_Right);
   EXPECT_EQ(at("Green"), 123);
@@ -245,7 +243,7 @@ TEST_F(Colors, SlidersMoveByKeysInStepsOf1And16) {
   EXPECT_EQ(at("Green"), 106);
   driver->key(Qt::Key_Home);
   EXPECT_EQ(at("Green"), 0);
-  EXPECT_EQ(spoken("Custom", kChoice), "#0000FF");
+  EXPECT_EQ(spoken("Custom", kRadioButton), "#0000FF");
   EXPECT_EQ(spoken("Green", kSlider), "#0000FF");
   driver->key(Qt::Key_End);
   EXPECT_EQ(at("Green"), 255);
@@ -253,12 +251,12 @@ TEST_F(Colors, SlidersMoveByKeysInStepsOf1And16) {
 
 TEST_F(Colors, AssistiveTechnologyMovesTheSliders) {
   openPicker("Alert Banner");
-  driver->click("System Blue", kChoice);
+  driver->click("System Blue", kRadioButton);
   ASSERT_TRUE(driver->act("Red", kSlider, QAccessibleActionInterface::increaseAction()));
-  EXPECT_EQ(spoken("Custom", kChoice), "#017AFF");
+  EXPECT_EQ(spoken("Custom", kRadioButton), "#017AFF");
   driver->accessible("Blue", kSlider)->valueInterface()->setCurrentValue(16.0);
-  driver->buildVisibleRows();
-  EXPECT_EQ(spoken("Custom", kChoice), "#017A10");
+  driver->waitUntilIdle();
+  EXPECT_EQ(spoken("Custom", kRadioButton), "#017A10");
   QAccessibleValueInterface* range = driver->accessible("Red", kSlider)->valueInterface();
   EXPECT_EQ(range->minimumValue().toDouble(), 0);
   EXPECT_EQ(range->maximumValue().toDouble(), 255);
@@ -279,11 +277,11 @@ TEST_F(Colors, AMixIsKeptWhileTheCustomRowStaysOnScreen) {
   toTheEnd();
   driver->find("Red", kSlider)->forceActiveFocus();
   for (int step = 0; step < 6; ++step) driver->key(Qt::Key_Right);
-  EXPECT_EQ(spoken("Custom", kChoice), "#3A495F");
-  QQuickItem* row = driver->find("Mocha", kChoice);
+  EXPECT_EQ(spoken("Custom", kRadioButton), "#3A495F");
+  QQuickItem* row = driver->find("Mocha", kRadioButton);
   for (const int turned : {120, 120, 120, -120, -120, -120}) {
     driver->wheel(row, turned);
-    EXPECT_EQ(spoken("Custom", kChoice), "#3A495F");
+    EXPECT_EQ(spoken("Custom", kRadioButton), "#3A495F");
   }
 }
 
@@ -300,7 +298,7 @@ TEST_F(Colors, TheEndShowsTheWholeCustomRow) {
 TEST_F(Colors, TabGoesThroughTheRowsAndKeepsThemOnScreen) {
   openPicker("Alert Banner", 500);
   const auto onScreen = [this] {
-    const QRectF place = driver->place(driver->find(driver->focused(), kChoice));
+    const QRectF place = driver->place(driver->find(driver->focused(), kRadioButton));
     return place.top() >= 0 && place.bottom() <= 500;
   };
   driver->key(Qt::Key_Home);
@@ -312,7 +310,7 @@ TEST_F(Colors, TabGoesThroughTheRowsAndKeepsThemOnScreen) {
   }
   driver->key(Qt::Key_Backtab);
   EXPECT_EQ(driver->focused(), "System Green");
-  driver->click("Orange", kChoice);
+  driver->click("Orange", kRadioButton);
   EXPECT_EQ(driver->rings(), 0);
   driver->key(Qt::Key_Down);
   driver->key(Qt::Key_Up);
@@ -341,7 +339,7 @@ TEST_F(Colors, ComingToTheForegroundShowsWhatOthersHaveStored) {
   EXPECT_EQ(patch("Alert Banner", QAccessible::Button), QColor("#34495F"));
   emit qApp->applicationStateChanged(Qt::ApplicationInactive);
   emit qApp->applicationStateChanged(Qt::ApplicationActive);
-  driver->buildVisibleRows();
+  driver->waitUntilIdle();
   EXPECT_EQ(patch("Alert Banner", QAccessible::Button), QColor("#FF9500"));
 }
 

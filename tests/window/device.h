@@ -36,10 +36,10 @@ class Device : platform::DarwinNotificationCenter,
   bool open(std::string_view) override { return false; }
   std::vector<platform::Person> peopleSortedByFirstName() override { return {}; }
   void play(const std::optional<std::string>&) override {}
-  platform::Result<plist::Value, std::string> read(plist::Bytes) override {
-    return std::string("no XML here");
+  platform::Result<plist::Value> read(plist::Bytes) override {
+    return platform::Error{.what = "no XML here"};
   }
-  platform::Result<std::vector<std::uint8_t>, std::string> write(const plist::Value&) override {
-    return std::string("no XML here");
+  platform::Result<std::vector<std::uint8_t>> write(const plist::Value&) override {
+    return platform::Error{.what = "no XML here"};
   }
 };

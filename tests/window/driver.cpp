@@ -23,20 +23,20 @@ bool isOfType(const QQuickItem* item, const char* type) {
 }  // namespace
 
 QString accessibleName(QQuickItem* item) {
-  QAccessibleInterface* face = item ? interfaceOf(item) : nullptr;
-  return face ? face->text(QAccessible::Name) : QString();
+  QAccessibleInterface* accessible = item ? interfaceOf(item) : nullptr;
+  return accessible ? accessible->text(QAccessible::Name) : QString();
 }
 
 void Driver::resize(int width, int height) {
   window_.resize(width, height);
-  buildVisibleRows();
+  waitUntilIdle();
 }
 
 bool Driver::until(const std::function<bool()>& condition) {
   return QTest::qWaitFor(condition, 5000);
 }
 
-void Driver::buildVisibleRows() {
+void Driver::waitUntilIdle() {
   auto busy = [this] {
     for (QQuickItem* item : itemsOfType("QQuickStackView"))
       if (item->property("busy").toBool()) return true;
@@ -66,9 +66,9 @@ std::vector<QQuickItem*> Driver::itemsOfType(const char* type) const {
 
 QQuickItem* Driver::find(const QString& name, QAccessible::Role role) const {
   for (QQuickItem* item : items()) {
-    QAccessibleInterface* face = interfaceOf(item);
-    if (!face || face->text(QAccessible::Name) != name) continue;
-    if (role == QAccessible::NoRole || face->role() == role) return item;
+    QAccessibleInterface* accessible = interfaceOf(item);
+    if (!accessible || accessible->text(QAccessible::Name) != name) continue;
+    if (role == QAccessible::NoRole || accessible->role() == role) return item;
   }
   return nullptr;
 }
@@ -91,7 +91,7 @@ void Driver::click(const QString& name, QAccessible::Role role) {
 
 void Driver::clickItem(QQuickItem* item, Qt::MouseButton button) {
   QTest::mouseClick(&window_, button, {}, place(item).center().toPoint());
-  buildVisibleRows();
+  waitUntilIdle();
 }
 
 void Driver::wheel(QQuickItem* item, int turned) {
@@ -99,22 +99,22 @@ void Driver::wheel(QQuickItem* item, int turned) {
   QWheelEvent event(at, window_.mapToGlobal(at), {}, {0, turned}, Qt::NoButton, Qt::NoModifier,
                     Qt::NoScrollPhase, false);
   QCoreApplication::sendEvent(&window_, &event);
-  buildVisibleRows();
+  waitUntilIdle();
 }
 
 void Driver::key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
   QTest::keyClick(&window_, key, modifiers);
-  buildVisibleRows();
+  waitUntilIdle();
 }
 
 void Driver::type(const QString& text) {
   for (QChar letter : text) QTest::keyClick(&window_, letter.toLatin1());
-  buildVisibleRows();
+  waitUntilIdle();
 }
 
 void Driver::scrollTo(double y) {
   for (QQuickItem* list : itemsOfType("RowsView")) list->setProperty("contentY", y);
-  buildVisibleRows();
+  waitUntilIdle();
 }
 
 QString Driver::focused() const {
@@ -131,10 +131,10 @@ QAccessibleInterface* Driver::accessible(const QString& name, QAccessible::Role 
 }
 
 bool Driver::act(const QString& name, QAccessible::Role role, const QString& action) {
-  QAccessibleInterface* face = accessible(name, role);
-  if (!face || !face->actionInterface()) return false;
-  if (!face->actionInterface()->actionNames().contains(action)) return false;
-  face->actionInterface()->doAction(action);
-  buildVisibleRows();
+  QAccessibleInterface* found = accessible(name, role);
+  if (!found || !found->actionInterface()) return false;
+  if (!found->actionInterface()->actionNames().contains(action)) return false;
+  found->actionInterface()->doAction(action);
+  waitUntilIdle();
   return true;
 }

@@ -8,15 +8,15 @@
 #include <functional>
 #include <vector>
 
-// A person at the window: finds things by what they are called, clicks and types, and waits for
-// pages to come to rest.
+// A user of the window: finds things by their accessible names, clicks and types, and waits until
+// no page or alert moves.
 class Driver {
  public:
   explicit Driver(QQuickWindow& window) : window_(window) {}
 
   void resize(int width, int height);
-  void buildVisibleRows();  // until no page slides, no alert comes or goes and all that was due has
-                            // been done
+  // Until no page slides, no alert fades, and what was due is done.
+  void waitUntilIdle();
   bool until(const std::function<bool()>& condition);
 
   // Every visible item of the shown page and the banners, in the order of the item tree.

@@ -41,7 +41,7 @@ TEST_F(MainQueue, RunsTasksInTheOrderInWhichTheyFallDue) {
   EXPECT_THAT(order, testing::ElementsAre(1, 2, 3));
 }
 
-TEST_F(MainQueue, TellsOfEachTaskThatHasRun) {
+TEST_F(MainQueue, ReportsEachTaskThatHasRun) {
   window::QtMainQueue queue;
   QSignalSpy spy(&queue, &window::QtMainQueue::ran);
   queue.after(0ns, [] {});
@@ -49,7 +49,7 @@ TEST_F(MainQueue, TellsOfEachTaskThatHasRun) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return spy.size() == 2; }));
 }
 
-TEST_F(MainQueue, LetsGoOfItsTasksWhenItGoes) {
+TEST_F(MainQueue, DropsItsTasksWhenItIsDestroyed) {
   auto held = std::make_shared<int>();
   std::weak_ptr<int> watch = held;
   {

@@ -74,14 +74,14 @@ TEST_F(Navigation, APageThatCantBeShownSaysWhy) {
 
 TEST_F(Navigation, PagesThatWereLeftAreDestroyed) {
   driver->click("A long page");
-  std::weak_ptr<preferences::PSViewController> page = host.pages().back();
+  std::weak_ptr<preferences::PSViewController> page = application->pages().back();
   driver->key(Qt::Key_Escape);
   EXPECT_TRUE(page.expired());
-  EXPECT_TRUE(driver->until(
-      [&] { return settings->bridge().findChildren<window::PageModel*>().size() == 1; }));
+  EXPECT_TRUE(
+      driver->until([&] { return bridge().findChildren<window::PageModel*>().size() == 1; }));
 }
 
-TEST_F(Navigation, ComingToTheForegroundIsToldToThePages) {
+TEST_F(Navigation, ComingToTheForegroundIsPostedToThePages) {
   std::vector<std::string> posted;
   device.center.setWitness([&](const auto& notification) { posted.push_back(notification.name); });
   emit qApp->applicationStateChanged(Qt::ApplicationInactive);
@@ -91,9 +91,9 @@ TEST_F(Navigation, ComingToTheForegroundIsToldToThePages) {
 }
 
 TEST_F(Navigation, AProblemStaysOnScreenUntilItIsDismissed) {
-  settings->bridge().report("The disk is full.");
-  settings->bridge().report("The disk is full.");
-  driver->buildVisibleRows();
+  application->report({.words = "The disk is full."});
+  application->report({.words = "The disk is full."});
+  driver->waitUntilIdle();
   EXPECT_EQ(driver->itemsOfType("Banner").size(), 1u);
   driver->click("Tone");
   EXPECT_TRUE(driver->shows("The disk is full."));
@@ -103,20 +103,20 @@ TEST_F(Navigation, AProblemStaysOnScreenUntilItIsDismissed) {
 
 TEST_F(Navigation, ABannerStandsBelowThePageWhichStaysWhereItIs) {
   const QRectF before = driver->place(driver->find("Tone"));
-  settings->bridge().report("The disk is full.");
-  driver->buildVisibleRows();
+  application->report({.words = "The disk is full."});
+  driver->waitUntilIdle();
   EXPECT_EQ(driver->place(driver->itemsOfType("Banner").front()).bottom(), window->height());
   EXPECT_EQ(driver->place(driver->find("Tone")), before);
 }
 
 TEST_F(Navigation, ARefusalStandsUntilSomethingElseIsDone) {
-  settings->bridge().report("The disk is full.");
-  settings->bridge().shown()->select(10000);
-  settings->bridge().shown()->setNumber(0, 1);
-  const auto problems = settings->bridge().problems();
+  application->report({.words = "The disk is full."});
+  bridge().shown()->select(10000);
+  bridge().shown()->setNumber(0, 1);
+  const auto problems = bridge().problems();
   ASSERT_EQ(problems.size(), 2);
   driver->click("Stays as it is");
-  EXPECT_EQ(settings->bridge().problems(), QStringList{"The disk is full."});
+  EXPECT_EQ(bridge().problems(), QStringList{"The disk is full."});
 }
 
 }  // namespace

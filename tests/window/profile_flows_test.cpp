@@ -6,7 +6,6 @@ using plist::Dictionary;
 using plist::Value;
 
 constexpr const char* kProfile7 = "/var/mobile/Documents/Quorvantis/profile_7.qvx";
-constexpr auto kButton = QAccessible::Button;
 
 enum class Hand { Mouse, Keys, AssistiveTechnology };
 
@@ -45,16 +44,16 @@ class ProfileFlows : public BundleWindow, public testing::WithParamInterface<Han
         break;
       case Hand::AssistiveTechnology:
         driver->accessible(wheel, QAccessible::SpinBox)->valueInterface()->setCurrentValue(row);
-        driver->buildVisibleRows();
+        driver->waitUntilIdle();
     }
     ASSERT_EQ(picked(), row);
   }
-  int picked() const { return host->alerts().back()->picker()->selectedRowInComponent(0); }
+  int picked() const { return alerts().back().picker->selected; }
 
   void manage(const QString& action) {
     open("ProfilesListController");
     press("Compose");
-    ASSERT_EQ(host->alerts().size(), 1u);
+    ASSERT_EQ(alerts().size(), 1u);
     press(action);
   }
 };
@@ -66,7 +65,7 @@ TEST_P(ProfileFlows, Save) {
   EXPECT_TRUE(driver->shows(
       "The current settings were successfully saved as a profile for trigger: Battery 7%"));
   press("Ok");
-  EXPECT_TRUE(host->alerts().empty());
+  EXPECT_TRUE(alerts().empty());
   EXPECT_TRUE(exists(kProfile7));
 }
 
@@ -81,7 +80,7 @@ TEST_P(ProfileFlows, Overwrite) {
       driver->shows("The settings for the battery profile trigger - Battery 7% - were successfully "
                     "overwritten!"));
   press("Ok");
-  EXPECT_TRUE(host->alerts().empty());
+  EXPECT_TRUE(alerts().empty());
 }
 
 TEST_P(ProfileFlows, Load) {
@@ -89,7 +88,7 @@ TEST_P(ProfileFlows, Load) {
   manage("Load");
   turnTo("Select the profile to load", 0);
   press("Load");
-  EXPECT_TRUE(host->alerts().empty());
+  EXPECT_TRUE(alerts().empty());
   EXPECT_EQ(stored("profiledescription"), Value("Night"));
   EXPECT_TRUE(driver->shows("Night"));
 }
@@ -107,11 +106,11 @@ TEST_P(ProfileFlows, Delete) {
 TEST_P(ProfileFlows, CancelLeavesAllAsItWas) {
   writeProfile7();
   manage("Cancel");
-  EXPECT_TRUE(host->alerts().empty());
+  EXPECT_TRUE(alerts().empty());
   press("Compose");
   press("Delete");
   press("Cancel");
-  EXPECT_TRUE(host->alerts().empty());
+  EXPECT_TRUE(alerts().empty());
   EXPECT_TRUE(exists(kProfile7));
   press("Compose");
   press("Save");
@@ -119,7 +118,7 @@ TEST_P(ProfileFlows, CancelLeavesAllAsItWas) {
   press("Save");
   EXPECT_TRUE(driver->shows("Warning"));
   press("Cancel");
-  EXPECT_TRUE(host->alerts().empty());
+  EXPECT_TRUE(alerts().empty());
   EXPECT_TRUE(stored("profiledescription").isNothing());
 }
 
@@ -135,7 +134,7 @@ INSTANTIATE_TEST_SUITE_P(By, ProfileFlows,
 TEST_F(BundleWindow, TheButtonRowOpensTheProfileManagerToo) {
   open("ProfilesListController");
   driver->click("Profile Manager", kButton);
-  EXPECT_EQ(host->alerts().back()->title, "Profile manager");
+  EXPECT_EQ(alerts().back().title, "Profile manager");
 }
 
 TEST_F(BundleWindow, WithoutProfilesLoadSaysSo) {

@@ -20,10 +20,12 @@ class Program : public testing::Test {
     environment.insert("XDG_RUNTIME_DIR", folder.path());
   }
 
-  int run(const QStringList& arguments) {
+  int run(const QStringList& arguments, const QString& name = SETTINGS_PROGRAM) {
     QProcess program;
     program.setProcessEnvironment(environment);
-    program.start(SETTINGS_PROGRAM, arguments);
+    program.start(name, arguments);
+    program.write(input);
+    program.closeWriteChannel();
     EXPECT_TRUE(program.waitForFinished(60000));
     EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
     out = program.readAllStandardOutput().toStdString();
@@ -33,6 +35,7 @@ class Program : public testing::Test {
 
   QTemporaryDir folder;
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  QByteArray input;
   std::string out, error;
 };
 
@@ -53,40 +56,63 @@ TEST_F(Program, HelpNamesTheOptions) {
       out, testing::AllOf(testing::HasSubstr("--root DIR"), testing::HasSubstr("--contacts DIR")));
 }
 
-TEST_F(Program, WrongUseIsToldInOneLine) {
-  for (const QStringList& arguments : {QStringList{"--bogus"},
-                                       {"surplus"},
-                                       {"--root"},
-                                       {"--tap", "row"},
-                                       {"--screenshot", "x.png", "--size", "big"},
-                                       {"--appearance", "pink"}}) {
+TEST_F(Program, WrongUseIsReportedInOneLine) {
+  for (const QStringList& arguments :
+       {QStringList{"--bogus"}, {"surplus"}, {"--root"}, {"--page"}}) {
     EXPECT_EQ(run(arguments), 2) << arguments.join(' ').toStdString();
     EXPECT_THAT(error, testing::MatchesRegex("quorvantis-settings: [^\n]+\n"));
   }
 }
 
-TEST_F(Program, AnUnknownPageIsTold) {
-  EXPECT_EQ(run({"--page", "NoSuchController", "--screenshot", folder.filePath("x.png")}), 3);
+TEST_F(Program, HasNoOptionsToOperateIt) {
+  for (const char* option : {"--tap=x", "--bar", "--press=x", "--pick=0", "--select=0.0",
+                             "--drag=0=0", "--scroll=0", "--screenshot=x.png"})
+    EXPECT_EQ(run({option}), 2) << option;
+}
+
+TEST_F(Program, AnUnknownPageIsReported) {
+  environment.insert("QT_QPA_PLATFORM", "offscreen");
+  EXPECT_EQ(run({"--page", "NoSuchController"}), 3);
   EXPECT_THAT(error, testing::HasSubstr("NoSuchController"));
 }
 
-TEST_F(Program, TakesAScreenshotOfTheSizeAsked) {
-  QString file = folder.filePath("page.png");
-  EXPECT_EQ(run({"--screenshot", file, "--size", "320x480"}), 0);
-  EXPECT_EQ(QImage(file).size(), QSize(320, 480));
+class Picture : public Program {
+ protected:
+  QImage take(const QStringList& arguments) {
+    const QString file = folder.filePath("page.png");
+    EXPECT_EQ(run(QStringList{"--root", folder.path(), file} + arguments, PICTURE_PROGRAM), 0);
+    return QImage(file);
+  }
+};
+
+TEST_F(Picture, IsOfTheSizeAsked) {
+  EXPECT_EQ(take({"--size", "320x480"}).size(), QSize(320, 480));
 }
 
-TEST_F(Program, AScreenshotThatCantBeWrittenIsAFailure) {
-  EXPECT_EQ(run({"--screenshot", folder.filePath("missing/page.png")}), 1);
+TEST_F(Picture, LightAndDarkDiffer) {
+  EXPECT_GT(take({"--appearance", "light"}).pixelColor(2, 200).lightness(), 200);
+  EXPECT_LT(take({"--appearance", "dark"}).pixelColor(2, 200).lightness(), 50);
+}
+
+TEST_F(Picture, ShowsWhatRequestsHaveChanged) {
+  const QImage before = take({"--page", "GeneralSettingsController"});
+  input = "{\"do\": \"set\", \"row\": \"enabled\", \"value\": false}\n";
+  EXPECT_NE(take({"--page", "GeneralSettingsController"}), before);
+}
+
+TEST_F(Picture, ARequestThatIsRefusedIsAFailure) {
+  for (const char* line :
+       {"{\"do\": \"tap\", \"row\": \"none\"}\n", "{\"do\": \"prefs\"}\n", "x\n"}) {
+    input = line;
+    EXPECT_EQ(run({"--root", folder.path(), folder.filePath("page.png")}, PICTURE_PROGRAM), 1);
+    EXPECT_FALSE(error.empty()) << line;
+  }
+}
+
+TEST_F(Picture, AFileThatCantBeWrittenIsAFailure) {
+  EXPECT_EQ(run({"--root", folder.path(), folder.filePath("missing/page.png")}, PICTURE_PROGRAM),
+            1);
   EXPECT_THAT(error, testing::HasSubstr("can't write"));
-}
-
-TEST_F(Program, LightAndDarkDiffer) {
-  QString light = folder.filePath("light.png"), dark = folder.filePath("dark.png");
-  run({"--screenshot", light, "--appearance", "light"});
-  run({"--screenshot", dark, "--appearance", "dark"});
-  EXPECT_GT(QImage(light).pixelColor(2, 200).lightness(), 200);
-  EXPECT_LT(QImage(dark).pixelColor(2, 200).lightness(), 50);
 }
 
 }  // namespace

@@ -52,7 +52,7 @@ TEST_F(Rows, ADimmedRowIgnoresClicks) {
   EXPECT_FLOAT_EQ(driver->find("Not available on this device")->parentItem()->opacity(), 0.3f);
 }
 
-TEST_F(Rows, ASliderStoresItsValueWhenItIsLetGo) {
+TEST_F(Rows, ASliderStoresItsValueWhenItIsReleased) {
   driver->click("Custom level");
   QRectF place = driver->place(driver->find("Level", kSlider));
   QPoint start = place.center().toPoint(), end(static_cast<int>(place.right()) - 5, start.y());
@@ -61,7 +61,7 @@ TEST_F(Rows, ASliderStoresItsValueWhenItIsLetGo) {
   QTest::mouseMove(window, end);
   EXPECT_TRUE(device.stored("level").isNothing());
   QTest::mouseRelease(window, Qt::LeftButton, {}, end);
-  driver->buildVisibleRows();
+  driver->waitUntilIdle();
   EXPECT_EQ(device.stored("level"), plist::Value(100.0));
   EXPECT_TRUE(driver->shows("100"));
 }
@@ -77,7 +77,7 @@ TEST_F(Rows, ASliderThatShowsItsValueStoresWhatItShows) {
   EXPECT_NE(shown, "50");
   EXPECT_TRUE(driver->shows(shown));
   QTest::mouseRelease(window, Qt::LeftButton, {}, start + QPoint(11, 0));
-  driver->buildVisibleRows();
+  driver->waitUntilIdle();
   EXPECT_EQ(device.stored("level"), plist::Value(shown.toDouble()));
 }
 
@@ -118,9 +118,9 @@ TEST_F(Rows, WhatASliderCantTakeIsRefusedInWords) {
     driver->key(Qt::Key_Return);
     EXPECT_TRUE(device.stored("level").isNothing()) << typed;
     EXPECT_TRUE(driver->shows("50")) << typed;
-    ASSERT_EQ(settings->bridge().problems().size(), 1) << typed;
-    EXPECT_EQ(settings->bridge().problems().first(), "Level takes a number from 0 to 100.");
-    settings->bridge().dismiss(0);
+    ASSERT_EQ(bridge().problems().size(), 1) << typed;
+    EXPECT_EQ(bridge().problems().first(), "Level takes a number from 0 to 100.");
+    bridge().dismiss(0);
   }
 }
 
@@ -146,9 +146,9 @@ TEST_F(Rows, AClickOnTheChosenSegmentLeavesItChosen) {
 TEST_F(Rows, TheChosenSegmentHasTheTintThatThePageGaveIt) {
   QQuickItem* segments = driver->itemsOfType("SegmentRow").front();
   const QColor before = segments->property("chosenColor").value<QColor>();
-  row("when").control()->tintColor = uikit::Color::fromBytes(200, 0, 0);
-  host.buildVisibleRows();
-  driver->buildVisibleRows();
+  (*application->row("when"))->control()->tintColor = uikit::Color::fromBytes(200, 0, 0);
+  application->buildVisibleRows();
+  driver->waitUntilIdle();
   EXPECT_EQ(segments->property("chosenColor").value<QColor>(), QColor(200, 0, 0));
   EXPECT_NE(before, QColor(200, 0, 0));
 }
@@ -209,11 +209,11 @@ TEST_F(Rows, ARowThatIsOffScreenIsMadeWhenItScrollsIn) {
   driver->scrollTo(700);
   driver->click("A long page");
   ASSERT_EQ(title(), "A long page");
-  EXPECT_TRUE(row("row1").isBuilt());
-  EXPECT_FALSE(row("row40").isBuilt());
+  EXPECT_TRUE(row("row1").built);
+  EXPECT_FALSE(row("row40").built);
   driver->scrollTo(1700);
-  EXPECT_TRUE(row("row40").isBuilt());
-  EXPECT_FALSE(row("row59").isBuilt());
+  EXPECT_TRUE(row("row40").built);
+  EXPECT_FALSE(row("row59").built);
   driver->click("Row 40");
   EXPECT_EQ(device.stored("row40"), plist::Value(true));
 }
@@ -222,9 +222,9 @@ TEST_F(Rows, ATallerWindowMakesMoreRows) {
   driver->resize(390, 700);
   driver->scrollTo(700);
   driver->click("A long page");
-  EXPECT_FALSE(row("row30").isBuilt());
+  EXPECT_FALSE(row("row30").built);
   driver->resize(390, 2000);
-  EXPECT_TRUE(row("row30").isBuilt());
+  EXPECT_TRUE(row("row30").built);
 }
 
 class Widths : public Rows, public testing::WithParamInterface<int> {};

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Quorvantis.Settings
 
-// What alerts and sheets have in common: they stand over everything until a button is pressed.
+// What alerts and sheets share: they cover the window until a button is pressed.
 // Esc cancels, Return confirms. Their view outlives them while it fades.
 T.Popup {
     id: popup

@@ -84,11 +84,11 @@ AlertBase {
 
     // A wheel that still turns stops where it is.
     function press(button: int) {
-        wheel.settle();
+        wheel.chooseMiddle();
         alert.press(button);
     }
     function confirm() {
-        wheel.settle();
+        wheel.chooseMiddle();
         alert.pressPreferred();
     }
 }

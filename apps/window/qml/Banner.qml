@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// Something went wrong; stays until the user has read it.
+// A problem, shown until the user dismisses it.
 Rectangle {
     id: banner
 

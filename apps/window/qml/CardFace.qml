@@ -1,6 +1,6 @@
 import QtQuick
 
-// The ground of a row: round where its card begins and ends, a line where it goes on.
+// The background of a row: round at the first and the last row of its card, a line between rows.
 Item {
     id: face
 

@@ -2,7 +2,7 @@ import QtQuick
 import Quorvantis.Settings
 
 // One row of a card. Its first and last rows are round; below the last one stands the group's
-// footer. What a kind of row shows goes inside.
+// footer. What a kind of row shows is its content.
 FocusScope {
     id: card
 

@@ -15,7 +15,7 @@ Item {
     readonly property bool first: index === 0
     readonly property bool last: index === ListView.view.count - 1
 
-    // The page has the last word on what is ticked.
+    // Shows again what the page has ticked: it may have refused.
     function pick() {
         ListView.view.currentIndex = index;
         page.select(choice);

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// Leads to the page where a colour is chosen, and shows it or the word that stands for it.
+// Leads to the page where a color is chosen, and shows it or the word that stands for it.
 CardRow {
     id: card
 

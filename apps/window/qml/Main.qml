@@ -4,13 +4,13 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Quorvantis.Settings
 
-// The window: the shown page, those it slides over, and what went wrong.
+// The window: the shown page, those it slides over, and the problems to report.
 ApplicationWindow {
     id: window
 
     required property SettingsBridge settings
 
-    // What is being edited is stored before its page goes.
+    // What is being edited is stored before its page is left.
     function commit() {
         nowhere.forceActiveFocus();
     }

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvantis.Settings
 
-// The colour that the user mixes: a row to choose, with a slider for each part of the colour.
+// The color that the user mixes: a row to choose, with a slider for each part of the color.
 SwatchRow {
     id: row
 
@@ -29,6 +29,7 @@ SwatchRow {
                 height: (row.entry.height - 10) / 3
                 shown: row.entry.sliders[index]
                 page: row.page
+                Accessible.name: [qsTr("Red"), qsTr("Green"), qsTr("Blue")][index] ?? ""
                 Accessible.description: row.entry.detail
             }
         }
@@ -39,7 +40,7 @@ SwatchRow {
         x: Theme.inset
         y: parent.height + 8
         width: parent.width - 2 * x
-        text: row.entry.hint
+        text: row.entry.ticked ? qsTr("The color is set when you let go of a slider.") : qsTr("Tap the row to set the color that you have mixed.")
         textFormat: Text.PlainText
         wrapMode: Text.Wrap
         color: Theme.secondary

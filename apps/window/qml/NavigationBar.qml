@@ -116,9 +116,9 @@ Rectangle {
 
         // In the middle of the window while there is room, else in what is left of it.
         readonly property real room: bar.width - bar.sideRoom - bar.rightRoom
-        readonly property real centred: (bar.width - width) / 2
+        readonly property real centered: (bar.width - width) / 2
 
-        x: Math.max(bar.sideRoom, Math.min(centred, bar.width - bar.rightRoom - width))
+        x: Math.max(bar.sideRoom, Math.min(centered, bar.width - bar.rightRoom - width))
         width: Math.min(implicitWidth, room)
         height: parent.height
         verticalAlignment: Text.AlignVCenter

@@ -1,6 +1,6 @@
 import QtQuick
 
-// A calm sentence where there is nothing else to show.
+// A sentence where there is nothing else to show.
 Item {
     id: notice
 

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// A number that can be typed. It is seen while it is; before that it lies over the number as shown.
+// A number that can be typed. Transparent above the number as shown until it is edited.
 T.TextField {
     id: field
 

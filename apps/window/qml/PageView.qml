@@ -12,7 +12,7 @@ FocusScope {
 
     signal back
 
-    // The keyboard goes on where it was on this page, or to its first row.
+    // The keyboard focus returns to where it was on this page, or is given to its first row.
     function takeFocus() {
         const rows = body.item as RowsView, choices = body.item as ChoicesView, swatches = body.item as SwatchesView;
         if (rows)
@@ -53,7 +53,7 @@ FocusScope {
     Connections {
         target: view.page
 
-        function onErrorChanged() {
+        function onKindChanged() {
             view.load();
         }
     }

@@ -2,8 +2,8 @@ import QtQuick
 import QtQuick.Templates as T
 import Quorvantis.Settings
 
-// A slider for one part of a colour. It shows the colour while it is dragged, and the page stores
-// it once it is let go. Arrow keys move it by 1; with Shift, and Page Up and Page Down, by 16.
+// A slider for one part of a color. It shows the color while it is dragged, and the page stores it
+// when it is released. Arrow keys move it by 1; with Shift, and Page Up and Page Down, by 16.
 T.Slider {
     id: slider
 
@@ -54,7 +54,6 @@ T.Slider {
         default: event.accepted = false;
         }
     }
-    Accessible.name: shown.name
     Accessible.onIncreaseAction: step(1)
     Accessible.onDecreaseAction: step(-1)
 

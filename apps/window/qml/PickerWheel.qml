@@ -4,7 +4,7 @@ import QtQuick
 import Quorvantis.Settings
 
 // A wheel of choices, the chosen one in its middle. It turns by touch, by the mouse wheel, by the
-// arrow keys, Page Up, Page Down, Home and End, by a click on a row, and by typing what a row says.
+// arrow keys, Page Up, Page Down, Home and End, by a click on a row, and by typing the beginning of a row.
 FocusScope {
     id: wheel
 
@@ -19,7 +19,7 @@ FocusScope {
     readonly property int stepSize: 1
 
     // What is in the middle is chosen.
-    function settle() {
+    function chooseMiddle() {
         if (list.moving)
             list.cancelFlick();
         alert.pick(list.currentIndex);
@@ -110,7 +110,7 @@ FocusScope {
         highlightMoveVelocity: -1
         keyNavigationEnabled: false
         currentIndex: wheel.alert.chosen
-        onMovementEnded: wheel.settle()
+        onMovementEnded: wheel.chooseMiddle()
         Component.onCompleted: {
             currentIndex = wheel.alert.chosen;
             positionViewAtIndex(currentIndex, ListView.SnapPosition);

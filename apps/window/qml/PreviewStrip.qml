@@ -1,7 +1,7 @@
 import QtQuick
 import Quorvantis.Settings
 
-// The setting whose colour is being chosen, as it is now.
+// The setting whose color is being chosen, as it is now.
 Rectangle {
     id: strip
 

@@ -18,7 +18,7 @@ ListView {
         const last = indexAt(1, contentY + height - 1);
         page.show(first, (last < 0 ? count - 1 : last) - first + 1);
     }
-    // The keyboard goes to the row at this place.
+    // Gives the row at this index the keyboard focus.
     function enter(index: int, reason: int): bool {
         if (index < 0)
             return false;

@@ -7,7 +7,10 @@ import QtQuick.Templates as T
 CardRow {
     id: card
 
-    readonly property color chosenColor: Theme.given(entry.tint, Theme.accent)
+    readonly property bool tinted: entry.tint.a > 0
+    readonly property color chosenColor: Theme.given(entry.tint, Theme.chosen)
+    // What stands on it; a dimmed row is too pale for any other color than that of text.
+    readonly property color chosenText: tinted && entry.opacity === 1 ? Theme.textOn(chosenColor) : Theme.text
     readonly property bool titled: entry.label !== ""
 
     function move(direction: int) {
@@ -45,7 +48,9 @@ CardRow {
         width: parent.width - 2 * x
         height: 34
         radius: 9
-        color: Theme.dark ? "#2C2C2E" : "#EBEBEF"
+        color: Theme.groove
+        border.width: card.tinted ? 1 : 0
+        border.color: Theme.legible(card.entry.tint)
         visible: card.entry.built
         activeFocusOnTab: true
         onActiveFocusChanged: if (!activeFocus) byKeyboard = false
@@ -93,6 +98,8 @@ CardRow {
                         radius: 7
                         visible: segment.chosen || segment.down
                         color: segment.chosen ? card.chosenColor : Theme.pressed
+                        border.width: segment.chosen ? 1 : 0
+                        border.color: card.tinted ? Theme.legible(card.entry.tint) : Theme.chosenEdge
                     }
                     Text {
                         anchors.fill: parent
@@ -104,8 +111,7 @@ CardRow {
                         elide: Text.ElideRight
                         fontSizeMode: Text.HorizontalFit
                         minimumPixelSize: Math.round(Theme.small * 0.8)
-                        // White could not be read on the pale ground of a dimmed row.
-                        color: segment.chosen && card.entry.opacity === 1 ? "#FFFFFF" : Theme.text
+                        color: segment.chosen ? card.chosenText : Theme.text
                         font.pixelSize: Theme.small
                         font.weight: segment.chosen ? Font.DemiBold : Font.Normal
                     }

@@ -6,8 +6,12 @@ import QtQuick.Templates as T
 CardRow {
     id: card
 
-    readonly property color trackColor: Theme.given(entry.tint, Theme.dark ? Theme.accentText : Theme.accent)
+    readonly property color trackColor: Theme.legible(Theme.given(entry.tint, Theme.accentText))
     readonly property bool titled: entry.label !== "" || entry.value !== ""
+    readonly property real range: entry.maximum - entry.minimum
+    // What a key moves the slider by, and what a drag can aim at where the value is shown.
+    readonly property real step: entry.stops > 0 ? range / entry.stops : range >= 20 ? Math.max(1, Math.round(range / 20)) : range / 20
+    readonly property real grain: entry.value === "" ? 0 : range >= 20 ? 1 : range >= 2 ? 0.1 : 0.01
 
     onEntryChanged: slider.sync()
     control: slider
@@ -57,14 +61,14 @@ CardRow {
                 value = card.entry.number;
             syncing = false;
         }
-        // The page has the last word on what the slider shows.
+        // Shows again what the page says: it may have refused.
         function commit() {
             if (value !== card.entry.number)
                 card.page.setNumber(card.index, value);
             sync();
         }
         function step(steps: int) {
-            value = Math.max(from, Math.min(to, value + steps * card.entry.step));
+            value = Math.max(from, Math.min(to, value + steps * card.step));
         }
 
         anchors.left: parent.left
@@ -75,7 +79,7 @@ CardRow {
         height: card.titled ? 40 : parent.height
         focusPolicy: Qt.StrongFocus
         visible: card.entry.built
-        stepSize: card.entry.stops > 0 ? card.entry.step : card.entry.grain
+        stepSize: card.entry.stops > 0 ? card.step : card.grain
         snapMode: stepSize > 0 ? T.Slider.SnapAlways : T.Slider.NoSnap
         live: true
         onMoved: if (card.entry.continuous) card.page.setNumber(card.index, value)

@@ -1,6 +1,6 @@
 import QtQuick
 
-// Something is under way.
+// An activity in progress.
 CardRow {
     id: card
 

@@ -1,6 +1,6 @@
 import QtQuick
 
-// Plain text; tall and centred for a giant row.
+// Plain text; tall and centered for a giant row.
 CardRow {
     id: card
 

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Quorvantis.Settings
 
-// One colour to choose: its patch, its name above its text, the tick.
+// One color to choose: its patch, its name above its text, the tick.
 FocusScope {
     id: card
 
@@ -16,12 +16,12 @@ FocusScope {
     readonly property real side: Theme.sideOf(width)
     readonly property bool headed: entry.heading !== ""
 
-    signal wanted(int to)  // the keyboard goes to another row
+    signal wanted(int to)  // another row is to have the keyboard focus
 
     function take(reason: int) {
         button.forceActiveFocus(reason);
     }
-    // The page has the last word on what is ticked.
+    // Shows again what the page has ticked: it may have refused.
     function pick() {
         page.select(index);
         button.checked = Qt.binding(() => card.entry.ticked);
@@ -69,7 +69,7 @@ FocusScope {
 
             anchors.fill: parent
             autoExclusive: false
-            // Tab goes on from the current row by the table, and from its sliders out of it.
+            // Tab moves from the current row to the next of the table, and from its sliders out of it.
             focusPolicy: card.ListView.isCurrentItem ? Qt.StrongFocus : Qt.ClickFocus
             text: card.entry.title
             checked: card.entry.ticked

@@ -3,7 +3,7 @@ import QtQuick.Controls.Basic
 import Qt.labs.qmlmodels
 import Quorvantis.Settings
 
-// A page of colours: what is chosen above, and the table below.
+// A page of colors: what is chosen above, and the table below.
 FocusScope {
     id: view
 

@@ -15,7 +15,7 @@ CardRow {
     T.Switch {
         id: button
 
-        // The page has the last word on what the switch shows.
+        // Shows again what the page says: it may have refused.
         function turn() {
             card.page.setOn(card.index, checked);
             checked = Qt.binding(() => card.entry.on);
@@ -51,15 +51,18 @@ CardRow {
         }
 
         indicator: Rectangle {
+            // The tint is for the outline of a switch that is off.
+            readonly property bool outlined: !button.checked && card.entry.tint.a > 0
+
             x: button.width - width - Theme.inset
             y: (button.height - height) / 2
             width: 51
             height: 31
-            radius: height / 2
+            radius: card.entry.cornerRadius >= 0 ? Math.min(card.entry.cornerRadius, height / 2) : height / 2
             visible: card.entry.built
             color: button.checked ? card.onColor : card.offColor
-            border.width: Theme.dark && button.checked ? 1 : 0
-            border.color: Theme.chevron
+            border.width: outlined ? 2 : Theme.contrastOnCard(color) < 3 ? 1 : 0
+            border.color: Theme.legible(outlined ? card.entry.tint : color)
 
             Behavior on color { ColorAnimation { duration: 140 } }
 

@@ -2,7 +2,7 @@ pragma Singleton
 
 import QtQuick
 
-// Colours and measures. Light or dark follows the desktop's palette, sizes its font.
+// Colors and measures. Light or dark follows the desktop's palette, sizes its font.
 QtObject {
     readonly property SystemPalette system: SystemPalette {}
     readonly property FontMetrics metrics: FontMetrics {}
@@ -22,6 +22,10 @@ QtObject {
     readonly property color accentText: dark ? "#9DB8D2" : accent
     readonly property color destructive: dark ? "#FF6961" : "#C9271C"
     readonly property color track: dark ? "#48484A" : "#DCDCE0"
+    // Segments: their ground, the chosen one and its edge.
+    readonly property color groove: dark ? "#2C2C2E" : "#E6E6EB"
+    readonly property color chosen: dark ? "#636366" : "#FFFFFF"
+    readonly property color chosenEdge: dark ? "#8E8E93" : "#B4B4BA"
     readonly property color dialog: dark ? "#242426" : "#FAFAFC"
     readonly property color band: dark ? "#39393D" : "#E9E9EE"
     readonly property color hint: dark ? "#48484C" : "#3A3A3E"
@@ -40,13 +44,33 @@ QtObject {
     readonly property int wide: 700  // a window of this width or more has room for popovers
     readonly property int slide: 260
 
-    // A colour of the page's own, or the window's where the page set none.
+    // A color of the page's own, or the window's where the page set none.
     function given(color: color, otherwise: color): color {
         return color.a > 0 ? color : otherwise;
     }
-    // Whether a patch of this colour can't be told from the ground of a card.
-    function swallows(color: color): bool {
-        return Math.abs(color.r - card.r) + Math.abs(color.g - card.g) + Math.abs(color.b - card.b) < 0.12;
+    // Relative luminance and contrast as WCAG 2.1 defines them.
+    function luminance(color: color): real {
+        const linear = part => part <= 0.04045 ? part / 12.92 : Math.pow((part + 0.055) / 1.055, 2.4);
+        return 0.2126 * linear(color.r) + 0.7152 * linear(color.g) + 0.0722 * linear(color.b);
+    }
+    function contrast(one: color, other: color): real {
+        const a = luminance(one), b = luminance(other);
+        return (Math.max(a, b) + 0.05) / (Math.min(a, b) + 0.05);
+    }
+    // How a color, which may be translucent, stands out from a card.
+    function contrastOnCard(color: color): real {
+        return contrast(Qt.tint(card, color), card);
+    }
+    // The color, or as little nearer to that of text as makes it stand out from a card.
+    function legible(color: color): color {
+        let mixed = Qt.tint(card, color);
+        for (let i = 0; i < 10 && contrast(mixed, card) < 4; ++i)
+            mixed = Qt.tint(mixed, Qt.rgba(text.r, text.g, text.b, 0.1));
+        return mixed;
+    }
+    // Black or white, whichever has the greater contrast with this ground.
+    function textOn(ground: color): color {
+        return luminance(Qt.tint(card, ground)) > 0.18 ? "#000000" : "#FFFFFF";
     }
     // What stays free at either side of the rows.
     function sideOf(width: real): real {

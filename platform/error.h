@@ -1,0 +1,24 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+namespace platform {
+
+// Why something failed: a file operation, a service, the reading of what a file holds.
+struct Error {
+  std::string path{};  // the platform path that it is about; empty where it is about none
+  int code = 0;        // the system's error number (errno); 0 when the words say it all
+  std::string what{};  // the step that failed ("rename"), or what is wrong
+  std::shared_ptr<const Error> cause{};  // what lies behind it, if anything does
+
+  // The same with something behind it.
+  Error because(Error reason) &&;
+
+  // Path, words, the system's words for the code, and the cause, each where there is one:
+  // "/var/…/x: No such file or directory", "/var/…/x: rename: Disk quota exceeded",
+  // "/var/…/x: not a readable property list: containers nested too deeply at byte 8"
+  std::string message() const;
+};
+
+}  // namespace platform

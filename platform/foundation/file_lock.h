@@ -1,0 +1,25 @@
+#pragma once
+
+#include <chrono>
+#include <string>
+
+#include "platform/foundation/descriptor.h"
+#include "platform/foundation/directory.h"
+#include "platform/result.h"
+
+namespace foundation {
+
+// How long a lock is waited for unless the host says otherwise.
+inline constexpr std::chrono::milliseconds kLockPatience{5000};
+
+// The exclusive lock, between processes, on whoever may replace the file `name`: an flock of
+// .NAME.lock beside it, a file that is made when it is missing and stays. Held until the descriptor
+// is closed.
+//
+// A lock that another process holds is waited for no longer than `patience`; the error is then
+// "another program holds the settings", with the program's name and process id where /proc/locks
+// has them.
+platform::Result<Descriptor> takeLock(const Directory& folder, const std::string& name,
+                                      std::chrono::milliseconds patience);
+
+}  // namespace foundation
