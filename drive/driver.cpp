@@ -59,7 +59,7 @@ const Driver::Handler Driver::kHandlers[] = {
 };
 
 Driver::Driver(const host::DeviceOptions& options, int viewport,
-               std::function<void(const std::string&)> complain)
+               host::Device::ProblemHandler complain)
     : device_(options), application_(device_.device().environment(), viewport) {
   device_.device().setProblemHandler(std::move(complain));
 }

@@ -16,8 +16,7 @@ class Driver {
  public:
   // `complain` is given what a person must be told of besides the answers; it may be called from
   // another thread.
-  Driver(const host::DeviceOptions& options, int viewport,
-         std::function<void(const std::string&)> complain);
+  Driver(const host::DeviceOptions& options, int viewport, host::Device::ProblemHandler complain);
 
   // The answer to one line, without a newline. No line can do more harm than a person with the
   // window can: one that is too long, too deep or no request is answered as a bad request.

@@ -1,5 +1,6 @@
 #include "host/device.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "prefs/resources/bundle.h"
@@ -18,11 +19,12 @@ const foundation::FallbackFolder& desktopSounds() {
 
 Device::Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQueue> mainQueue,
                const Substitutes& substitutes)
-    : collator_(tellingInto(warnings_)),
-      urls_(desktop_, problems()),
+    : collator_(reportOf(Source::Collation, Severity::Warning)),
+      urls_(desktop_, reportOf(Source::Urls, Severity::Failure)),
       root_(options.root),
-      addressBook_(root_, options.contacts, collator_, tellingInto(warnings_)),
-      sounds_(root_, desktopSounds(), problems()),
+      addressBook_(root_, options.contacts, collator_,
+                   reportOf(Source::Contacts, Severity::Warning)),
+      sounds_(root_, desktopSounds(), reportOf(Source::Sounds, Severity::Failure)),
       preferences_(root_, options.lockPatience),
       mainQueue_(std::move(mainQueue)),
       environment_{
@@ -40,45 +42,57 @@ Device::Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQue
           .idiom = options.idiom,
           .soundFallback = desktopSounds(),
           .screen = &screen_,
-          .problemHandler = problems(),
+          .problemHandler = reportOf(Source::Profiles, Severity::Failure),
       } {
   preferences_.setXmlReader([this](plist::Bytes bytes) { return xml_.read(bytes); });
-  preferences_.setProblemHandler(problems());
+  preferences_.setProblemHandler(reportOf(Source::Settings, Severity::Failure));
 }
 
 // Tasks that wait and alerts hold pages, and those need the device until they are gone.
 Device::~Device() {
-  screen_.setObserver({});
   screen_.dismissAll();
   mainQueue_.reset();
 }
 
-std::function<void(const std::string&)> Device::tellingInto(Messages& kept) {
-  return [this, &kept](const std::string& message) {
-    const std::lock_guard lock(mutex_);
-    if (problemHandler_)
-      problemHandler_(message);
-    else
-      kept.push_back(message);
+platform::Report Device::reportOf(Source source, Severity severity) {
+  return [this, source, severity](const platform::Error& error) {
+    report({source, severity, error.path, error.words()});
   };
 }
 
-void Device::setProblemHandler(std::function<void(const std::string&)> handler) {
+// The handler runs without the lock, so that it may make the device report again.
+void Device::report(const Problem& problem) {
+  std::shared_ptr<const ProblemHandler> handler;
+  {
+    const std::lock_guard lock(mutex_);
+    if (!handler_) return kept_.push_back(problem);
+    handler = handler_;
+    ++calls_;
+  }
+  (*handler)(problem);
   const std::lock_guard lock(mutex_);
-  problemHandler_ = std::move(handler);
-  if (!problemHandler_) return;
-  for (Messages* kept : {&problems_, &warnings_})
-    for (const std::string& message : std::exchange(*kept, {})) problemHandler_(message);
+  --calls_;
+  called_.notify_all();
 }
 
-std::vector<std::string> Device::takeProblems() {
-  const std::lock_guard lock(mutex_);
-  return std::exchange(problems_, {});
+void Device::setProblemHandler(ProblemHandler handler) {
+  std::vector<Problem> kept;
+  {
+    std::unique_lock lock(mutex_);
+    handler_ = handler ? std::make_shared<const ProblemHandler>(handler) : nullptr;
+    called_.wait(lock, [this] { return calls_ == 0; });
+    if (handler_) kept = std::exchange(kept_, {});
+  }
+  for (const Problem& problem : kept) handler(problem);
 }
 
-std::vector<std::string> Device::takeWarnings() {
+std::vector<Problem> Device::takeProblems(Severity severity) {
   const std::lock_guard lock(mutex_);
-  return std::exchange(warnings_, {});
+  const auto others = std::ranges::stable_partition(
+      kept_, [severity](const Problem& problem) { return problem.severity != severity; });
+  std::vector<Problem> taken(others.begin(), others.end());
+  kept_.erase(others.begin(), others.end());
+  return taken;
 }
 
 platform::Result<platform::Done> Device::watch(

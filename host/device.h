@@ -1,5 +1,6 @@
 #pragma once
 
+#include <condition_variable>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -7,6 +8,7 @@
 #include <vector>
 
 #include "host/device_options.h"
+#include "host/problem.h"
 #include "host/reporting_urls.h"
 #include "platform/preferences/environment.h"
 #include "services/address_book.h"
@@ -23,7 +25,7 @@ struct Substitutes {
 };
 
 // The device and its services on this machine, put together for the settings bundle. Nothing is
-// loaded or read before a page asks for it. Pages must go before the device does.
+// loaded or read before a page asks for it. Pages must be destroyed before the device is.
 class Device {
  public:
   Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQueue> mainQueue,
@@ -38,15 +40,14 @@ class Device {
 
   uikit::Screen& screen() { return screen_; }
 
-  // What the pages ignore and the user should hear of: a domain file that can't be read, a write
-  // that failed, a URL that can't be opened, a sound that can't be played. With a handler each is
-  // told at once, a sound's from another thread; else they are kept until they are taken. Once this
-  // has returned, an earlier handler is called no more.
-  void setProblemHandler(std::function<void(const std::string&)> handler);
-  std::vector<std::string> takeProblems();
-  // Likewise what was done all the same, only not as well: text in the order of its bytes, contacts
-  // without those that can't be read.
-  std::vector<std::string> takeWarnings();
+  // What the pages ignore and a person must be told: a domain file that can't be read, a write that
+  // failed, a URL that can't be opened; as a warning what was done all the same, only not as well:
+  // text sorted by its bytes, contacts without those that can't be read. With a handler each is
+  // given to it at once, a sound's from another thread; else they are kept until they are taken.
+  // Returns once no call of an earlier handler runs any more; not to be called by a handler.
+  using ProblemHandler = std::function<void(const Problem& problem)>;
+  void setProblemHandler(ProblemHandler handler);
+  std::vector<Problem> takeProblems(Severity severity);
 
   // Calls `posted` with the name of each cross-process notification as it arrives, only of these
   // names if there are any, until it returns false. The error says why the bus can't be listened
@@ -56,13 +57,14 @@ class Device {
       const std::function<bool(std::string_view name)>& posted);
 
  private:
-  using Messages = std::vector<std::string>;
-  std::function<void(const std::string&)> tellingInto(Messages& kept);
-  std::function<void(const std::string&)> problems() { return tellingInto(problems_); }
+  platform::Report reportOf(Source source, Severity severity);
+  void report(const Problem& problem);
 
-  std::recursive_mutex mutex_;  // sounds tell from threads of their own
-  std::function<void(const std::string&)> problemHandler_;
-  Messages problems_, warnings_;
+  std::mutex mutex_;  // of what follows: sounds report from threads of their own
+  std::condition_variable called_;
+  std::shared_ptr<const ProblemHandler> handler_;  // null: none
+  int calls_ = 0;                                  // of handlers, running now
+  std::vector<Problem> kept_;
 
   services::SessionNotificationCenter darwinCenter_;
   services::UserCollator collator_;

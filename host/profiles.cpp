@@ -63,7 +63,7 @@ Attempt<std::vector<SavedProfile>> Profiles::list() {
     profiles.push_back({std::move(saved.paths[i]), std::move(saved.titles[i])});
   if (environment_.problemHandler)
     for (const auto& [path, reason] : saved.skipped)
-      environment_.problemHandler(path + ": " + reason);
+      environment_.problemHandler({.path = path, .what = reason});
   return profiles;
 }
 

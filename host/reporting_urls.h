@@ -9,26 +9,25 @@
 
 namespace host {
 
-// The machine's URLs. When one can't be opened the user hears of it, and of a library that is
-// missing for it.
+// The machine's URLs. When one can't be opened that is reported, with the
+// library that is missing for it.
 class ReportingUrls : public platform::Urls {
  public:
-  using Problem = std::function<void(const std::string& message)>;
-
-  ReportingUrls(platform::Urls& next, Problem problem)
-      : next_(next), problem_(std::move(problem)) {}
+  ReportingUrls(platform::Urls& next, platform::Report report)
+      : next_(next), report_(std::move(report)) {}
 
   bool canOpen(std::string_view url) override { return next_.canOpen(url); }
   bool open(std::string_view url) override {
     if (next_.open(url)) return true;
     const auto& desktop = services::find<platform::Urls>();
-    problem_("can't open " + std::string(url) + (desktop ? "" : ": " + desktop.error().message()));
+    platform::Error error{.what = "can't open " + std::string(url)};
+    report_(desktop ? error : std::move(error).because(desktop.error()));
     return false;
   }
 
  private:
   platform::Urls& next_;
-  Problem problem_;
+  platform::Report report_;
 };
 
 }  // namespace host

@@ -173,7 +173,7 @@ Attempt<Settings::Problems> Settings::change(
   if (!flushed) return failure(Failure::Failed, flushed.error().message());
   if (auto during = takeProblems_(); !during.empty()) problems = std::move(during);
   if (!problems.empty() && plist::Value(prefs::wholeDomainRead(preferences)) == before)
-    return failure(Failure::Failed, problems.front());
+    return Failure{Failure::Failed, problems.front()};
   return problems;
 }
 

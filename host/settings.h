@@ -19,7 +19,7 @@ class Application;
 // changed, as the user would.
 class Settings {
  public:
-  using Problems = std::vector<std::string>;
+  using Problems = std::vector<Problem>;
 
   // `clock`: the environment's main queue. `takeProblems` gives what the store has reported since
   // it was last called.

@@ -27,7 +27,12 @@ Error Error::because(Error reason) && {
 }
 
 std::string Error::message() const {
-  std::string message = path;
+  const std::string after = words();
+  return path.empty() || after.empty() ? path + after : path + ": " + after;
+}
+
+std::string Error::words() const {
+  std::string message;
   const auto add = [&message](const std::string& words) {
     if (!message.empty() && !words.empty()) message += ": ";
     message += words;

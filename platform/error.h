@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -19,6 +20,11 @@ struct Error {
   // "/var/…/x: No such file or directory", "/var/…/x: rename: Disk quota exceeded",
   // "/var/…/x: not a readable property list: containers nested too deeply at byte 8"
   std::string message() const;
+  std::string words() const;  // the same without the path
 };
+
+// Takes a failure that a caller passes over and its user should know of. May be called from any
+// thread.
+using Report = std::function<void(const Error& error)>;
 
 }  // namespace platform

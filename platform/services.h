@@ -14,9 +14,6 @@
 // whose library is missing on a machine is absent, and the caller gets the reason.
 namespace platform {
 
-// Is called with what the code passes over in silence, in a human-readable sentence.
-using Report = std::function<void(const std::string& message)>;
-
 // Cross-process notifications: a name and nothing else.
 class DarwinNotificationCenter {
  public:

@@ -97,7 +97,7 @@ std::vector<Person> VCardAddressBook::peopleInStoredOrder() {
 }
 
 void VCardAddressBook::report(const std::string& message) {
-  if (reported_.insert(message).second && report_) report_(message);
+  if (reported_.insert(message).second && report_) report_({.what = message});
 }
 
 }  // namespace services

@@ -16,8 +16,7 @@ int UserCollator::compare(std::string_view a, std::string_view b) {
     if (const auto order = compareAscii(a, b)) return *order;
   const auto& collator = find<platform::Collator>();
   if (collator) return (*collator)->compare(a, b);
-  if (const platform::Report report = std::exchange(report_, {}))
-    report(collator.error().message());
+  if (const platform::Report report = std::exchange(report_, {})) report(collator.error());
   return a.compare(b);
 }
 

@@ -12,7 +12,7 @@ DeviceSounds::DeviceSounds(const foundation::DeviceRoot& root, foundation::Fallb
                            platform::Report report)
     : root_(root),
       fallback_(std::move(fallback)),
-      report_(report ? std::move(report) : [](const std::string&) {}) {}
+      report_(report ? std::move(report) : [](const platform::Error&) {}) {}
 
 DeviceSounds::~DeviceSounds() {
   if (played_) (*find<SoundPlayer>())->stop();
@@ -21,17 +21,17 @@ DeviceSounds::~DeviceSounds() {
 void DeviceSounds::play(const std::optional<std::string>& url) {
   if (!url) return;
   const auto path = foundation::pathOfFileUrl(*url);
-  if (!path) return report_("not the URL of a file: " + *url);
+  if (!path) return report_({.what = "not the URL of a file: " + *url});
   auto file = foundation::openWithFallback(root_, fallback_, *path, O_RDONLY);
-  if (!file) return report_(file.error().message());
+  if (!file) return report_(file.error());
   const auto status = foundation::statRegular(*file, *path);
-  if (!status) return report_(status.error().message());
+  if (!status) return report_(status.error());
 
   const auto& player = find<SoundPlayer>();
-  if (!player) return report_(player.error().message());
+  if (!player) return report_(player.error());
   played_ = true;
   (*player)->play(std::move(*file), [report = report_, path = *path](const std::string& reason) {
-    report(path + ": " + reason);
+    report({.path = path, .what = reason});
   });
 }
 

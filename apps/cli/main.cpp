@@ -21,7 +21,7 @@ Outcome<Done> runLine(const std::vector<std::string>& words, cli::Session& sessi
   const auto done = perform(*line, session);
   if (!done) return done.error();
   const auto flushed = session.flush();
-  for (const std::string& warning : session.takeWarnings()) cli::complain(warning);
+  for (const host::Problem& warning : session.takeWarnings()) cli::complain(warning.message());
   return flushed;
 }
 

@@ -105,7 +105,8 @@ Outcome<Done> converse(Session& session, const Arguments& arguments) {
       host::numberIn<int>(arguments.value("--viewport").value_or(std::to_string(kDefaultViewport)));
   if (!entries || *entries < 1) return Failure{ExitCode::WrongUse, "--viewport is 1 or more"};
   session.options.idiom = idiom == "tablet" ? uikit::Idiom::Tablet : uikit::Idiom::Phone;
-  drive::Driver driver(session.options, *entries, complain);
+  drive::Driver driver(session.options, *entries,
+                       [](const host::Problem& problem) { complain(problem.message()); });
   while (const auto line = readInputLine()) {
     if (line->find_first_not_of(" \t\r") == std::string::npos) continue;
     session.print(driver.answer(*line));

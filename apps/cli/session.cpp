@@ -54,20 +54,21 @@ host::Device& Session::device() {
 
 host::Settings Session::settings() {
   host::Device& made = device();
-  return {made.environment(), *clock_, [&made] { return made.takeProblems(); }};
+  return {made.environment(), *clock_,
+          [&made] { return made.takeProblems(host::Severity::Failure); }};
 }
 
 Outcome<Done> Session::storeWorked() {
-  const auto problems = device().takeProblems();
+  const auto problems = device().takeProblems(host::Severity::Failure);
   if (problems.empty()) return Done{};
-  return Failure{ExitCode::Failed, problems.front()};
+  return Failure{ExitCode::Failed, problems.front().message()};
 }
 
-std::vector<std::string> Session::takeWarnings() {
+std::vector<host::Problem> Session::takeWarnings() {
   auto taken = std::exchange(warnings, {});
   if (!device_) return taken;
-  std::ranges::move(device_->takeProblems(), std::back_inserter(taken));
-  std::ranges::move(device_->takeWarnings(), std::back_inserter(taken));
+  for (const auto severity : {host::Severity::Failure, host::Severity::Warning})
+    std::ranges::move(device_->takeProblems(severity), std::back_inserter(taken));
   return taken;
 }
 

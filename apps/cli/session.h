@@ -47,8 +47,8 @@ class Session {
   // Failed with the first thing that went wrong with the store, if anything did.
   Outcome<Done> storeWorked();
   // What the user should know of though the command was done.
-  std::vector<std::string> warnings;
-  std::vector<std::string> takeWarnings();  // those, and the device's
+  std::vector<host::Problem> warnings;
+  std::vector<host::Problem> takeWarnings();  // those, and the device's
 
   void print(std::string_view line) { (output_ += line) += '\n'; }
   void print(const Listing& listing);

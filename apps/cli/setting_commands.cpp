@@ -101,7 +101,7 @@ Outcome<Done> listChoices(Session& session, const Arguments& arguments) {
   const auto& [values, titles] = **choices;
   if (values.empty())
     if (const auto why = session.takeWarnings(); !why.empty())
-      return Failure{ExitCode::Failed, why.front()};
+      return Failure{ExitCode::Failed, why.front().message()};
   Listing listing;
   for (std::size_t i = 0; i < values.size(); ++i)
     listing.add({{"value", toJson(values[i])}, {"title", titles[i]}},

@@ -44,7 +44,7 @@ int run(const window::Options& options) {
 
   window::SettingsWindow settings(application, queue);
   if (!settings.quickWindow()) return complain(kFailed, "the window can't be made.");
-  device.setProblemHandler([&](const std::string& problem) { settings.report({.words = problem}); });
+  device.setProblemHandler([&](const host::Problem& problem) { settings.report(problem); });
   const int code = QGuiApplication::exec();
   device.setProblemHandler({});
   return code;

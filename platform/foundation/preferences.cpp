@@ -24,7 +24,7 @@ Preferences::Domain& Preferences::loadedDomain(std::string_view name) {
 
 Error Preferences::failed(Domain& domain, Error error) {
   const std::string message = error.message();
-  if (message != domain.reported && problemHandler_) problemHandler_(message);
+  if (message != domain.reported && problemHandler_) problemHandler_(error);
   domain.reported = message;
   return error;
 }
@@ -101,7 +101,7 @@ Result<Done> Preferences::setMultiple(const plist::Dictionary& values,
   if (!changed) return failed(target, changed.error());
   target.unflushed |= changed->written;
   target.reported.clear();
-  if (!changed->keptAside.empty() && problemHandler_) problemHandler_(changed->keptAside);
+  if (!changed->keptAside.empty() && problemHandler_) problemHandler_({.what = changed->keptAside});
   if (!target.loaded) return Done{};
   for (const auto& entry : *kept.dictionary()) target.entries.set(entry.key, entry.value);
   for (const std::string& key : remove) target.entries.remove(key);
@@ -119,7 +119,7 @@ Result<Done> Preferences::synchronize() {
   return Done{};
 }
 
-void Preferences::setProblemHandler(std::function<void(const std::string& message)> handler) {
+void Preferences::setProblemHandler(platform::Report handler) {
   problemHandler_ = std::move(handler);
 }
 

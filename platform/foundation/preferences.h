@@ -60,7 +60,7 @@ class Preferences {
 
   // Is called with each failure and each file kept aside, so that the host can report it to its
   // user. A failure that repeats itself is reported once, until the domain works again.
-  void setProblemHandler(std::function<void(const std::string& message)> handler);
+  void setProblemHandler(platform::Report handler);
 
   // Reads domain files that aren't binary; without it they count as damaged. A set writes them back
   // as binary.
@@ -85,7 +85,7 @@ class Preferences {
   DeviceRoot& root_;
   std::chrono::milliseconds lockPatience_;
   XmlReader xml_;
-  std::function<void(const std::string&)> problemHandler_;
+  platform::Report problemHandler_;
   std::map<std::string, Domain, std::less<>> domains_;
 };
 

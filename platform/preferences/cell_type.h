@@ -32,9 +32,5 @@ std::string_view nameOf(CellType type);
 inline bool hasChoices(CellType type) {
   return type == CellType::PSLinkListCell || type == CellType::PSSegmentCell;
 }
-inline bool hasText(CellType type) {
-  return type == CellType::PSEditTextCell || type == CellType::PSSecureEditTextCell ||
-         type == CellType::PSEditTextViewCell;
-}
 
 }  // namespace preferences

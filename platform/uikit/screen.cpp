@@ -4,7 +4,6 @@ namespace uikit {
 
 void Screen::present(std::shared_ptr<Alert> alert) {
   alerts_.push_back(std::move(alert));
-  notify();
 }
 
 Alert* Screen::topmost() const {
@@ -16,19 +15,12 @@ bool Screen::press(int button) {
   if (button < 0 || button >= static_cast<int>(alerts_.back()->buttons().size())) return false;
   const std::shared_ptr<Alert> pressed = std::move(alerts_.back());
   alerts_.pop_back();
-  notify();
   pressed->runButton(button);
   return true;
 }
 
 void Screen::dismissAll() {
-  if (alerts_.empty()) return;
   alerts_.clear();
-  notify();
-}
-
-void Screen::notify() const {
-  if (changed_) changed_();
 }
 
 }  // namespace uikit

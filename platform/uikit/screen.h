@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <vector>
 
@@ -24,14 +23,8 @@ class Screen {
   // Takes all away without pressing anything, as when the application ends.
   void dismissAll();
 
-  // Called when an alert comes or goes.
-  void setObserver(std::function<void()> changed) { changed_ = std::move(changed); }
-
  private:
-  void notify() const;
-
   std::vector<std::shared_ptr<Alert>> alerts_;
-  std::function<void()> changed_;
 };
 
 }  // namespace uikit

@@ -82,12 +82,13 @@ class ProfilesListController : public preferences::PSListController,
   std::shared_ptr<uikit::PickerView> makePicker();
   void selectTriggerSavedLast();
   void confirmOverwrite(std::int32_t row);
-  void show(std::shared_ptr<uikit::Alert> alert);
   void report(const std::string& problem) const;
   void reportNothingDone(std::string_view done, std::int32_t row) const;
   std::shared_ptr<ProfilesListController> self();
 
  protected:
+  virtual void show(std::shared_ptr<uikit::Alert> alert);
+
   TriggerPickerLists lists_;  // made anew for each picker
 
  private:

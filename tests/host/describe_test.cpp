@@ -127,8 +127,10 @@ TEST(DescribeTables, ColorsStandInSectionsAndTheLastOneMixes) {
   ASSERT_EQ(mixed.panel->sliders.size(), 3u);
   EXPECT_EQ(mixed.panel->sliders[0].tag, 201);
   EXPECT_EQ(mixed.panel->sliders[0].maximum, 255);
-  EXPECT_TRUE(page.tableRows.at(1).image);
-  EXPECT_FALSE(page.tableRows.at(1).panel);
+  const host::TableRowView& first = page.tableRows.at(page.sections[0].rows);
+  EXPECT_EQ(first.title, "Purple");
+  EXPECT_EQ(first.image->hex(), "#5856D6");
+  EXPECT_FALSE(first.panel);
 }
 
 TEST(DescribeTables, OpenerHasTheColorThatIsChosenNow) {

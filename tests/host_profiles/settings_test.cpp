@@ -19,8 +19,9 @@ class HostSettings : public testing::Test {
   }
 
   profiles_test::ProfilesDevice device;
+  host::Settings::Problems reported;
   host::Settings settings{device.environment, device.queue,
-                          [this] { return std::exchange(device.problems, {}); }};
+                          [this] { return std::exchange(reported, {}); }};
 };
 
 TEST_F(HostSettings, AValueIsStoredOrTheRowsDefault) {
@@ -62,7 +63,7 @@ TEST_F(HostSettings, AChangeThatIsNotStoredFailsWithTheStoresReason) {
   std::filesystem::remove(lock);
   std::filesystem::create_directories(lock);
   device.preferences.setProblemHandler(
-      [this](const std::string& message) { device.problems.push_back(message); });
+      [this](const platform::Error& error) { reported.push_back({.words = error.message()}); });
   const auto failure = failureOf(settings.set("wifi", "2"));
   EXPECT_EQ(failure.reason, Failure::Failed);
   EXPECT_NE(failure.problem.words.find("lock"), std::string::npos) << failure.problem.words;

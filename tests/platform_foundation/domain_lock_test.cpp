@@ -74,7 +74,8 @@ TEST_F(DomainLock, ThatIsHeldTooLongFailsTheFlushToo) {
   ASSERT_TRUE(patient.setAppValue("a", 2, kDomain));
   holdElsewhere(1h);
   std::vector<std::string> reported;
-  patient.setProblemHandler([&](const std::string& message) { reported.push_back(message); });
+  patient.setProblemHandler(
+      [&](const platform::Error& error) { reported.push_back(error.message()); });
   EXPECT_FALSE(patient.synchronize());
   EXPECT_THAT(reported, ElementsAre(held()));
   stopHolder();

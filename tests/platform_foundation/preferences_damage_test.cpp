@@ -171,7 +171,8 @@ TEST_F(PreferencesTest, FileWithoutPermissionFailsTheSetAndStays) {
     DeviceRoot root(own.path());
     Preferences preferences(root);
     std::vector<std::string> told;
-    preferences.setProblemHandler([&](const std::string& message) { told.push_back(message); });
+    preferences.setProblemHandler(
+        [&](const platform::Error& error) { told.push_back(error.message()); });
     if (!preferences.setAppValue("a", 1, kDomain)) return false;
     const std::string before = own.contents(kFile);
     fs::permissions(own.at(kFile), fs::perms(0));

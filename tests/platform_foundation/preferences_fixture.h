@@ -24,7 +24,7 @@ struct PreferencesTest : ::testing::Test {
 
   PreferencesTest() {
     preferences.setProblemHandler(
-        [this](const std::string& message) { problems.push_back(message); });
+        [this](const platform::Error& error) { problems.push_back(error.message()); });
   }
 
   // As another process sees and changes it.

@@ -148,19 +148,6 @@ TEST(Screen, DismissesAllWithoutPressingAnything) {
   EXPECT_TRUE(owner->clicked.empty());
 }
 
-TEST(Screen, TellsItsObserverOfEachChange) {
-  Screen screen;
-  std::vector<std::size_t> counts;
-  screen.setObserver([&] { counts.push_back(screen.alerts().size()); });
-  auto owner = std::make_shared<Owner>();
-  screen.dismissAll();
-  screen.present(alertOf(owner));
-  screen.present(alertOf(owner));
-  screen.press(0);
-  screen.dismissAll();
-  EXPECT_EQ(counts, (std::vector<std::size_t>{1, 2, 1, 0}));
-}
-
 TEST(AlertController, RunsTheHandlerOfThePressedAction) {
   Screen screen;
   auto sheet = std::make_shared<AlertController>("Title", "Message", AlertStyle::ActionSheet);

@@ -145,7 +145,7 @@ TEST_F(PreferenceStore, WholeDomainReadOfAMissingDomainIsEmpty) {
 TEST_F(PreferenceStore, WholeDomainWriteLeavesAbsentKeysAndRemovesNothing) {
   (void)device.preferences.setAppValue("stays", "here", kDomain);
   (void)device.preferences.setAppValue("kind", 1, kDomain);
-  wholeDomainWrite(device.preferences, {{"kind", 1.0}, {"new", true}});
+  (void)wholeDomainWrite(device.preferences, {{"kind", 1.0}, {"new", true}});
   EXPECT_EQ(onDisk("stays", kDomain), plist::Value("here"));
   EXPECT_EQ(onDisk("kind", kDomain), plist::Value(1.0));
   EXPECT_EQ(onDisk("new", kDomain), plist::Value(true));

@@ -18,18 +18,23 @@ TEST_F(ProfilePicker, HasItsFrameItsOwnerAndItsIndicator) {
   EXPECT_EQ(picker().numberOfComponents(), 1);
 }
 
+// A page that notes how an alert is when it is shown.
+struct Showing : ProfilesListController {
+  using ProfilesListController::ProfilesListController;
+  void show(std::shared_ptr<uikit::Alert> alert) override {
+    tags.push_back(alert->tag);
+    selections.push_back(alert->picker() ? alert->picker()->selectedRowInComponent(0) : -1);
+    ProfilesListController::show(std::move(alert));
+  }
+  std::vector<int> tags, selections;
+};
+
 TEST_F(ProfilePicker, IsAttachedAndTaggedBeforeItIsShownAndTurnedAfterwards) {
   device.store("profilepercentage", "20");
-  int shown = 0;
-  device.screen.setObserver([&] {
-    ++shown;
-    EXPECT_EQ(topmost().tag, 224);
-    ASSERT_NE(topmost().picker(), nullptr);
-    EXPECT_EQ(picker().selectedRowInComponent(0), 0);
-  });
-  page->saveProfileBtn();
-  device.screen.setObserver({});
-  EXPECT_EQ(shown, 1);
+  const auto showing = std::make_shared<Showing>(device.environment);
+  showing->saveProfileBtn();
+  EXPECT_EQ(showing->tags, std::vector<int>{224});
+  EXPECT_EQ(showing->selections, std::vector<int>{0});
   EXPECT_EQ(picker().selectedRowInComponent(0), 19);
 }
 

@@ -54,7 +54,8 @@ TEST(MissingModules, OtherTextIsInTheOrderOfItsBytes) {
 }
 TEST(MissingModules, WhyItIsIsToldOnceAndOnlyForSuchText) {
   std::vector<std::string> told;
-  services::UserCollator collator([&](const std::string& message) { told.push_back(message); });
+  services::UserCollator collator(
+      [&](const platform::Error& error) { told.push_back(error.message()); });
   collator.compare("Battery 9%", "Battery 10%");
   EXPECT_TRUE(told.empty());
   collator.compare("a", "é");

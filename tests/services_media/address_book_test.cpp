@@ -30,7 +30,7 @@ class AddressBook : public testing::Test {
  protected:
   std::vector<std::string> names(platform::Collator& collator) {
     services::VCardAddressBook book(root_, contacts_, collator,
-                                    [this](auto& problem) { problems_.push_back(problem); });
+                                    [this](auto& error) { problems_.push_back(error.message()); });
     std::vector<std::string> names;
     for (const auto& person : book.peopleSortedByFirstName())
       names.push_back(person.firstName + " " + person.lastName);

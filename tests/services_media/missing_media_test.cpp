@@ -33,7 +33,7 @@ class MissingMedia : public testing::Test {
   foundation::DeviceRoot root_{folder_.path.string()};
   services::UserCollator collator_;
   std::vector<std::string> problems_;
-  services::Problem problem_ = [this](auto& message) { problems_.push_back(message); };
+  platform::Report problem_ = [this](auto& error) { problems_.push_back(error.message()); };
 };
 
 }  // namespace

@@ -34,9 +34,9 @@ class Sounds : public testing::Test {
 
   void play(const std::optional<std::string>& url) {
     if (!sounds_)
-      sounds_.emplace(root_, fallback_, [this](const std::string& problem) {
+      sounds_.emplace(root_, fallback_, [this](const platform::Error& error) {
         const std::unique_lock lock(mutex_);
-        problems_.push_back(problem);
+        problems_.push_back(error.message());
         told_.notify_all();
       });
     sounds_->play(url);

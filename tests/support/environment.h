@@ -73,8 +73,8 @@ class TestDevice {
       : environment{root, preferences, center, queue, darwin, collator,
                     urls, addressBook, sounds, xml,   bundle} {
     environment.screen = &screen;
-    environment.problemHandler = [this](const std::string& message) {
-      problems.push_back(message);
+    environment.problemHandler = [this](const platform::Error& error) {
+      problems.push_back(error.message());
     };
   }
 

@@ -37,8 +37,7 @@ class BundleWindow : public WindowTest {
       ASSERT_TRUE(launched->perform(host::Open{pageClass}));
     }
     show(std::move(launched), queue, width, height);
-    device->setProblemHandler(
-        [this](const std::string& problem) { settings->report({.words = problem}); });
+    device->setProblemHandler([this](const host::Problem& problem) { settings->report(problem); });
   }
   void closeAll() {
     if (device) device->setProblemHandler({});
