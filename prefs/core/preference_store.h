@@ -40,7 +40,7 @@ plist::Dictionary wholeDomainRead(foundation::Preferences& preferences);
 
 // Sets every key of the dictionary in the bundle's domain and flushes. Nothing is ever removed. The
 // error is why nothing was stored; what was stored and couldn't be flushed is no error here.
-platform::Result<platform::Done> wholeDomainWrite(
-    foundation::Preferences& preferences, const plist::Dictionary& values);
+platform::Result<platform::Done> wholeDomainWrite(foundation::Preferences& preferences,
+                                                  const plist::Dictionary& values);
 
 }  // namespace prefs

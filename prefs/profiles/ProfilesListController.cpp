@@ -161,10 +161,11 @@ void ProfilesListController::report(const std::string& problem) const {
 }
 
 void ProfilesListController::reportNothingDone(std::string_view done, std::int32_t row) const {
-  const bool released = lists_.profileNameArray.empty() && !picker_;
-  report("nothing was " + std::string(done) + ": " +
-         (released ? "the picker's rows were dropped after the last change; open it again"
-                   : "the picker has no row " + std::to_string(row)));
+  std::string why = "the picker has no row " + std::to_string(row);
+  if (lists_.profileNameArray.empty())
+    why = picker_ ? "the picker has no rows"
+                  : "the picker's rows were dropped after the last change; open it again";
+  report("nothing was " + std::string(done) + ": " + why);
 }
 
 std::shared_ptr<ProfilesListController> ProfilesListController::self() {

@@ -7,7 +7,7 @@ from program import PROGRAM, TIMEOUT_SECONDS
 
 
 class Announced(BusTest):
-    def test_save_posts_nothing_load_posts_prefs_once_delete_posts_nothing(self):
+    def test_only_a_load_is_announced_and_once(self):
         self.output("profile", "save", "20")
         self.assertEqual(self.posted_until("saved"), [])
         self.output("profile", "load", "20")

@@ -174,8 +174,8 @@ TEST_F(ProfileManager, CountsEveryEntryOfTheFolderNotOnlyProfiles) {
     EXPECT_EQ(onScreen(), 0u) << "a confirmation without a row closes it";
     ASSERT_EQ(device.problems.size(), 1u);
     EXPECT_EQ(device.problems[0], action == std::string("Load")
-                                      ? "nothing was loaded: the picker has no row -1"
-                                      : "nothing was deleted: the picker has no row -1");
+                                      ? "nothing was loaded: the picker has no rows"
+                                      : "nothing was deleted: the picker has no rows");
     device.problems.clear();
   }
   EXPECT_TRUE(device.domain().empty());

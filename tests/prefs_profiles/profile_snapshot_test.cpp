@@ -210,7 +210,7 @@ TEST_F(ProfileSave, LeavesOutWhatAPropertyListCannotHold) {
   std::filesystem::create_directories(file.parent_path());
   std::ofstream(file, std::ios::binary)
       .write(reinterpret_cast<const char*>(bytes.data()), std::ssize(bytes));
-  ASSERT_NE(device.stored("wifi")->set(), nullptr);
+  ASSERT_NE(plist::readBinary(bytes)->dictionary()->find("wifi")->set(), nullptr);
   save("5", Existing::Keep, AfterFailure::Stop);
   EXPECT_EQ(*device.profile("5").find("wifi"), Value(0));
 }
