@@ -19,12 +19,9 @@ class HostSettings : public testing::Test {
   }
 
   profiles_test::ProfilesDevice device;
-  host::Settings settings{device.environment, device.queue, [this] {
-                            host::Settings::Problems problems;
-                            for (std::string& words : std::exchange(device.problems, {}))
-                              problems.push_back({.words = std::move(words)});
-                            return problems;
-                          }};
+  host::Settings::Problems reported;
+  host::Settings settings{device.environment, device.queue,
+                          [this] { return std::exchange(reported, {}); }};
 };
 
 TEST_F(HostSettings, AValueIsStoredOrTheRowsDefault) {
@@ -66,7 +63,7 @@ TEST_F(HostSettings, AChangeThatIsNotStoredFailsWithTheStoresReason) {
   std::filesystem::remove(lock);
   std::filesystem::create_directories(lock);
   device.preferences.setProblemHandler(
-      [this](const platform::Error& error) { device.problems.push_back(error.message()); });
+      [this](const platform::Error& error) { reported.push_back({.words = error.message()}); });
   const auto failure = failureOf(settings.set("wifi", "2"));
   EXPECT_EQ(failure.reason, Failure::Failed);
   EXPECT_NE(failure.problem.words.find("lock"), std::string::npos) << failure.problem.words;
