@@ -2,7 +2,8 @@
 
 #include "services/services.h"
 
-// Prints "ready", then each notification, one name a line; the arguments are the names to listen for.
+// Prints "ready", then each notification, one name a line; the arguments are the names to listen
+// for.
 int main(int count, char** names) {
   const auto& bus = services::find<services::Bus>();
   if (!bus) return std::puts(bus.error().message().c_str()), 1;
