@@ -55,8 +55,9 @@ function(quorvantis_program_tests prefix)
   find_package(Python3 REQUIRED COMPONENTS Interpreter)
   set(environment "QUORVANTIS=$<TARGET_FILE:quorvantis>"
       "PYTHONPATH=${PROJECT_SOURCE_DIR}/tests/cli:${PROJECT_SOURCE_DIR}/tests/support")
-  if(TARGET quorvantis-settings)
-    list(APPEND environment "QUORVANTIS_SETTINGS=$<TARGET_FILE:quorvantis-settings>")
+  # The window, as far as a test needs it: without a display, doing what it is asked.
+  if(QUORVANTIS_WINDOW)
+    list(APPEND environment "SETTINGS_PICTURE=${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/settings-picture")
   endif()
   foreach(file IN LISTS ARGN)
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${file}.py)

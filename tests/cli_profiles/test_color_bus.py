@@ -5,7 +5,7 @@ import unittest
 from bus import PREFS, BusTest
 from program import PROGRAM, TIMEOUT_SECONDS
 
-WINDOW = os.environ.get("QUORVANTIS_SETTINGS")
+WINDOW = os.environ.get("SETTINGS_PICTURE")
 
 
 class ColorsOnTheBus(BusTest):
@@ -54,8 +54,9 @@ class ColorsOnTheBus(BusTest):
 
     @unittest.skipUnless(WINDOW, "needs the window")
     def test_a_listener_to_a_choice_in_the_window_reads_it(self):
-        read = self.read_when_posted(WINDOW, "--page", "ExtrasListController", "--tap",
-                                    "bannercolor", "--select", "1.1", "--screenshot", "page.png")
+        read = self.read_when_posted(
+            WINDOW, "--root", self.root, "--page", "ExtrasListController", "page.png", sent=(
+                '{"do":"tap","row":"bannercolor"}\n{"do":"select","section":1,"index":1}\n'))
         self.assertEqual(read, "#007AFF\n")
 
 
