@@ -25,7 +25,7 @@ host::Refusal badRequest(std::string message) {
 
 host::Outcome<Fields> Fields::read(std::string_view line) {
   auto json = parse(line);
-  if (!json) return badRequest(json.error());
+  if (!json) return badRequest(json.error().message());
   if (!json->is_object()) return badRequest("a request is a JSON object");
   const auto what = json->find("do");
   if (what == json->end() || !what->is_string()) return badRequest("\"do\" must be text");

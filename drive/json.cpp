@@ -203,11 +203,12 @@ Json toJson(const plist::Value& value) {
   return nullptr;
 }
 
-platform::Result<Json, std::string> parse(std::string_view line) {
-  if (line.size() > kLongestLine) return std::string("the line is longer than 16 MB");
-  if (depthOf(line) > kDeepest) return std::string("the line is nested more than 64 levels deep");
+platform::Result<Json> parse(std::string_view line) {
+  if (line.size() > kLongestLine) return platform::Error{.what = "the line is longer than 16 MB"};
+  if (depthOf(line) > kDeepest)
+    return platform::Error{.what = "the line is nested more than 64 levels deep"};
   Json json = Json::parse(line, nullptr, false);
-  if (json.is_discarded()) return std::string("the line is no JSON");
+  if (json.is_discarded()) return platform::Error{.what = "the line is no JSON"};
   return json;
 }
 

@@ -20,7 +20,7 @@ Json toJson(const plist::Value& value);
 // A document of one line; the error says what is wrong with it.
 inline constexpr std::size_t kLongestLine = 16 << 20;  // bytes
 inline constexpr int kDeepest = 64;                    // arrays and objects within each other
-platform::Result<Json, std::string> parse(std::string_view line);
+platform::Result<Json> parse(std::string_view line);
 
 // The value of a document that was parsed, data and dates in the forms above. Empty for one whose
 // data or date can't be read.

@@ -26,7 +26,7 @@ Attempt<plist::Array> readBatteryLog(const preferences::Environment& environment
   if (!bytes)
     return Failure{Failure::Failed, {.source = Source::Log, .words = bytes.error().message()}};
   auto log = prefs::unarchive(*bytes, environment.xml);
-  if (!log) return unreadable(log.error());
+  if (!log) return unreadable(log.error().message());
   if (!log->array()) return unreadable("not a list of entries");
   return std::move(*log->array());
 }

@@ -24,16 +24,12 @@ Failure refused(std::string_view key, const std::string& what) {
   return failure(Failure::Refused, "\"" + std::string(key) + "\" " + what);
 }
 
-platform::Result<plist::Value, std::string> readPropertyList(plist::Bytes bytes,
-                                                             platform::XmlPropertyLists& xml) {
+platform::Result<plist::Value> readPropertyList(plist::Bytes bytes,
+                                                platform::XmlPropertyLists& xml) {
   const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
-  if (!text.starts_with(kBinaryMagic)) {
-    auto list = xml.read(bytes);
-    if (!list) return list.error().message();
-    return std::move(*list);
-  }
+  if (!text.starts_with(kBinaryMagic)) return xml.read(bytes);
   auto list = plist::readBinary(bytes);
-  if (!list) return list.error().message();
+  if (!list) return platform::Error(list.error());
   return std::move(*list);
 }
 
@@ -41,7 +37,7 @@ Attempt<plist::Dictionary> readValues(plist::Bytes bytes, platform::XmlPropertyL
   auto list = readPropertyList(bytes, xml);
   if (list && list->dictionary() && list->dictionary()->find(kArchiver))
     list = prefs::unarchive(bytes, xml);
-  if (!list) return failure(Failure::Failed, list.error());
+  if (!list) return failure(Failure::Failed, list.error().message());
   if (!list->dictionary()) return failure(Failure::Refused, "not a profile: no dictionary");
   return std::move(*list->dictionary());
 }

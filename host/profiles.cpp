@@ -33,9 +33,9 @@ Failure exists(const Trigger& trigger) {
   return failure(Failure::Exists, trigger.path, "exists");
 }
 
-Failure failureOf(const Trigger& trigger, const prefs::ProfileError& error) {
-  if (error.missing) return noProfile(trigger);
-  return failure(Failure::Failed, trigger.path, error.message);
+Failure failureOf(const Trigger& trigger, const platform::Error& error) {
+  if (error.code == ENOENT) return noProfile(trigger);
+  return failure(Failure::Failed, trigger.path, error.message());
 }
 
 }  // namespace
@@ -62,8 +62,7 @@ Attempt<std::vector<SavedProfile>> Profiles::list() {
   for (std::size_t i = 0; i < saved.paths.size(); ++i)
     profiles.push_back({std::move(saved.paths[i]), std::move(saved.titles[i])});
   if (environment_.problemHandler)
-    for (const auto& [path, reason] : saved.skipped)
-      environment_.problemHandler({.path = path, .what = reason});
+    for (const platform::Error& error : saved.skipped) environment_.problemHandler(error);
   return profiles;
 }
 
@@ -164,7 +163,7 @@ Attempt<Trigger> Profiles::import(plist::Bytes bytes, Existing existing) {
   const auto& [trigger, values] = *imported;
   if (const auto free = checkFree(trigger, existing); !free) return free.error();
   const auto written = prefs::writeProfile(environment_, trigger.path, values);
-  if (!written) return failure(Failure::Failed, trigger.path, written.error());
+  if (!written) return failure(Failure::Failed, trigger.path, written.error().message());
   return trigger;
 }
 

@@ -61,12 +61,6 @@ const preferences::Operations ProfilesListController::ownOperations{
     },
     &PSListController::ownOperations};
 
-const preferences::PSListController::Specifiers& ProfilesListController::specifiers() {
-  if (!specifiers_)
-    specifiers_ = loadSpecifiersFromPlistNameTarget("ProfilesListController", *this);
-  return *specifiers_;
-}
-
 void ProfilesListController::resetSpecifierWithValue(const std::string& identifier, float value) {
   preferences::PSSpecifier* specifier = specifierForID(identifier);
   setPreferenceValueSpecifier(value, specifier);
@@ -109,11 +103,10 @@ void ProfilesListController::saveProfileOverwriteIfExists(std::int32_t row, bool
 void ProfilesListController::loadProfile(std::int32_t row) {
   if (!lists_.hasRow(row)) return reportNothingDone("loaded", row);
   const auto loaded = loadProfileAtPath(lists_.fileNameArray[row]);
-  if (!loaded) report(loaded.error().message);
+  if (!loaded) report(loaded.error().message());
 }
 
-platform::Result<LoadedProfile, ProfileError> ProfilesListController::loadProfileAtPath(
-    const std::string& path) {
+platform::Result<LoadedProfile> ProfilesListController::loadProfileAtPath(const std::string& path) {
   auto loaded = prefs::loadProfile(environment(), path);
   if (!loaded) return loaded.error();
   if (!loaded->missing.empty()) report(loaded->missing);

@@ -23,8 +23,6 @@ class ProfilesListController : public preferences::PSListController,
   using PSListController::PSListController;
   std::string_view className() const override { return "ProfilesListController"; }
 
-  const Specifiers& specifiers() override;
-
   // Anchored at the bar's right button; at a button row's cell; at either.
   void showProfileManagerBar();
   void showProfileManagerBtn(preferences::PSSpecifier* specifier);
@@ -72,7 +70,7 @@ class ProfilesListController : public preferences::PSListController,
 
   // Loads a profile and announces it, as the page does for a picked one. The error is why it was
   // refused; nothing has changed then.
-  platform::Result<LoadedProfile, ProfileError> loadProfileAtPath(const std::string& path);
+  platform::Result<LoadedProfile> loadProfileAtPath(const std::string& path);
 
   const preferences::Operations& operations() const override { return ownOperations; }
   static const preferences::Operations ownOperations;

@@ -11,13 +11,19 @@ namespace prefs {
 namespace {
 
 using platform::Done;
+using platform::Error;
 using platform::Result;
 
-ProfileError profileError(const foundation::DeviceRoot& root, const std::string& path,
-                          const platform::Error& error) {
-  if (error.code != ENOENT) return {false, error.message()};
-  if (root.hasEntry(path)) return {false, path + ": a link that leads nowhere"};
-  return {true, error.message()};
+Error profileError(const foundation::DeviceRoot& root, const std::string& path,
+                   const Error& error) {
+  if (error.code == ENOENT && root.hasEntry(path))
+    return {.path = path, .what = "a link that leads nowhere"};
+  return error;
+}
+
+Error at(const std::string& path, Error error) {
+  error.path = path;
+  return error;
 }
 
 }  // namespace
@@ -28,8 +34,8 @@ std::string profilePath(int profileID) {
   return std::string(kDocuments) + name;
 }
 
-Result<plist::Dictionary, ProfileError> readProfile(const preferences::Environment& environment,
-                                                    const std::string& path) {
+Result<plist::Dictionary> readProfile(const preferences::Environment& environment,
+                                      const std::string& path) {
   const std::string name(foundation::lastPathComponent(path));
   auto folder = environment.root.openDirectory(path.substr(0, path.rfind('/') + 1));
   if (!folder) return profileError(environment.root, path, folder.error());
@@ -37,18 +43,16 @@ Result<plist::Dictionary, ProfileError> readProfile(const preferences::Environme
   auto bytes = folder->read(name);
   if (!bytes) return profileError(environment.root, path, bytes.error());
   auto root = unarchive(*bytes, environment.xml);
-  if (!root) return ProfileError{false, path + ": " + root.error()};
+  if (!root) return at(path, root.error());
   if (!root->dictionary()) return plist::Dictionary();
   return std::move(*root->dictionary());
 }
 
-Result<Done, std::string> writeProfile(const preferences::Environment& environment,
-                                       const std::string& path, const plist::Dictionary& profile) {
+Result<Done> writeProfile(const preferences::Environment& environment, const std::string& path,
+                          const plist::Dictionary& profile) {
   const auto bytes = archive::archive(profile, archive::Mutability::Mutable);
-  if (!bytes) return path + ": " + bytes.error().message();
-  const auto written = environment.root.writeDurably(path, *bytes);
-  if (!written) return written.error().message();
-  return Done{};
+  if (!bytes) return at(path, bytes.error());
+  return environment.root.writeDurably(path, *bytes);
 }
 
 Result<Done> deleteProfile(const preferences::Environment& environment, const std::string& path,

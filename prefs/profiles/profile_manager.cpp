@@ -139,7 +139,7 @@ void ProfilesListController::alertViewClickedButtonAtIndex(uikit::AlertView* ale
 TriggerPickerLists ProfilesListController::makeLists(std::int32_t tag) const {
   if (tag == kSaveTag) return listsOfTriggers(environment().collator);
   SavedProfiles saved = savedProfiles(environment(), TitleForm::Trigger);
-  for (const SkippedFile& file : saved.skipped) report(file.path + ": " + file.reason);
+  for (const platform::Error& error : saved.skipped) report(error.message());
   return listsOfProfiles(std::move(saved));
 }
 

@@ -1,5 +1,7 @@
 #include "prefs/profiles/profile_snapshot.h"
 
+#include <cerrno>
+
 #include "platform/foundation/text.h"
 #include "prefs/core/names.h"
 #include "prefs/core/preference_store.h"
@@ -60,23 +62,23 @@ SaveResult saveProfile(const preferences::Environment& environment, const std::s
   plist::Dictionary domain = wholeDomainRead(environment.preferences);
   const auto written = writeProfile(environment, path, profileOf(domain, profileID));
   if (!written && afterFailure == AfterFailure::Stop)
-    return {SaveOutcome::NotWritten, written.error()};
+    return {SaveOutcome::NotWritten, written.error().message()};
 
   domain.set(kProfilePercentage, profileID);
   const auto remembered = wholeDomainWrite(environment.preferences, domain);
-  if (!written) return {SaveOutcome::NotWritten, written.error()};
+  if (!written) return {SaveOutcome::NotWritten, written.error().message()};
   if (!remembered) return {SaveOutcome::NotRemembered, remembered.error().message()};
   return {exists ? SaveOutcome::Overwritten : SaveOutcome::Saved};
 }
 
-Result<LoadedProfile, ProfileError> loadProfile(const preferences::Environment& environment,
-                                                const std::string& path) {
+Result<LoadedProfile> loadProfile(const preferences::Environment& environment,
+                                  const std::string& path) {
   plist::Dictionary domain = wholeDomainRead(environment.preferences);
   const auto profile = readProfile(environment, path);
-  if (!profile && !profile.error().missing) return profile.error();
+  if (!profile && profile.error().code != ENOENT) return profile.error();
   overlayProfile(profile ? *profile : plist::Dictionary(), domain);
   const auto stored = wholeDomainWrite(environment.preferences, domain);
-  return LoadedProfile{isActive(domain), profile ? "" : profile.error().message,
+  return LoadedProfile{isActive(domain), profile ? "" : profile.error().message(),
                        stored ? "" : stored.error().message()};
 }
 

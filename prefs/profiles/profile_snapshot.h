@@ -43,8 +43,8 @@ struct LoadedProfile {
 // with neither, and a trigger that the file lacks, stay as they are. A value that a property list
 // can't hold (see plist::storable) counts as absent. A file that is not a keyed archive is refused,
 // and nothing changes; one that isn't there is loaded as an empty profile.
-platform::Result<LoadedProfile, ProfileError> loadProfile(
-    const preferences::Environment& environment, const std::string& path);
+platform::Result<LoadedProfile> loadProfile(const preferences::Environment& environment,
+                                            const std::string& path);
 
 struct Difference {
   std::string key;

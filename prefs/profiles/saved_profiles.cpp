@@ -14,7 +14,6 @@ namespace {
 using platform::Result;
 
 constexpr std::string_view kExtension = "qvx";
-constexpr std::string_view kBehindPath = ": ";  // in messages
 constexpr std::string_view kKeys[] = {kProfilePercentage, kProfileDescription};
 
 std::string titleOf(const archive::Lookup& profile, TitleForm form) {
@@ -25,11 +24,10 @@ std::string titleOf(const archive::Lookup& profile, TitleForm form) {
   return title;
 }
 
-Result<archive::Lookup, std::string> readProfile(foundation::Directory& folder,
-                                                 const std::string& name,
-                                                 platform::XmlPropertyLists& xml) {
+Result<archive::Lookup> readProfile(foundation::Directory& folder, const std::string& name,
+                                    platform::XmlPropertyLists& xml) {
   auto bytes = folder.read(name);
-  if (!bytes) return bytes.error().message().substr(bytes.error().path.size() + kBehindPath.size());
+  if (!bytes) return bytes.error();
   return lookUpInArchive(*bytes, kKeys, xml);
 }
 
@@ -68,7 +66,8 @@ SavedProfiles savedProfiles(const preferences::Environment& environment, TitleFo
     std::string path = std::string(kDocuments) + name;
     auto profile = readProfile(*folder, name, environment.xml);
     if (!profile) {
-      profiles.skipped.push_back({std::move(path), profile.error()});
+      profiles.skipped.push_back(profile.error());
+      profiles.skipped.back().path = std::move(path);
       continue;
     }
     profiles.titles.push_back(titleOf(*profile, form));
@@ -79,7 +78,7 @@ SavedProfiles savedProfiles(const preferences::Environment& environment, TitleFo
   std::ranges::sort(
       profiles.skipped,
       [&](const auto& a, const auto& b) { return environment.collator.compare(a, b) < 0; },
-      &SkippedFile::path);
+      &platform::Error::path);
   return profiles;
 }
 

@@ -13,18 +13,13 @@ enum class TitleForm {
   WithDescription,  // "Battery 20% - Night", where the profile has a description
 };
 
-// A file that bears a profile's extension but can't be one, and why.
-struct SkippedFile {
-  std::string path;
-  std::string reason;
-};
-
 // Full paths and titles, each sorted on its own with localizedStandardCompare:. No pairing is kept;
 // they line up because a profile's file is named after its trigger and both sort alike.
 struct SavedProfiles {
   std::vector<std::string> paths, titles;
-  std::string failure;               // why the folder couldn't be listed; empty where it could
-  std::vector<SkippedFile> skipped;  // in the order of their paths
+  std::string failure;  // why the folder couldn't be listed; empty where it could
+  // Why files that bear a profile's extension can't be one, in the order of their paths.
+  std::vector<platform::Error> skipped;
 };
 
 // Every entry whose extension is exactly "qvx" and that holds a keyed archive; a folder that is

@@ -200,7 +200,7 @@ TEST_F(ProfilePageEvents, ALoadByPathSaysWhyItWasRefused) {
   seed::write(device, "profile_5.qvx", {'j', 'u', 'n', 'k'});
   auto refused = page->loadProfileAtPath(profilePath(5));
   ASSERT_FALSE(refused);
-  EXPECT_FALSE(refused.error().message.empty());
+  EXPECT_FALSE(refused.error().message().empty());
   EXPECT_TRUE(device.events.empty());
   seed::profile(device, "6");
   EXPECT_TRUE(page->loadProfileAtPath(profilePath(6)));
