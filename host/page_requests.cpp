@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "host/application.h"
+#include "prefs/core/names.h"
 
 namespace host {
 namespace {
@@ -9,8 +10,6 @@ using preferences::Argument;
 using preferences::Operation;
 using preferences::PSListController;
 using preferences::PSSpecifier;
-
-constexpr std::string_view kDidBecomeActive = "UIApplicationDidBecomeActiveNotification";
 
 // A request's argument; Nothing stands for null.
 Argument argumentOf(const plist::Value& value) {
@@ -54,7 +53,7 @@ void Application::send(std::string_view selector, foundation::Object& target,
 
 Application::Result Application::run(const Activate&) {
   static_cast<void>(environment_.preferences.synchronize());
-  environment_.defaultCenter.postNotificationName(kDidBecomeActive, nullptr);
+  environment_.defaultCenter.postNotificationName(prefs::kDidBecomeActiveNotification, nullptr);
   return plist::Value();
 }
 

@@ -23,8 +23,8 @@ SERVICES = PLATFORM + ["services"]
 DEVICE = ["host/device.h", "host/device.cpp", "host/recording_device.h", "host/recording_device.cpp",
           "host/reporting_urls.h"]
 DRIVE = ["host", "host/device.h", "host/recording_device.h"]
-EVERYTHING = HOST + SERVICES + DEVICE + ["drive", "apps", "apps/cli", "apps/window", "tools", "tests",
-                                         "bench", "fuzz"]
+EVERYTHING = HOST + SERVICES + DEVICE + ["drive", "apps/cli", "apps/window", "tools", "tests", "bench",
+                                         "fuzz"]
 
 # Which modules each module may include. A module always knows itself.
 KNOWS = {
@@ -53,7 +53,6 @@ KNOWS = {
     "host/reporting_urls.h": SERVICES,
     "drive": DRIVE,
     "services": SERVICES,
-    "apps": HOST + SERVICES + DEVICE,
     "apps/cli": ["host", "host/device.h", "drive"],
     "apps/window": ["host", "host/device.h"],
     "tools": BUNDLE + SERVICES,
@@ -92,7 +91,6 @@ TAKES = {
     "platform/foundation": ["posix"],
     "services": ["posix", "icu", "glib", "systemd", "expat", "vcard", "gstreamer"],
     "drive": ["json"],
-    "apps": ["posix"],
     "apps/cli": ["posix"],
     "apps/window": ["posix", "qt"],
     "tools": ["posix", "expat"],
