@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/uikit/application_frame.h"
+#include "platform/uikit/geometry.h"
 
 namespace host {
 namespace {

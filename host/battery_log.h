@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "host/failure.h"
+#include "host/problem.h"
 #include "platform/preferences/environment.h"
 
 namespace host {

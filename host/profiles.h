@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/failure.h"
+#include "host/problem.h"
 #include "platform/preferences/environment.h"
 #include "prefs/profiles/profile_snapshot.h"
 

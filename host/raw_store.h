@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "host/failure.h"
+#include "host/problem.h"
 #include "platform/foundation/preferences.h"
 
 namespace host {

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/failure.h"
+#include "host/problem.h"
 #include "host/scene.h"
 #include "host/setting_lookup.h"
 #include "platform/foundation/main_queue.h"

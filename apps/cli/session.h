@@ -8,7 +8,7 @@
 #include "apps/cli/listing.h"
 #include "host/device.h"
 #include "host/device_options.h"
-#include "host/failure.h"
+#include "host/problem.h"
 #include "host/settings.h"
 
 namespace cli {

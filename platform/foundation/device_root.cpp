@@ -141,7 +141,7 @@ Result<Done> DeviceRoot::remove(std::string_view path, Folders folders) {
   if (!namesAnEntry(at.name)) return Error{std::string(path), EINVAL};
   const auto folder = openDirectory(at.folder);
   if (!folder) return Error{std::string(path), folder.error().code};
-  if (const int code = removeEntry(folder->descriptor(), at.name, folders)) {
+  if (const int code = folder->remove(at.name, folders)) {
     return Error{std::string(path), code};
   }
   return flushFolder(*folder);

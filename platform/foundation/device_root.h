@@ -7,7 +7,6 @@
 
 #include "platform/foundation/descriptor.h"
 #include "platform/foundation/directory.h"
-#include "platform/foundation/removal.h"
 #include "platform/plist/binary.h"
 #include "platform/result.h"
 

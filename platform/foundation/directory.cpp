@@ -2,6 +2,7 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <memory>
@@ -49,6 +50,20 @@ platform::Result<plist::Bytes> Directory::read(const std::string& name) {
   const auto length = readWhole(file, static_cast<std::size_t>(status->st_size), buffer_, name);
   if (!length) return error(name, length.error().code);
   return plist::Bytes(buffer_.data(), *length);
+}
+
+int Directory::remove(const std::string& name, Folders folders) const {
+  if (unlinkat(descriptor(), name.c_str(), 0) == 0) return 0;
+  if (errno != EISDIR || folders == Folders::Refuse) return errno;
+  Descriptor opened(
+      openat(descriptor(), name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+  if (!opened) return errno;
+  const Directory inner(std::move(opened), name);
+  const auto entries = inner.names();
+  if (!entries) return entries.error().code;
+  for (const std::string& entry : *entries)
+    if (const int code = inner.remove(entry, folders)) return code;
+  return unlinkat(descriptor(), name.c_str(), AT_REMOVEDIR) == 0 ? 0 : errno;
 }
 
 }  // namespace foundation

@@ -10,6 +10,9 @@
 
 namespace foundation {
 
+// Whether a removal takes a folder with all that it holds.
+enum class Folders { Refuse, Remove };
+
 // A folder that stays open, for listing it and reading many of its files at little more than the
 // cost of the bare system calls. It is the same folder even if its path leads elsewhere by now.
 class Directory {
@@ -26,6 +29,12 @@ class Directory {
   // followed only while it stays inside the folder: one that leads out is an error (EXDEV), and so
   // are FIFOs, devices and folders, none of which blocks the call.
   platform::Result<plist::Bytes> read(const std::string& name);
+
+  // Removes an entry of the folder: a file, a link (not what it leads to), or a folder with all
+  // that it holds (EISDIR where folders are refused). 0, or the errno of the first entry that
+  // couldn't be removed; EMFILE where folders are nested deeper than this process may have files
+  // open.
+  int remove(const std::string& name, Folders folders) const;
 
   // About a file of the folder.
   platform::Error error(const std::string& name, int code, std::string what = {}) const;

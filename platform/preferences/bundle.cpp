@@ -1,7 +1,6 @@
 #include "platform/preferences/bundle.h"
 
 #include "platform/preferences/PSListItemsController.h"
-#include "platform/preferences/PSSwitchTableCell.h"
 #include "platform/preferences/control_cells.h"
 
 namespace preferences {

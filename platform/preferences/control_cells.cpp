@@ -1,5 +1,6 @@
 #include "platform/preferences/control_cells.h"
 
+#include "platform/foundation/text.h"
 #include "platform/preferences/PSSpecifier.h"
 
 namespace preferences {
@@ -11,6 +12,20 @@ float floatForKey(const PSSpecifier& specifier, std::string_view key, float othe
 }
 
 }  // namespace
+
+PSSwitchTableCell::PSSwitchTableCell(uikit::CellStyle style, std::string reuseIdentifier,
+                                     PSSpecifier& specifier)
+    : PSTableCell(style, std::move(reuseIdentifier), specifier) {
+  setControl(std::make_shared<uikit::Switch>());
+}
+
+uikit::Switch& PSSwitchTableCell::switchControl() const {
+  return static_cast<uikit::Switch&>(*control());
+}
+
+void PSSwitchTableCell::refreshCellContents() {
+  switchControl().setOn(foundation::boolValue(specifier().propertyForKey("value")));
+}
 
 PSSliderTableCell::PSSliderTableCell(uikit::CellStyle style, std::string reuseIdentifier,
                                      PSSpecifier& specifier)

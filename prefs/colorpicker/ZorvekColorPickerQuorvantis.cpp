@@ -1,7 +1,7 @@
 #include "prefs/colorpicker/ZorvekColorPickerQuorvantis.h"
 
 #include "platform/foundation/text.h"
-#include "platform/uikit/application_frame.h"
+#include "platform/uikit/geometry.h"
 #include "prefs/colorpicker/color_values.h"
 #include "prefs/colorpicker/palettes.h"
 #include "prefs/colorpicker/picker_views.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/uikit/hsb.h"
+#include "platform/uikit/color.h"
 #include "prefs/colorpicker/color_values.h"
 
 namespace prefs {

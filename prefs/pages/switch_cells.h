@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/preferences/PSSwitchTableCell.h"
+#include "platform/preferences/control_cells.h"
 #include "platform/uikit/color.h"
 
 // The bundle's switches, which differ from the platform's in their colors alone.

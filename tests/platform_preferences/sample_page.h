@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/preferences/PSListController.h"
-#include "platform/preferences/PSSwitchTableCell.h"
+#include "platform/preferences/control_cells.h"
 #include "tests/support/environment.h"
 
 // A bundle of one page with a row of each kind that stores something.

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "platform/uikit/color.h"
 #include "platform/uikit/controls.h"
-#include "platform/uikit/hsb.h"
 #include "platform/uikit/table_view_cell.h"
 
 using namespace uikit;

@@ -1,4 +1,4 @@
-#include "platform/preferences/PSSwitchTableCell.h"
+#include "platform/preferences/control_cells.h"
 #include "platform/preferences/specifier_list.h"
 #include "prefs/profiles/triggers.h"
 #include "tests/prefs_profiles/profile_page.h"

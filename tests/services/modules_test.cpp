@@ -7,7 +7,6 @@
 
 #include "services/lazy_services.h"
 #include "services/module.h"
-#include "services/module_loader.h"
 #include "services/services.h"
 
 using testing::HasSubstr;
