@@ -5,6 +5,7 @@
 #include "platform/preferences/specifier_list.h"
 #include "prefs/pages/DependentListController.h"
 #include "tests/prefs_pages/pages_bundle.h"
+#include "tests/support/profile_table.h"
 
 // What the specifier lists of the option pages hold.
 namespace {
@@ -15,55 +16,15 @@ using preferences::PSSpecifier;
 
 // The defaults of profiles, but for the keys of other pages. "autoupdates" has none there:
 // its row shows that the setting is left as it is.
-const std::map<std::string, plist::Value> kProfileDefaults = {
-    {"airplanemode", 0},
-    {"wifi", 0},
-    {"locationservices", 0},
-    {"bluetooth", 0},
-    {"mobiledata", 0},
-    {"mobiledatarate", 0},
-    {"personalhotspot", 0},
-    {"vpn", 0},
-    {"bgapprefresh", 0},
-    {"autoupdates", 0},
-    {"reducemotion", 0},
-    {"grayscale", 0},
-    {"handoff", 0},
-    {"siri", 0},
-    {"autolock", 0},
-    {"quorvantislowpowermode", 0},
-    {"ioslowpowermode", 0},
-    {"autobrightness", 0},
-    {"custbrightenabled", 0},
-    {"custbright", 50},
-    {"killallbgapps", 0},
-    {"poweroptions", 0},
-    {"poweroptionsdelay", 0},
-    {"ringer", 0},
-    {"ringvibration", 0},
-    {"silentvibration", 0},
-    {"customvolumeenabled", 0},
-    {"customvolume", 50},
-    {"locksound", 0},
-    {"keyboardclick", 0},
-    {"dnd", 0},
-    {"alerttype", 0},
-    {"alertmsg", "Current battery level %BAT%"},
-    {"sendmessage", 0},
-    {"msgrecipient", ""},
-    {"msgtext", "Current battery level on device %DNAME%: %BAT%"},
-    {"vibrate", 0},
-    {"vibrateduration", 5},
-    {"flashled", 0},
-    {"flashledduration", 5},
-    {"playsound", "Disabled"},
-    {"music", 0},
-    {"disableonfire", 0},
-    {"firewhenbattery", 0},
-    {"fireat", 0},
-    {"fireincall", 0},
-    {"firemusicplaying", 1},
-};
+const std::map<std::string, plist::Value> kProfileDefaults = [] {
+  const std::set<std::string> ofOtherPages = {"profileactive", "profiledescription",
+                                              "takescreenshot"};
+  std::map<std::string, plist::Value> defaults;
+  for (const auto& [key, standard] : testing_support::kProfileTable)
+    if (!ofOtherPages.contains(key)) defaults[key] = standard;
+  defaults["autoupdates"] = 0;
+  return defaults;
+}();
 
 // The low-power page's own keys; the others are a power-saving key with this prefix.
 const std::string kLowPower = "lowpower";

@@ -12,6 +12,7 @@
 #include "prefs/resources/bundle.h"
 #include "services/xml_reader.h"
 #include "tests/prefs/seed.h"
+#include "tests/support/profile_table.h"
 
 namespace profiles_test {
 
@@ -87,8 +88,8 @@ class ProfilesDevice : public testing_support::TestDevice {
 // What every value of the 50 settings is that has a default.
 inline plist::Dictionary defaults() {
   plist::Dictionary all;
-  for (std::string_view key : prefs::profileKeys())
-    if (auto value = prefs::profileDefault(key)) all.set(key, *value);
+  for (const auto& [key, standard] : testing_support::kProfileTable)
+    if (!standard.isNothing()) all.set(key, standard);
   return all;
 }
 
