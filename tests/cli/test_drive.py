@@ -104,6 +104,32 @@ class Drive(ProgramTest):
         self.assertEqual(done.stdout.decode(),
                          '{"ok":true,"prefs":{"custbright":50.0,"d":{"$data":"eA=="},"n":50}}\n')
 
+    @staticmethod
+    def storing(value):
+        """Requests by which a page's setter stores this value."""
+        return ({"do": "launch"}, {"do": "open", "page": "PowerSavingListController"},
+                {"do": "call", "operation": "setPreferenceValue:specifier:",
+                 "arguments": [value, "custbrightenabled"]})
+
+    def stored(self, value):
+        return self.converse(*self.storing(value), {"do": "prefs"})[-1]["prefs"]["custbrightenabled"]
+
+    def test_dates_and_data_are_read_and_written_in_their_forms(self):
+        for value in ({"$date": "2026-01-31T12:00:00Z"}, {"$date": "0001-01-01T00:00:00Z"},
+                      {"$data": "Zm9vYg=="}, {"$data": ""}):
+            with self.subTest(value=value):
+                self.assertEqual(self.stored(value), value)
+                self.assertNotIsInstance(self.domain()["custbrightenabled"], dict)
+        self.assertEqual(self.stored({"$date": "0000-12-31T23:59:59Z"}),
+                         {"$date": "0001-01-01T00:00:00Z"})
+
+    def test_what_is_not_of_those_forms_is_refused(self):
+        for value in ({"$date": "-0001-01-01T00:00:00Z"}, {"$date": "2026-01-31T12:00:60Z"},
+                      {"$date": "2026-02-30T12:00:00Z"}, {"$date": "2026-01-31 12:00:00Z"},
+                      {"$data": "Zg"}, {"$data": "Zg= ="}, {"$data": "Z g=="}, {"$data": "Zg==Zg=="}):
+            with self.subTest(value=value):
+                self.assertEqual(self.error(*self.storing(value)), "bad_request")
+
     def test_damaged_domain_is_said_on_stderr(self):
         self.write("var/mobile/Library/Preferences/com.zorvek.quorvantis.plist", b"garbage")
         done = self.run_program("drive", input=b'{"do":"launch"}\n{"do":"prefs"}\n')
