@@ -93,8 +93,8 @@ std::optional<plist::Value> fromObject(const Json& json) {
   return plist::Value(std::move(dictionary));
 }
 
-// How deep arrays and objects are within each other, at most; of a text that is no JSON, as deep as
-// its brackets open.
+// How deep arrays and objects are within each other, at most; of a text that is not JSON, as deep
+// as its brackets open.
 int depthOf(std::string_view text) {
   int depth = 0, deepest = 0;
   bool inText = false;

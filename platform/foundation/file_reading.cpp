@@ -41,14 +41,14 @@ platform::Result<std::size_t> readWhole(const Descriptor& file, std::size_t size
   // One byte more than the file should have: a short read is then its end, without a second one.
   if (buffer.size() < size + 1) buffer.resize(size + 1);
   for (;;) {
-    const std::size_t room = buffer.size() - length;
-    const ssize_t count = read(file.number(), buffer.data() + length, room);
+    const std::size_t space = buffer.size() - length;
+    const ssize_t count = read(file.number(), buffer.data() + length, space);
     if (count < 0 && errno == EINTR) continue;
     if (count < 0) return platform::Error{path, errno};
     length += static_cast<std::size_t>(count);
     if (length > kLargestFile) return platform::Error{path, EFBIG};
     const bool mayEnd = size != kUnknownSize && length >= size;
-    if (count == 0 || (mayEnd && static_cast<std::size_t>(count) < room)) return length;
+    if (count == 0 || (mayEnd && static_cast<std::size_t>(count) < space)) return length;
     if (length == buffer.size()) buffer.resize(2 * length);
   }
 }

@@ -28,14 +28,14 @@ class Drive(ProgramTest):
     def test_nothing_to_do(self):
         self.assertEqual(self.converse(), [])
 
-    def test_what_is_no_request(self):
+    def test_what_is_not_a_request(self):
         for line in ("no JSON\n", "[]\n", "5\n", "{}\n", '{"do":5}\n', '{"do":"nothing"}\n',
                      '{"do":"launch"} more\n', '{"do":1e999}\n', '{"do":"launch"\n',
                      "[" * 100000 + "\n"):
             with self.subTest(line=line[:20]):
                 self.assertEqual(self.error(line), "bad_request")
 
-    def test_bytes_that_are_no_utf8(self):
+    def test_bytes_that_are_not_utf8(self):
         done = self.run_program("drive", input=b'{"do":"\xff"}\n{"do":"opened"}\n')
         first, second = map(json.loads, done.stdout.splitlines())
         self.assertEqual(first["error"], "bad_request")
