@@ -31,7 +31,7 @@ class Defaults(ProgramTest):
     def test_two_kinds(self):
         self.refuse(2, "defaults", "write", "-int", "-float", "key", "1")
 
-    def test_bytes_that_are_no_utf8(self):
+    def test_bytes_that_are_not_utf8(self):
         self.refuse(2, "defaults", "write", "key", b"\xff")
         self.refuse(2, "defaults", "write", b"\xff", "value")
 
