@@ -14,8 +14,8 @@ namespace drive {
 // One Settings application that does what it is asked, line by line.
 class Driver {
  public:
-  // `complain` is given what a person must be told of besides the answers; it may be called from
-  // another thread.
+  // `complain` is given what must be reported to the user besides the answers; it may be called
+  // from another thread.
   Driver(const host::DeviceOptions& options, int viewport, host::Device::ProblemHandler complain);
 
   // The answer to one line, without a newline. No line can do more harm than a person with the

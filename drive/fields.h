@@ -11,7 +11,7 @@ namespace drive {
 // the field in its message.
 class Fields {
  public:
-  // BadRequest when the line is no JSON object with a text under "do".
+  // BadRequest when the line is not a JSON object with a text under "do".
   static host::Outcome<Fields> read(std::string_view line);
 
   const std::string& what() const { return what_; }

@@ -4,12 +4,12 @@
 #include <charconv>
 #include <cmath>
 
-#include "drive/base64.h"
-#include "drive/date_text.h"
 #include "host/text.h"
 
 namespace drive {
 namespace {
+
+constexpr int kFirstYear = 1;  // of a date
 
 Json::object_t object() {
   return {};
@@ -65,11 +65,24 @@ std::optional<plist::Value> fromArray(const Json& json) {
   return plist::Value(std::move(array));
 }
 
+std::optional<plist::Value> fromData(std::string_view text) {
+  auto data = host::readBase64(text, host::Base64Form::Strict);
+  if (!data) return std::nullopt;
+  return plist::Value(std::move(*data));
+}
+
+std::optional<plist::Value> fromDate(std::string_view text) {
+  const auto date = host::readDate(text);
+  const bool isYearBeforeZero = text.starts_with('-'), isLeapSecond = text.ends_with(":60Z");
+  if (!date || isYearBeforeZero || isLeapSecond) return std::nullopt;
+  return plist::Value(*date);
+}
+
 std::optional<plist::Value> fromObject(const Json& json) {
   if (json.size() == 1 && json.begin().value().is_string()) {
     const auto& text = json.begin().value().get_ref<const std::string&>();
-    if (json.begin().key() == "$data") return readBase64(text);
-    if (json.begin().key() == "$date") return readDate(text);
+    if (json.begin().key() == "$data") return fromData(text);
+    if (json.begin().key() == "$date") return fromDate(text);
   }
   plist::Dictionary dictionary;
   for (const auto& [key, member] : json.items()) {
@@ -80,8 +93,8 @@ std::optional<plist::Value> fromObject(const Json& json) {
   return plist::Value(std::move(dictionary));
 }
 
-// How deep arrays and objects are within each other, at most; of a text that is no JSON, as deep as
-// its brackets open.
+// How deep arrays and objects are within each other, at most; of a text that is not JSON, as deep
+// as its brackets open.
 int depthOf(std::string_view text) {
   int depth = 0, deepest = 0;
   bool inText = false;
@@ -188,9 +201,9 @@ Json toJson(const plist::Value& value) {
     case plist::Kind::Text:
       return *value.text();
     case plist::Kind::Data:
-      return wrapped("$data", writeBase64(*value.data()));
+      return wrapped("$data", host::writeBase64(*value.data()));
     case plist::Kind::Date:
-      return wrapped("$date", writeDate(*value.date()));
+      return wrapped("$date", host::writeDate(*value.date(), kFirstYear));
     case plist::Kind::Uid:
       return wrapped("CF$UID", value.uid()->index);
     case plist::Kind::Array:

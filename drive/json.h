@@ -14,7 +14,7 @@ using Json = nlohmann::ordered_json;
 
 // A value as JSON: data is {"$data": base64}, a date {"$date": "2026-01-31T12:00:00Z"} in whole
 // seconds, a UID {"CF$UID": number}, a set an array, nothing null. A 4-byte real has the digits
-// that tell it from its 4-byte neighbours.
+// that distinguish it from its 4-byte neighbours.
 Json toJson(const plist::Value& value);
 
 // A document of one line; the error says what is wrong with it.

@@ -21,9 +21,9 @@ namespace host {
 // command line are two faces of it.
 //
 // A page is created by its class's name, given the row that opened it, loaded (loadView,
-// viewDidLoad) and then shown: the page before it is told that it disappears, it that it appears;
-// only then are its rows made. Whatever other processes have stored is seen when a page is created
-// or reloaded and when the application becomes active.
+// viewDidLoad) and then shown: the page before it is notified that it disappears, and it that it
+// appears; only then are its rows made. Whatever other processes have stored is seen when a page is
+// created or reloaded and when the application becomes active.
 class Application {
  public:
   using Page = std::shared_ptr<preferences::PSViewController>;
@@ -55,7 +55,8 @@ class Application {
   // Called after anything on screen may have changed.
   void setObserver(std::function<void()> changed) { changed_ = std::move(changed); }
 
-  // What a person must be told, once each, until it is dismissed. By the one thread that performs.
+  // What must be reported to the user, once each, until it is dismissed. By the one thread that
+  // performs.
   void report(Problem problem);
   void dismiss(const Problem& problem);
   const std::vector<Problem>& problems() const { return problems_; }
@@ -64,7 +65,7 @@ class Application {
   const std::vector<Page>& pages() const { return pages_; }
   preferences::PSViewController* shownPage() const;
   preferences::PSListController* shownList() const;  // null when the shown page has no row list
-  uikit::TableView* shownTable() const;              // null when the shown page is no table
+  uikit::TableView* shownTable() const;              // null when the shown page is not a table
   Outcome<preferences::PSSpecifier*> row(const RowReference& reference) const;
   int firstShown() const;
   int viewport() const { return viewport_; }

@@ -114,6 +114,7 @@ RowView describeRow(PSListController& page, PSSpecifier& row) {
   view.control = describeControl(row);
   if (auto* color = dynamic_cast<ZorvekColorPickerQuorvantisLinkCell*>(row.cellObject())) {
     describeColor(*color, view);
+    view.value = row.propertyForKey("value");
     return view;
   }
   view.value = row.isBuilt() ? shownValue(row, view.control) : page.valueOf(row);

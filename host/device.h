@@ -40,11 +40,12 @@ class Device {
 
   uikit::Screen& screen() { return screen_; }
 
-  // What the pages ignore and a person must be told: a domain file that can't be read, a write that
-  // failed, a URL that can't be opened; as a warning what was done all the same, only not as well:
-  // text sorted by its bytes, contacts without those that can't be read. With a handler each is
-  // given to it at once, a sound's from another thread; else they are kept until they are taken.
-  // Returns once no call of an earlier handler runs any more; not to be called by a handler.
+  // What the pages ignore and must be reported to the user: a domain file that can't be read, a
+  // write that failed, a URL that can't be opened; as a warning what was done all the same, only
+  // not as well: text sorted by its bytes, contacts without those that can't be read. With a
+  // handler each is given to it at once, a sound's from another thread; else they are kept until
+  // they are taken. Returns once no call of an earlier handler runs any more; not to be called by a
+  // handler.
   using ProblemHandler = std::function<void(const Problem& problem)>;
   void setProblemHandler(ProblemHandler handler);
   std::vector<Problem> takeProblems(Severity severity);

@@ -18,7 +18,7 @@ struct PostedNotification {
 };
 
 // A cross-process centre that hands every post on to another one and keeps a record of it, in one
-// order with the posts of the in-process centres that it is told to watch.
+// order with the posts of the in-process centres that it watches.
 class NotificationRecord : public platform::DarwinNotificationCenter {
  public:
   explicit NotificationRecord(platform::DarwinNotificationCenter& next) : next_(next) {}

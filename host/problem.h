@@ -14,8 +14,8 @@ enum class Severity {
   Failure,  // it was not done
 };
 
-// What a person must be told. `path` is a platform path ("/var/mobile/…"), empty where no file is
-// concerned; `words` is one human-readable sentence without the path's repetition.
+// What must be reported to the user. `path` is a platform path ("/var/mobile/…"), empty where no
+// file is concerned; `words` is one human-readable sentence without the path's repetition.
 struct Problem {
   Source source = Source::Request;
   Severity severity = Severity::Failure;

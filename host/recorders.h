@@ -31,7 +31,7 @@ class RecordedUrls : public platform::Urls {
   std::vector<std::string> opened_;
 };
 
-// Sounds that are written down and not heard.
+// Sounds that are recorded and not played.
 class RecordedSounds : public platform::SystemSounds {
  public:
   void play(const std::optional<std::string>& url) override { played_.push_back(url); }

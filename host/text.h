@@ -7,12 +7,19 @@
 #include <string_view>
 
 #include "platform/foundation/text.h"
+#include "platform/plist/base64.h"
+#include "platform/plist/date_text.h"
 #include "platform/plist/value.h"
 
 namespace host {
 
 using foundation::isUtf8;
 using foundation::replacingInvalidUtf8;
+using plist::Base64Form;
+using plist::readBase64;
+using plist::readDate;
+using plist::writeBase64;
+using plist::writeDate;
 
 // As a slider's value stands beside it: to a thousandth, without zeros at its end.
 std::string numberText(double number);

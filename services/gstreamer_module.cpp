@@ -79,7 +79,7 @@ class GstPlayer : public SoundPlayer {
     if (playing_ == kTogether) return "too many sounds at once";
     try {
       std::thread([this, round = round_, file = std::move(file), failed] {
-        const std::string reason = hear(file, round);
+        const std::string reason = playToEnd(file, round);
         if (!reason.empty() && isCurrent(round)) failed(reason);
         const std::unique_lock ended(mutex_);
         --playing_;
@@ -93,7 +93,7 @@ class GstPlayer : public SoundPlayer {
   }
 
   // Returns when the sound has ended, or why it can't be played.
-  std::string hear(const Descriptor& file, int round) {
+  std::string playToEnd(const Descriptor& file, int round) {
     if (!initialise().empty()) return initialise();
     const Owned<GstElement> player(gst_element_factory_make("playbin", nullptr));
     if (!player) return "GStreamer has no playbin";

@@ -1,6 +1,6 @@
 #include "apps/cli/command.h"
-#include "apps/cli/user_file.h"
 #include "host/profiles.h"
+#include "host/user_file.h"
 
 namespace cli {
 namespace {
@@ -109,7 +109,11 @@ Outcome<Done> exportProfile(Session& session, const Arguments& arguments) {
   if (!trigger) return trigger.error();
   const auto xml = profilesOf(session).exportXml(*trigger);
   if (!xml) return failureOf(xml.error());
-  if (arguments[1] != kStandardOutput) return writeUserFile(arguments[1], *xml);
+  if (arguments[1] != kStandardOutput) {
+    const auto written = host::writeUserFile(arguments[1], *xml);
+    if (!written) return failureOf(written.error());
+    return Done{};
+  }
   std::string text(xml->begin(), xml->end());
   if (text.ends_with('\n')) text.pop_back();
   session.print(text);
@@ -117,8 +121,8 @@ Outcome<Done> exportProfile(Session& session, const Arguments& arguments) {
 }
 
 Outcome<Done> importProfile(Session& session, const Arguments& arguments) {
-  const auto bytes = readUserFile(arguments[0]);
-  if (!bytes) return bytes.error();
+  const auto bytes = host::readUserFile(arguments[0]);
+  if (!bytes) return failureOf(bytes.error());
   const auto imported = profilesOf(session).import(*bytes, existing(arguments));
   if (imported) return Done{};
   Failure failure = failureOf(imported.error());

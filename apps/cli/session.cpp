@@ -1,31 +1,13 @@
 #include "apps/cli/session.h"
 
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
 #include <iterator>
 #include <utility>
 
 #include "host/text.h"
+#include "host/user_file.h"
 
 namespace cli {
-namespace {
-
-Outcome<Done> writeAll(int file, std::string_view text) {
-  while (!text.empty()) {
-    const ssize_t written = ::write(file, text.data(), text.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0)
-      return Failure{ExitCode::Failed, std::string("standard output: ") + std::strerror(errno)};
-    text.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return Done{};
-}
-
-}  // namespace
-
 Failure failureOf(const host::Failure& failure) {
   const std::string message = failure.problem.message();
   switch (failure.reason) {
@@ -41,6 +23,10 @@ Failure failureOf(const host::Failure& failure) {
       return {ExitCode::WrongUse, message + "; --recursive removes it with all that it holds"};
   }
   return {ExitCode::Failed, message};
+}
+
+Failure failureOf(const platform::Error& error) {
+  return {ExitCode::Failed, error.message()};
 }
 
 host::Device& Session::device() {
@@ -83,11 +69,14 @@ void Session::printValue(const plist::Value& value) {
 
 Outcome<Done> Session::flush() {
   const std::string text = std::exchange(output_, {});
-  return writeAll(STDOUT_FILENO, text);
+  const auto written = host::writeStream(host::Stream::Output, text);
+  if (!written) return failureOf(written.error());
+  return Done{};
 }
 
 void complain(std::string_view message) {
-  static_cast<void>(writeAll(STDERR_FILENO, "quorvantis: " + host::oneLine(message) + "\n"));
+  static_cast<void>(
+      host::writeStream(host::Stream::Error, "quorvantis: " + host::oneLine(message) + "\n"));
 }
 
 }  // namespace cli

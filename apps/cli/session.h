@@ -33,6 +33,7 @@ using Outcome = platform::Result<T, Failure>;
 using Done = platform::Done;
 
 Failure failureOf(const host::Failure& failure);
+Failure failureOf(const platform::Error& error);
 
 // What one run of the program works with: the options that every command has, the device, made when
 // it is first asked for, and what the command prints, which is written when it has been done.

@@ -41,7 +41,7 @@ std::size_t walk(const foundation::DeviceRoot& root) {
   return files;
 }
 
-// As barely as it can be done: readdir, and what it tells of an entry's kind.
+// As barely as it can be done: readdir, and the kind of entry that it reports.
 std::size_t count(int parent, const char* name) {
   DIR* const folder = fdopendir(openat(parent, name, O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   std::size_t files = 0;

@@ -59,20 +59,20 @@ PendingFile::~PendingFile() {
 }
 
 Result<PendingFile> PendingFile::write(const Directory& folder, const std::string& name,
-                                       plist::Bytes bytes) {
+                                       plist::Bytes bytes, unsigned mode) {
   PendingFile pending(folder, name);
-  const auto created = pending.create();
+  const auto created = pending.create(mode);
   if (!created) return created.error();
   const auto filled = pending.fill(bytes);
   if (!filled) return filled.error();
   return pending;
 }
 
-Result<Done> PendingFile::create() {
+Result<Done> PendingFile::create(unsigned mode) {
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     const std::string candidate = temporaryPrefix(name_) + randomSuffix();
     file_ = Descriptor(openat(folder_->descriptor(), candidate.c_str(),
-                              O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+                              O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
     if (file_) {
       temporary_ = candidate;
       return Done{};
@@ -83,7 +83,7 @@ Result<Done> PendingFile::create() {
 }
 
 Result<Done> PendingFile::fill(plist::Bytes bytes) {
-  if (!writeWhole(file_, bytes)) return folder_->error(name_, errno, "write");
+  if (!writeWhole(file_.number(), bytes)) return folder_->error(name_, errno, "write");
   return Done{};
 }
 

@@ -19,10 +19,10 @@ namespace foundation {
 // folder of its name is an error (EISDIR).
 class PendingFile {
  public:
-  // Mode 0600, exclusively created, with a random name that begins with a dot. `folder` has to
-  // outlive it.
+  // Exclusively created, with a random name that begins with a dot; the process's mask is taken
+  // off the mode. `folder` has to outlive it.
   static platform::Result<PendingFile> write(const Directory& folder, const std::string& name,
-                                             plist::Bytes bytes);
+                                             plist::Bytes bytes, unsigned mode = 0600);
   PendingFile(PendingFile&& other) noexcept;
   PendingFile& operator=(PendingFile&&) = delete;
   ~PendingFile();
@@ -32,7 +32,7 @@ class PendingFile {
 
  private:
   PendingFile(const Directory& folder, std::string name);
-  platform::Result<platform::Done> create();
+  platform::Result<platform::Done> create(unsigned mode);
   platform::Result<platform::Done> fill(plist::Bytes bytes);
 
   const Directory* folder_;

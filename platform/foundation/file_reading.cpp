@@ -41,20 +41,21 @@ platform::Result<std::size_t> readWhole(const Descriptor& file, std::size_t size
   // One byte more than the file should have: a short read is then its end, without a second one.
   if (buffer.size() < size + 1) buffer.resize(size + 1);
   for (;;) {
-    const std::size_t room = buffer.size() - length;
-    const ssize_t count = read(file.number(), buffer.data() + length, room);
+    const std::size_t space = buffer.size() - length;
+    const ssize_t count = read(file.number(), buffer.data() + length, space);
     if (count < 0 && errno == EINTR) continue;
     if (count < 0) return platform::Error{path, errno};
     length += static_cast<std::size_t>(count);
     if (length > kLargestFile) return platform::Error{path, EFBIG};
-    if (count == 0 || (length >= size && static_cast<std::size_t>(count) < room)) return length;
+    const bool mayEnd = size != kUnknownSize && length >= size;
+    if (count == 0 || (mayEnd && static_cast<std::size_t>(count) < space)) return length;
     if (length == buffer.size()) buffer.resize(2 * length);
   }
 }
 
-bool writeWhole(const Descriptor& file, std::span<const std::uint8_t> bytes) {
+bool writeWhole(int file, std::span<const std::uint8_t> bytes) {
   while (!bytes.empty()) {
-    const ssize_t count = write(file.number(), bytes.data(), bytes.size());
+    const ssize_t count = write(file, bytes.data(), bytes.size());
     if (count < 0 && errno == EINTR) continue;
     if (count < 0) return false;
     bytes = bytes.subspan(static_cast<std::size_t>(count));

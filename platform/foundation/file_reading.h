@@ -29,11 +29,13 @@ Descriptor openBelow(int folder, const std::string& path, int flags, Resolve res
 platform::Result<struct stat> statRegular(const Descriptor& file, const std::string& path);
 
 // The whole of an open file of about `size` bytes into the front of `buffer`, which grows as
-// needed and never shrinks. Gives the number of bytes that there were.
+// needed and never shrinks. Gives the number of bytes that there were. Only for a file of unknown
+// size is a short read not taken as its end, so that it may be a pipe.
+inline constexpr std::size_t kUnknownSize = 0;
 platform::Result<std::size_t> readWhole(const Descriptor& file, std::size_t size,
                                         std::vector<std::uint8_t>& buffer, const std::string& path);
 
 // All of the bytes to an open file, in as many steps as it takes; false with errno when one fails.
-bool writeWhole(const Descriptor& file, std::span<const std::uint8_t> bytes);
+bool writeWhole(int file, std::span<const std::uint8_t> bytes);
 
 }  // namespace foundation

@@ -22,7 +22,7 @@ class MainQueue {
 // While a task runs the clock shows the time at which it fell due, so what it hands in counts from
 // there, and runs within the same advance if it falls due by its end. A task that hands itself in
 // again without delay therefore never lets an advance end. A task may advance the queue itself: the
-// clock then shows the later time when the outer advance goes on, and never goes back.
+// clock then shows the later time when the outer advance continues, and never an earlier one.
 class ManualQueue : public MainQueue {
  public:
   void after(Nanoseconds delay, std::function<void()> task) override;

@@ -71,7 +71,7 @@ constexpr std::array<CostRule, 14> costRules() {
 
 constexpr std::array<CostRule, 14> kCostRules = costRules();
 
-// Whether a number this wide can't tell `numbers` things apart.
+// Whether a number this wide can't number that many things.
 bool isTooNarrow(std::size_t size, std::uint64_t numbers) {
   return size == 0 || (size < 8 && numbers >> (8 * size) != 0);
 }

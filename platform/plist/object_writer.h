@@ -37,7 +37,7 @@ class ObjectWriter {
       setWideMember(to, object);
   }
 
-  // Whether there are more objects than references of this width can tell apart.
+  // Whether there are more objects than references of this width can number.
   bool isFull() const { return offsets_.size() > limit_; }
 
   // Ends the property list. Only when it is not full.

@@ -43,7 +43,7 @@ class ZorvekColorPickerQuorvantis : public preferences::PSViewController,
   // Whether a row of the table, on screen or not, holds a slider of this tag.
   bool hasSlider(int tag) const { return tag >= kRedSliderTag && tag <= kBlueSliderTag; }
 
-  // A row that no palette has is no cell, and choosing it does nothing.
+  // A row that no palette has yields no cell, and choosing it does nothing.
   int numberOfSectionsInTableView(uikit::TableView& table) override;
   std::string tableViewTitleForHeaderInSection(uikit::TableView& table, int section) override;
   int tableViewNumberOfRowsInSection(uikit::TableView& table, int section) override;

@@ -35,10 +35,13 @@ ZorvekColorPickerQuorvantisLinkCell::ZorvekColorPickerQuorvantisLinkCell(
 void ZorvekColorPickerQuorvantisLinkCell::loadColorValueFromPrefs() {
   const auto key = rowText(&specifier(), "key");
   appID = rowText(&specifier(), "defaults");
+  std::optional<plist::Value> stored;
   if (preferences::PSListController* page = specifier().target)
-    if (auto stored = singleValueRead(page->environment().preferences, key, appID))
-      if (const std::string* text = stored->text()) selectedColor = *text;
+    stored = singleValueRead(page->environment().preferences, key, appID);
+  if (stored && stored->text()) selectedColor = *stored->text();
   if (!selectedColor) selectedColor = rowText(&specifier(), "default");
+  if (!stored && selectedColor) stored = *selectedColor;
+  specifier().setPropertyForKey(stored.value_or(plist::Value()), "value");
 }
 
 void ZorvekColorPickerQuorvantisLinkCell::layoutSubviews() {

@@ -23,7 +23,7 @@ class ZorvekColorPickerQuorvantisLinkCell : public preferences::PSTableCell {
 
   void layoutSubviews() override;
   // The stored text. A stored value that isn't text is ignored; the row's "default" counts only
-  // while the cell has never had a color.
+  // while the cell has never had a color. What was read, of any kind, is the row's "value" then.
   void loadColorValueFromPrefs();
   void showSelectedColor();
 };

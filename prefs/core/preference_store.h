@@ -39,7 +39,7 @@ void singleValueWriteWithNotification(preferences::Environment& environment,
 plist::Dictionary wholeDomainRead(foundation::Preferences& preferences);
 
 // Sets every key of the dictionary in the bundle's domain and flushes. Nothing is ever removed. The
-// error is why nothing was stored; what was stored and couldn't be flushed is no error here.
+// error is why nothing was stored; what was stored and couldn't be flushed is not an error here.
 platform::Result<platform::Done> wholeDomainWrite(foundation::Preferences& preferences,
                                                   const plist::Dictionary& values);
 

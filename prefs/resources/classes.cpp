@@ -1,6 +1,6 @@
 #include "prefs/resources/classes.h"
 
-#include <algorithm>
+#include <vector>
 
 #include "prefs/colorpicker/ZorvekColorPickerQuorvantis.h"
 #include "prefs/colorpicker/ZorvekColorPickerQuorvantisLinkCell.h"
@@ -19,14 +19,21 @@ std::shared_ptr<preferences::PSViewController> create(preferences::Environment& 
   return std::make_shared<T>(environment);
 }
 
+struct Page {
+  preferences::PageClass known;
+  std::span<const DependencyRule> rules{};
+};
+
 template <class T>
-constexpr preferences::PageClass page(std::string_view name, std::string_view list) {
-  return {name, create<T>, &T::ownOperations, list};
+Page page(std::string_view name, std::string_view list) {
+  Page page{{name, create<T>, &T::ownOperations, list}};
+  if constexpr (requires { T::ownRules; }) page.rules = T::ownRules;
+  return page;
 }
 
 // A page whose list bears the class's name.
 template <class T>
-constexpr preferences::PageClass page(std::string_view name) {
+Page page(std::string_view name) {
   return page<T>(name, name);
 }
 
@@ -39,29 +46,21 @@ constexpr preferences::CellClass cell(std::string_view name) {
           }};
 }
 
-const preferences::PageClass kPages[] = {
-    page<quorvantisprefsListController>(kPrincipalClass, "quorvantisprefs"),
-    page<GeneralSettingsController>("GeneralSettingsController"),
-    page<PowerSavingListController>("PowerSavingListController"),
-    page<LowPowerListController>("LowPowerListController"),
-    page<SoundsListController>("SoundsListController"),
-    page<UserNotificationListController>("UserNotificationListController"),
-    page<ConditionsListController>("ConditionsListController"),
-    page<ProfilesListController>("ProfilesListController"),
-    page<ExtrasListController>("ExtrasListController"),
-    page<ZorvekColorPickerQuorvantis>("ZorvekColorPickerQuorvantis", {}),
-};
-
-struct PageRules {
-  std::string_view page;
-  std::span<const DependencyRule> rules;
-};
-const PageRules kRules[] = {
-    {"PowerSavingListController", PowerSavingListController::ownRules},
-    {"LowPowerListController", LowPowerListController::ownRules},
-    {"SoundsListController", SoundsListController::ownRules},
-    {"UserNotificationListController", UserNotificationListController::ownRules},
-};
+const std::vector<Page>& pages() {
+  static const std::vector<Page> kPages{
+      page<quorvantisprefsListController>(kPrincipalClass, "quorvantisprefs"),
+      page<GeneralSettingsController>("GeneralSettingsController"),
+      page<PowerSavingListController>("PowerSavingListController"),
+      page<LowPowerListController>("LowPowerListController"),
+      page<SoundsListController>("SoundsListController"),
+      page<UserNotificationListController>("UserNotificationListController"),
+      page<ConditionsListController>("ConditionsListController"),
+      page<ProfilesListController>("ProfilesListController"),
+      page<ExtrasListController>("ExtrasListController"),
+      page<ZorvekColorPickerQuorvantis>("ZorvekColorPickerQuorvantis", {}),
+  };
+  return kPages;
+}
 
 const preferences::CellClass kCells[] = {
     cell<QuorvantisSwitchTableCell>("QuorvantisSwitchTableCell"),
@@ -72,14 +71,20 @@ const preferences::CellClass kCells[] = {
 }  // namespace
 
 std::span<const preferences::PageClass> pageClasses() {
-  return kPages;
+  static const auto kClasses = [] {
+    std::vector<preferences::PageClass> classes;
+    for (const Page& page : pages()) classes.push_back(page.known);
+    return classes;
+  }();
+  return kClasses;
 }
 std::span<const preferences::CellClass> cellClasses() {
   return kCells;
 }
 std::span<const DependencyRule> rulesOfPage(std::string_view name) {
-  const auto* page = std::ranges::find(kRules, name, &PageRules::page);
-  return page == std::end(kRules) ? std::span<const DependencyRule>() : page->rules;
+  for (const Page& page : pages())
+    if (page.known.name == name) return page.rules;
+  return {};
 }
 
 }  // namespace prefs

@@ -28,14 +28,14 @@ class Drive(ProgramTest):
     def test_nothing_to_do(self):
         self.assertEqual(self.converse(), [])
 
-    def test_what_is_no_request(self):
+    def test_what_is_not_a_request(self):
         for line in ("no JSON\n", "[]\n", "5\n", "{}\n", '{"do":5}\n', '{"do":"nothing"}\n',
                      '{"do":"launch"} more\n', '{"do":1e999}\n', '{"do":"launch"\n',
                      "[" * 100000 + "\n"):
             with self.subTest(line=line[:20]):
                 self.assertEqual(self.error(line), "bad_request")
 
-    def test_bytes_that_are_no_utf8(self):
+    def test_bytes_that_are_not_utf8(self):
         done = self.run_program("drive", input=b'{"do":"\xff"}\n{"do":"opened"}\n')
         first, second = map(json.loads, done.stdout.splitlines())
         self.assertEqual(first["error"], "bad_request")
@@ -103,6 +103,32 @@ class Drive(ProgramTest):
         done = self.run_program("drive", input=b'{"do":"prefs"}\n')
         self.assertEqual(done.stdout.decode(),
                          '{"ok":true,"prefs":{"custbright":50.0,"d":{"$data":"eA=="},"n":50}}\n')
+
+    @staticmethod
+    def storing(value):
+        """Requests by which a page's setter stores this value."""
+        return ({"do": "launch"}, {"do": "open", "page": "PowerSavingListController"},
+                {"do": "call", "operation": "setPreferenceValue:specifier:",
+                 "arguments": [value, "custbrightenabled"]})
+
+    def stored(self, value):
+        return self.converse(*self.storing(value), {"do": "prefs"})[-1]["prefs"]["custbrightenabled"]
+
+    def test_dates_and_data_are_read_and_written_in_their_forms(self):
+        for value in ({"$date": "2026-01-31T12:00:00Z"}, {"$date": "0001-01-01T00:00:00Z"},
+                      {"$data": "Zm9vYg=="}, {"$data": ""}):
+            with self.subTest(value=value):
+                self.assertEqual(self.stored(value), value)
+                self.assertNotIsInstance(self.domain()["custbrightenabled"], dict)
+        self.assertEqual(self.stored({"$date": "0000-12-31T23:59:59Z"}),
+                         {"$date": "0001-01-01T00:00:00Z"})
+
+    def test_what_is_not_of_those_forms_is_refused(self):
+        for value in ({"$date": "-0001-01-01T00:00:00Z"}, {"$date": "2026-01-31T12:00:60Z"},
+                      {"$date": "2026-02-30T12:00:00Z"}, {"$date": "2026-01-31 12:00:00Z"},
+                      {"$data": "Zg"}, {"$data": "Zg= ="}, {"$data": "Z g=="}, {"$data": "Zg==Zg=="}):
+            with self.subTest(value=value):
+                self.assertEqual(self.error(*self.storing(value)), "bad_request")
 
     def test_damaged_domain_is_said_on_stderr(self):
         self.write("var/mobile/Library/Preferences/com.zorvek.quorvantis.plist", b"garbage")

@@ -43,7 +43,7 @@ class Log(ProgramTest):
         self.write(self.path, b"garbage")
         self.assertIn("quorvantis.log", self.refuse(1, "log"))
 
-    def test_log_that_is_no_list(self):
+    def test_log_that_is_not_a_list(self):
         self.write(self.path, archive({"a": "b"}))
         self.refuse(1, "log")
 

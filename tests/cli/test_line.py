@@ -58,7 +58,7 @@ class Line(ProgramTest):
         self.assertEqual(self.domain(), {"--json": "--root"})
         self.assertIn('"--json"', self.refuse(3, "get", "--", "--json"))
 
-    def test_negative_number_is_no_option(self):
+    def test_negative_number_is_not_an_option(self):
         self.output("defaults", "write", "key", "-int", "-5")
         self.output("defaults", "write", "text", "-5")
         self.assertEqual(self.domain(), {"key": -5, "text": "-5"})

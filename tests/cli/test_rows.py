@@ -79,7 +79,7 @@ class Get(ProgramTest):
         self.assertIn('"nosuchkey"', self.refuse(3, "get", "nosuchkey"))
         self.refuse(3, "get", "schlüssel")
 
-    def test_row_that_holds_no_value_is_no_key(self):
+    def test_row_that_holds_no_value_is_not_a_key(self):
         self.refuse(3, "get", "follow")
 
     def test_damaged_domain(self):
@@ -177,7 +177,7 @@ class Set(ProgramTest):
             with self.subTest(key=key, text=text):
                 self.refuse(2, "set", key, text)
 
-    def test_text_that_is_no_utf8(self):
+    def test_text_that_is_not_utf8(self):
         self.refuse(2, "set", "alertmsg", b"\xff")
 
     def test_unknown_key(self):

@@ -1,6 +1,8 @@
 import datetime
+import fcntl
 import os
 import stat
+import time
 
 from program import DOMAIN, ProgramTest
 
@@ -29,7 +31,7 @@ class Defaults(ProgramTest):
     def test_two_kinds(self):
         self.refuse(2, "defaults", "write", "-int", "-float", "key", "1")
 
-    def test_bytes_that_are_no_utf8(self):
+    def test_bytes_that_are_not_utf8(self):
         self.refuse(2, "defaults", "write", "key", b"\xff")
         self.refuse(2, "defaults", "write", b"\xff", "value")
 
@@ -72,3 +74,17 @@ class Defaults(ProgramTest):
         self.output("defaults", "write", "a", "1")
         mode = stat.S_IMODE(os.stat(self.root / DOMAIN).st_mode)
         self.assertEqual(mode, 0o600)
+class Lock(ProgramTest):
+    def test_a_held_lock_is_waited_for_five_seconds_and_its_holder_named(self):
+        self.output("set", "wifi", "1")
+        with open((self.root / DOMAIN).parent / f".{(self.root / DOMAIN).name}.lock") as lock:
+            fcntl.flock(lock, fcntl.LOCK_EX)
+            before = time.monotonic()
+            message = self.refuse(1, "set", "wifi", "2")
+            waited = time.monotonic() - before
+        self.assertIn("another program holds the settings", message)
+        self.assertIn(str(os.getpid()), message)
+        self.assertGreaterEqual(waited, 5)
+        self.assertEqual(self.domain(), {"wifi": 1})
+
+

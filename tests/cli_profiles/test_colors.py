@@ -52,6 +52,12 @@ class Colors(ProfileTest):
         self.write_domain({"bannercolor": "#ff00ff"})
         self.assertEqual(self.output("get", "bannercolor"), "#ff00ff\n")
 
+    def test_get_and_page_agree_on_what_is_not_a_color(self):
+        self.output("defaults", "write", "bannercolor", "-int", "5")
+        rows = self.document("page", "ExtrasListController")
+        shown = next(row["value"] for row in rows if row["id"] == "bannercolor")
+        self.assertEqual((shown, self.document("get", "bannercolor")), (5, 5))
+
     def test_choices_are_the_presets(self):
         choices = self.document("choices", "bannercolor")
         self.assertEqual(len(choices), 60)

@@ -45,7 +45,7 @@ class Save(ProfileTest):
             self.assertTrue((self.root / path_of(trigger["value"])).is_file())
         self.assertEqual(len(self.document("profile", "list")), 108)
 
-    def test_what_is_no_trigger(self):
+    def test_what_is_not_a_trigger(self):
         for trigger in ("0", "103", "020", "-1", "20 ", "Battery 0%", "Battery 20",
                         "charging started"):
             self.assertIn("no trigger", self.refuse(3, "profile", "save", trigger))

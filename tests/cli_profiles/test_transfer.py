@@ -1,5 +1,8 @@
+import os
 import plistlib
 import re
+import threading
+import time
 import unittest
 
 from keyed_archive import archive
@@ -50,6 +53,17 @@ class Export(ProfileTest):
         self.assertTrue(link.is_symlink())
         self.assertEqual(plistlib.loads(self.file.read_bytes()), VALUES)
 
+    def test_mode_follows_the_mask_of_the_process(self):
+        self.write_profile(20, VALUES)
+        done = self.run_program("profile", "export", "20", str(self.file), umask=0o027)
+        self.assertEqual(done.returncode, 0)
+        self.assertEqual(self.file.stat().st_mode & 0o777, 0o640)
+
+    def test_to_a_path_below_the_working_folder(self):
+        self.write_profile(20, VALUES)
+        self.output("profile", "export", "20", self.file.name)
+        self.assertEqual(plistlib.loads(self.file.read_bytes()), VALUES)
+
     def test_to_a_device(self):
         self.write_profile(20, VALUES)
         self.output("profile", "export", "20", "/dev/null")
@@ -98,6 +112,22 @@ class Import(ProfileTest):
     def test_binary_archive(self):
         self.output("profile", "import", self.file(archive(VALUES)))
         self.assertEqual(self.show("20"), VALUES)
+
+    def test_pipe_that_is_written_in_pieces(self):
+        data = plistlib.dumps({**VALUES, "msgtext": "x" * 100_000})
+        pipe = self.scratch / "pipe"
+        os.mkfifo(pipe)
+
+        def write():
+            with open(pipe, "wb", buffering=0) as file:
+                for start in range(0, len(data), 30_000):
+                    file.write(data[start:start + 30_000])
+                    time.sleep(0.02)
+        writer = threading.Thread(target=write, daemon=True)
+        writer.start()
+        self.output("profile", "import", str(pipe))
+        writer.join()
+        self.assertEqual(len(self.show("20")["msgtext"]), 100_000)
 
     def test_xml_archive(self):
         def references(value):

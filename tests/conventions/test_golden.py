@@ -63,7 +63,7 @@ class Golden(unittest.TestCase):
         self.transcript.write_text('{"do":"page"}\n')
         self.assertNotEqual(self.accepted(), before)
 
-    def test_integers_and_reals_are_told_apart(self):
+    def test_integers_and_reals_are_distinguished(self):
         self.transcript.write_text('{"value":50}\n')
         whole = self.accepted()
         self.transcript.write_text('{"value":50.0}\n')

@@ -83,7 +83,7 @@ TEST(Navigation, LinkToAnUnknownClassIsRefused) {
   EXPECT_EQ(settings.application.pages().size(), 1u);
 }
 
-TEST(Navigation, BackDestroysThePageAfterTheOneBelowIsToldThatItAppears) {
+TEST(Navigation, BackDestroysThePageAfterTheOneBelowAppears) {
   sample::Settings settings;
   ASSERT_TRUE(settings.application.perform(host::Tap{"link"}));
   settings.queue.advance(std::chrono::milliseconds(100));  // what is deferred holds the page
@@ -123,7 +123,7 @@ TEST(Navigation, ChoicesOpenOnlyFromARowOfAList) {
             RefusalCode::BadRequest);
 }
 
-TEST(Navigation, BrokenListIsToldInItsLoadError) {
+TEST(Navigation, BrokenListIsReportedInItsLoadError) {
   sample::Settings settings;
   ASSERT_TRUE(settings.application.perform(host::Open{"Broken", {}}));
   ASSERT_NE(settings.application.shownList(), nullptr);
@@ -131,7 +131,7 @@ TEST(Navigation, BrokenListIsToldInItsLoadError) {
   EXPECT_EQ(refusalOf(settings.application.perform(host::Scroll{0})), RefusalCode::BadValue);
 }
 
-TEST(Navigation, ObserverIsToldOfChanges) {
+TEST(Navigation, ObserverIsNotifiedOfChanges) {
   sample::Settings settings;
   int changes = 0;
   settings.application.setObserver([&] { ++changes; });

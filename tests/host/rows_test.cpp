@@ -18,6 +18,7 @@ T& control(Settings& settings, const std::string& id) {
 TEST(Rows, OnlyRowsOnScreenAreBuilt) {
   Settings settings(3);
   const auto& rows = settings.application.shownList()->specifiers();
+  ASSERT_EQ(rows.size(), 14u);
   for (std::size_t i = 0; i < rows.size(); ++i) EXPECT_EQ(rows[i]->isBuilt(), i < 3) << i;
 }
 

@@ -55,7 +55,7 @@ TEST(Lookup, TakesTheFirstOfEqualKeys) {
   EXPECT_EQ(found->values.front(), Value(1));
 }
 
-TEST(Lookup, SaysWhenTheRootIsNoDictionary) {
+TEST(Lookup, SaysWhenTheRootIsNotADictionary) {
   for (const Value& root : {Value(Array{"a"}), Value("a"), Value(), Value(plist::Set{{"a"}})}) {
     const auto found = lookUp(root, {"a"});
     EXPECT_FALSE(found.isDictionary);

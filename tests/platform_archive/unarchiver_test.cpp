@@ -88,7 +88,7 @@ TEST(ArchiveNil, IsItsTextAnywhere) {
   EXPECT_EQ(decoded(archiveOf({"$null"})), Value());
 }
 
-TEST(ArchiveNil, IsNoElement) {
+TEST(ArchiveNil, IsNotAnElement) {
   EXPECT_EQ(verdict(archiveOf({arrayObject(uids({0}), 2), classNamed("NSArray")})), "NilElement");
   EXPECT_EQ(verdict(archiveOf({arrayObject(uids({3}), 2), classNamed("NSArray"), "$null"})),
             "NilElement");

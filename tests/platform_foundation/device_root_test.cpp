@@ -123,7 +123,7 @@ TEST_F(DeviceRootTest, FifoIsAnErrorAndDoesNotBlock) {
   EXPECT_EQ(bytes.error().message(), "/fifo: not a regular file");
 }
 
-TEST_F(DeviceRootTest, FolderIsNoFile) {
+TEST_F(DeviceRootTest, FolderIsNotAFile) {
   folder.write("/folder/file", "");
   EXPECT_EQ(read("/folder"), error(EISDIR));
 }
@@ -140,7 +140,7 @@ TEST_F(DeviceRootTest, FileThatIsTooLargeIsRefused) {
   EXPECT_EQ(read("/huge"), error(EFBIG));
 }
 
-TEST_F(DeviceRootTest, FileThatTellsNoSizeIsReadWhole) {
+TEST_F(DeviceRootTest, FileThatReportsNoSizeIsReadWhole) {
   EXPECT_THAT(textOf(*DeviceRoot("/proc").read("/version")), ::testing::StartsWith("Linux"));
 }
 

@@ -19,7 +19,7 @@ std::string keyOf(int process, int index) {
   return "key" + std::to_string(process) + "-" + std::to_string(index);
 }
 
-// Each process has keys that nobody else sets. It goes round them, and before it sets one again
+// Each process has keys that nobody else sets. It sets them in turn, and before it sets one again
 // looks whether the value of the last round is still there: so not one set can be lost unseen.
 bool setAndCheck(Preferences& preferences, int process, int sets, int keys) {
   for (int number = 0; number < sets; ++number) {

@@ -61,7 +61,7 @@ TEST_F(Durability, FailedRenameLeavesTheOldFileAndNothingElse) {
   EXPECT_THAT(folder.names("/folder"), ElementsAre("file"));
 }
 
-TEST_F(Durability, FailedFlushOfTheFolderIsToldThoughTheNewFileIsThere) {
+TEST_F(Durability, FailedFlushOfTheFolderIsReportedThoughTheNewFileIsThere) {
   folder.write("/folder/file", "old");
   systemCalls().failFsync = 2;
   const auto written = root.writeDurably("/folder/file", bytesOf("new"));
@@ -152,7 +152,7 @@ TEST_F(Durability, ReadsFlushNothing) {
   EXPECT_THAT(takeLog(), IsEmpty());
 }
 
-TEST_F(Durability, FlushThatFailsIsToldAndTriedAgain) {
+TEST_F(Durability, FlushThatFailsIsReportedAndTriedAgain) {
   ASSERT_TRUE(preferences.setAppValue("a", 1, kDomain));
   systemCalls().failFsync = 1;
   const auto flushed = preferences.synchronize();

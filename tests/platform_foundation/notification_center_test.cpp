@@ -13,7 +13,7 @@ struct Plain : Object {
   std::string_view className() const override { return "Plain"; }
 };
 
-// Notes each call, and does what it is told meanwhile.
+// Notes each call, and does what it is asked meanwhile.
 struct Observer : Object {
   explicit Observer(std::vector<std::string>& log, std::string name = "o")
       : log(log), name(std::move(name)) {}
@@ -55,7 +55,7 @@ TEST_F(NotificationCenterTest, DeliversInOrderOfRegistration) {
   EXPECT_THAT(log, ElementsAre("b x n", "a y n", "b z n"));
 }
 
-TEST_F(NotificationCenterTest, ObserverOfOnePosterHearsOnlyIt) {
+TEST_F(NotificationCenterTest, ObserverOfOnePosterGetsOnlyItsPosts) {
   const auto a = observer("a");
   Plain poster, other;
   center.addObserver(*a, "x", "n", &poster);
@@ -216,8 +216,8 @@ TEST_F(NotificationCenterTest, WitnessSeesEveryPostBeforeTheObservers) {
   });
   center.addObserver(*a, "x", "n", nullptr);
   center.postNotificationName("n", &poster);
-  center.postNotificationName("unheard", nullptr);
-  EXPECT_THAT(log, ElementsAre("seen n of it", "a x n", "seen unheard"));
+  center.postNotificationName("unobserved", nullptr);
+  EXPECT_THAT(log, ElementsAre("seen n of it", "a x n", "seen unobserved"));
 }
 
 TEST_F(NotificationCenterTest, ObjectWithoutOperationsDoesNothing) {

@@ -23,7 +23,7 @@ struct DamagedDomain : PreferencesTest {
   std::string aside() { return folder.contents(std::string(kFolder) + "/" + kAside); }
 };
 
-TEST_F(DamagedDomain, IsKeptAsideByASetAndToldOnce) {
+TEST_F(DamagedDomain, IsKeptAsideByASetAndReportedOnce) {
   folder.write(kFile, "bplist00 garbage");
   ASSERT_TRUE(preferences.setAppValue("a", 1, kDomain));
   ASSERT_TRUE(preferences.setAppValue("b", 1, kDomain));
@@ -34,7 +34,7 @@ TEST_F(DamagedDomain, IsKeptAsideByASetAndToldOnce) {
   EXPECT_THAT(problems, ElementsAre(AllOf(HasSubstr(kFile), HasSubstr(kAside))));
 }
 
-TEST_F(DamagedDomain, IsLeftInPlaceByReadsAndToldOnce) {
+TEST_F(DamagedDomain, IsLeftInPlaceByReadsAndReportedOnce) {
   folder.write(kFile, "bplist00 garbage");
   EXPECT_FALSE(preferences.copyAppValue("a", kDomain));
   EXPECT_FALSE(preferences.appSynchronize(kDomain));
@@ -66,7 +66,7 @@ TEST_F(DamagedDomain, EmptyFileIsOne) {
   EXPECT_THAT(otherNames(), ElementsAre(kAside));
 }
 
-TEST_F(DamagedDomain, TopThatIsNoDictionaryIsOne) {
+TEST_F(DamagedDomain, TopThatIsNotADictionaryIsOne) {
   const auto bytes = plist::writeBinary(plist::Array{1});
   ASSERT_TRUE(bytes);
   folder.write(kFile, textOf(*bytes));
@@ -83,7 +83,7 @@ TEST_F(DamagedDomain, LeavesWhatWasReadBefore) {
   EXPECT_EQ(preferences.copyAppValue("a", kDomain), Value(1));
 }
 
-TEST_F(DamagedDomain, IsToldAgainWhenItWasWellInBetween) {
+TEST_F(DamagedDomain, IsReportedAgainWhenItWasWellInBetween) {
   folder.write(kFile, "garbage");
   EXPECT_FALSE(preferences.appSynchronize(kDomain));
   fs::remove(folder.at(kFile));
@@ -170,14 +170,14 @@ TEST_F(PreferencesTest, FileWithoutPermissionFailsTheSetAndStays) {
     TemporaryRoot own;
     DeviceRoot root(own.path());
     Preferences preferences(root);
-    std::vector<std::string> told;
+    std::vector<std::string> reported;
     preferences.setProblemHandler(
-        [&](const platform::Error& error) { told.push_back(error.message()); });
+        [&](const platform::Error& error) { reported.push_back(error.message()); });
     if (!preferences.setAppValue("a", 1, kDomain)) return false;
     const std::string before = own.contents(kFile);
     fs::permissions(own.at(kFile), fs::perms(0));
     const auto set = preferences.setAppValue("a", 2, kDomain);
-    const bool refused = !set && set.error().code == EACCES && told.size() == 1;
+    const bool refused = !set && set.error().code == EACCES && reported.size() == 1;
     fs::permissions(own.at(kFile), fs::perms(0600));
     return refused && own.contents(kFile) == before;
   }));

@@ -14,7 +14,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::UnorderedElementsAre;
 
-TEST_F(PreferencesTest, MissingRootReadsAsEmptyAndIsNoProblem) {
+TEST_F(PreferencesTest, MissingRootReadsAsEmptyAndIsNotAProblem) {
   EXPECT_FALSE(preferences.copyAppValue("wifi", kDomain));
   EXPECT_THAT(preferences.copyKeyList(kDomain), IsEmpty());
   EXPECT_TRUE(preferences.copyMultiple({"wifi"}, kDomain).empty());
@@ -220,7 +220,7 @@ TEST_F(PreferencesTest, SetMultipleSetsThenRemoves) {
   EXPECT_EQ(stored("b"), Value(1));
 }
 
-TEST_F(PreferencesTest, DomainThatIsNoFileNameIsRefused) {
+TEST_F(PreferencesTest, DomainThatIsNotAFileNameIsRefused) {
   for (const char* name : {"", "../x", "a/b"}) {
     EXPECT_FALSE(preferences.setAppValue("a", 1, name)) << name;
     EXPECT_FALSE(preferences.copyAppValue("a", name)) << name;

@@ -57,7 +57,7 @@ TEST(Dictionary, RemovesAndKeepsTheOrderOfTheRest) {
   EXPECT_EQ(dictionary.find("b"), nullptr);
 }
 
-TEST(Dictionary, TellsKeysWithZerosApart) {
+TEST(Dictionary, DistinguishesKeysWithZeros) {
   Dictionary dictionary;
   dictionary.set(std::string_view("a\0b", 3), 1);
   dictionary.set("a", 2);

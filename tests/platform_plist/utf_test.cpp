@@ -7,7 +7,7 @@
 namespace plist {
 namespace {
 
-TEST(Utf, TellsAsciiAtEveryLengthAndPlace) {
+TEST(Utf, RecognizesAsciiAtEveryLengthAndPlace) {
   for (std::size_t size = 0; size < 40; ++size) {
     std::string text(size, 'a');
     EXPECT_TRUE(isAscii(text)) << size;

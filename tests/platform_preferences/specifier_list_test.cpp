@@ -52,7 +52,7 @@ TEST(SpecifierList, NamesTheRowOfAnUnknownCellType) {
       "1: unknown cell type \"PSFooCell\"");
 }
 
-TEST(SpecifierList, NamesARowThatIsNoRow) {
+TEST(SpecifierList, NamesARowThatIsNotARow) {
   EXPECT_EQ(readError(listOf({"text"})), "0: a row must be a dictionary");
   EXPECT_EQ(readError(listOf({Dictionary{{"label", "x"}}})), "0: cell is missing");
   EXPECT_EQ(readError(listOf({Dictionary{{"cell", 5}}})), "0: cell must be text");

@@ -8,7 +8,7 @@ using namespace uikit;
 
 namespace {
 
-// Offers its rows in one wheel, and writes down what it is told.
+// Offers its rows in one wheel, and records the calls that it gets.
 struct Owner : AlertViewDelegate, PickerViewDataSource, PickerViewDelegate {
   void alertViewClickedButtonAtIndex(AlertView* alert, int index) override {
     clicked.emplace_back(alert->tag, index);
@@ -96,7 +96,7 @@ TEST(Screen, ShowsTheTopmostAlertLast) {
   EXPECT_EQ(screen.topmost()->tag, 2);
 }
 
-TEST(Screen, PressesTheTopmostAlertAndTellsItsDelegateWhich) {
+TEST(Screen, PressesTheTopmostAlertAndNotifiesItsDelegate) {
   Screen screen;
   auto owner = std::make_shared<Owner>();
   screen.present(alertOf(owner, 1));
@@ -219,7 +219,7 @@ TEST(PickerView, IsSelectedByCodeWithoutTellingTheDelegate) {
   EXPECT_TRUE(owner->turned.empty());
 }
 
-TEST(PickerView, TellsTheDelegateWhatTheUserTurnsItTo) {
+TEST(PickerView, NotifiesTheDelegateOfTheRowThatTheUserTurnsItTo) {
   auto owner = std::make_shared<Owner>();
   owner->rows = {"a", "b"};
   auto picker = pickerOf(owner);

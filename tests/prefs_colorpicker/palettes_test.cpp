@@ -117,10 +117,12 @@ TEST_F(Palettes, AreEachThereByAnOperation) {
 }
 
 TEST_F(Palettes, HoldNothingButNameAndHex) {
+  ASSERT_EQ(page->palettes().size(), 4u);
   for (const auto& palette : page->palettes()) {
     EXPECT_EQ(palette.dictionary()->size(), 2u);
-    for (const auto& entry : *palette.dictionary()->find("colors")->array())
-      EXPECT_EQ(entry.dictionary()->size(), 2u);
+    const Array& colors = *palette.dictionary()->find("colors")->array();
+    ASSERT_FALSE(colors.empty());
+    for (const auto& entry : colors) EXPECT_EQ(entry.dictionary()->size(), 2u);
   }
 }
 
@@ -133,17 +135,22 @@ TEST_F(Palettes, HaveSixtyOneRowsOfDifferentColors) {
 }
 
 TEST_F(Palettes, WriteTheirColorsAsTheStoreDoes) {
+  int colors = 0;
   for (const auto& palette : prefs::colorPalettes())
     for (const auto& entry : palette.colors) {
       if (!entry.hex.starts_with('#')) continue;
       EXPECT_EQ(prefs::colorFromHexString(entry.hex).hex(), entry.hex) << entry.name;
+      ++colors;
     }
+  EXPECT_EQ(colors, 59);
 }
 
 TEST_F(Palettes, KnowTheirOwnColors) {
+  int known = 0;
   for (const auto& palette : prefs::colorPalettes())
     for (const auto& entry : palette.colors)
-      EXPECT_TRUE(page->presetColorExists(std::string(entry.hex)));
+      known += page->presetColorExists(std::string(entry.hex));
+  EXPECT_EQ(known, 61);
 }
 
 TEST_F(Palettes, CountTheSpecialWordsAsPresets) {

@@ -28,7 +28,8 @@ TEST_F(PickerRows, ShowNameHexAndSwatchOfAColor) {
 
 TEST_F(PickerRows, ShowEveryEntryOfThePalettesInOrder) {
   openWith("none");
-  for (int first = 0, section = 0; section < 4; ++section) {
+  int first = 0;
+  for (int section = 0; section < 4; ++section) {
     const int rows = page->tableViewNumberOfRowsInSection(*page->table(), section);
     const auto palette = page->palettes()[section];
     for (int row = 0; row < rows; ++row, ++first) {
@@ -42,6 +43,7 @@ TEST_F(PickerRows, ShowEveryEntryOfThePalettesInOrder) {
       }
     }
   }
+  EXPECT_EQ(first, 61);
 }
 
 TEST_F(PickerRows, OfTheSpecialPaletteHaveACaptionAndNoSwatch) {

@@ -28,11 +28,12 @@ const std::map<std::string, plist::Value> kProfileDefaults = [] {
 
 // The low-power page's own keys; the others are a power-saving key with this prefix.
 const std::string kLowPower = "lowpower";
+constexpr std::size_t kStoredRows = 68;
 const std::string kLowPowerSwitch = "lowpowermodeenabled";
 
 preferences::SpecifierList rowsOf(const std::string& name) {
   auto list = preferences::readSpecifierList(readList(name));
-  EXPECT_TRUE(list) << name;
+  EXPECT_TRUE(list && !list->specifiers.empty()) << name;
   return list ? std::move(*list) : preferences::SpecifierList();
 }
 
@@ -44,6 +45,7 @@ std::map<std::string, std::shared_ptr<PSSpecifier>> allStoredRows() {
       if (key.empty()) continue;
       EXPECT_TRUE(rows.emplace(key, row).second) << key << " stands in two lists";
     }
+  EXPECT_EQ(rows.size(), kStoredRows);
   return rows;
 }
 
@@ -96,27 +98,6 @@ TEST_P(OptionLists, EverySwitchIsTheBundlesOwn) {
         << row->identifier();
 }
 
-TEST_P(OptionLists, SlidersShowTheirValueAndNameTheirUnit) {
-  for (const auto& row : rowsOf(GetParam()).specifiers) {
-    if (row->cellType() != CellType::PSSliderCell) continue;
-    EXPECT_TRUE(row->boolForKey("showValue", false)) << row->identifier();
-    EXPECT_TRUE(row->name().ends_with("(%)") || row->name().ends_with("(seconds)"));
-    for (const char* bound : {"min", "max"})
-      EXPECT_TRUE(row->propertyForKey(bound).real()) << row->identifier() << " " << bound;
-  }
-}
-
-TEST_P(OptionLists, FixedChoicesAreDistinctIntegersWithDistinctTitles) {
-  for (const auto& row : rowsOf(GetParam()).specifiers) {
-    std::set<std::int64_t> values;
-    for (const plist::Value& value : row->values()) {
-      ASSERT_TRUE(value.integer()) << row->identifier();
-      EXPECT_TRUE(values.insert(*value.integer()).second) << row->identifier();
-    }
-    EXPECT_EQ(std::set(row->titles().begin(), row->titles().end()).size(), row->titles().size());
-  }
-}
-
 INSTANTIATE_TEST_SUITE_P(Pages, OptionLists, testing::ValuesIn(kPageNames),
                          [](const auto& info) { return info.param; });
 
@@ -126,6 +107,33 @@ TEST(OptionListRows, DefaultsAreTheProfilesOwnInValueAndKind) {
     ASSERT_TRUE(rows.contains(key)) << key;
     EXPECT_EQ(rows.at(key)->propertyForKey("default"), expected) << key;
   }
+}
+
+TEST(OptionListRows, SlidersShowTheirValueAndNameTheirUnit) {
+  int sliders = 0;
+  for (const auto& [key, row] : allStoredRows()) {
+    if (row->cellType() != CellType::PSSliderCell) continue;
+    EXPECT_TRUE(row->boolForKey("showValue", false)) << key;
+    EXPECT_TRUE(row->name().ends_with("(%)") || row->name().ends_with("(seconds)"));
+    for (const char* bound : {"min", "max"})
+      EXPECT_TRUE(row->propertyForKey(bound).real()) << key << " " << bound;
+    ++sliders;
+  }
+  EXPECT_EQ(sliders, 6);
+}
+
+TEST(OptionListRows, FixedChoicesAreDistinctIntegersWithDistinctTitles) {
+  int choiceRows = 0;
+  for (const auto& [key, row] : allStoredRows()) {
+    std::set<std::int64_t> values;
+    for (const plist::Value& value : row->values()) {
+      ASSERT_TRUE(value.integer()) << key;
+      EXPECT_TRUE(values.insert(*value.integer()).second) << key;
+    }
+    EXPECT_EQ(std::set(row->titles().begin(), row->titles().end()).size(), row->titles().size());
+    choiceRows += !values.empty();
+  }
+  EXPECT_EQ(choiceRows, 46);
 }
 
 TEST(OptionListRows, HoldNoOtherKeys) {

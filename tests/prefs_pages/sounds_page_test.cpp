@@ -34,6 +34,7 @@ TEST(SoundsPage, NoOtherRowIsEverDimmed) {
   Page opened;
   opened.build();
   opened.page->setSliderEnableDisable();
+  ASSERT_GT(opened.page->specifiers().size(), 1u);
   for (auto& row : opened.page->specifiers())
     EXPECT_EQ(looksEnabled(*row->cellObject()), row->identifier() != "customvolume");
 }

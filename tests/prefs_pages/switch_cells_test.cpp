@@ -61,6 +61,7 @@ const uikit::Switch& switchOf(preferences::PSListController& page, const char* i
 
 // On the page of a list, and again when the row is redrawn.
 TEST(SwitchCell, IsSlateOnEveryOptionPageAndAfterARedraw) {
+  int switches = 0;
   const uikit::Color slate = uikit::Color::fromBytes(52, 73, 94);
   for (const std::string& name : pages_test::kPageNames) {
     testing_support::TestDevice device(prefs::bundle());
@@ -74,8 +75,10 @@ TEST(SwitchCell, IsSlateOnEveryOptionPageAndAfterARedraw) {
       page->reloadSpecifier(row.get());
       EXPECT_EQ(switchOf(*page, id).tintColor, slate) << name << " " << id;
       EXPECT_EQ(switchOf(*page, id).onTintColor, slate) << name << " " << id;
+      ++switches;
     }
   }
+  EXPECT_EQ(switches, 11);
 }
 
 TEST(ProfileActiveSwitchCell, IsRoundAndGreenOnRedOnTheProfilePageAndAfterARedraw) {

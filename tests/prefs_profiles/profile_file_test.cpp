@@ -129,7 +129,7 @@ TEST_F(ProfileFile, IsRefusedNotMissingWhereALinkLeadsNowhere) {
   expectRefused("profile_2.qvx");
 }
 
-TEST_F(ProfileFile, SaysThatItIsNoArchiveAndWhereOnlyInItsOwnBytes) {
+TEST_F(ProfileFile, SaysThatItIsNotAnArchiveAndWhereOnlyInItsOwnBytes) {
   seed::write(device, "profile_1.qvx", bytes("<plist><dict/></plist>"));
   seed::write(device, "profile_2.qvx", *plist::writeBinary(plist::Dictionary{{"wifi", 1}}));
   EXPECT_EQ(read("profile_1.qvx").error().message(),
@@ -201,7 +201,7 @@ TEST_F(ProfileFile, IsDeletedWhateverItHolds) {
   EXPECT_TRUE(device.root.contentsOfDirectory(kDocuments)->empty());
 }
 
-TEST_F(ProfileFile, TellsWhyItCannotBeDeleted) {
+TEST_F(ProfileFile, ReportsWhyItCannotBeDeleted) {
   auto deleted = deleteProfile(device.environment, profilePath(1));
   ASSERT_FALSE(deleted);
   EXPECT_EQ(deleted.error().code, ENOENT);

@@ -218,6 +218,7 @@ TEST_F(ProfileManager, SavesEveryTriggerUnderItsOwnID) {
     press("Ok");
   }
   const plist::Array values = page->percentageValueDataFromTarget(nullptr);
+  ASSERT_EQ(values.size(), 108u);
   for (const Value& code : values)
     EXPECT_EQ(*device.profile(*code.text()).find("profilepercentage"), code);
 }

@@ -65,6 +65,7 @@ TEST_F(ProfilePicker, StandsOnTheTriggerSavedLast) {
 
 TEST_F(ProfilePicker, StandsOnEachTriggerThatCanBeStored) {
   const auto values = page->percentageValueDataFromTarget(nullptr);
+  ASSERT_EQ(values.size(), 108u);
   for (std::size_t row = 0; row < values.size(); ++row) {
     device.store("profilepercentage", values[row]);
     page->saveProfileBtn();
@@ -120,7 +121,7 @@ TEST_F(ProfilePicker, ShowsAProfileWithoutATriggerAsNull) {
   EXPECT_EQ(picker().titlesInComponent(0), (std::vector<std::string>{"Battery (null)%"}));
 }
 
-TEST_F(ProfilePicker, LeavesOutWhatIsNoProfileAndReportsThat) {
+TEST_F(ProfilePicker, LeavesOutWhatIsNotAProfileAndReportsThat) {
   seed::profile(device, "5");
   seed::write(device, "profile_1.qvx", {'j', 'u', 'n', 'k'});
   std::filesystem::create_directory(device.at(profilePath(2)));

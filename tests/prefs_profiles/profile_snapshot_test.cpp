@@ -378,7 +378,7 @@ TEST_F(ProfileLoad, PostsNothingItself) {
   EXPECT_TRUE(device.events.empty());
 }
 
-TEST_F(ProfileLoad, OfWhatIsNoKeyedArchiveChangesNothing) {
+TEST_F(ProfileLoad, OfWhatIsNotAKeyedArchiveChangesNothing) {
   device.store("wifi", 2);
   const Value before = device.domain();
   seed::write(device, "profile_1.qvx", {'j', 'u', 'n', 'k'});

@@ -43,13 +43,11 @@ class Daemon {
 class BusTest : public testing::Test {
  protected:
   void SetUp() override {
-    if (std::system("dbus-daemon --version >/dev/null 2>&1") != 0)
-      GTEST_SKIP() << "skipped: no dbus-daemon";
     address_ = "unix:path=" + (folder_.path / "bus").string();
     setenv("DBUS_SESSION_BUS_ADDRESS", address_.c_str(), 1);
     setenv("XDG_RUNTIME_DIR", (folder_.path / "none").c_str(), 1);
     daemon_.emplace(folder_);
-    ASSERT_TRUE(daemon_->running);
+    ASSERT_TRUE(daemon_->running) << "dbus-daemon can't be started";
   }
 
   TemporaryFolder folder_;
@@ -70,7 +68,7 @@ class NoBusTest : public testing::Test {
 
 }  // namespace
 
-TEST_F(BusTest, AnotherProcessHearsAPost) {
+TEST_F(BusTest, AnotherProcessReceivesAPost) {
   Child listener({beside("bus_listener")});
   ASSERT_EQ(listener.line(), "ready");
   center_.post("com.zorvek.quorvantis.prefs");
@@ -84,7 +82,7 @@ TEST_F(BusTest, AThousandPostsKeepTheirOrder) {
   for (int i = 1; i <= 1000; ++i) ASSERT_EQ(listener.line(), "n." + std::to_string(i));
 }
 
-TEST_F(BusTest, PostsOfAProcessThatIsGoneAreHeard) {
+TEST_F(BusTest, PostsOfAProcessThatIsGoneAreReceived) {
   Child listener({beside("bus_listener")});
   ASSERT_EQ(listener.line(), "ready");
   for (int run = 0; run < 20; ++run) {
@@ -93,7 +91,7 @@ TEST_F(BusTest, PostsOfAProcessThatIsGoneAreHeard) {
   }
 }
 
-TEST_F(BusTest, OnlyTheNamesAskedForAreHeard) {
+TEST_F(BusTest, OnlyTheNamesAskedForAreReceived) {
   Child listener({beside("bus_listener"), "a", "c'd", "end"});
   ASSERT_EQ(listener.line(), "ready");
   for (const char* name : {"a", "b", "c'd", "A", "end"}) center_.post(name);
@@ -111,7 +109,7 @@ TEST_F(BusTest, AnyTextIsAName) {
   EXPECT_EQ(listener.line(), "é😀");
 }
 
-TEST_F(BusTest, ANameThatIsNoUtf8IsDroppedAndTheNextIsHeard) {
+TEST_F(BusTest, ANameThatIsNotUtf8IsDroppedAndTheNextIsReceived) {
   Child listener({beside("bus_listener")});
   ASSERT_EQ(listener.line(), "ready");
   center_.post("\xFF");
@@ -129,8 +127,6 @@ TEST_F(BusTest, TheBusInTheRuntimeFolderIsFound) {
 }
 
 TEST_F(BusTest, AForeignListenerSeesTheSignal) {
-  if (std::system("dbus-monitor --help >/dev/null 2>&1") == 127 * 256)
-    GTEST_SKIP() << "skipped: no dbus-monitor";
   Child monitor({"dbus-monitor", "--address", address_,
                  "type='signal',interface='com.zorvek.quorvantis.Notifications'"});
   // It does not say when it has begun to listen.
@@ -148,9 +144,9 @@ TEST_F(BusTest, WaitEndsWithoutAPostWhenPatienceDoes) {
   ASSERT_TRUE(services::find<services::Bus>());
   auto listener = (*services::find<services::Bus>())->listen({});
   ASSERT_TRUE(listener);
-  int heard = 0;
-  EXPECT_TRUE((*listener)->wait([&](auto) { ++heard; }, std::chrono::milliseconds(1)));
-  EXPECT_EQ(heard, 0);
+  int received = 0;
+  EXPECT_TRUE((*listener)->wait([&](auto) { ++received; }, std::chrono::milliseconds(1)));
+  EXPECT_EQ(received, 0);
 }
 
 TEST_F(BusTest, WaitEndsWhenASignalHandlerRan) {
@@ -166,9 +162,7 @@ TEST_F(BusTest, WaitEndsWhenASignalHandlerRan) {
   setitimer(ITIMER_REAL, &never, nullptr);
 }
 
-TEST_F(BusTest, AForeignSignalIsHeard) {
-  if (std::system("dbus-send --help >/dev/null 2>&1") == 127 * 256)
-    GTEST_SKIP() << "skipped: no dbus-send";
+TEST_F(BusTest, AForeignSignalIsReceived) {
   Child listener({beside("bus_listener")});
   ASSERT_EQ(listener.line(), "ready");
   for (const char* argument : {"uint32:5", "string:from.elsewhere"})
@@ -179,19 +173,19 @@ TEST_F(BusTest, AForeignSignalIsHeard) {
   EXPECT_EQ(listener.line(), "from.elsewhere");
 }
 
-TEST_F(BusTest, AListenerInTheSameProcessHearsAllSoFar) {
+TEST_F(BusTest, AListenerInTheSameProcessReceivesAllSoFar) {
   auto listener = (*services::find<services::Bus>())->listen({});
   ASSERT_TRUE(listener);
-  std::vector<std::string> heard;
+  std::vector<std::string> received;
   center_.post("a");
   center_.post("b");
-  while (heard.size() < 2)
-    ASSERT_TRUE(
-        (*listener)->wait([&](auto name) { heard.emplace_back(name); }, std::chrono::seconds(30)));
-  EXPECT_THAT(heard, testing::ElementsAre("a", "b"));
+  while (received.size() < 2)
+    ASSERT_TRUE((*listener)->wait([&](auto name) { received.emplace_back(name); },
+                                  std::chrono::seconds(30)));
+  EXPECT_THAT(received, testing::ElementsAre("a", "b"));
 }
 
-TEST_F(BusTest, AListenerIsToldThatTheBusWentAway) {
+TEST_F(BusTest, AListenerIsNotifiedThatTheBusEnded) {
   Child listener({beside("bus_listener")});
   ASSERT_EQ(listener.line(), "ready");
   daemon_->end();

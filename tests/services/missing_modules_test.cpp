@@ -52,15 +52,15 @@ TEST(MissingModules, OtherTextIsInTheOrderOfItsBytes) {
   EXPECT_LT(collator.compare("a", "é"), 0);
   EXPECT_EQ(collator.compare("é", "é"), 0);
 }
-TEST(MissingModules, WhyItIsIsToldOnceAndOnlyForSuchText) {
-  std::vector<std::string> told;
+TEST(MissingModules, WhyItIsIsReportedOnceAndOnlyForSuchText) {
+  std::vector<std::string> reported;
   services::UserCollator collator(
-      [&](const platform::Error& error) { told.push_back(error.message()); });
+      [&](const platform::Error& error) { reported.push_back(error.message()); });
   collator.compare("Battery 9%", "Battery 10%");
-  EXPECT_TRUE(told.empty());
+  EXPECT_TRUE(reported.empty());
   collator.compare("a", "é");
   collator.compare("b", "é");
-  EXPECT_EQ(told, std::vector{reason("collation", "icu")});
+  EXPECT_EQ(reported, std::vector{reason("collation", "icu")});
 }
 TEST(MissingModules, PostsAreDropped) {
   testing::internal::CaptureStderr();

@@ -64,7 +64,7 @@ TEST(XmlRead, EmptyPlistIsRefused) {
 TEST(XmlRead, NoTextAtAllIsRefused) {
   EXPECT_THAT(refusal(""), StartsWith("line 1: "));
 }
-TEST(XmlRead, TextThatIsNoXmlIsRefused) {
+TEST(XmlRead, TextThatIsNotXmlIsRefused) {
   EXPECT_THAT(refusal("hello"), StartsWith("line 1: "));
 }
 TEST(XmlRead, MissingEndIsRefused) {

@@ -130,7 +130,7 @@ TEST(XmlWrite, ControlCharacterIsRefused) {
   EXPECT_EQ(written("bell \a"), "<XML can't hold a character of the text \"bell ?\">");
   EXPECT_THAT(written(std::string(1, '\0')), HasSubstr("can't hold"));
 }
-TEST(XmlWrite, TextThatIsNoUtf8IsRefused) {
+TEST(XmlWrite, TextThatIsNotUtf8IsRefused) {
   for (const char* text : {"\xE9", "\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\x80",
                            "\xE2\x82", "\xEF\xBF\xBF", "\xF0\x80\x80\x80", "\xE0\x80\x80"})
     EXPECT_THAT(written(text), HasSubstr("can't hold")) << body(text);

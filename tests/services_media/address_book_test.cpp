@@ -15,7 +15,7 @@ struct ByteCollator : platform::Collator {
   int compare(std::string_view a, std::string_view b) override { return a.compare(b); }
 };
 
-// Tells no case apart.
+// Ignores case.
 struct CaselessCollator : platform::Collator {
   int compare(std::string_view a, std::string_view b) override {
     return strncasecmp(a.data(), b.data(), std::max(a.size(), b.size()));
@@ -100,12 +100,12 @@ TEST_F(AddressBook, AnotherFolderTakesItsPlace) {
   contacts_ = (folder_.path / "other").string();
   EXPECT_THAT(names(), ElementsAre("other "));
 }
-TEST_F(AddressBook, AnotherFolderThatIsMissingIsToldOnce) {
+TEST_F(AddressBook, AnotherFolderThatIsMissingIsReportedOnce) {
   contacts_ = (folder_.path / "other").string();
   EXPECT_THAT(names(), IsEmpty());
   EXPECT_THAT(problems_, ElementsAre(*contacts_ + ": No such file or directory"));
 }
-TEST_F(AddressBook, AFileInPlaceOfTheFolderIsTold) {
+TEST_F(AddressBook, AFileInPlaceOfTheFolderIsReported) {
   folder_.write("root/var/mobile/Library/AddressBook", "");
   EXPECT_THAT(names(), IsEmpty());
   EXPECT_THAT(problems_, ElementsAre("/var/mobile/Library/AddressBook: Not a directory"));

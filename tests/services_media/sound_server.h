@@ -14,7 +14,8 @@ class SoundServer {
  public:
   static constexpr int kRate = 44'100;
 
-  explicit SoundServer(const TemporaryFolder& folder) : capture_((folder.path / "heard").string()) {
+  explicit SoundServer(const TemporaryFolder& folder)
+      : capture_((folder.path / "capture").string()) {
     if (!has("pipewire") || !has("wireplumber") || !has("pipewire-pulse") || !has("parec") ||
         !has("dbus-daemon"))
       return;
@@ -42,13 +43,13 @@ class SoundServer {
 
   bool running = false;
 
-  // How many seconds of it were no silence, so far.
+  // How many seconds of it were not silent, so far.
   double seconds() const { return static_cast<double>(windows().loud) / kWindowsASecond; }
   // The loudness of those: the root of the mean square, at most 1.
   double loudness() const { return windows().loudness; }
 
-  // Waits until so much has been heard, and for half a second of silence.
-  bool hears(double wanted) const {
+  // Waits until so much has been played, and for half a second of silence.
+  bool hasPlayed(double wanted) const {
     return waitUntil([&] { return seconds() >= wanted; });
   }
   bool fallsSilent() const {

@@ -32,7 +32,7 @@ TEST(VCardSplitter, KeepsTheCardsInOrder) {
               ElementsAre("BEGIN:VCARD\r\nTEL:1\r\nEND:VCARD\r\n",
                           "BEGIN:VCARD\r\nTEL:2\r\nEND:VCARD\r\n"));
 }
-TEST(VCardSplitter, NothingIsNoCard) {
+TEST(VCardSplitter, NothingIsNotACard) {
   EXPECT_THAT(cardsOf(""), IsEmpty());
   EXPECT_THAT(cardsOf("\r\n\n"), IsEmpty());
   EXPECT_THAT(cardsOf("no card\nTEL:1\nEND:VCARD\n"), IsEmpty());
@@ -129,7 +129,7 @@ TEST(VCardSplitter, SoftLineBreaksAreJoined) {
             "N;ENCODING=QUOTED-PRINTABLE:a=C3=B6  b\r\n");
   EXPECT_EQ(propertiesOf("N;quoted-printable:a=\nb\n"), "N;quoted-printable:ab\r\n");
 }
-TEST(VCardSplitter, WhatFollowsTheSoftBreakOfANoteIsNoProperty) {
+TEST(VCardSplitter, WhatFollowsTheSoftBreakOfANoteIsNotAProperty) {
   EXPECT_EQ(propertiesOf("NOTE;ENCODING=QUOTED-PRINTABLE:a=\nTEL:1\nTEL:2\n"), "TEL:2\r\n");
 }
 TEST(VCardSplitter, OnlyQuotedPrintableHasSoftBreaks) {

@@ -22,6 +22,7 @@ TEST_F(BundleWindow, TheFirstPageHasTheRowsOfItsList) {
 }
 
 TEST_F(BundleWindow, EveryPageOfTheBundleIsShownWithoutError) {
+  std::size_t shown = 0;
   for (const auto& known : prefs::bundle().pages) {
     if (known.list.empty()) continue;
     open();
@@ -30,7 +31,9 @@ TEST_F(BundleWindow, EveryPageOfTheBundleIsShownWithoutError) {
     EXPECT_EQ(bridge().shown()->error().toStdString(), "") << known.name;
     EXPECT_GT(bridge().shown()->rows()->rowCount(), 0) << known.name;
     closeAll();
+    ++shown;
   }
+  EXPECT_EQ(shown, 9u);
 }
 
 TEST_F(BundleWindow, SavedProfilesAreListed) {

@@ -5,6 +5,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include "apps/window/options.h"
 #include "tests/window/application.h"
 
 namespace {
@@ -113,6 +114,12 @@ TEST_F(Picture, AFileThatCantBeWrittenIsAFailure) {
   EXPECT_EQ(run({"--root", folder.path(), folder.filePath("missing/page.png")}, PICTURE_PROGRAM),
             1);
   EXPECT_THAT(error, testing::HasSubstr("can't write"));
+}
+
+TEST(Options, TheWindowWaitsAQuarterOfASecondForTheLock) {
+  const auto options = window::readOptions({"quorvantis-settings", "--root", "/root"});
+  ASSERT_TRUE(options);
+  EXPECT_EQ(options->device.lockPatience, std::chrono::milliseconds(250));
 }
 
 }  // namespace

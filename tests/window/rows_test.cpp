@@ -232,7 +232,9 @@ INSTANTIATE_TEST_SUITE_P(, Widths, testing::Values(320, 390, 768, 1200));
 
 TEST_P(Widths, NoTextLeavesTheWindow) {
   driver->resize(GetParam(), 2000);
-  for (QQuickItem* text : driver->itemsOfType("QQuickText")) {
+  const auto texts = driver->itemsOfType("QQuickText");
+  ASSERT_GT(texts.size(), 40u);
+  for (QQuickItem* text : texts) {
     QRectF place = driver->place(text);
     EXPECT_GE(place.left(), 0) << text->property("text").toString().toStdString();
     EXPECT_LE(place.right(), GetParam()) << text->property("text").toString().toStdString();

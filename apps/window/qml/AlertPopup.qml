@@ -8,7 +8,7 @@ AlertBase {
     id: popup
 
     readonly property bool sideBySide: alert.buttons.length === 2
-    readonly property real roomForWheel: parent ? parent.height - 24 - texts.implicitHeight - buttons.implicitHeight : 0
+    readonly property real heightForWheel: parent ? parent.height - 24 - texts.implicitHeight - buttons.implicitHeight : 0
 
     width: Math.min(parent ? parent.width - 40 : 0, Math.round(300 * Theme.scale))
     x: parent ? Math.round((parent.width - width) / 2) : 0
@@ -50,7 +50,7 @@ AlertBase {
 
                 x: Theme.inset
                 width: parent.width - 2 * x
-                height: rowHeight * Math.max(1, Math.min(5, Math.floor((popup.roomForWheel - 14) / rowHeight)))
+                height: rowHeight * Math.max(1, Math.min(5, Math.floor((popup.heightForWheel - 14) / rowHeight)))
                 visible: popup.alert.picks
                 focus: visible
                 alert: popup.alert

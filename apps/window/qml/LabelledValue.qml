@@ -1,7 +1,7 @@
 import QtQuick
 
 // A label at the left and a value at the right that share the width: the label keeps what it needs
-// up to two thirds, both end in an ellipsis where there is no room.
+// up to two thirds, both end in an ellipsis where the width is too small.
 Item {
     id: pair
 

@@ -18,10 +18,10 @@ Rectangle {
     implicitHeight: Theme.barHeight
     color: raised ? Theme.bar : Theme.background
 
-    readonly property real rightRoom: actionName !== "" ? actionButton.width + 8 : Theme.inset
-    readonly property real sideRoom: canGoBack ? backButton.width + 12 : Theme.inset
+    readonly property real rightWidth: actionName !== "" ? actionButton.width + 8 : Theme.inset
+    readonly property real leftWidth: canGoBack ? backButton.width + 12 : Theme.inset
     // Where both titles don't fit the page's own is the one to keep.
-    readonly property bool namesBack: titleSize.advanceWidth + Math.min(backSize.advanceWidth, width * 0.36) + 60 + rightRoom < width
+    readonly property bool namesBack: titleSize.advanceWidth + Math.min(backSize.advanceWidth, width * 0.36) + 60 + rightWidth < width
 
     TextMetrics {
         id: titleSize
@@ -114,12 +114,12 @@ Rectangle {
     Text {
         id: title
 
-        // In the middle of the window while there is room, else in what is left of it.
-        readonly property real room: bar.width - bar.sideRoom - bar.rightRoom
+        // In the middle of the window while it fits there, else in what is left of it.
+        readonly property real freeWidth: bar.width - bar.leftWidth - bar.rightWidth
         readonly property real centered: (bar.width - width) / 2
 
-        x: Math.max(bar.sideRoom, Math.min(centered, bar.width - bar.rightRoom - width))
-        width: Math.min(implicitWidth, room)
+        x: Math.max(bar.leftWidth, Math.min(centered, bar.width - bar.rightWidth - width))
+        width: Math.min(implicitWidth, freeWidth)
         height: parent.height
         verticalAlignment: Text.AlignVCenter
         text: bar.title

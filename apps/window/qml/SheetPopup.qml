@@ -10,20 +10,20 @@ AlertBase {
 
     property PageView page: null  // where it was opened
 
-    readonly property real room: parent ? parent.width : 0
-    readonly property real heightOfRoom: parent ? parent.height : 0
-    readonly property bool wide: room >= Theme.wide
-    readonly property rect anchor: anchorRect(room, heightOfRoom)
+    readonly property real parentWidth: parent ? parent.width : 0
+    readonly property real parentHeight: parent ? parent.height : 0
+    readonly property bool wide: parentWidth >= Theme.wide
+    readonly property rect anchor: anchorRect(parentWidth, parentHeight)
     readonly property bool pointed: wide && anchor.width > 0
-    readonly property bool below: anchor.y + anchor.height + 14 + height <= heightOfRoom - 12
+    readonly property bool below: anchor.y + anchor.height + 14 + height <= parentHeight - 12
 
     function anchorRect(width: real, height: real): rect {
         const item = page ? page.anchorOf(alert) : null;
         return item && parent ? item.mapToItem(parent, 0, 0, item.width, item.height) : Qt.rect(0, 0, 0, 0);
     }
-    width: wide ? Math.round(320 * Theme.scale) : Math.min(room - 16, 440)
-    x: Math.round(pointed ? Math.max(12, Math.min(room - 12 - width, anchor.x + anchor.width / 2 - width / 2)) : (room - width) / 2)
-    y: Math.round(!wide ? heightOfRoom - height - 8 : !pointed ? (heightOfRoom - height) / 2 : below ? anchor.y + anchor.height + 14 : Math.max(12, anchor.y - 14 - height))
+    width: wide ? Math.round(320 * Theme.scale) : Math.min(parentWidth - 16, 440)
+    x: Math.round(pointed ? Math.max(12, Math.min(parentWidth - 12 - width, anchor.x + anchor.width / 2 - width / 2)) : (parentWidth - width) / 2)
+    y: Math.round(!wide ? parentHeight - height - 8 : !pointed ? (parentHeight - height) / 2 : below ? anchor.y + anchor.height + 14 : Math.max(12, anchor.y - 14 - height))
     opacity: wide ? shown : 1
     onOpened: contentItem.nextItemInFocusChain(true).forceActiveFocus(Qt.PopupFocusReason)
 

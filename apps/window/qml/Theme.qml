@@ -41,7 +41,7 @@ QtObject {
     readonly property int inset: 16
     readonly property int radius: 12
     readonly property int widest: 640
-    readonly property int wide: 700  // a window of this width or more has room for popovers
+    readonly property int wide: 700  // a window of this width or more has popovers
     readonly property int slide: 260
 
     // A color of the page's own, or the window's where the page set none.

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/foundation/user_file.h"
+
+namespace host {
+
+using foundation::readUserFile;
+using foundation::Stream;
+using foundation::writeStream;
+using foundation::writeUserFile;
+
+}  // namespace host

@@ -1,0 +1,70 @@
+#include "platform/foundation/user_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <filesystem>
+
+#include "platform/foundation/durable_file.h"
+#include "platform/foundation/file_reading.h"
+
+namespace foundation {
+namespace {
+
+using platform::Done;
+using platform::Error;
+using platform::Result;
+
+constexpr std::size_t kFirstBlock = 1 << 16;
+
+Result<Done> overwrite(const std::string& path, plist::Bytes bytes) {
+  Descriptor file(open(path.c_str(), O_WRONLY | O_TRUNC | O_NOCTTY | O_CLOEXEC));
+  if (!file || !writeWhole(file.number(), bytes) || !file.close()) return Error{path, errno};
+  return Done{};
+}
+
+Result<Done> replace(const std::filesystem::path& target, plist::Bytes bytes) {
+  const std::string parent = target.parent_path();
+  const Directory folder(Descriptor(open(parent.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)),
+                         parent);
+  if (folder.descriptor() < 0) return Error{parent, errno};
+  auto pending = PendingFile::write(folder, target.filename(), bytes, 0666);
+  if (!pending) return pending.error();
+  return pending->flush().and_then([&](Done) { return pending->replaceTarget(); });
+}
+
+}  // namespace
+
+Result<std::vector<std::uint8_t>> readUserFile(const std::string& path) {
+  const Descriptor file(open(path.c_str(), O_RDONLY | O_NOCTTY | O_CLOEXEC));
+  if (!file) return Error{path, errno};
+  std::vector<std::uint8_t> bytes(kFirstBlock);
+  const auto length = readWhole(file, kUnknownSize, bytes, path);
+  if (!length) return length.error();
+  bytes.resize(*length);
+  return bytes;
+}
+
+Result<Done> writeUserFile(const std::string& path, plist::Bytes bytes) {
+  struct stat status {};
+  const bool exists = stat(path.c_str(), &status) == 0;
+  if (!exists && errno != ENOENT) return Error{path, errno};
+  if (exists && !S_ISREG(status.st_mode)) return overwrite(path, bytes);
+  std::error_code unresolved;
+  const auto absolute = std::filesystem::absolute(path, unresolved);
+  if (unresolved) return Error{path, unresolved.value()};
+  const auto target = std::filesystem::weakly_canonical(absolute, unresolved);  // through links
+  if (unresolved) return Error{path, unresolved.value()};
+  const auto replaced = replace(target, bytes);
+  if (!replaced) return Error{path, replaced.error().code, replaced.error().what};
+  return Done{};
+}
+
+Result<Done> writeStream(Stream stream, std::string_view text) {
+  const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
+  if (writeWhole(static_cast<int>(stream), {bytes, text.size()})) return Done{};
+  return Error{stream == Stream::Output ? "standard output" : "standard error", errno};
+}
+
+}  // namespace foundation

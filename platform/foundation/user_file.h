@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/plist/binary.h"
+#include "platform/result.h"
+
+// Files outside the device root that the user names by this machine's paths, and the program's
+// own streams.
+namespace foundation {
+
+// A regular file or whatever else can be read to its end, whole.
+platform::Result<std::vector<std::uint8_t>> readUserFile(const std::string& path);
+
+// A new file in place of the one that is there, which stays if that fails; what is not a regular
+// file is written to as it is.
+platform::Result<platform::Done> writeUserFile(const std::string& path, plist::Bytes bytes);
+
+enum class Stream { Output = 1, Error = 2 };
+platform::Result<platform::Done> writeStream(Stream stream, std::string_view text);
+
+}  // namespace foundation
