@@ -20,7 +20,7 @@ constexpr std::size_t kStoredRows = 68;
 const std::string kLowPowerSwitch = "lowpowermodeenabled";
 
 bool isProfileKey(std::string_view key) {
-  return std::ranges::find(prefs::profileKeys(), key) != prefs::profileKeys().end();
+  return std::ranges::count(prefs::profileKeys(), key) == 1;
 }
 
 preferences::SpecifierList rowsOf(const std::string& name) {
