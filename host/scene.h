@@ -133,10 +133,10 @@ struct RowView {
   std::string id, label, key;
   RowKind kind = RowKind::Value;
   std::string cellType, cellClass;  // as the list names them; the class may be empty
-  // What the cell was made from, and its control shows: the stored value, else the row's default, or
-  // what the control says once it has been moved. A stored value that no such control can show (a
-  // number beyond the range, a text under a switch) is itself, so that nobody is misled about the
-  // store. Of a row that isn't built, what it would be made from.
+  // What the cell was made from, and its control shows: the stored value, else the row's default,
+  // or what the control says once it has been moved. A stored value that no such control can show
+  // (a number beyond the range, a text under a switch) is itself, so that nobody is misled about
+  // the store. Of a row that isn't built, what it would be made from.
   plist::Value value;
   // The same, human-readable: a choice's title, "on", "System Blue, #007AFF", "None". Empty for
   // Nothing.

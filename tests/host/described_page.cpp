@@ -9,13 +9,9 @@ namespace described {
 
 plist::Value row(std::string_view cell, std::string_view id,
                  std::initializer_list<plist::Dictionary::Entry> more) {
-  plist::Dictionary row{{"cell", cell},
-                        {"id", id},
-                        {"label", "[" + std::string(id) + "]"},
-                        {"key", id},
-                        {"defaults", kDomain}};
-  for (const auto& entry : more) row.set(entry.key, entry.value);
-  return row;
+  plist::Dictionary properties{{"label", "[" + std::string(id) + "]"}};
+  for (const auto& entry : more) properties.set(entry.key, entry.value);
+  return sample::row(cell, id, std::move(properties));
 }
 
 const preferences::Operations Page::ownOperations{[]() -> preferences::OperationTable {
@@ -32,15 +28,9 @@ std::span<const prefs::DependencyRule> Page::rules() const {
 }
 
 Bundle::Bundle(plist::Array rows)
-    : bytes_(
-          *plist::writeBinary(plist::Dictionary{{"title", "Title"}, {"items", std::move(rows)}})),
-      list_{"Page", bytes_} {
+    : bytes_(*plist::writeBinary(sample::list("Title", std::move(rows)))), list_{"Page", bytes_} {
   static const preferences::PageClass kPages[] = {
-      {"Page",
-       [](preferences::Environment& environment) -> std::shared_ptr<preferences::PSViewController> {
-         return std::make_shared<Page>(environment);
-       },
-       &Page::ownOperations, "Page"},
+      sample::pageClass<Page>("Page", "Page"),
       *prefs::bundle().pageClass("ZorvekColorPickerQuorvantis")};
   bundle_ = {"Page", kPages, prefs::cellClasses(), {&list_, 1}};
 }

@@ -5,11 +5,12 @@
 #include "prefs/pages/DependentListController.h"
 #include "prefs/resources/bundle.h"
 #include "tests/support/environment.h"
+#include "tests/support/sample_lists.h"
 
 // An application on a page whose list a test writes itself.
 namespace described {
 
-inline constexpr std::string_view kDomain = "test.domain";
+using sample::kDomain;
 
 // A row of that cell; its id and key are `id`, its label is the id in brackets.
 plist::Value row(std::string_view cell, std::string_view id,

@@ -15,7 +15,7 @@ using testing::ElementsAre;
 void storeElsewhere(Settings& settings, std::string_view key, const plist::Value& value) {
   foundation::DeviceRoot root(settings.folder.path());
   foundation::Preferences elsewhere(root);
-  ASSERT_TRUE(elsewhere.setAppValue(key, value, "test.domain"));
+  ASSERT_TRUE(elsewhere.setAppValue(key, value, sample::kDomain));
   ASSERT_TRUE(elsewhere.synchronize());
 }
 

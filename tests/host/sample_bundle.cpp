@@ -5,24 +5,6 @@
 namespace sample {
 namespace {
 
-using preferences::PageClass;
-using preferences::PSViewController;
-
-plist::Dictionary row(std::string_view cell, std::string_view key,
-                      std::initializer_list<plist::Dictionary::Entry> more = {}) {
-  plist::Dictionary row{
-      {"cell", cell}, {"id", key}, {"label", key}, {"key", key}, {"defaults", "test.domain"}};
-  for (const auto& entry : more) row.set(entry.key, entry.value);
-  return row;
-}
-
-plist::Dictionary plainRow(std::string_view cell, std::string_view id,
-                           std::initializer_list<plist::Dictionary::Entry> more = {}) {
-  plist::Dictionary row{{"cell", cell}, {"id", id}, {"label", id}};
-  for (const auto& entry : more) row.set(entry.key, entry.value);
-  return row;
-}
-
 plist::Value firstList() {
   const plist::Array items{
       plainRow("PSGroupCell", "group"),
@@ -42,22 +24,11 @@ plist::Value firstList() {
       plainRow("PSButtonCell", "buttonfor", {{"action", "actFor:"}}),
       plainRow("PSButtonCell", "alert", {{"action", "present"}}),
   };
-  return plist::Dictionary{{"title", "First Page"}, {"items", items}};
+  return list("First Page", items);
 }
 
 plist::Value secondList() {
-  return plist::Dictionary{{"title", "Second Page"},
-                           {"items", plist::Array{row("PSSwitchCell", "switch")}}};
-}
-
-template <class T>
-constexpr PageClass page(std::string_view name, std::string_view list,
-                         const preferences::Operations* operations) {
-  return {name,
-          [](preferences::Environment& environment) -> std::shared_ptr<PSViewController> {
-            return std::make_shared<T>(environment);
-          },
-          operations, list};
+  return list("Second Page", {row("PSSwitchCell", "switch")});
 }
 
 }  // namespace
@@ -157,11 +128,11 @@ const preferences::Bundle& Device::bundle() {
   static const auto kFirst = *plist::writeBinary(firstList());
   static const auto kSecond = *plist::writeBinary(secondList());
   static const std::uint8_t kBroken[] = {'b', 'r', 'o', 'k', 'e', 'n'};
-  static const PageClass kPages[] = {
-      page<First>("First", "First", &ListPage::ownOperations),
-      page<Second>("Second", "Second", &ListPage::ownOperations),
-      page<Broken>("Broken", "Broken", &ListPage::ownOperations),
-      page<Table>("Table", {}, &PSViewController::ownOperations),
+  static const preferences::PageClass kPages[] = {
+      pageClass<First>("First", "First"),
+      pageClass<Second>("Second", "Second"),
+      pageClass<Broken>("Broken", "Broken"),
+      pageClass<Table>("Table", {}),
   };
   static const preferences::ListResource kLists[] = {
       {"First", kFirst}, {"Second", kSecond}, {"Broken", kBroken}};

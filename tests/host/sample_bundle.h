@@ -6,6 +6,7 @@
 #include "host/application.h"
 #include "prefs/pages/DependentListController.h"
 #include "tests/support/environment.h"
+#include "tests/support/sample_lists.h"
 
 // A bundle of three pages: "First" has a row of each kind, "Second" is led to, "Table" is a table
 // of 20 rows of which the last holds a slider.
@@ -104,7 +105,7 @@ class Settings : public Device {
 
   preferences::PSSpecifier& row(const std::string& id) { return **application.row(id); }
   plist::Value stored(std::string_view key) {
-    return preferences.copyAppValue(key, "test.domain").value_or(plist::Value());
+    return preferences.copyAppValue(key, kDomain).value_or(plist::Value());
   }
   Table& table() { return dynamic_cast<Table&>(*application.shownPage()); }
 };

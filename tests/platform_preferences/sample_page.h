@@ -3,6 +3,7 @@
 #include "platform/preferences/PSListController.h"
 #include "platform/preferences/control_cells.h"
 #include "tests/support/environment.h"
+#include "tests/support/sample_lists.h"
 
 // A bundle of one page with a row of each kind that stores something.
 namespace sample {
@@ -50,38 +51,29 @@ class Page : public preferences::PSListController {
       &PSListController::ownOperations};
 };
 
-inline plist::Dictionary row(std::string_view cell, std::string_view key,
-                             std::initializer_list<plist::Dictionary::Entry> more = {}) {
-  plist::Dictionary row{
-      {"cell", cell}, {"id", key}, {"label", key}, {"key", key}, {"defaults", "test.domain"}};
-  for (const auto& entry : more) row.set(entry.key, entry.value);
-  return row;
-}
-
-inline plist::Value list() {
-  return plist::Dictionary{
-      {"title", "Sample"},
-      {"items",
-       plist::Array{
-           plist::Dictionary{{"cell", "PSGroupCell"}, {"label", "Group"}},
-           row("PSSwitchCell", "switch", {{"default", 1}, {"PostNotification", "changed"}}),
-           row("PSSliderCell", "slider", {{"min", 0.0}, {"max", 100.0}, {"default", 50}}),
-           row("PSLinkListCell", "list",
-               {{"valuesDataSource", "numbers:"}, {"titlesDataSource", "names:"}, {"default", 2}}),
-           row("PSSegmentCell", "segment",
-               {{"validValues", plist::Array{0, 1}}, {"validTitles", plist::Array{"Off", "On"}}}),
-           row("PSEditTextCell", "text",
-               {{"placeholder", "type"}, {"get", "shout:"}, {"default", "hey"}}),
-           row("PSSwitchCell", "negated", {{"negate", true}, {"default", false}}),
-           row("PSSwitchCell", "own", {{"set", "setValue:forSpecifier:"}}),
-           plist::Dictionary{{"cell", "PSButtonCell"}, {"id", "button"}, {"action", "act"}},
-           plist::Dictionary{{"cell", "PSSwitchCell"}, {"id", "nowhere"}, {"default", true}},
-       }}};
+inline plist::Value everyRow() {
+  return list(
+      "Sample",
+      {
+          plist::Dictionary{{"cell", "PSGroupCell"}, {"label", "Group"}},
+          row("PSSwitchCell", "switch", {{"default", 1}, {"PostNotification", "changed"}}),
+          row("PSSliderCell", "slider", {{"min", 0.0}, {"max", 100.0}, {"default", 50}}),
+          row("PSLinkListCell", "list",
+              {{"valuesDataSource", "numbers:"}, {"titlesDataSource", "names:"}, {"default", 2}}),
+          row("PSSegmentCell", "segment",
+              {{"validValues", plist::Array{0, 1}}, {"validTitles", plist::Array{"Off", "On"}}}),
+          row("PSEditTextCell", "text",
+              {{"placeholder", "type"}, {"get", "shout:"}, {"default", "hey"}}),
+          row("PSSwitchCell", "negated", {{"negate", true}, {"default", false}}),
+          row("PSSwitchCell", "own", {{"set", "setValue:forSpecifier:"}}),
+          plist::Dictionary{{"cell", "PSButtonCell"}, {"id", "button"}, {"action", "act"}},
+          plist::Dictionary{{"cell", "PSSwitchCell"}, {"id", "nowhere"}, {"default", true}},
+      });
 }
 
 class Device : public testing_support::TestDevice {
  public:
-  Device() : TestDevice(bundle_), bytes_(*plist::writeBinary(list())) {}
+  Device() : TestDevice(bundle_), bytes_(*plist::writeBinary(everyRow())) {}
 
   std::shared_ptr<Page> page() {
     auto made = std::make_shared<Page>(environment);
@@ -90,12 +82,7 @@ class Device : public testing_support::TestDevice {
   }
 
  private:
-  inline static const preferences::PageClass kPages[] = {
-      {"Page",
-       [](preferences::Environment& environment) -> std::shared_ptr<preferences::PSViewController> {
-         return std::make_shared<Page>(environment);
-       },
-       &Page::ownOperations, "Page"}};
+  inline static const preferences::PageClass kPages[] = {pageClass<Page>("Page", "Page")};
   std::vector<std::uint8_t> bytes_;
   preferences::ListResource lists_[1] = {{"Page", bytes_}};
   preferences::Bundle bundle_{"Page", kPages, {}, lists_};

@@ -32,7 +32,7 @@ std::vector<std::string> wrongIn(Dictionary row) {
 }
 
 TEST(SpecifierList, KeepsRowsInOrderAndTheTitle) {
-  auto list = readSpecifierList(sample::list());
+  auto list = readSpecifierList(sample::everyRow());
   ASSERT_TRUE(list);
   EXPECT_EQ(list->title, "Sample");
   EXPECT_EQ(list->specifiers[1]->identifier(), "switch");
@@ -92,7 +92,7 @@ TEST(SpecifierList, KeepsUnknownKeysReadable) {
 }
 
 TEST(Validation, FindsNothingWrongWithTheSample) {
-  auto list = readSpecifierList(sample::list());
+  auto list = readSpecifierList(sample::everyRow());
   ASSERT_TRUE(list);
   for (auto& error : preferences::validate(*list, sample::Page::ownOperations, kNoBundle))
     ADD_FAILURE() << error.row << ": " << error.what;

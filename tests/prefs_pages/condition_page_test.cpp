@@ -91,14 +91,9 @@ TEST(ConditionsPage, HasNoSetterOfItsOwn) {
 TEST(ConditionsPage, StoresThroughThePlatformsSetterWithoutAFlush) {
   Page opened;
   opened.build();
-  auto& own = opened.device.preferences;
-  EXPECT_FALSE(own.copyAppValue("seen", "other.domain"));
-  foundation::Preferences another(opened.device.root);
-  ASSERT_TRUE(another.setAppValue("seen", 1, "other.domain"));
-  opened.change("firewhenbattery", 2);
+  EXPECT_FALSE(opened.flushes([&] { opened.change("firewhenbattery", 2); }));
   EXPECT_EQ(opened.stored("firewhenbattery"), plist::Value(2));
   EXPECT_EQ(opened.device.darwin.posted, std::vector<std::string>{"com.zorvek.quorvantis.prefs"});
-  EXPECT_FALSE(own.copyAppValue("seen", "other.domain"));
 }
 
 TEST(ConditionsPage, ScrollingDoesNotTint) {

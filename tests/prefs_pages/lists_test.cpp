@@ -4,8 +4,8 @@
 
 #include "platform/preferences/specifier_list.h"
 #include "prefs/pages/DependentListController.h"
+#include "prefs/profiles/profile_settings.h"
 #include "tests/prefs_pages/pages_bundle.h"
-#include "tests/support/profile_table.h"
 
 // What the specifier lists of the option pages hold.
 namespace {
@@ -14,22 +14,14 @@ using namespace pages_test;
 using preferences::CellType;
 using preferences::PSSpecifier;
 
-// The defaults of profiles, but for the keys of other pages. "autoupdates" has none there:
-// its row shows that the setting is left as it is.
-const std::map<std::string, plist::Value> kProfileDefaults = [] {
-  const std::set<std::string> ofOtherPages = {"profileactive", "profiledescription",
-                                              "takescreenshot"};
-  std::map<std::string, plist::Value> defaults;
-  for (const auto& [key, standard] : testing_support::kProfileTable)
-    if (!ofOtherPages.contains(key)) defaults[key] = standard;
-  defaults["autoupdates"] = 0;
-  return defaults;
-}();
-
 // The low-power page's own keys; the others are a power-saving key with this prefix.
 const std::string kLowPower = "lowpower";
 constexpr std::size_t kStoredRows = 68;
 const std::string kLowPowerSwitch = "lowpowermodeenabled";
+
+bool isProfileKey(std::string_view key) {
+  return std::ranges::count(prefs::profileKeys(), key) == 1;
+}
 
 preferences::SpecifierList rowsOf(const std::string& name) {
   auto list = preferences::readSpecifierList(readList(name));
@@ -101,14 +93,6 @@ TEST_P(OptionLists, EverySwitchIsTheBundlesOwn) {
 INSTANTIATE_TEST_SUITE_P(Pages, OptionLists, testing::ValuesIn(kPageNames),
                          [](const auto& info) { return info.param; });
 
-TEST(OptionListRows, DefaultsAreTheProfilesOwnInValueAndKind) {
-  const auto rows = allStoredRows();
-  for (const auto& [key, expected] : kProfileDefaults) {
-    ASSERT_TRUE(rows.contains(key)) << key;
-    EXPECT_EQ(rows.at(key)->propertyForKey("default"), expected) << key;
-  }
-}
-
 TEST(OptionListRows, SlidersShowTheirValueAndNameTheirUnit) {
   int sliders = 0;
   for (const auto& [key, row] : allStoredRows()) {
@@ -138,9 +122,8 @@ TEST(OptionListRows, FixedChoicesAreDistinctIntegersWithDistinctTitles) {
 
 TEST(OptionListRows, HoldNoOtherKeys) {
   for (const auto& [key, row] : allStoredRows()) {
-    const bool known =
-        kProfileDefaults.contains(key) || key == "adressbook" || key == kLowPowerSwitch ||
-        (key.starts_with(kLowPower) && kProfileDefaults.contains(key.substr(kLowPower.size())));
+    const bool known = isProfileKey(key) || key == "adressbook" || key == kLowPowerSwitch ||
+                       (key.starts_with(kLowPower) && isProfileKey(key.substr(kLowPower.size())));
     EXPECT_TRUE(known) << key;
   }
 }

@@ -57,6 +57,18 @@ struct Opened {
   void store(const std::string& key, const plist::Value& value) {
     ASSERT_TRUE(device.preferences.setAppValue(key, value, "com.zorvek.quorvantis"));
   }
+  // Whether the work flushes the store: another process's change of another domain is seen then.
+  template <class Work>
+  bool flushes(Work work) {
+    constexpr const char* kOtherDomain = "other.domain";
+    auto& own = device.preferences;
+    EXPECT_FALSE(own.copyAppValue("seen", kOtherDomain));
+    foundation::Preferences another(device.root);
+    EXPECT_TRUE(another.setAppValue("seen", 1, kOtherDomain));
+    EXPECT_FALSE(own.copyAppValue("seen", kOtherDomain));
+    work();
+    return own.copyAppValue("seen", kOtherDomain).has_value();
+  }
   void activate() {
     device.center.postNotificationName("UIApplicationDidBecomeActiveNotification", nullptr);
   }

@@ -117,7 +117,7 @@ TEST_F(Picture, AFileThatCantBeWrittenIsAFailure) {
 }
 
 TEST(Options, TheWindowWaitsAQuarterOfASecondForTheLock) {
-  const auto options = window::readOptions({"quorvantis-settings", "--root", "/root"});
+  const auto options = window::readOptions({"quorvantis-settings", "--root", "device"});
   ASSERT_TRUE(options);
   EXPECT_EQ(options->device.lockPatience, std::chrono::milliseconds(250));
 }

@@ -8,7 +8,6 @@ namespace {
 using plist::Array;
 using plist::Dictionary;
 using plist::Value;
-using preferences::Environment;
 using preferences::Operations;
 using preferences::PSListController;
 using preferences::PSSpecifier;
@@ -89,32 +88,22 @@ class BrokenListController : public PSListController {
   std::string_view className() const override { return "BrokenListController"; }
 };
 
-template <class T>
-std::shared_ptr<preferences::PSViewController> make(Environment& environment) {
-  return std::make_shared<T>(environment);
-}
-
 constexpr preferences::PageClass kPages[] = {
-    {"SampleListController", make<SampleListController>, &SampleListController::ownOperations,
-     "SampleListController"},
-    {"LongListController", make<LongListController>, &PSListController::ownOperations,
-     "LongListController"},
-    {"BrokenListController", make<BrokenListController>, &PSListController::ownOperations,
-     "BrokenListController"},
+    pageClass<SampleListController>("SampleListController", "SampleListController"),
+    pageClass<LongListController>("LongListController", "LongListController"),
+    pageClass<BrokenListController>("BrokenListController", "BrokenListController"),
 };
 
-Value row(const char* cell, const char* id, const char* label, Dictionary more = {}) {
-  Dictionary properties{{"cell", cell}, {"id", id}, {"label", label}};
-  for (const auto& [key, value] : more) properties.set(key, value);
-  return properties;
+Value labelled(const char* cell, const char* id, const char* label, Dictionary more = {}) {
+  more.set("label", label);
+  return plainRow(cell, id, more);
 }
 
 Value stored(const char* cell, const char* id, const char* label, Value standard,
              Dictionary more = {}) {
-  more.set("key", id);
-  more.set("defaults", kDomain);
+  more.set("label", label);
   more.set("default", std::move(standard));
-  return row(cell, id, label, std::move(more));
+  return row(cell, id, std::move(more));
 }
 
 Value group(const char* label, const char* footer = "") {
@@ -157,21 +146,21 @@ Array everyRow() {
       stored("PSSecureEditTextCell", "secret", "Password", "secret"),
       stored("PSEditTextViewCell", "message", "", "Several lines\nof text"),
       group("Pages and actions", "Nothing here can break anything."),
-      row("PSLinkCell", "long", "A long page", {{"detail", "LongListController"}}),
-      row("PSLinkCell", "broken", "A page that can't be shown",
-          {{"detail", "BrokenListController"}}),
-      row("PSButtonCell", "press", "Press me", {{"action", "press:"}}),
-      row("PSButtonCell", "delete", "Delete everything",
-          {{"action", "press:"}, {"isDestructive", true}}),
+      labelled("PSLinkCell", "long", "A long page", {{"detail", "LongListController"}}),
+      labelled("PSLinkCell", "broken", "A page that can't be shown",
+               {{"detail", "BrokenListController"}}),
+      labelled("PSButtonCell", "press", "Press me", {{"action", "press:"}}),
+      labelled("PSButtonCell", "delete", "Delete everything",
+               {{"action", "press:"}, {"isDestructive", true}}),
       group("Reading only"),
       stored("PSTitleValueCell", "pressed", "Pressed", "no"),
-      row("PSStaticTextCell", "words",
-          "Plain text, which may be long enough to need several lines in a narrow window."),
-      row("PSSpinnerCell", "wait", "Looking for devices"),
+      labelled("PSStaticTextCell", "words",
+               "Plain text, which may be long enough to need several lines in a narrow window."),
+      labelled("PSSpinnerCell", "wait", "Looking for devices"),
       group("", "A group without rows has its footer all the same."),
       group(""),
-      row("PSGiantCell", "giant", "Giant"),
-      row("PSListItemCell", "item", "An item of a list"),
+      labelled("PSGiantCell", "giant", "Giant"),
+      labelled("PSListItemCell", "item", "An item of a list"),
   };
 }
 
@@ -185,7 +174,7 @@ Array manyRows() {
 }
 
 std::vector<std::uint8_t> bytesOf(const char* title, Array items) {
-  return *plist::writeBinary(Dictionary{{"title", title}, {"items", std::move(items)}});
+  return *plist::writeBinary(list(title, std::move(items)));
 }
 
 }  // namespace
@@ -193,7 +182,7 @@ std::vector<std::uint8_t> bytesOf(const char* title, Array items) {
 const preferences::Bundle& bundle() {
   static const auto sampleList = bytesOf("Sample", everyRow());
   static const auto longList = bytesOf("Long", manyRows());
-  static const auto brokenList = bytesOf("Broken", {row("PSNoSuchCell", "x", "X")});
+  static const auto brokenList = bytesOf("Broken", {labelled("PSNoSuchCell", "x", "X")});
   static const preferences::ListResource lists[] = {{"SampleListController", sampleList},
                                                     {"LongListController", longList},
                                                     {"BrokenListController", brokenList}};
