@@ -203,6 +203,16 @@ def can_go(text, tokens, start, stop):
     return following in ("=", "+=", "-=", "*=", "/=", "|=", "&=", "^=", "%=", "<<=", ">>=")
 
 
+ASSIGNMENT = re.compile(r"([\w.:>\[\]-]+?) = (?:[^()]|\.\w+\(\))*;", re.S)
+
+
+def independent(one, other):
+    """Whether two assignments mean the same in either order: each sets a place of its own that the
+    other doesn't read, and calls nothing but getters ("= slider.value()")."""
+    first, second = ASSIGNMENT.fullmatch(one), ASSIGNMENT.fullmatch(other)
+    return bool(first and second and first[1] not in other and second[1] not in one)
+
+
 def statement_changes(text, tokens):
     for run in statements_of(text, tokens):
         previous = None
@@ -215,7 +225,7 @@ def statement_changes(text, tokens):
             yield "call", first, last, ";" if text[:first].rstrip().endswith(")") else ""
             if previous:
                 before, end = previous
-                if text[before:end] != statement:
+                if text[before:end] != statement and not independent(text[before:end], statement):
                     yield "order", before, last, statement + text[end:first] + text[before:end]
             previous = (first, last)
 

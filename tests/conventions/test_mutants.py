@@ -55,6 +55,12 @@ class Mutants(unittest.TestCase):
     def test_neighbors_change_places(self):
         self.assertEqual(changes(in_body("a();", "b();"), "order"), ["b(); a();"])
 
+    def test_assignments_that_do_not_touch_each_other_stay_in_their_order(self):
+        self.assertEqual(changes(in_body("a.x = b.x();", "a.y = b.y;"), "order"), [])
+        self.assertEqual(changes(in_body("a.x = b;", "c = a.x;"), "order"), ["c = a.x; a.x = b;"])
+        self.assertEqual(changes(in_body("a = f(1);", "b = f(2);"), "order"),
+                         ["b = f(2); a = f(1);"])
+
     def test_statements_that_others_part_stay_in_their_order(self):
         self.assertEqual(changes(in_body("a();", "if (c) {", "}", "b();"), "order"), [])
         self.assertEqual(changes(in_body("a();", "int c = d;", "b();"), "order"), [])
