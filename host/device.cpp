@@ -88,10 +88,11 @@ void Device::setProblemHandler(ProblemHandler handler) {
 
 std::vector<Problem> Device::takeProblems(Severity severity) {
   const std::lock_guard lock(mutex_);
-  const auto others = std::ranges::stable_partition(
-      kept_, [severity](const Problem& problem) { return problem.severity != severity; });
-  std::vector<Problem> taken(others.begin(), others.end());
-  kept_.erase(others.begin(), others.end());
+  const auto wanted = std::stable_partition(
+      kept_.begin(), kept_.end(),
+      [severity](const Problem& problem) { return problem.severity != severity; });
+  std::vector<Problem> taken(wanted, kept_.end());
+  kept_.erase(wanted, kept_.end());
   return taken;
 }
 
