@@ -160,6 +160,18 @@ TEST(DescribeRow, TextHasWhatItsKeyboardIs) {
   EXPECT_FALSE(text("exact").correction);
 }
 
+TEST(DescribeRow, OffScreenAColorHasItsNameAndATextStaysAsItIs) {
+  const plist::Value blue = "#007AFF";
+  Shown shown({row("PSGroupCell", "first"),
+               row("PSLinkCell", "color",
+                   {{"cellClass", "ZorvekColorPickerQuorvantisLinkCell"}, {"default", blue}}),
+               row("PSEditTextCell", "text", {{"default", blue}})},
+              1);
+  ASSERT_FALSE(shown.row("color").built);
+  EXPECT_EQ(shown.row("color").shown, "System Blue, #007AFF");
+  EXPECT_EQ(shown.row("text").shown, "#007AFF");
+}
+
 TEST(DescribeRow, ColorIsASwatchOrAWord) {
   const auto color = [](const char* standard) {
     return row("PSLinkCell", standard,
