@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "host/text.h"
 #include "tests/host/described_page.h"
 
 namespace {
@@ -309,6 +310,23 @@ TEST(RowValue, KeepsTheKindOfTheStoredNumber) {
   EXPECT_EQ(shown.row("slider").value, Value(0.1));
   EXPECT_EQ(shown.row("switch").value, Value(1));
   EXPECT_EQ(shown.row("beyond").value, Value(200));
+}
+
+TEST(NumberText, IsToAThousandthWithoutZerosAtItsEnd) {
+  EXPECT_EQ(host::numberText(50), "50");
+  EXPECT_EQ(host::numberText(100), "100");
+  EXPECT_EQ(host::numberText(0.5), "0.5");
+  EXPECT_EQ(host::numberText(12.3456), "12.346");
+  EXPECT_EQ(host::numberText(0), "0");
+}
+
+TEST(RowReference, CountsFromTheFirstRow) {
+  Shown shown({row("PSGroupCell", "first"), row("PSButtonCell", "second")});
+  ASSERT_TRUE(shown.application.row(0));
+  EXPECT_EQ((*shown.application.row(0))->identifier(), "first");
+  EXPECT_EQ((*shown.application.row(1))->identifier(), "second");
+  EXPECT_FALSE(shown.application.row(2));
+  EXPECT_FALSE(shown.application.row(-1));
 }
 
 }  // namespace
