@@ -10,25 +10,17 @@ namespace {
 using preferences::PSListController;
 using preferences::PSSpecifier;
 
-// What the user does to the shown page itself.
-template <class T>
-constexpr bool kTouchesPage = false;
-template <>
-constexpr bool kTouchesPage<Open> = true;
-template <>
-constexpr bool kTouchesPage<Back> = true;
-template <>
-constexpr bool kTouchesPage<Tap> = true;
-template <>
-constexpr bool kTouchesPage<Set> = true;
-template <>
-constexpr bool kTouchesPage<Scroll> = true;
-template <>
-constexpr bool kTouchesPage<Select> = true;
-template <>
-constexpr bool kTouchesPage<Drag> = true;
-template <>
-constexpr bool kTouchesPage<Bar> = true;
+template <class T, class... Types>
+constexpr bool kIsOneOf = (std::is_same_v<T, Types> || ...);
+
+// Whether the user does it to the shown page itself.
+bool touchesPage(const Request& request) {
+  return std::visit(
+      []<class T>(const T&) {
+        return kIsOneOf<T, Open, Back, Tap, Set, Scroll, Select, Drag, Bar>;
+      },
+      request);
+}
 
 // The row that the user operates; null for a request that operates none.
 const RowReference* operatedRow(const Request& request) {
@@ -54,9 +46,8 @@ Outcome<plist::Value> Application::perform(const Request& request) {
 }
 
 std::optional<Refusal> Application::refusal(const Request& request) const {
-  const bool touchesPage = std::visit(
-      [](const auto& each) { return kTouchesPage<std::decay_t<decltype(each)>>; }, request);
-  if (touchesPage && topmostAlert()) return Refusal{RefusalCode::Modal, "an alert is on screen"};
+  if (touchesPage(request) && topmostAlert())
+    return Refusal{RefusalCode::Modal, "an alert is on screen"};
   const RowReference* row = operatedRow(request);
   return row ? rowRefusal(*row) : std::nullopt;
 }
