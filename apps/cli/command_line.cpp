@@ -82,12 +82,12 @@ const Command* commandNamed(std::string_view group, std::string_view name) {
 
 Failure noCommand(const std::vector<std::string>& words, const Group* group) {
   if (words.empty()) return wrongUse("no command is given; quorvantis --help lists them");
-  std::string name = words[0], help = "quorvantis --help";
-  if (group) {
-    help = "quorvantis " + name + " --help";
-    name += words.size() > 1 ? " " + words[1] : " …";
-  }
-  return wrongUse("no command \"" + name + "\"; " + help + " lists them");
+  if (group && words.size() == 1)
+    return wrongUse("\"" + words[0] + "\" needs a command; quorvantis " + words[0] +
+                    " --help lists them");
+  if (!group) return wrongUse("no command \"" + words[0] + "\"; quorvantis --help lists them");
+  return wrongUse("no command \"" + words[0] + " " + words[1] + "\"; quorvantis " + words[0] +
+                  " --help lists them");
 }
 
 Outcome<Done> checkArguments(const Command& command, const Arguments& given) {

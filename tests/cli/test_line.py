@@ -7,6 +7,12 @@ class Line(ProgramTest):
     def test_no_command(self):
         self.assertIn("no command", self.refuse(2))
 
+    def test_a_group_without_its_command_leads_to_its_help(self):
+        self.assertEqual(self.refuse(2, "profile"),
+                         '"profile" needs a command; quorvantis profile --help lists them')
+        self.assertEqual(self.refuse(2, "profile", "x"),
+                         'no command "profile x"; quorvantis profile --help lists them')
+
     def test_unknown_command(self):
         self.assertIn('"bogus"', self.refuse(2, "bogus"))
 
