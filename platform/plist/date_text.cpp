@@ -21,8 +21,8 @@ double startOf(int number) {
 }  // namespace
 
 CalendarTime calendarTime(Date date) {
-  const sys_seconds time =
-      kReference + seconds{static_cast<std::int64_t>(std::floor(date.seconds))};
+  // Rounds down without libm, which the command line's start does without.
+  const sys_seconds time = kReference + floor<seconds>(duration<double>(date.seconds));
   const sys_days midnight = floor<days>(time);
   const year_month_day day{midnight};
   const hh_mm_ss clock{time - midnight};
