@@ -46,6 +46,24 @@ Device::Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQue
       } {
   preferences_.setXmlReader([this](plist::Bytes bytes) { return xml_.read(bytes); });
   preferences_.setProblemHandler(reportOf(Source::Settings, Severity::Failure));
+  if (options.state) makeBackups(options);
+}
+
+void Device::makeBackups(const DeviceOptions& options) {
+  const auto warn = reportOf(Source::Backups, Severity::Warning);
+  if (options.state->empty()) {
+    environment_.profileGuard = [warn](const preferences::ProfileStep&) {
+      warn(
+          {.what = "nothing is kept of what this changes: neither XDG_STATE_HOME nor HOME is set"});
+      return nullptr;
+    };
+    return;
+  }
+  backups_ = std::make_unique<Backups>(environment_, *options.state, options.lockPatience, warn);
+  preferences_.setChangeObserver(backups_.get());
+  environment_.profileGuard = [this](const preferences::ProfileStep& step) {
+    return backups_->guard(step);
+  };
 }
 
 // Tasks that wait and alerts hold pages, and those need the device until they are gone.

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "host/backups.h"
 #include "host/device_options.h"
 #include "host/problem.h"
 #include "host/reporting_urls.h"
@@ -40,6 +41,9 @@ class Device {
 
   uikit::Screen& screen() { return screen_; }
 
+  // Null where the options name no folder for it.
+  Backups* backups() { return backups_.get(); }
+
   // What the pages ignore and must be reported to the user: a domain file that can't be read, a
   // write that failed, a URL that can't be opened; as a warning what was done all the same, only
   // not as well: text sorted by its bytes, contacts without those that can't be read. With a
@@ -59,6 +63,7 @@ class Device {
 
  private:
   platform::Report reportOf(Source source, Severity severity);
+  void makeBackups(const DeviceOptions& options);
   void report(const Problem& problem);
 
   std::mutex mutex_;  // of what follows: sounds report from threads of their own
@@ -81,6 +86,7 @@ class Device {
   foundation::NotificationCenter center_;
   std::unique_ptr<foundation::MainQueue> mainQueue_;
   preferences::Environment environment_;
+  std::unique_ptr<Backups> backups_;
 };
 
 }  // namespace host

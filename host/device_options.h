@@ -14,6 +14,9 @@ struct DeviceOptions {
   std::string root{};                     // the device root, a folder on this machine
   std::optional<std::string> contacts{};  // another vCard folder, on this machine
   uikit::Idiom idiom = uikit::Idiom::Phone;
+  // The folder for what the host itself remembers of device roots, on this machine; none: nothing
+  // is remembered.
+  std::optional<std::string> state{};
   // How long a set waits for another program that holds the settings.
   std::chrono::milliseconds lockPatience = foundation::kLockPatience;
 };
@@ -22,5 +25,9 @@ struct DeviceOptions {
 // XDG_DATA_HOME, else below ~/.local/share. Empty when none of them, nor HOME, is set. A relative
 // XDG_DATA_HOME counts as none.
 std::string defaultRoot();
+
+// The user's folder for that: quorvantis below XDG_STATE_HOME, else below ~/.local/state. Empty
+// when neither that, absolute, nor HOME is set.
+std::string defaultState();
 
 }  // namespace host
