@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "apps/cli/session.h"
+#include "host/profiles.h"
 
 namespace cli {
 
@@ -56,6 +57,11 @@ struct Group {
 std::span<const Command> commands();
 std::span<const Group> groups();
 
+// As lines "key: from -> to", or as one document; what is absent is null.
+void printDifferences(Session& session, const std::vector<host::Profiles::Difference>& differences);
+// As lines "key = value", or as one document.
+void printEntries(Session& session, const plist::Dictionary& entries);
+
 Outcome<Done> listPages(Session& session, const Arguments& arguments);
 Outcome<Done> showPage(Session& session, const Arguments& arguments);
 Outcome<Done> getValue(Session& session, const Arguments& arguments);
@@ -71,6 +77,14 @@ Outcome<Done> compareProfiles(Session& session, const Arguments& arguments);
 Outcome<Done> exportProfile(Session& session, const Arguments& arguments);
 Outcome<Done> importProfile(Session& session, const Arguments& arguments);
 Outcome<Done> listTriggers(Session& session, const Arguments& arguments);
+
+Outcome<Done> listSnapshots(Session& session, const Arguments& arguments);
+Outcome<Done> showSnapshot(Session& session, const Arguments& arguments);
+Outcome<Done> compareSnapshot(Session& session, const Arguments& arguments);
+Outcome<Done> restoreSnapshot(Session& session, const Arguments& arguments);
+Outcome<Done> undo(Session& session, const Arguments& arguments);
+Outcome<Done> redo(Session& session, const Arguments& arguments);
+Outcome<Done> repair(Session& session, const Arguments& arguments);
 
 Outcome<Done> readStore(Session& session, const Arguments& arguments);
 Outcome<Done> writeStore(Session& session, const Arguments& arguments);

@@ -116,6 +116,7 @@ Outcome<Done> takeCommonOptions(const Arguments& arguments, Session& session) {
   session.json = arguments.has("--json");
   session.options.contacts = arguments.value("--contacts");
   session.options.root = arguments.value("--root").value_or(host::defaultRoot());
+  session.options.state = host::defaultState();
   if (session.options.root.empty())
     return wrongUse("no device root: give --root DIR or set QUORVANTIS_ROOT");
   return Done{};

@@ -5,10 +5,12 @@ namespace {
 
 constexpr Argument kKey{"KEY", "The row's preference key"};
 constexpr Argument kTrigger{"TRIGGER", "The trigger, by its ID or its title"};
+constexpr Argument kSnapshot{"N", "The snapshot's number, as `snapshot list` gives it"};
 constexpr Option kOverwrite{"--overwrite", "Replace the profile that the trigger has"};
 
 constexpr Group kGroups[] = {
     {"profile", "Work with saved profiles"},
+    {"snapshot", "Look at what was kept before a change of many values, and go back to it"},
     {"defaults", "Work with the stored values themselves, as another process would"},
 };
 
@@ -73,6 +75,23 @@ constexpr Command kCommands[] = {
      "Print cross-process notifications as they arrive",
      watch,
      {{"NAME", "Only notifications of these names", Argument::Repeated}}},
+    {"snapshot", "list", "List the snapshots of settings and profiles", listSnapshots},
+    {"snapshot", "show", "Print the settings of a snapshot", showSnapshot, {kSnapshot}},
+    {"snapshot", "diff", "Print what a restore would change", compareSnapshot, {kSnapshot}},
+    {"snapshot",
+     "restore",
+     "Make settings and profiles what they were",
+     restoreSnapshot,
+     {kSnapshot}},
+    {"", "undo", "Take back the last change that was made by window or shell", undo},
+    {"", "redo", "Make the change again that was taken back last", redo},
+    {"",
+     "repair",
+     "Say whether the settings can be read, or make them readable",
+     repair,
+     {},
+     {{"--restore", "Put the settings of the last good snapshot in place"},
+      {"--start-anew", "Begin without settings"}}},
     {"defaults",
      "read",
      "Print the stored values, or one of them",

@@ -47,6 +47,23 @@ Outcome<std::vector<Profiles::Difference>> compare(Session& session, const Argum
 
 }  // namespace
 
+void printDifferences(Session& session, const std::vector<Profiles::Difference>& differences) {
+  const auto json = [](const std::optional<plist::Value>& value) {
+    return value ? toJson(*value) : Json();
+  };
+  Json::array_t document;
+  for (const auto& [key, from, to] : differences) {
+    if (!session.json) session.print(key + ": " + textOf(json(from)) + " -> " + textOf(json(to)));
+    document.push_back({{"key", key}, {"from", json(from)}, {"to", json(to)}});
+  }
+  if (session.json) session.printJson(Json(std::move(document)));
+}
+
+void printEntries(Session& session, const plist::Dictionary& entries) {
+  if (session.json) return session.printJson(toJson(entries));
+  for (const auto& [key, value] : entries) session.print(key + " = " + textOf(toJson(value)));
+}
+
 Outcome<Done> listProfiles(Session& session, const Arguments&) {
   const auto profiles = profilesOf(session).list();
   if (!profiles) return failureOf(profiles.error());
@@ -60,18 +77,21 @@ Outcome<Done> listProfiles(Session& session, const Arguments&) {
 Outcome<Done> saveProfile(Session& session, const Arguments& arguments) {
   const auto trigger = triggerNamed(arguments[0]);
   if (!trigger) return trigger.error();
+  const host::UserChange change(session.device().backups(), "save " + trigger->profileID);
   return done(profilesOf(session).save(*trigger, existing(arguments)));
 }
 
 Outcome<Done> loadProfile(Session& session, const Arguments& arguments) {
   const auto trigger = triggerNamed(arguments[0]);
   if (!trigger) return trigger.error();
+  const host::UserChange change(session.device().backups(), "load " + trigger->profileID);
   return done(profilesOf(session).load(*trigger));
 }
 
 Outcome<Done> deleteProfile(Session& session, const Arguments& arguments) {
   const auto trigger = triggerNamed(arguments[0]);
   if (!trigger) return trigger.error();
+  const host::UserChange change(session.device().backups(), "delete " + trigger->profileID);
   return done(profilesOf(session).remove(*trigger, arguments.has("--recursive")
                                                        ? Profiles::Folders::Remove
                                                        : Profiles::Folders::Refuse));
@@ -82,25 +102,14 @@ Outcome<Done> showProfile(Session& session, const Arguments& arguments) {
   if (!trigger) return trigger.error();
   const auto profile = profilesOf(session).read(*trigger);
   if (!profile) return failureOf(profile.error());
-  if (session.json)
-    session.printJson(toJson(*profile));
-  else
-    for (const auto& [key, value] : *profile) session.print(key + " = " + textOf(toJson(value)));
+  printEntries(session, *profile);
   return Done{};
 }
 
 Outcome<Done> compareProfiles(Session& session, const Arguments& arguments) {
   const auto differences = compare(session, arguments);
   if (!differences) return differences.error();
-  const auto json = [](const std::optional<plist::Value>& value) {
-    return value ? toJson(*value) : Json();
-  };
-  Json::array_t document;
-  for (const auto& [key, from, to] : *differences) {
-    if (!session.json) session.print(key + ": " + textOf(json(from)) + " -> " + textOf(json(to)));
-    document.push_back({{"key", key}, {"from", json(from)}, {"to", json(to)}});
-  }
-  if (session.json) session.printJson(Json(std::move(document)));
+  printDifferences(session, *differences);
   return Done{};
 }
 
@@ -123,6 +132,7 @@ Outcome<Done> exportProfile(Session& session, const Arguments& arguments) {
 Outcome<Done> importProfile(Session& session, const Arguments& arguments) {
   const auto bytes = host::readUserFile(arguments[0]);
   if (!bytes) return failureOf(bytes.error());
+  const host::UserChange change(session.device().backups(), "import");
   const auto imported = profilesOf(session).import(*bytes, existing(arguments));
   if (imported) return Done{};
   Failure failure = failureOf(imported.error());

@@ -89,6 +89,7 @@ Outcome<Done> getValue(Session& session, const Arguments& arguments) {
 }
 
 Outcome<Done> setValue(Session& session, const Arguments& arguments) {
+  const host::UserChange change(session.device().backups(), "set " + arguments[0]);
   auto stored = session.settings().set(arguments[0], arguments[1]);
   if (!stored) return failureOf(stored.error());
   session.warnings = std::move(*stored);
