@@ -15,6 +15,9 @@ const foundation::FallbackFolder& desktopSounds() {
   return kSounds;
 }
 
+// After a set; the flush may take as long again.
+constexpr std::chrono::milliseconds kFinished{500};
+
 }  // namespace
 
 Device::Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQueue> mainQueue,
@@ -25,7 +28,9 @@ Device::Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQue
       addressBook_(root_, options.contacts, collator_,
                    reportOf(Source::Contacts, Severity::Warning)),
       sounds_(root_, desktopSounds(), reportOf(Source::Sounds, Severity::Failure)),
-      preferences_(root_, options.lockPatience),
+      preferences_(root_, options.lockPatience,
+                   options.realTime ? foundation::Preferences::FailedSets::Keep
+                                    : foundation::Preferences::FailedSets::Drop),
       mainQueue_(std::move(mainQueue)),
       environment_{
           .root = root_,
@@ -46,6 +51,9 @@ Device::Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQue
       } {
   preferences_.setXmlReader([this](plist::Bytes bytes) { return xml_.read(bytes); });
   preferences_.setProblemHandler(reportOf(Source::Settings, Severity::Failure));
+  preferences_.setRecoveryHandler(
+      [this](const platform::Error& error) { withdraw(problemOf(Source::Settings, error)); });
+  if (options.realTime) preferences_.setUnfinishedHandler([this] { finishSoon(); });
   if (options.state) makeBackups(options);
 }
 
@@ -74,8 +82,26 @@ Device::~Device() {
 
 platform::Report Device::reportOf(Source source, Severity severity) {
   return [this, source, severity](const platform::Error& error) {
-    report({source, severity, error.path, error.words()});
+    Problem problem = problemOf(source, error);
+    if (severity == Severity::Warning) problem.severity = severity;
+    report(problem);
   };
+}
+
+// A lock that is held by then is not waited for: the next try is soon enough.
+void Device::finishSoon() {
+  if (std::exchange(finishing_, true)) return;
+  mainQueue_->after(kFinished, [this] {
+    finishing_ = false;
+    (void)preferences_.finish(std::chrono::milliseconds(0));
+    if (preferences_.unfinished()) finishSoon();
+  });
+}
+
+Attempt<platform::Done> Device::finish() {
+  const auto finished = preferences_.finish();
+  if (!finished) return failureOf(Source::Settings, finished.error());
+  return platform::Done{};
 }
 
 // The handler runs without the lock, so that it may make the device report again.
@@ -87,17 +113,35 @@ void Device::report(const Problem& problem) {
     handler = handler_;
     ++calls_;
   }
+  call(handler, problem);
+}
+
+// One that is kept and says that something failed stays: it did fail.
+void Device::withdraw(const Problem& problem) {
+  std::shared_ptr<const ProblemHandler> handler;
+  {
+    const std::lock_guard lock(mutex_);
+    if (problem.severity == Severity::Warning) std::erase(kept_, problem);
+    if (!gone_) return;
+    handler = gone_;
+    ++calls_;
+  }
+  call(handler, problem);
+}
+
+void Device::call(const std::shared_ptr<const ProblemHandler>& handler, const Problem& problem) {
   (*handler)(problem);
   const std::lock_guard lock(mutex_);
   --calls_;
   called_.notify_all();
 }
 
-void Device::setProblemHandler(ProblemHandler handler) {
+void Device::setProblemHandler(ProblemHandler handler, ProblemHandler gone) {
   std::vector<Problem> kept;
   {
     std::unique_lock lock(mutex_);
     handler_ = handler ? std::make_shared<const ProblemHandler>(handler) : nullptr;
+    gone_ = gone ? std::make_shared<const ProblemHandler>(gone) : nullptr;
     called_.wait(lock, [this] { return calls_ == 0; });
     if (handler_) kept = std::exchange(kept_, {});
   }

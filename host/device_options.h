@@ -19,6 +19,9 @@ struct DeviceOptions {
   std::optional<std::string> state{};
   // How long a set waits for another program that holds the settings.
   std::chrono::milliseconds lockPatience = foundation::kLockPatience;
+  // Whether the main queue runs in real time. What a set leaves to be flushed is flushed within a
+  // second then, and a set that fails is kept and tried again; else only Device::finish flushes.
+  bool realTime = false;
 };
 
 // Where the device root is when no option names one: QUORVANTIS_ROOT, else quorvantis below

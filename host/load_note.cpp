@@ -108,7 +108,7 @@ Result<Done> LoadNote::finish() {
       const auto finished = store_.exchange(
           {{std::string(prefs::key::profileactive), active, switched}}, prefs::kDomain);
       if (!finished) return finished.error();
-      if (const auto flushed = store_.synchronize(); !flushed) return flushed.error();
+      if (const auto flushed = store_.finish(); !flushed) return flushed.error();
     }
     if (progress != Progress::None) environment_.darwinCenter.post(prefs::kPrefsNotification);
   }

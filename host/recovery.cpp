@@ -18,7 +18,7 @@ Failure failure(Failure::Reason reason, std::string words) {
 }
 
 Failure failed(const Error& error) {
-  return failure(Failure::Failed, error.message());
+  return failureOf(Source::Backups, error);
 }
 
 foundation::KeyChanges strictDifferences(const plist::Dictionary& from,
@@ -100,8 +100,9 @@ Attempt<plist::Dictionary> Recovery::settingsOf(int number) {
 Attempt<Done> Recovery::replace(const plist::Dictionary& settings, const std::string& before) {
   if (!backups_.store().damage(prefs::kDomain)) backups_.keepOrWarn(before);
   const auto replaced = backups_.store().replaceDomain(settings, prefs::kDomain);
+  if (replaced || replaced.error().kind == platform::ErrorKind::Unconfirmed)
+    environment_.darwinCenter.post(prefs::kPrefsNotification);
   if (!replaced) return failed(replaced.error());
-  environment_.darwinCenter.post(prefs::kPrefsNotification);
   return Done{};
 }
 
@@ -163,6 +164,8 @@ Attempt<std::vector<std::string>> Recovery::restore(int number) {
   change->what = "restore " + std::to_string(number);
   auto left = apply(environment_, backups_, *change);
   if (left) backups_.remember(std::move(*change), *left);
+  if (!left && left.error().reason == Failure::Unconfirmed)
+    backups_.remember(std::move(*change), {});
   return left;
 }
 

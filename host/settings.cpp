@@ -7,7 +7,7 @@
 #include "host/describe.h"
 #include "host/text.h"
 #include "platform/foundation/text.h"
-#include "prefs/core/preference_store.h"
+#include "prefs/core/names.h"
 
 namespace host {
 namespace {
@@ -138,6 +138,9 @@ Attempt<ChoiceList> Settings::choices(std::string_view key) {
 Attempt<Settings::Problems> Settings::set(std::string_view key, const std::string& text) {
   const auto setting = find(key);
   if (!setting) return setting.error();
+  // A page that shows defaults in place of what is stored dims the wrong rows.
+  if (const auto readable = environment_.preferences.refresh(prefs::kDomain); !readable)
+    return failureOf(Source::Settings, readable.error());
   const auto opened = open(setting->page->name);
   if (!opened) return opened.error();
   Application& application = **opened;
@@ -161,20 +164,16 @@ Attempt<Settings::Problems> Settings::set(std::string_view key, const std::strin
   });
 }
 
-// The pages ignore what the store says, so what it reported and what is in it show whether the
-// change is there.
+// The pages ignore what the store says.
 Attempt<Settings::Problems> Settings::change(
     const std::function<Attempt<platform::Done>()>& change) {
   foundation::Preferences& preferences = environment_.preferences;
-  const plist::Value before = prefs::wholeDomainRead(preferences);
-  Problems problems = takeProblems_();
+  (void)preferences.takeFailedSet();
   if (const auto changed = change(); !changed) return changed.error();
-  const auto flushed = preferences.synchronize();
-  if (!flushed) return failure(Failure::Failed, flushed.error().message());
-  if (auto during = takeProblems_(); !during.empty()) problems = std::move(during);
-  if (!problems.empty() && plist::Value(prefs::wholeDomainRead(preferences)) == before)
-    return Failure{Failure::Failed, problems.front()};
-  return problems;
+  if (const auto failed = preferences.takeFailedSet()) return failureOf(Source::Settings, *failed);
+  if (const auto finished = preferences.finish(); !finished)
+    return failureOf(Source::Settings, finished.error());
+  return takeProblems_();
 }
 
 }  // namespace host

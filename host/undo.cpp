@@ -39,10 +39,14 @@ class FileChanges {
     if (now && *now == change.to) return true;
     if (!now || *now != change.from) return false;
     const auto written = put(root_, change.path, change.to);
-    if (!written) return written.error();
+    const bool unconfirmed = !written && written.error().kind == platform::ErrorKind::Unconfirmed;
+    if (!written && !unconfirmed) return written.error();
+    if (unconfirmed) unconfirmed_ = written.error();
     made_.push_back(&change);
     return true;
   }
+  // What was made all the same.
+  const std::optional<Error>& unconfirmed() const { return unconfirmed_; }
   void takeBack() {
     for (const FileChange* change : made_)
       static_cast<void>(put(root_, change->path, change->from));
@@ -51,6 +55,7 @@ class FileChanges {
  private:
   foundation::DeviceRoot& root_;
   std::vector<const FileChange*> made_;
+  std::optional<Error> unconfirmed_;
 };
 
 using Move = Result<Done> (History::*)();
@@ -58,10 +63,11 @@ using Move = Result<Done> (History::*)();
 Attempt<Undone> make(preferences::Environment& environment, Backups& backups, const Change& change,
                      Move move) {
   auto left = apply(environment, backups, change);
-  if (!left) return left.error();
+  if (!left && left.error().reason != Failure::Unconfirmed) return left.error();
   const auto moved = (backups.history().*move)();
+  if (!left) return left.error();
   if (!moved)
-    return failure(Failure::Failed, Source::Backups,
+    return failure(Failure::Unconfirmed, Source::Backups,
                    "done, but not remembered: " + moved.error().message());
   return Undone{change.what, std::move(*left)};
 }
@@ -76,20 +82,22 @@ Attempt<std::vector<std::string>> apply(preferences::Environment& environment, B
     const auto made = files.make(file);
     if (!made) {
       files.takeBack();
-      return failure(Failure::Failed, Source::Profiles, made.error().message());
+      return failureOf(Source::Profiles, made.error());
     }
     if (!*made) left.push_back(file.path);
   }
-  if (change.settings.empty()) return left;
-  const auto exchanged = backups.store().exchange(change.settings, prefs::kDomain);
-  if (!exchanged) {
-    files.takeBack();
-    return failure(Failure::Failed, Source::Settings, exchanged.error().message());
+  if (!change.settings.empty()) {
+    const auto exchanged = backups.store().exchange(change.settings, prefs::kDomain);
+    if (!exchanged) {
+      files.takeBack();
+      return failureOf(Source::Settings, exchanged.error());
+    }
+    left.insert(left.end(), exchanged->begin(), exchanged->end());
+    const auto finished = backups.store().finish();
+    environment.darwinCenter.post(prefs::kPrefsNotification);
+    if (!finished) return failureOf(Source::Settings, finished.error());
   }
-  left.insert(left.end(), exchanged->begin(), exchanged->end());
-  const auto flushed = backups.store().synchronize();
-  environment.darwinCenter.post(prefs::kPrefsNotification);
-  if (!flushed) return failure(Failure::Failed, Source::Settings, flushed.error().message());
+  if (files.unconfirmed()) return failureOf(Source::Profiles, *files.unconfirmed());
   return left;
 }
 

@@ -22,7 +22,7 @@ Attempt<Undone> undo(preferences::Environment& environment, Backups& backups);
 Attempt<Undone> redo(preferences::Environment& environment, Backups& backups);
 
 // Makes a change: settings and files that are `from` become `to`. Gives those that are neither, and
-// are left. All files, then all settings, or nothing.
+// are left. All files, then all settings, or nothing; where the failure is Unconfirmed, all.
 Attempt<std::vector<std::string>> apply(preferences::Environment& environment, Backups& backups,
                                         const Change& change);
 

@@ -19,7 +19,9 @@ Outcome<Done> runLine(const std::vector<std::string>& words, cli::Session& sessi
   const auto line = cli::readLine(words, session);
   if (!line) return line.error();
   const auto done = perform(*line, session);
+  const auto finished = session.finish();
   if (!done) return done.error();
+  if (!finished) return finished.error();
   const auto flushed = session.flush();
   for (const host::Problem& warning : session.takeWarnings()) cli::complain(warning.message());
   return flushed;

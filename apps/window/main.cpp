@@ -45,9 +45,12 @@ int run(const window::Options& options) {
 
   window::SettingsWindow settings(application, queue);
   if (!settings.quickWindow()) return complain(kFailed, "the window can't be made.");
-  device.setProblemHandler([&](const host::Problem& problem) { settings.report(problem); });
+  device.setProblemHandler([&](const host::Problem& problem) { settings.report(problem); },
+                           [&](const host::Problem& problem) { settings.withdraw(problem); });
   const int code = QGuiApplication::exec();
   device.setProblemHandler({});
+  if (const auto finished = device.finish(); !finished)
+    return complain(kFailed, finished.error().problem.message());
   return code;
 }
 

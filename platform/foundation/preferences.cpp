@@ -66,9 +66,10 @@ void Preferences::didChange(const Domain& domain, const KeyChanges& changes) {
   if (observer_) observer_->didChange(domain.name, changes);
 }
 
-Error Preferences::failed(Domain& domain, Error error) {
-  if (domain.reported && domain.reported->message() == error.message()) return error;
-  recovered(domain);
+Error Preferences::failed(Domain& domain, Error error, Repeated repeated) {
+  const bool same = domain.reported && domain.reported->message() == error.message();
+  if (same && repeated == Repeated::Once) return error;
+  if (!same) recovered(domain);
   domain.reported = error;
   if (problemHandler_) problemHandler_(error);
   return error;
@@ -98,14 +99,14 @@ Result<Done> Preferences::store(Domain& domain, std::chrono::milliseconds patien
   if (changed && !domain.kept.empty()) didChange(domain, *changed);
   if (changed && domain.loaded) overlay(domain.kept, domain.entries);
   if (changed || changed.error().kind == ErrorKind::Damaged) domain.kept = {};
-  if (!changed) return failed(domain, changed.error());
+  if (!changed) return changed.error();
   return Done{};
 }
 
 Result<Done> Preferences::finish(Domain& domain, std::chrono::milliseconds patience) {
   if (domain.kept.empty() && !domain.file.unflushed()) return Done{};
   if (!domain.kept.empty())
-    if (const auto stored = store(domain, patience); !stored) return stored;
+    if (const auto stored = store(domain, patience); !stored) return failed(domain, stored.error());
   const auto flushed = domain.file.flush(patience);
   if (!flushed) return failed(domain, flushed.error());
   if (domain.reported && domain.reported->kind != ErrorKind::Damaged) recovered(domain);
@@ -167,10 +168,11 @@ Result<Done> Preferences::setMultiple(const plist::Dictionary& values,
 
   // Whoever held the lock a moment ago isn't waited for again.
   const auto stored = store(target, before.empty() ? lockPatience_ : std::chrono::milliseconds(0));
-  if (!stored && !failedSet_) failedSet_ = stored.error();
-  if (!stored && stored.error().kind != ErrorKind::Damaged) {
-    const bool keep = failedSets_ == FailedSets::Keep && stored.error().kind == ErrorKind::Failed;
-    if (!keep) target.kept = before;
+  if (!stored) {
+    const Error error = failed(target, stored.error(), Repeated::Always);
+    if (!failedSet_) failedSet_ = error;
+    const bool keep = failedSets_ == FailedSets::Keep && error.kind == ErrorKind::Failed;
+    if (!keep && error.kind != ErrorKind::Damaged) target.kept = before;
   }
   if (unfinishedHandler_ && unfinished()) unfinishedHandler_();
   return stored;

@@ -84,6 +84,7 @@ class Preferences {
   // Stores the sets that were kept, waiting for a lock no longer than `patience`, and flushes. The
   // error is the first there was: of the kind Unconfirmed where all is stored.
   platform::Result<platform::Done> finish(std::chrono::milliseconds patience);
+  platform::Result<platform::Done> finish() { return finish(lockPatience_); }
   bool unfinished() const;  // whether there is anything to finish
 
   // Why the domain can't be read now, if it can't.
@@ -95,8 +96,8 @@ class Preferences {
   // The first set that has failed since this was last called, kept or not.
   std::optional<platform::Error> takeFailedSet();
 
-  // Is called with each failure, so that the host can report it to its user. A failure that repeats
-  // itself is reported once, until the domain works again.
+  // Is called with each set that fails, and with each other failure, so that the host can report it
+  // to its user; one that repeats itself is reported once, until the domain works again.
   void setProblemHandler(platform::Report handler);
   // Is called with a failure that was reported once it has gone: the domain works, and all its
   // changes are stored and flushed. Also where another one takes its place.
@@ -122,13 +123,15 @@ class Preferences {
     std::optional<platform::Error> reported{};  // the latest failure
   };
 
+  enum class Repeated { Once, Always };  // whether it is reported again
+
   Domain& domain(std::string_view name);
   Domain& loadedDomain(std::string_view name);
   static const plist::Value* find(const Domain& domain, std::string_view key);
   platform::Result<platform::Done> refresh(Domain& domain);
   platform::Result<platform::Done> store(Domain& domain, std::chrono::milliseconds patience);
   platform::Result<platform::Done> finish(Domain& domain, std::chrono::milliseconds patience);
-  platform::Error failed(Domain& domain, platform::Error error);
+  platform::Error failed(Domain& domain, platform::Error error, Repeated repeated = Repeated::Once);
   void willChange(const Domain& domain);
   void didChange(const Domain& domain, const KeyChanges& changes);
   void recovered(Domain& domain);

@@ -60,12 +60,13 @@ TEST_F(DamagedDomain, FailsASynchroniseWithChanges) {
   EXPECT_TRUE(isDamaged(preferences.appSynchronize(kDomain)));
 }
 
-TEST_F(DamagedDomain, IsReportedOnce) {
+TEST_F(DamagedDomain, IsReportedWithEachSet) {
   damage();
   EXPECT_FALSE(preferences.setAppValue("a", 1, kDomain));
-  EXPECT_FALSE(preferences.setAppValue("b", 1, kDomain));
   EXPECT_FALSE(preferences.synchronize());
   EXPECT_THAT(problems, ElementsAre(HasSubstr(kFile)));
+  EXPECT_FALSE(preferences.setAppValue("b", 1, kDomain));
+  EXPECT_THAT(problems, ElementsAre(HasSubstr(kFile), problems.front()));
 }
 
 TEST_F(DamagedDomain, KeepsNoSetEvenWhereFailedOnesAreKept) {
