@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "prefs/core/names.h"
 #include "prefs/resources/bundle.h"
 #include "services/services.h"
 
@@ -53,7 +54,10 @@ Device::Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQue
   preferences_.setProblemHandler(reportOf(Source::Settings, Severity::Failure));
   preferences_.setRecoveryHandler(
       [this](const platform::Error& error) { withdraw(problemOf(Source::Settings, error)); });
-  if (options.realTime) preferences_.setUnfinishedHandler([this] { finishSoon(); });
+  if (!options.realTime) return;
+  preferences_.setUnfinishedHandler([this] { finishSoon(); });
+  preferences_.setKeptHandler(
+      [this] { environment_.darwinCenter.post(prefs::kPrefsNotification); });
 }
 
 // Tasks that wait and alerts hold pages, and those need the device until they are gone.

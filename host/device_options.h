@@ -17,7 +17,8 @@ struct DeviceOptions {
   // How long a set waits for another program that holds the settings.
   std::chrono::milliseconds lockPatience = foundation::kLockPatience;
   // Whether the main queue runs in real time. What a set leaves to be flushed is flushed within a
-  // second then, and a set that fails is kept and tried again; else only Device::finish flushes.
+  // second then, and a set that fails is kept, tried again, and announced once it is stored; else
+  // only Device::finish flushes.
   bool realTime = false;
 };
 

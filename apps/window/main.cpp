@@ -49,7 +49,7 @@ int run(const window::Options& options) {
   const int code = QGuiApplication::exec();
   device.setProblemHandler({});
   if (const auto finished = device.finish(); !finished)
-    return complain(kFailed, finished.error().problem.message());
+    return complain(kFailed, "at the end: " + finished.error().problem.message());
   return code;
 }
 

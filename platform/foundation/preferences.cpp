@@ -93,8 +93,11 @@ Result<Done> Preferences::store(Domain& domain, std::chrono::milliseconds patien
 
 Result<Done> Preferences::finish(Domain& domain, std::chrono::milliseconds patience) {
   if (domain.kept.empty() && !domain.file.unflushed()) return Done{};
-  if (!domain.kept.empty())
-    if (const auto stored = store(domain, patience); !stored) return failed(domain, stored.error());
+  if (!domain.kept.empty()) {
+    const auto stored = store(domain, patience);
+    if (!stored) return failed(domain, stored.error());
+    if (keptHandler_) keptHandler_();
+  }
   const auto flushed = domain.file.flush(patience);
   if (!flushed) return failed(domain, flushed.error());
   if (domain.reported && domain.reported->kind != ErrorKind::Damaged) recovered(domain);
@@ -156,6 +159,7 @@ Result<Done> Preferences::setMultiple(const plist::Dictionary& values,
 
   // Whoever held the lock a moment ago isn't waited for again.
   const auto stored = store(target, before.empty() ? lockPatience_ : std::chrono::milliseconds(0));
+  if (stored && !before.empty() && keptHandler_) keptHandler_();
   if (!stored) {
     const Error error = failed(target, stored.error(), Repeated::Always);
     if (!failedSet_) failedSet_ = error;
@@ -227,6 +231,10 @@ void Preferences::setProblemHandler(platform::Report handler) {
 
 void Preferences::setRecoveryHandler(platform::Report handler) {
   recoveryHandler_ = std::move(handler);
+}
+
+void Preferences::setKeptHandler(std::function<void()> handler) {
+  keptHandler_ = std::move(handler);
 }
 
 void Preferences::setUnfinishedHandler(std::function<void()> handler) {

@@ -87,6 +87,9 @@ class Preferences {
   // Is called with a failure that was reported once it has gone: the domain works, and all its
   // changes are stored and flushed. Also where another one takes its place.
   void setRecoveryHandler(platform::Report handler);
+  // Is called when sets that had been kept are stored, other processes having been notified of them
+  // before.
+  void setKeptHandler(std::function<void()> handler);
   // Is called when there is something to finish.
   void setUnfinishedHandler(std::function<void()> handler);
 
@@ -120,7 +123,7 @@ class Preferences {
   FailedSets failedSets_;
   XmlReader xml_;
   platform::Report problemHandler_, recoveryHandler_;
-  std::function<void()> unfinishedHandler_;
+  std::function<void()> keptHandler_, unfinishedHandler_;
   std::optional<platform::Error> failedSet_;
   std::map<std::string, Domain, std::less<>> domains_;
 };
