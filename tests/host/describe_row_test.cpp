@@ -213,6 +213,18 @@ TEST(DescribeRow, TextHasWhatItsKeyboardIs) {
   EXPECT_FALSE(text("exact").correction);
 }
 
+TEST(DescribeRow, TextTakesLinesAndTabsOnlyWhereItsRowHoldsLines) {
+  Shown shown({row("PSEditTextCell", "line"), row("PSEditTextViewCell", "lines")});
+  const auto takes = [&](const char* id, const char* text) {
+    return static_cast<bool>(shown.application.perform(host::Set{id, Value(text)}));
+  };
+  EXPECT_TRUE(takes("line", "one ~ \u0080"));
+  for (const char* text : {"\n", "\t", "\x01", "\x1f", "\x7f"}) EXPECT_FALSE(takes("line", text));
+  EXPECT_TRUE(takes("lines", "one\ntwo\tthree"));
+  for (const char* text : {"\r", "\x01", "\x1f", "\x7f"}) EXPECT_FALSE(takes("lines", text));
+  EXPECT_EQ(shown.row("lines").value, Value("one\ntwo\tthree"));
+}
+
 TEST(DescribeRow, OffScreenAColorHasItsNameAndATextStaysAsItIs) {
   const plist::Value blue = "#007AFF";
   Shown shown({row("PSGroupCell", "first"),
