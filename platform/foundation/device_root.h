@@ -7,6 +7,7 @@
 
 #include "platform/foundation/descriptor.h"
 #include "platform/foundation/directory.h"
+#include "platform/foundation/durable_file.h"
 #include "platform/plist/binary.h"
 #include "platform/result.h"
 
@@ -47,7 +48,10 @@ class DeviceRoot {
   // or the new one, whole, and once this says done it is the new one. On an error the old one is
   // there still, unless it was in flushing the folder, when the new one is there but may not be
   // durable.
-  platform::Result<platform::Done> writeDurably(std::string_view path, plist::Bytes bytes);
+  // With Existing::Keep a name that is taken, by whatever and whoever took it meanwhile, is an
+  // error (EEXIST). Leftovers of killed writers of the folder are removed.
+  platform::Result<platform::Done> writeDurably(std::string_view path, plist::Bytes bytes,
+                                                Existing existing = Existing::Overwrite);
 
   // A file or a link (not what it leads to), durably; a folder with all that it holds, or EISDIR.
   platform::Result<platform::Done> remove(std::string_view path, Folders folders = Folders::Refuse);

@@ -60,7 +60,10 @@ SaveResult saveProfile(const preferences::Environment& environment, const std::s
     return {SaveOutcome::Unreadable, "the settings can't be read: " + readable.error().message()};
   if (!environment.root.exists(kDocuments)) (void)environment.root.createDirectory(kDocuments);
   plist::Dictionary domain = wholeDomainRead(environment.preferences);
-  const auto written = writeProfile(environment, path, profileOf(domain, profileID));
+  const auto written = writeProfile(environment, path, profileOf(domain, profileID), existing);
+  // By another program, meanwhile.
+  if (!written && existing == Existing::Keep && written.error().code == EEXIST)
+    return {SaveOutcome::Exists};
   if (!written && afterFailure == AfterFailure::Stop)
     return {SaveOutcome::NotWritten, written.error().message()};
 
