@@ -78,7 +78,9 @@ PSListController::Specifiers PSListController::loadSpecifiersFromPlistNameTarget
   for (auto& row : list->specifiers) {
     row->target = &target;
     byIdentifier_.emplace(row->identifier(), row.get());
-    loadChoices(*row);
+    // Some are many and take long to find out, and most requests ask for none.
+    if (!row->textForKey("valuesDataSource").empty())
+      row->setChoicesLater([this, choices = row.get()] { loadChoices(*choices); });
   }
   loading_ = false;
   return std::move(list->specifiers);

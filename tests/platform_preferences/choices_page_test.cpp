@@ -46,7 +46,7 @@ TEST_F(ChoicesPage, StoresTheChosenEntryInItsOwnKindAndStays) {
   EXPECT_EQ(device.preferences.copyAppValue("list", "test.domain"), plist::Value(1));
   EXPECT_EQ(accessory(0), uikit::Accessory::Checkmark);
   EXPECT_EQ(accessory(1), uikit::Accessory::None);
-  EXPECT_EQ(page->specifierForID("list")->cellObject()->detailTextLabel.text, "one");
+  EXPECT_EQ(page->specifierForID("list")->cellObject()->detailText(), "one");
 }
 
 }  // namespace

@@ -164,7 +164,7 @@ TEST_F(ListController, DropsChoicesWithoutAPartner) {
 
 TEST_F(ListController, ShowsTheTitleOfTheChosenValueComparingNumbersByValue) {
   (void)device.preferences.setAppValue("list", 1.0, "test.domain");
-  EXPECT_EQ(built("list").cellObject()->detailTextLabel.text, "one");
+  EXPECT_EQ(built("list").cellObject()->detailText(), "one");
   EXPECT_EQ(row("list").indexOfValue(plist::Value("1")), -1) << "text never equals a number";
 }
 
