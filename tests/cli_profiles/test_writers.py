@@ -99,7 +99,7 @@ class Laziness(ProfileTest):
         self.write_domain({"profile": profile})
         self.assertGreater(self.opened("page", "GeneralSettingsController"), 0)
         for key, value in (("tapaction", "201"), ("holdaction", "201"), ("wifi", "2"),
-                           ("msgtext", "text"), ("vibrate", "true")):
+                           ("vibrate", "true")):
             with self.subTest(key=key):
                 self.assertEqual(self.opened("set", key, value), 0)
 
