@@ -24,7 +24,7 @@ class ChoicesPage : public testing::Test {
 };
 
 TEST_F(ChoicesPage, AsksTheDataSourcesAtEachOpening) {
-  EXPECT_EQ(page->asked, 2);
+  EXPECT_EQ(page->asked, 1);
   EXPECT_EQ(choices->title, "list");
 }
 
