@@ -206,7 +206,9 @@ Attempt<Trigger> Profiles::import(plist::Bytes bytes, Existing existing) {
   if (!imported) return imported.error();
   const auto& [trigger, values] = *imported;
   if (const auto free = checkFree(trigger, existing); !free) return free.error();
-  const auto written = prefs::writeProfile(environment_, trigger.path, values);
+  const auto written = prefs::writeProfile(environment_, trigger.path, values, existing);
+  if (!written && existing == Existing::Keep && written.error().code == EEXIST)
+    return exists(trigger);
   if (!written && written.error().kind == platform::ErrorKind::Unconfirmed)
     return host::failureOf(Source::Profiles, written.error());
   if (!written) return failure(Failure::Failed, trigger.path, written.error().message());

@@ -58,7 +58,7 @@ constexpr Command kCommands[] = {
      "import",
      "Make a profile of a property list",
      importProfile,
-     {{"FILE", "A property list, XML or binary, or a keyed archive"}},
+     {{"FILE", "A property list, XML or binary, or a keyed archive; - is standard input"}},
      {kOverwrite}},
     {"", "triggers", "List the triggers that a profile can have", listTriggers},
     {"",

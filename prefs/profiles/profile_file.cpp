@@ -49,10 +49,10 @@ Result<plist::Dictionary> readProfile(const preferences::Environment& environmen
 }
 
 Result<Done> writeProfile(const preferences::Environment& environment, const std::string& path,
-                          const plist::Dictionary& profile) {
+                          const plist::Dictionary& profile, foundation::Existing existing) {
   const auto bytes = archive::archive(profile, archive::Mutability::Mutable);
   if (!bytes) return at(path, bytes.error());
-  return environment.root.writeDurably(path, *bytes);
+  return environment.root.writeDurably(path, *bytes, existing);
 }
 
 Result<Done> deleteProfile(const preferences::Environment& environment, const std::string& path,
