@@ -26,6 +26,11 @@ Error Error::because(Error reason) && {
   return std::move(*this);
 }
 
+Error Error::as(ErrorKind other) && {
+  kind = other;
+  return std::move(*this);
+}
+
 std::string Error::message() const {
   const std::string after = words();
   return path.empty() || after.empty() ? path + after : path + ": " + after;

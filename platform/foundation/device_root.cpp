@@ -34,7 +34,11 @@ bool namesAnEntry(const std::string& name) {
 
 int makeFolderIn(int parent, const std::string& name) {
   if (mkdirat(parent, name.c_str(), kFolderMode) != 0) return errno == EEXIST ? 0 : errno;
-  return fsync(parent) == 0 ? 0 : errno;
+  if (fsync(parent) == 0) return 0;
+  // Left there it would be taken for durable by the next call.
+  const int code = errno;
+  unlinkat(parent, name.c_str(), AT_REMOVEDIR);
+  return code;
 }
 
 // Outside any root, so links are whatever this machine makes of them.

@@ -27,7 +27,7 @@ class DeviceRoot {
   const std::string& directory() const { return directory_; }  // on this machine
 
   // A regular file, whole. FIFOs, devices, folders are errors, none of which blocks the call; so
-  // is a file of more than 1 GiB (EFBIG), and with Links::Refuse a symbolic link (ELOOP).
+  // is a file of more than 64 MB (EFBIG), and with Links::Refuse a symbolic link (ELOOP).
   platform::Result<std::vector<std::uint8_t>> read(std::string_view path,
                                                    Links links = Links::Follow) const;
   // Whatever it is; a link that leads nowhere doesn't exist.
@@ -45,11 +45,11 @@ class DeviceRoot {
   // A new file, mode 0600, in missing folders if need be, in place of the file or link that is
   // there; a folder of that name is an error (EISDIR) and stays. After a crash there is the old one
   // or the new one, whole, and once this says done it is the new one. On an error the old one is
-  // there still, unless it was in flushing the folder, when the new one is there but may not be
-  // durable.
+  // there still, unless the error is of the kind Unconfirmed: the new one is there then.
   platform::Result<platform::Done> writeDurably(std::string_view path, plist::Bytes bytes);
 
   // A file or a link (not what it leads to), durably; a folder with all that it holds, or EISDIR.
+  // An error of the kind Unconfirmed: it is gone.
   platform::Result<platform::Done> remove(std::string_view path, Folders folders = Folders::Refuse);
 
   // An open file or folder; `flags` are those of open(2), without O_CREAT.

@@ -48,7 +48,7 @@ platform::Result<plist::Bytes> Directory::read(const std::string& name) {
   const auto status = statRegular(file, name);
   if (!status) return error(name, status.error().code, status.error().what);
   const auto length = readWhole(file, static_cast<std::size_t>(status->st_size), buffer_, name);
-  if (!length) return error(name, length.error().code);
+  if (!length) return error(name, length.error().code, length.error().what);
   return plist::Bytes(buffer_.data(), *length);
 }
 

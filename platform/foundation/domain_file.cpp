@@ -6,8 +6,11 @@
 #include <time.h>
 
 #include <cerrno>
+#include <thread>
 
+#include "platform/foundation/damaged_file.h"
 #include "platform/foundation/durable_file.h"
+#include "platform/foundation/file_lock.h"
 #include "platform/foundation/file_reading.h"
 #include "platform/plist/binary.h"
 
@@ -16,11 +19,15 @@ namespace {
 
 using platform::Done;
 using platform::Error;
+using platform::ErrorKind;
 using platform::Result;
 
 constexpr std::string_view kFolder = "/var/mobile/Library/Preferences";
 // The coarsest clock of a file system in use ticks every 2 s.
 constexpr std::int64_t kStableAge = 3'000'000'000;
+constexpr int kLooksAgain = 3;
+constexpr std::chrono::milliseconds kPauseBetweenLooks{150};
+constexpr std::int64_t kShortestPropertyList = 42;  // bytes, of a binary one
 
 std::int64_t nanoseconds(const timespec& time) {
   return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
@@ -53,16 +60,11 @@ Result<plist::Dictionary> decode(plist::Bytes bytes, const XmlReader& xml) {
   });
 }
 
-// The name under which the file is kept now.
-Result<std::string> keepAside(const Directory& folder, const std::string& name) {
-  for (int number = 1;; ++number) {
-    const std::string aside = name + ".unreadable-" + std::to_string(number);
-    if (renameat2(folder.descriptor(), name.c_str(), folder.descriptor(), aside.c_str(),
-                  RENAME_NOREPLACE) == 0) {
-      return aside;
-    }
-    if (errno != EEXIST) return folder.error(name, errno, "keep aside");
-  }
+Result<Done> checkName(const std::string& name, const std::string& path) {
+  const bool oneComponent = name.find('/') == std::string::npos &&
+                            name.find('\0') == std::string::npos && name != ".plist";
+  if (!oneComponent) return Error{.path = path, .what = "not a domain's name"};
+  return Done{};
 }
 
 bool apply(const plist::Dictionary& set, const std::vector<std::string>& remove,
@@ -80,98 +82,146 @@ bool FileStamp::sameFile(const FileStamp& other) const {
          modified == other.modified && changed == other.changed;
 }
 
-DomainFile::DomainFile(DeviceRoot& root, std::string_view domain, const XmlReader& xml,
-                       std::chrono::milliseconds lockPatience)
+DomainFile::DomainFile(DeviceRoot& root, std::string_view domain, const XmlReader& xml)
     : root_(root),
       xml_(xml),
-      lockPatience_(lockPatience),
       name_(std::string(domain) + ".plist"),
       path_(std::string(kFolder) + "/" + name_) {}
 
-Result<Done> DomainFile::checkName() const {
-  const bool oneComponent = name_.find('/') == std::string::npos &&
-                            name_.find('\0') == std::string::npos && name_ != ".plist";
-  if (!oneComponent) return Error{.path = path_, .what = "not a domain's name"};
-  return Done{};
-}
-
-Result<std::optional<DomainFile::Reading>> DomainFile::readUnless(const FileStamp& known) const {
-  const auto named = checkName();
-  if (!named) return named.error();
+Result<std::optional<DomainFile::Reading>> DomainFile::look(const FileStamp& known,
+                                                            FileStamp& stamp) const {
   const auto file = root_.open(path_, O_RDONLY);
   if (!file && file.error().code == ENOENT) return std::optional<Reading>(Reading{});
   if (!file) return file.error();
   const auto status = statRegular(*file, path_);
-  if (!status) return status.error();
+  if (!status) return Error(status.error()).as(ErrorKind::Damaged);
+  stamp = stampOf(*status);
+  if (known.stable && known.sameFile(stamp)) return std::optional<Reading>();
 
-  Reading reading;
-  reading.stamp = stampOf(*status);
-  if (known.stable && known.sameFile(reading.stamp)) return std::optional<Reading>();
   std::vector<std::uint8_t> bytes;
   const auto length = readWhole(*file, static_cast<std::size_t>(status->st_size), bytes, path_);
-  if (!length) return length.error();
+  if (!length) return Error(length.error()).as(ErrorKind::Damaged);
   auto entries = decode(plist::Bytes(bytes.data(), *length), xml_);
-  if (entries) {
-    reading.entries = std::move(*entries);
-  } else {
-    Error damage{.path = path_, .what = "not a readable property list"};
-    reading.damage = std::move(damage).because(entries.error());
-  }
-  return std::optional<Reading>(std::move(reading));
+  if (entries) return std::optional(Reading{std::move(*entries), stamp});
+  return Error{.path = path_, .what = "not a readable property list"}
+      .because(entries.error())
+      .as(ErrorKind::Damaged);
 }
 
-Result<DomainFile::Change> DomainFile::change(const plist::Dictionary& set,
-                                              const std::vector<std::string>& remove) {
-  const auto named = checkName();
-  if (!named) return named.error();
-  if (set.empty() && !root_.exists(path_)) return Change{};
+Result<std::optional<DomainFile::Reading>> DomainFile::readUnless(const FileStamp& known) {
+  if (const auto named = checkName(name_, path_); !named) return named.error();
+  FileStamp last;
+  for (int again = kLooksAgain;; --again) {
+    FileStamp stamp;
+    auto read = look(known, stamp);
+    if (read || read.error().kind != ErrorKind::Damaged) return read;
+    const bool first = again == kLooksAgain;
+    const bool beingWritten =
+        stamp.inode != 0 && !stamp.stable && !damaged_.sameFile(stamp) &&
+        (first || !last.sameFile(stamp) || stamp.size < kShortestPropertyList);
+    if (again == 0 || !beingWritten) {
+      damaged_ = stamp;
+      return read;
+    }
+    last = stamp;
+    std::this_thread::sleep_for(kPauseBetweenLooks);
+  }
+}
+
+Result<DomainFile::Locked> DomainFile::lock(std::chrono::milliseconds patience) {
+  if (const auto named = checkName(name_, path_); !named) return named.error();
   const auto made = root_.createDirectory(kFolder);
   if (!made) return made.error();
-  const auto folder = root_.openDirectory(kFolder);
+  auto folder = root_.openDirectory(kFolder);
   if (!folder) return folder.error();
-  const auto locked = takeLock(*folder, name_, lockPatience_);
-  if (!locked) return locked.error();
+  auto lock = takeLock(*folder, name_, patience);
+  if (!lock) return lock.error();
   if (!std::exchange(leftoversRemoved_, true)) removeLeftovers(*folder, name_);
+  return Locked{std::move(*folder), std::move(*lock)};
+}
 
+Result<Done> DomainFile::change(const plist::Dictionary& set,
+                                const std::vector<std::string>& remove,
+                                std::chrono::milliseconds patience) {
+  // There is nothing to remove from a domain without a file, and so no folder to make.
+  if (set.empty()) {
+    const auto file = root_.open(path_, O_PATH);
+    if (!file && file.error().code == ENOENT) return Done{};
+  }
+  const auto locked = lock(patience);
+  if (!locked) return locked.error();
   auto old = readUnless(FileStamp{});
   if (!old) return old.error();
   plist::Dictionary entries = std::move((*old)->entries);
-  if (!apply(set, remove, entries)) return Change{};
-  return store(*folder, entries, (*old)->damage);
+  if (!apply(set, remove, entries)) return Done{};
+  if (!entries.empty()) return put(locked->folder, entries);
+  if (unlinkat(locked->folder.descriptor(), name_.c_str(), 0) != 0)
+    return locked->folder.error(name_, errno, "remove");
+  unflushed_ = true;
+  flushFailed_ = false;
+  return Done{};
 }
 
-Result<DomainFile::Change> DomainFile::store(const Directory& folder,
-                                             const plist::Dictionary& entries,
-                                             const std::optional<Error>& damage) {
-  if (entries.empty()) {
-    if (unlinkat(folder.descriptor(), name_.c_str(), 0) == 0) return Change{.written = true};
-    return folder.error(name_, errno, "remove");
-  }
+Result<Done> DomainFile::put(const Directory& folder, const plist::Dictionary& entries) {
   const auto bytes = plist::writeBinary(entries);
-  if (!bytes) return Error{.path = path_, .what = "can't be stored"}.because(bytes.error());
+  if (!bytes)
+    return Error{.path = path_, .what = "can't be stored"}
+        .because(bytes.error())
+        .as(ErrorKind::Invalid);
   auto pending = PendingFile::write(folder, name_, *bytes);
   if (!pending) return pending.error();
-
-  Change change{.written = true};
-  if (damage) {
-    const auto aside = keepAside(folder, name_);
-    if (!aside) return aside.error();
-    change.keptAside = damage->message() + "; kept aside as " + *aside;
-  }
   const auto placed = pending->replaceTarget();
   if (!placed) return placed.error();
-  return change;
+  unflushed_ = true;
+  flushFailed_ = false;
+  return Done{};
 }
 
-Result<Done> DomainFile::flush() {
-  const auto folder = root_.openDirectory(kFolder);
-  if (!folder) return folder.error();
-  // Under the lock, or the folder could be flushed with a name in it whose file is not.
-  const auto locked = takeLock(*folder, name_, lockPatience_);
+Result<Done> DomainFile::replace(const plist::Dictionary& entries,
+                                 std::chrono::milliseconds patience) {
+  const auto locked = lock(patience);
   if (!locked) return locked.error();
-  const auto flushed = flushFile(*folder, name_);
-  if (!flushed) return flushed.error();
-  return flushFolder(*folder);
+  const auto old = readUnless(FileStamp{});
+  if (!old && old.error().kind != ErrorKind::Damaged) return old.error();
+  if (old) {
+    const auto stored = put(locked->folder, entries);
+    return stored ? flush(patience) : stored;
+  }
+  const auto aside = keepAside(locked->folder, name_);
+  if (!aside) return aside.error();
+  if (const auto stored = put(locked->folder, entries); !stored) {
+    unlinkat(locked->folder.descriptor(), aside->c_str(), 0);
+    return stored;
+  }
+  removeOldest(locked->folder, name_);
+  return flush(patience);
+}
+
+Result<Done> DomainFile::writeAnew(std::chrono::milliseconds patience) {
+  const auto locked = lock(patience);
+  if (!locked) return locked.error();
+  const auto now = readUnless(FileStamp{});
+  if (!now) return now.error();
+  if ((*now)->stamp.inode != 0) {
+    if (const auto written = put(locked->folder, (*now)->entries); !written) return written;
+  } else {
+    // The folder itself is to be written anew; a file that comes and goes does that.
+    auto passing = PendingFile::write(locked->folder, name_, {});
+    if (!passing) return passing.error();
+    if (const auto flushed = passing->flush(); !flushed) return flushed;
+  }
+  return flushFolder(locked->folder);
+}
+
+Result<Done> DomainFile::flush(std::chrono::milliseconds patience) {
+  if (!unflushed_) return Done{};
+  const auto flushed = flushFailed_
+                           ? writeAnew(patience)
+                           : root_.openDirectory(kFolder).and_then(
+                                 [](const Directory& folder) { return flushFolder(folder); });
+  unflushed_ = flushFailed_ = !flushed;
+  if (flushed || flushed.error().kind == ErrorKind::Damaged) return flushed;
+  return Error(flushed.error()).as(ErrorKind::Unconfirmed);
 }
 
 }  // namespace foundation

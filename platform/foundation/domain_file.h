@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "platform/foundation/device_root.h"
-#include "platform/foundation/file_lock.h"
 #include "platform/plist/value.h"
 
 namespace foundation {
@@ -30,45 +29,61 @@ struct FileStamp {
 
 // One domain's file below the device root, /var/mobile/Library/Preferences/DOMAIN.plist.
 //
-// Reading takes no lock: the file only ever changes by being replaced. Changing holds the lock of
-// takeLock, reads the domain anew and sets only the given keys in it. Without a key left the file
-// is removed. What plist::storable leaves out is left out in reading too.
+// Reading takes no lock: the file only ever changes by being replaced. A file that another program
+// rewrites in place may be read half-written: one that has changed within the last 3 s and can't be
+// parsed is looked at again, at most three times, 150 ms apart, as long as it changes or is too
+// short to hold anything. What plist::storable leaves out is left out in reading too.
+//
+// A file that can't be read or parsed is damaged: errors about it are of the kind Damaged, and but
+// for `replace` nothing is written over or beside it.
 class DomainFile {
  public:
   // `xml` may be empty; it is looked at when it is needed.
-  DomainFile(DeviceRoot& root, std::string_view domain, const XmlReader& xml,
-             std::chrono::milliseconds lockPatience);
+  DomainFile(DeviceRoot& root, std::string_view domain, const XmlReader& xml);
 
   struct Reading {
     plist::Dictionary entries;
     FileStamp stamp;
-    std::optional<platform::Error> damage{};  // why the bytes are not a domain, if they are not
   };
   // Nothing when the file is as it was at `known`. No file reads as no entries.
-  platform::Result<std::optional<Reading>> readUnless(const FileStamp& known) const;
+  platform::Result<std::optional<Reading>> readUnless(const FileStamp& known);
 
-  struct Change {
-    bool written = false;
-    std::string keptAside{};  // the message about a damaged file that was, or empty
-  };
-  // Visible to every process when it returns; durable once it is flushed. A damaged file is kept
-  // aside as DOMAIN.plist.unreadable-1, -2, … When nothing is set and none of the keys to remove is
-  // there, nothing is written.
-  platform::Result<Change> change(const plist::Dictionary& set,
-                                  const std::vector<std::string>& remove);
+  // Sets and removes these keys in the domain as it is on disk, under the lock of takeLock, which
+  // is waited for no longer than `patience`. Visible to every process when it returns, and durable
+  // once `flush` has succeeded. Without a key left the file is removed. When nothing is set and
+  // none of the keys to remove is there, nothing is written. An error: nothing has changed.
+  platform::Result<platform::Done> change(const plist::Dictionary& set,
+                                          const std::vector<std::string>& remove,
+                                          std::chrono::milliseconds patience);
 
-  platform::Result<platform::Done> flush();
+  // Makes these the domain's only entries, under the lock, whatever stands there, durably. A
+  // damaged file gets a second name before, DOMAIN.plist.unreadable-1, -2, …, and keeps that; of
+  // these the five latest stay. An error: nothing has changed, or it is of the kind Unconfirmed.
+  platform::Result<platform::Done> replace(const plist::Dictionary& entries,
+                                           std::chrono::milliseconds patience);
+
+  // Makes the changes durable. After a failure, of the kind Unconfirmed, what was written may never
+  // reach the disk, whatever a later flush says: the next call writes the domain anew, under the
+  // lock.
+  platform::Result<platform::Done> flush(std::chrono::milliseconds patience);
+  bool unflushed() const { return unflushed_; }
 
  private:
-  platform::Result<platform::Done> checkName() const;
-  platform::Result<Change> store(const Directory& folder, const plist::Dictionary& entries,
-                                 const std::optional<platform::Error>& damage);
+  struct Locked {
+    Directory folder;
+    Descriptor lock;
+  };
+  platform::Result<Locked> lock(std::chrono::milliseconds patience);
+  platform::Result<std::optional<Reading>> look(const FileStamp& known, FileStamp& stamp) const;
+  platform::Result<platform::Done> put(const Directory& folder, const plist::Dictionary& entries);
+  platform::Result<platform::Done> writeAnew(std::chrono::milliseconds patience);
 
   DeviceRoot& root_;
   const XmlReader& xml_;
-  std::chrono::milliseconds lockPatience_;
   std::string name_, path_;
+  FileStamp damaged_;  // of the file that was found damaged last
   bool leftoversRemoved_ = false;
+  bool unflushed_ = false, flushFailed_ = false;
 };
 
 }  // namespace foundation

@@ -52,7 +52,8 @@ PendingFile::PendingFile(PendingFile&& other) noexcept
     : folder_(other.folder_),
       name_(std::move(other.name_)),
       temporary_(std::exchange(other.temporary_, {})),
-      file_(std::move(other.file_)) {}
+      file_(std::move(other.file_)),
+      flushed_(other.flushed_) {}
 
 PendingFile::~PendingFile() {
   if (!temporary_.empty()) unlinkat(folder_->descriptor(), temporary_.c_str(), 0);
@@ -89,10 +90,13 @@ Result<Done> PendingFile::fill(plist::Bytes bytes) {
 
 Result<Done> PendingFile::flush() {
   if (fsync(file_.number()) != 0) return folder_->error(name_, errno, "flush");
+  flushed_ = true;
   return Done{};
 }
 
 Result<Done> PendingFile::replaceTarget() {
+  if (!flushed_)
+    if (const auto flushed = flush(); !flushed) return flushed;
   if (!file_.close()) return folder_->error(name_, errno, "close");
   const int folder = folder_->descriptor();
   if (renameat(folder, temporary_.c_str(), folder, name_.c_str()) != 0)
@@ -101,19 +105,9 @@ Result<Done> PendingFile::replaceTarget() {
   return Done{};
 }
 
-Result<Done> flushFile(const Directory& folder, const std::string& name) {
-  const Descriptor file(openat(folder.descriptor(), name.c_str(),
-                               O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-  if (!file) {
-    if (errno == ENOENT) return Done{};
-    return folder.error(name, errno, "flush");
-  }
-  if (fsync(file.number()) != 0) return folder.error(name, errno, "flush");
-  return Done{};
-}
-
 Result<Done> flushFolder(const Directory& folder) {
-  if (fsync(folder.descriptor()) != 0) return Error{folder.path(), errno, "flush"};
+  if (fsync(folder.descriptor()) != 0)
+    return Error{folder.path(), errno, "flush"}.as(platform::ErrorKind::Unconfirmed);
   return Done{};
 }
 

@@ -10,13 +10,13 @@
 namespace foundation {
 
 // The steps of replacing a file so that nobody ever sees half of it: it is written in full under
-// another name in the same folder and then renamed over the old one. Two uses:
+// another name in the same folder, flushed, and then renamed over the old one: write, flush,
+// replaceTarget; it is durable once flushFolder has succeeded. No file is renamed that isn't
+// flushed: on some file systems a power cut would leave an empty one.
 //
-//   durable now      write, flush, replaceTarget, flushFolder
-//   visible now      write, replaceTarget; later, to make it durable, flushFile and flushFolder
-//
-// Each step's failure names the file and the step. A file that was not put in place is removed; a
-// folder of its name is an error (EISDIR).
+// Each step's failure names the file and the step. After a flush that failed nothing says which
+// pages are on disk, so the file is given up. One that was not put in place is removed; a folder of
+// its name is an error (EISDIR).
 class PendingFile {
  public:
   // Exclusively created, with a random name that begins with a dot; the process's mask is taken
@@ -28,7 +28,7 @@ class PendingFile {
   ~PendingFile();
 
   platform::Result<platform::Done> flush();
-  platform::Result<platform::Done> replaceTarget();
+  platform::Result<platform::Done> replaceTarget();  // flushes before, where that wasn't done
 
  private:
   PendingFile(const Directory& folder, std::string name);
@@ -39,11 +39,11 @@ class PendingFile {
   std::string name_;
   std::string temporary_;  // empty when there is nothing to remove
   Descriptor file_;
+  bool flushed_ = false;
 };
 
-// Makes the file of this name durable, whichever process wrote it; a missing one is not an error.
-platform::Result<platform::Done> flushFile(const Directory& folder, const std::string& name);
-// Makes the folder's names durable.
+// Makes the folder's names durable. Its failure is of the kind Unconfirmed: what was done in the
+// folder is there.
 platform::Result<platform::Done> flushFolder(const Directory& folder);
 
 // Removes what writers of `name` left behind when they were killed. Only for one who holds a lock

@@ -4,9 +4,17 @@
 #include <linux/openat2.h>
 #include <sys/syscall.h>
 
+#include <algorithm>
 #include <cerrno>
 
 namespace foundation {
+namespace {
+
+platform::Error tooLarge(const std::string& path, const std::string& size) {
+  return {path, EFBIG, size + " bytes, at most " + std::to_string(kLargestFile) + " are read"};
+}
+
+}  // namespace
 
 Descriptor openBelow(int folder, const std::string& path, int flags, Resolve resolve) {
   if (path.find('\0') != std::string::npos) return errno = EINVAL, Descriptor();
@@ -30,7 +38,7 @@ platform::Result<struct stat> statRegular(const Descriptor& file, const std::str
   if (S_ISDIR(status.st_mode)) return platform::Error{path, EISDIR};
   if (!S_ISREG(status.st_mode)) return platform::Error{path, 0, "not a regular file"};
   if (static_cast<std::uint64_t>(status.st_size) > kLargestFile)
-    return platform::Error{path, EFBIG};
+    return tooLarge(path, std::to_string(status.st_size));
   return status;
 }
 
@@ -46,10 +54,10 @@ platform::Result<std::size_t> readWhole(const Descriptor& file, std::size_t size
     if (count < 0 && errno == EINTR) continue;
     if (count < 0) return platform::Error{path, errno};
     length += static_cast<std::size_t>(count);
-    if (length > kLargestFile) return platform::Error{path, EFBIG};
+    if (length > kLargestFile) return tooLarge(path, "more than " + std::to_string(kLargestFile));
     const bool mayEnd = size != kUnknownSize && length >= size;
     if (count == 0 || (mayEnd && static_cast<std::size_t>(count) < space)) return length;
-    if (length == buffer.size()) buffer.resize(2 * length);
+    if (length == buffer.size()) buffer.resize(std::min<std::size_t>(2 * length, kLargestFile + 1));
   }
 }
 

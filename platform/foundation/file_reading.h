@@ -14,8 +14,9 @@
 // The system calls below DeviceRoot and Directory.
 namespace foundation {
 
-// A file of more bytes than this is refused (EFBIG) rather than taken into memory.
-inline constexpr std::uint64_t kLargestFile = std::uint64_t{1} << 30;
+// A file of more bytes than this is refused (EFBIG, with both numbers) rather than taken into
+// memory; by its size before a byte is read, where it has one.
+inline constexpr std::uint64_t kLargestFile = std::uint64_t{64} << 20;
 
 // How a path is kept below a folder: what leads out of it is taken as if the folder were "/", or is
 // an error (EXDEV).

@@ -1,18 +1,47 @@
 #include "platform/foundation/preferences.h"
 
+#include <utility>
+
 namespace foundation {
+namespace {
 
 using platform::Done;
 using platform::Error;
+using platform::ErrorKind;
 using platform::Result;
 
-Preferences::Preferences(DeviceRoot& root, std::chrono::milliseconds lockPatience)
-    : root_(root), lockPatience_(lockPatience) {}
+Result<Done> change(DomainFile& file, const plist::Dictionary& sets,
+                    std::chrono::milliseconds patience) {
+  plist::Dictionary values;
+  std::vector<std::string> remove;
+  for (const auto& [key, value] : sets) {
+    if (value.isNothing())
+      remove.push_back(key);
+    else
+      values.set(key, value);
+  }
+  return file.change(values, remove, patience);
+}
+
+void overlay(const plist::Dictionary& sets, plist::Dictionary& entries) {
+  for (const auto& [key, value] : sets) {
+    if (value.isNothing())
+      entries.remove(key);
+    else
+      entries.set(key, value);
+  }
+}
+
+}  // namespace
+
+Preferences::Preferences(DeviceRoot& root, std::chrono::milliseconds lockPatience,
+                         FailedSets failedSets)
+    : root_(root), lockPatience_(lockPatience), failedSets_(failedSets) {}
 
 Preferences::Domain& Preferences::domain(std::string_view name) {
   const auto found = domains_.find(name);
   if (found != domains_.end()) return found->second;
-  DomainFile file(root_, name, xml_, lockPatience_);
+  DomainFile file(root_, name, xml_);
   return domains_.emplace(std::string(name), Domain{std::move(file)}).first->second;
 }
 
@@ -22,19 +51,31 @@ Preferences::Domain& Preferences::loadedDomain(std::string_view name) {
   return found;
 }
 
+const plist::Value* Preferences::find(const Domain& domain, std::string_view key) {
+  const plist::Value* kept = domain.kept.find(key);
+  if (!kept) return domain.entries.find(key);
+  return kept->isNothing() ? nullptr : kept;
+}
+
 Error Preferences::failed(Domain& domain, Error error) {
-  const std::string message = error.message();
-  if (message != domain.reported && problemHandler_) problemHandler_(error);
-  domain.reported = message;
+  if (domain.reported && domain.reported->message() == error.message()) return error;
+  recovered(domain);
+  domain.reported = error;
+  if (problemHandler_) problemHandler_(error);
   return error;
+}
+
+// A value that can't be stored stays so, even where the next set succeeds.
+void Preferences::recovered(Domain& domain) {
+  const auto gone = std::exchange(domain.reported, std::nullopt);
+  if (gone && gone->kind != ErrorKind::Invalid && recoveryHandler_) recoveryHandler_(*gone);
 }
 
 Result<Done> Preferences::refresh(Domain& domain) {
   domain.loaded = true;
   auto read = domain.file.readUnless(domain.stamp);
   if (!read) return failed(domain, read.error());
-  if (*read && (*read)->damage) return failed(domain, *(*read)->damage);
-  domain.reported.clear();
+  if (domain.kept.empty() && !domain.file.unflushed()) recovered(domain);
   if (*read) {
     domain.entries = std::move((*read)->entries);
     domain.stamp = (*read)->stamp;
@@ -42,17 +83,27 @@ Result<Done> Preferences::refresh(Domain& domain) {
   return Done{};
 }
 
-Result<Done> Preferences::flush(Domain& domain) {
-  if (!domain.unflushed) return Done{};
-  const auto flushed = domain.file.flush();
+Result<Done> Preferences::store(Domain& domain, std::chrono::milliseconds patience) {
+  const auto changed = change(domain.file, domain.kept, patience);
+  if (changed && domain.loaded) overlay(domain.kept, domain.entries);
+  if (changed || changed.error().kind == ErrorKind::Damaged) domain.kept = {};
+  if (!changed) return failed(domain, changed.error());
+  return Done{};
+}
+
+Result<Done> Preferences::finish(Domain& domain, std::chrono::milliseconds patience) {
+  if (domain.kept.empty() && !domain.file.unflushed()) return Done{};
+  if (!domain.kept.empty())
+    if (const auto stored = store(domain, patience); !stored) return stored;
+  const auto flushed = domain.file.flush(patience);
   if (!flushed) return failed(domain, flushed.error());
-  domain.unflushed = false;
+  if (domain.reported && domain.reported->kind != ErrorKind::Damaged) recovered(domain);
   return Done{};
 }
 
 std::optional<plist::Value> Preferences::copyAppValue(std::string_view key,
                                                       std::string_view domain) {
-  const plist::Value* value = loadedDomain(domain).entries.find(key);
+  const plist::Value* value = find(loadedDomain(domain), key);
   return value ? std::optional(*value) : std::nullopt;
 }
 
@@ -76,8 +127,10 @@ Result<Done> Preferences::refresh(std::string_view domain) {
 std::vector<std::string> Preferences::copyKeyList(std::string_view domain) {
   Domain& source = this->domain(domain);
   static_cast<void>(refresh(source));
+  plist::Dictionary seen = source.entries;
+  overlay(source.kept, seen);
   std::vector<std::string> keys;
-  for (const auto& entry : source.entries) keys.push_back(entry.key);
+  for (const auto& entry : seen) keys.push_back(entry.key);
   return keys;
 }
 
@@ -87,7 +140,7 @@ plist::Dictionary Preferences::copyMultiple(const std::vector<std::string>& keys
   static_cast<void>(refresh(source));
   plist::Dictionary values;
   for (const std::string& key : keys) {
-    if (const plist::Value* value = source.entries.find(key)) values.set(key, *value);
+    if (const plist::Value* value = find(source, key)) values.set(key, *value);
   }
   return values;
 }
@@ -96,22 +149,27 @@ Result<Done> Preferences::setMultiple(const plist::Dictionary& values,
                                       const std::vector<std::string>& remove,
                                       std::string_view domain) {
   Domain& target = this->domain(domain);
-  const plist::Value kept = *plist::storable(values);
-  const auto changed = target.file.change(*kept.dictionary(), remove);
-  if (!changed) return failed(target, changed.error());
-  target.unflushed |= changed->written;
-  target.reported.clear();
-  if (!changed->keptAside.empty() && problemHandler_) problemHandler_({.what = changed->keptAside});
-  if (!target.loaded) return Done{};
-  for (const auto& entry : *kept.dictionary()) target.entries.set(entry.key, entry.value);
-  for (const std::string& key : remove) target.entries.remove(key);
-  return Done{};
+  const plist::Value storable = *plist::storable(values);
+  const plist::Dictionary before = target.kept;
+  for (const auto& entry : *storable.dictionary()) target.kept.set(entry.key, entry.value);
+  for (const std::string& key : remove) target.kept.set(key, plist::Value());
+
+  // Whoever held the lock a moment ago isn't waited for again.
+  const auto stored = store(target, before.empty() ? lockPatience_ : std::chrono::milliseconds(0));
+  if (!stored && !failedSet_) failedSet_ = stored.error();
+  if (!stored && stored.error().kind != ErrorKind::Damaged) {
+    const bool keep = failedSets_ == FailedSets::Keep && stored.error().kind == ErrorKind::Failed;
+    if (!keep) target.kept = before;
+  }
+  if (unfinishedHandler_ && unfinished()) unfinishedHandler_();
+  return stored;
 }
 
 Result<Done> Preferences::synchronize() {
   std::optional<Error> first;
   for (auto& [name, domain] : domains_) {
-    for (const auto& result : {flush(domain), refresh(domain)}) {
+    const auto patience = domain.kept.empty() ? lockPatience_ : std::chrono::milliseconds(0);
+    for (const auto& result : {finish(domain, patience), refresh(domain)}) {
       if (!result && !first) first = result.error();
     }
   }
@@ -119,8 +177,59 @@ Result<Done> Preferences::synchronize() {
   return Done{};
 }
 
+Result<Done> Preferences::finish(std::chrono::milliseconds patience) {
+  std::optional<Error> first;
+  for (auto& [name, domain] : domains_) {
+    const auto finished = finish(domain, patience);
+    if (!finished && !first) first = finished.error();
+  }
+  if (first) return *first;
+  return Done{};
+}
+
+bool Preferences::unfinished() const {
+  for (const auto& [name, domain] : domains_)
+    if (!domain.kept.empty() || domain.file.unflushed()) return true;
+  return false;
+}
+
+std::optional<Error> Preferences::damage(std::string_view domain) {
+  const auto read = this->domain(domain).file.readUnless(FileStamp{});
+  return read ? std::nullopt : std::optional(read.error());
+}
+
+Result<Done> Preferences::replaceDomain(const plist::Dictionary& entries, std::string_view domain) {
+  Domain& target = this->domain(domain);
+  const plist::Value storable = *plist::storable(entries);
+  const auto replaced = target.file.replace(*storable.dictionary(), lockPatience_);
+  if (!replaced && replaced.error().kind != ErrorKind::Unconfirmed)
+    return failed(target, replaced.error());
+  target.kept = {};
+  target.entries = *storable.dictionary();
+  target.stamp = {};
+  target.loaded = true;
+  if (replaced) {
+    recovered(target);
+    return Done{};
+  }
+  if (unfinishedHandler_) unfinishedHandler_();
+  return failed(target, replaced.error());
+}
+
+std::optional<Error> Preferences::takeFailedSet() {
+  return std::exchange(failedSet_, std::nullopt);
+}
+
 void Preferences::setProblemHandler(platform::Report handler) {
   problemHandler_ = std::move(handler);
+}
+
+void Preferences::setRecoveryHandler(platform::Report handler) {
+  recoveryHandler_ = std::move(handler);
+}
+
+void Preferences::setUnfinishedHandler(std::function<void()> handler) {
+  unfinishedHandler_ = std::move(handler);
 }
 
 void Preferences::setXmlReader(XmlReader reader) {

@@ -10,6 +10,7 @@
 
 #include "platform/foundation/device_root.h"
 #include "platform/foundation/domain_file.h"
+#include "platform/foundation/file_lock.h"
 #include "platform/plist/value.h"
 
 namespace foundation {
@@ -17,20 +18,27 @@ namespace foundation {
 // The preference store: one binary property list per domain below the device root
 // (/var/mobile/Library/Preferences/DOMAIN.plist, mode 0600), current user, any host.
 //
-// Visible at set, durable at flush: a set is in the file, under a lock, before the call returns;
-// after a flush it survives a power cut. Other processes' other keys survive every set. A read
-// sees what was on disk when the domain was last synchronised (at the latest when it is first
-// read), and this process's own sets. A synchronise that fails leaves that as it was; so does a set
-// that fails.
+// Visible at set, durable at flush: a set is in the file, which is flushed, under a lock, before
+// the call returns; once the folder is flushed too it survives a power cut. The host has that done
+// (`finish`) within 1 s. Other processes' other keys survive every set. A read sees what was on
+// disk when the domain was last synchronised (at the latest when it is first read), and this
+// process's own sets. A synchronise that fails leaves that as it was; so does a set that fails.
 //
-// A domain file that can't be parsed is never overwritten: the set that would do so keeps it aside
-// under a name that says so, and starts a new one. One that can't be read at all makes the set
-// fail. Results say what failed; the pages ignore them, the host does not.
+// A domain file that can't be read or parsed is damaged: until `replaceDomain`, or until another
+// program has mended it, every change of it fails (ErrorKind::Damaged) and leaves it alone. Any
+// other error of a set means that it isn't stored, and any error of a flush is of the kind
+// Unconfirmed. Results say what failed; the pages ignore them, the host does not.
 //
-// A set and a flush wait for another process that holds the lock, no longer than `lockPatience`.
+// A set waits for another process that holds the lock, no longer than `lockPatience`.
 class Preferences {
  public:
-  explicit Preferences(DeviceRoot& root, std::chrono::milliseconds lockPatience = kLockPatience);
+  // What becomes of a set that fails: it is dropped, or it is kept and reads show it, until it is
+  // stored by a later set, synchronise or `finish`. What can never be stored, and what was to
+  // change a damaged file, is dropped in either case.
+  enum class FailedSets { Drop, Keep };
+
+  explicit Preferences(DeviceRoot& root, std::chrono::milliseconds lockPatience = kLockPatience,
+                       FailedSets failedSets = FailedSets::Drop);
   Preferences(const Preferences&) = delete;
   Preferences& operator=(const Preferences&) = delete;
 
@@ -54,13 +62,32 @@ class Preferences {
                                                const std::vector<std::string>& remove,
                                                std::string_view domain);
 
-  // The standard user defaults' synchronize: flushes every domain that this process has changed,
-  // and sees anew what is on disk of every one that it has touched.
+  // The standard user defaults' synchronize: finishes every domain that this process has changed,
+  // without waiting for a lock, and sees anew what is on disk of every one that it has touched.
   platform::Result<platform::Done> synchronize();
 
-  // Is called with each failure and each file kept aside, so that the host can report it to its
-  // user. A failure that repeats itself is reported once, until the domain works again.
+  // Stores the sets that were kept, waiting for a lock no longer than `patience`, and flushes. The
+  // error is the first there was: of the kind Unconfirmed where all is stored.
+  platform::Result<platform::Done> finish(std::chrono::milliseconds patience);
+  bool unfinished() const;  // whether there is anything to finish
+
+  // Why the domain can't be read now, if it can't.
+  std::optional<platform::Error> damage(std::string_view domain);
+  // See DomainFile::replace. Drops sets that were kept.
+  platform::Result<platform::Done> replaceDomain(const plist::Dictionary& entries,
+                                                 std::string_view domain);
+
+  // The first set that has failed since this was last called, kept or not.
+  std::optional<platform::Error> takeFailedSet();
+
+  // Is called with each failure, so that the host can report it to its user. A failure that repeats
+  // itself is reported once, until the domain works again.
   void setProblemHandler(platform::Report handler);
+  // Is called with a failure that was reported once it has gone: the domain works, and all its
+  // changes are stored and flushed. Also where another one takes its place.
+  void setRecoveryHandler(platform::Report handler);
+  // Is called when there is something to finish.
+  void setUnfinishedHandler(std::function<void()> handler);
 
   // Reads domain files that aren't binary; without it they count as damaged. A set writes them back
   // as binary.
@@ -69,23 +96,29 @@ class Preferences {
  private:
   struct Domain {
     DomainFile file;
-    plist::Dictionary entries{};
+    plist::Dictionary entries{};  // as they are on disk
     FileStamp stamp{};
     bool loaded = false;
-    bool unflushed = false;
-    std::string reported{};  // the latest failure
+    plist::Dictionary kept{};                   // failed sets; Nothing removes its key
+    std::optional<platform::Error> reported{};  // the latest failure
   };
 
   Domain& domain(std::string_view name);
   Domain& loadedDomain(std::string_view name);
+  static const plist::Value* find(const Domain& domain, std::string_view key);
   platform::Result<platform::Done> refresh(Domain& domain);
-  platform::Result<platform::Done> flush(Domain& domain);
+  platform::Result<platform::Done> store(Domain& domain, std::chrono::milliseconds patience);
+  platform::Result<platform::Done> finish(Domain& domain, std::chrono::milliseconds patience);
   platform::Error failed(Domain& domain, platform::Error error);
+  void recovered(Domain& domain);
 
   DeviceRoot& root_;
   std::chrono::milliseconds lockPatience_;
+  FailedSets failedSets_;
   XmlReader xml_;
-  platform::Report problemHandler_;
+  platform::Report problemHandler_, recoveryHandler_;
+  std::function<void()> unfinishedHandler_;
+  std::optional<platform::Error> failedSet_;
   std::map<std::string, Domain, std::less<>> domains_;
 };
 

@@ -6,6 +6,7 @@
 
 #include <cerrno>
 
+#include "platform/foundation/file_reading.h"
 #include "tests/platform_foundation/temporary_root.h"
 
 namespace foundation::test {
@@ -136,8 +137,24 @@ TEST_F(DeviceRootTest, FileAsFolderIsAnError) {
 
 TEST_F(DeviceRootTest, FileThatIsTooLargeIsRefused) {
   folder.write("/huge", "");
-  fs::resize_file(folder.at("/huge"), (std::uintmax_t{1} << 30) + 1);
-  EXPECT_EQ(read("/huge"), error(EFBIG));
+  fs::resize_file(folder.at("/huge"), std::uintmax_t{64} << 20);
+  EXPECT_TRUE(root.read("/huge"));
+  fs::resize_file(folder.at("/huge"), (std::uintmax_t{64} << 20) + 1);
+  const auto bytes = root.read("/huge");
+  ASSERT_FALSE(bytes);
+  EXPECT_EQ(bytes.error().code, EFBIG);
+  EXPECT_EQ(bytes.error().message(),
+            "/huge: 67108865 bytes, at most 67108864 are read: File too large");
+}
+
+TEST_F(DeviceRootTest, EndlessFileOfUnknownSizeIsRefused) {
+  const Descriptor zeros(open("/dev/zero", O_RDONLY | O_CLOEXEC));
+  std::vector<std::uint8_t> buffer;
+  const auto length = readWhole(zeros, kUnknownSize, buffer, "zeros");
+  ASSERT_FALSE(length);
+  EXPECT_EQ(length.error().message(),
+            "zeros: more than 67108864 bytes, at most 67108864 are read: File too large");
+  EXPECT_LE(buffer.capacity(), std::size_t{160} << 20);
 }
 
 TEST_F(DeviceRootTest, FileThatReportsNoSizeIsReadWhole) {

@@ -70,16 +70,96 @@ TEST_F(DomainLock, ThatIsHeldTooLongFailsTheSetInTimeAndNamesTheHolder) {
   EXPECT_EQ(stored("a"), Value(1));
 }
 
-TEST_F(DomainLock, ThatIsHeldTooLongFailsTheFlushToo) {
+TEST_F(DomainLock, IsNotNeededForAFlush) {
   ASSERT_TRUE(patient.setAppValue("a", 2, kDomain));
   holdElsewhere(1h);
-  std::vector<std::string> reported;
-  patient.setProblemHandler(
-      [&](const platform::Error& error) { reported.push_back(error.message()); });
-  EXPECT_FALSE(patient.synchronize());
-  EXPECT_THAT(reported, ElementsAre(held()));
+  EXPECT_TRUE(patient.finish(kPatience));
+}
+
+struct KeptSet : DomainLock {
+  KeptSet() {
+    keeping.setProblemHandler(
+        [this](const platform::Error& error) { problems.push_back(error.message()); });
+    keeping.setRecoveryHandler(
+        [this](const platform::Error& error) { std::erase(problems, error.message()); });
+  }
+  Preferences keeping{root, kPatience, Preferences::FailedSets::Keep};
+};
+
+TEST_F(KeptSet, IsShownByReadsAndStoredWhenTheLockIsFree) {
+  holdElsewhere(1h);
+  EXPECT_FALSE(keeping.setMultiple({{"a", 2}, {"b", 3}}, {}, kDomain));
+  EXPECT_FALSE(keeping.synchronize());
+  EXPECT_TRUE(keeping.unfinished());
+  EXPECT_EQ(keeping.copyAppValue("a", kDomain), Value(2));
+  EXPECT_EQ(keeping.copyAppValue("b", kDomain), Value(3));
+  EXPECT_THAT(keeping.copyKeyList(kDomain), ElementsAre("a", "b"));
+  EXPECT_EQ(Value(keeping.copyMultiple({"a", "b"}, kDomain)),
+            Value(plist::Dictionary{{"a", 2}, {"b", 3}}));
+  EXPECT_EQ(stored("a"), Value(1));
+  EXPECT_THAT(problems, ElementsAre(held()));
+
   stopHolder();
-  EXPECT_TRUE(patient.synchronize());
+  EXPECT_TRUE(keeping.finish(0ms));
+  EXPECT_FALSE(keeping.unfinished());
+  EXPECT_EQ(stored("a"), Value(2));
+  EXPECT_EQ(stored("b"), Value(3));
+  EXPECT_EQ(keeping.copyAppValue("a", kDomain), Value(2));
+  EXPECT_THAT(problems, testing::IsEmpty());
+}
+
+TEST_F(KeptSet, IsStoredWithTheNextOne) {
+  holdElsewhere(1h);
+  EXPECT_FALSE(keeping.setAppValue("a", 2, kDomain));
+  EXPECT_FALSE(keeping.setAppValue("a", 3, kDomain));
+  stopHolder();
+  storeElsewhere("theirs", 4);
+  EXPECT_TRUE(keeping.setAppValue("b", 5, kDomain));
+  EXPECT_EQ(stored("a"), Value(3));
+  EXPECT_EQ(stored("b"), Value(5));
+  EXPECT_EQ(stored("theirs"), Value(4));
+}
+
+TEST_F(KeptSet, MayBeARemoval) {
+  holdElsewhere(1h);
+  EXPECT_FALSE(keeping.setAppValue("a", Value(), kDomain));
+  EXPECT_FALSE(keeping.copyAppValue("a", kDomain));
+  EXPECT_THAT(keeping.copyKeyList(kDomain), testing::IsEmpty());
+  stopHolder();
+  EXPECT_TRUE(keeping.synchronize());
+  EXPECT_EQ(stored("a"), Value());
+}
+
+TEST_F(KeptSet, DelaysTheNextOneNoMore) {
+  holdElsewhere(1h);
+  EXPECT_FALSE(keeping.setAppValue("a", 2, kDomain));
+  const auto start = Clock::now();
+  for (int round = 0; round < 5; ++round) {
+    EXPECT_FALSE(keeping.setAppValue("a", round, kDomain));
+    EXPECT_FALSE(keeping.synchronize());
+  }
+  EXPECT_LT(Clock::now() - start, kPatience);
+}
+
+TEST_F(KeptSet, IsNotOneThatCanNeverBeStored) {
+  Value tooDeep = 1;
+  for (int depth = 0; depth < 1'000; ++depth) tooDeep = plist::Array{tooDeep};
+  EXPECT_FALSE(keeping.setAppValue("a", tooDeep, kDomain));
+  EXPECT_FALSE(keeping.unfinished());
+  EXPECT_EQ(keeping.copyAppValue("a", kDomain), Value(1));
+  EXPECT_TRUE(keeping.synchronize());
+  EXPECT_THAT(problems, ElementsAre(testing::HasSubstr("can't be stored")));
+}
+
+TEST_F(DomainLock, FailedSetIsDroppedUnlessItIsToBeKept) {
+  holdElsewhere(1h);
+  EXPECT_FALSE(patient.setAppValue("a", 2, kDomain));
+  EXPECT_EQ(patient.copyAppValue("a", kDomain), Value(1));
+  EXPECT_FALSE(patient.unfinished());
+  const auto failed = patient.takeFailedSet();
+  ASSERT_TRUE(failed);
+  EXPECT_EQ(failed->message(), held());
+  EXPECT_FALSE(patient.takeFailedSet());
 }
 
 TEST_F(DomainLock, IsWaitedForUntilItIsReleased) {

@@ -11,6 +11,7 @@
 namespace foundation::test {
 namespace {
 
+using platform::ErrorKind;
 using plist::Value;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -111,21 +112,74 @@ TEST_F(Durability, RemovalIsFlushed) {
   EXPECT_THAT(takeLog(), ElementsAre("fsync folder"));
 }
 
-TEST_F(Durability, SetFlushesNothing) {
-  ASSERT_TRUE(preferences.setAppValue("a", 1, kDomain));
-  ASSERT_TRUE(preferences.setMultiple({{"b", 1}}, {}, kDomain));
-  EXPECT_THAT(takeLog(), ElementsAre("rename * com.zorvek.quorvantis.plist",
-                                     "rename * com.zorvek.quorvantis.plist"));
+TEST_F(Durability, RenameFlushesWhatItNamesThoughNobodyAsksForIt) {
+  folder.write("/folder/file", "old");
+  const auto directory = root.openDirectory("/folder");
+  auto pending = PendingFile::write(*directory, "file", bytesOf("new"));
+  ASSERT_TRUE(pending && pending->replaceTarget());
+  EXPECT_THAT(takeLog(), ElementsAre("fsync *", "rename * file"));
 }
 
-TEST_F(Durability, SynchroniseFlushesTheFileThenTheFolderOnce) {
+TEST_F(Durability, FailedFlushKeepsTheFileFromBeingRenamed) {
+  folder.write("/folder/file", "old");
+  const auto directory = root.openDirectory("/folder");
+  {
+    auto pending = PendingFile::write(*directory, "file", bytesOf("new"));
+    systemCalls().failFsync = 1;
+    EXPECT_FALSE(pending->replaceTarget());
+  }
+  EXPECT_THAT(takeLog(), ElementsAre("fsync *"));
+  EXPECT_EQ(folder.contents("/folder/file"), "old");
+  EXPECT_THAT(folder.names("/folder"), ElementsAre("file"));
+}
+
+TEST_F(Durability, MadeFolderThatCanNotBeFlushedIsMadeAgain) {
+  systemCalls().failFsync = 1;
+  EXPECT_FALSE(root.writeDurably("/a/file", bytesOf("new")));
+  takeLog();
+  EXPECT_TRUE(root.writeDurably("/a/file", bytesOf("new")));
+  EXPECT_THAT(takeLog(), ElementsAre("fsync root", "fsync *", "rename * file", "fsync a"));
+}
+
+TEST_F(Durability, FlushOfTheFolderThatFailsIsSaidToBeStored) {
+  folder.write("/folder/file", "old");
+  systemCalls().failFsync = 2;
+  EXPECT_EQ(root.writeDurably("/folder/file", bytesOf("new")).error().kind, ErrorKind::Unconfirmed);
+  systemCalls().failFsync = 1;
+  EXPECT_EQ(root.writeDurably("/folder/file", bytesOf("new")).error().kind, ErrorKind::Failed);
+  systemCalls().failFsync = 1;
+  EXPECT_EQ(root.remove("/folder/file").error().kind, ErrorKind::Unconfirmed);
+  EXPECT_THAT(folder.names("/folder"), IsEmpty());
+}
+
+TEST_F(Durability, SetFlushesTheFileBeforeItIsRenamed) {
+  ASSERT_TRUE(preferences.setAppValue("a", 1, kDomain));
+  ASSERT_TRUE(preferences.setMultiple({{"b", 1}}, {}, kDomain));
+  const std::string rename = std::string("rename * ") + kFileName;
+  EXPECT_THAT(takeLog(), ElementsAre("fsync *", rename, "fsync *", rename));
+}
+
+TEST_F(Durability, SetThatCanNotBeFlushedFailsAndLeavesTheOldValue) {
+  storeElsewhere("a", 1);
+  systemCalls().failFsync = 1;
+  const auto set = preferences.setAppValue("a", 2, kDomain);
+  ASSERT_FALSE(set);
+  EXPECT_EQ(set.error().kind, ErrorKind::Failed);
+  EXPECT_EQ(stored("a"), Value(1));
+  EXPECT_THAT(otherNames(), IsEmpty());
+}
+
+TEST_F(Durability, SynchroniseFlushesTheFolderOnce) {
   ASSERT_TRUE(preferences.setAppValue("a", 1, kDomain));
   ASSERT_TRUE(preferences.setAppValue("b", 1, kDomain));
+  EXPECT_TRUE(preferences.unfinished());
   takeLog();
   ASSERT_TRUE(preferences.synchronize());
-  EXPECT_THAT(takeLog(), ElementsAre(std::string("fsync ") + kFileName, "fsync Preferences"));
+  EXPECT_THAT(takeLog(), ElementsAre("fsync Preferences"));
+  EXPECT_FALSE(preferences.unfinished());
   ASSERT_TRUE(preferences.synchronize());
   ASSERT_TRUE(preferences.appSynchronize(kDomain));
+  ASSERT_TRUE(preferences.finish(kLockPatience));
   EXPECT_THAT(takeLog(), IsEmpty());
 }
 
@@ -133,7 +187,7 @@ TEST_F(Durability, SynchroniseOfAnotherDomainFlushesThisOne) {
   ASSERT_TRUE(preferences.setAppValue("a", 1, kDomain));
   takeLog();
   ASSERT_TRUE(preferences.appSynchronize("com.example.other"));
-  EXPECT_THAT(takeLog(), ElementsAre(std::string("fsync ") + kFileName, "fsync Preferences"));
+  EXPECT_THAT(takeLog(), ElementsAre("fsync Preferences"));
 }
 
 TEST_F(Durability, RemovalOfTheLastKeyIsFlushed) {
@@ -144,6 +198,21 @@ TEST_F(Durability, RemovalOfTheLastKeyIsFlushed) {
   EXPECT_THAT(takeLog(), ElementsAre("fsync Preferences"));
 }
 
+TEST_F(Durability, ReplacedDomainIsDurable) {
+  ASSERT_TRUE(preferences.replaceDomain({{"a", 1}}, kDomain));
+  EXPECT_THAT(takeLog(),
+              ElementsAre("fsync *", std::string("rename * ") + kFileName, "fsync Preferences"));
+}
+
+TEST_F(Durability, SetAsksOnceForItsFlush) {
+  int asked = 0;
+  preferences.setUnfinishedHandler([&] { ++asked; });
+  ASSERT_TRUE(preferences.setAppValue("a", 1, kDomain));
+  EXPECT_EQ(asked, 1);
+  ASSERT_TRUE(preferences.finish(kLockPatience));
+  EXPECT_EQ(asked, 1);
+}
+
 TEST_F(Durability, ReadsFlushNothing) {
   ASSERT_TRUE(preferences.setAppValue("a", 1, kDomain));
   takeLog();
@@ -152,16 +221,51 @@ TEST_F(Durability, ReadsFlushNothing) {
   EXPECT_THAT(takeLog(), IsEmpty());
 }
 
-TEST_F(Durability, FlushThatFailsIsReportedAndTriedAgain) {
+TEST_F(Durability, FlushThatFailsIsReportedAndTheDomainIsWrittenAnew) {
   ASSERT_TRUE(preferences.setAppValue("a", 1, kDomain));
+  std::vector<std::string> recovered;
+  preferences.setRecoveryHandler(
+      [&](const platform::Error& error) { recovered.push_back(error.message()); });
   systemCalls().failFsync = 1;
   const auto flushed = preferences.synchronize();
   ASSERT_FALSE(flushed);
-  EXPECT_EQ(flushed.error().message(), std::string(kFile) + ": flush: Input/output error");
+  EXPECT_EQ(flushed.error().message(), std::string(kFolder) + ": flush: Input/output error");
+  EXPECT_EQ(flushed.error().kind, ErrorKind::Unconfirmed);
   EXPECT_THAT(problems, ElementsAre(flushed.error().message()));
+  EXPECT_THAT(recovered, IsEmpty());
+  storeElsewhere("b", 2);
   takeLog();
   EXPECT_TRUE(preferences.synchronize());
-  EXPECT_THAT(takeLog(), SizeIs(2));
+  EXPECT_THAT(takeLog(),
+              ElementsAre("fsync *", std::string("rename * ") + kFileName, "fsync Preferences"));
+  EXPECT_THAT(recovered, ElementsAre(flushed.error().message()));
+  EXPECT_EQ(stored("a"), Value(1));
+  EXPECT_EQ(stored("b"), Value(2));
+}
+
+TEST_F(Durability, FlushThatGoesOnFailingIsNeverSaidToBeDone) {
+  ASSERT_TRUE(preferences.setAppValue("a", 1, kDomain));
+  for (const int which : {1, 1, 2, 1}) {
+    systemCalls().failFsync = which;
+    const auto flushed = preferences.finish(kLockPatience);
+    ASSERT_FALSE(flushed);
+    EXPECT_EQ(flushed.error().kind, ErrorKind::Unconfirmed);
+    EXPECT_EQ(stored("a"), Value(1));
+  }
+  EXPECT_TRUE(preferences.finish(kLockPatience));
+  EXPECT_THAT(otherNames(), IsEmpty());
+}
+
+TEST_F(Durability, RemovalWhoseFlushFailsIsFlushedWithAChangeOfTheFolder) {
+  ASSERT_TRUE(preferences.setAppValue("a", 1, kDomain));
+  ASSERT_TRUE(preferences.setAppValue("a", Value(), kDomain));
+  systemCalls().failFsync = 1;
+  EXPECT_FALSE(preferences.synchronize());
+  takeLog();
+  EXPECT_TRUE(preferences.synchronize());
+  EXPECT_THAT(takeLog(), ElementsAre("fsync *", "fsync Preferences"));
+  EXPECT_FALSE(fs::exists(folder.at(kFile)));
+  EXPECT_THAT(otherNames(), IsEmpty());
 }
 
 TEST_F(Durability, SetWhoseLockFileCanNotBeLookedAtFailsAtOnce) {

@@ -1,8 +1,10 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <sys/resource.h>
 
+#include <chrono>
 #include <csignal>
 
 #include "tests/platform_foundation/preferences_fixture.h"
@@ -10,69 +12,188 @@
 namespace foundation::test {
 namespace {
 
+using platform::ErrorKind;
 using plist::Value;
-using ::testing::AllOf;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
-struct DamagedDomain : PreferencesTest {
-  static constexpr char kAside[] = "com.zorvek.quorvantis.plist.unreadable-1";
+constexpr char kGarbage[] = "bplist00 garbage that is longer than the shortest property list";
 
-  std::string aside() { return folder.contents(std::string(kFolder) + "/" + kAside); }
+std::string textOfDomain(const plist::Dictionary& entries) {
+  return textOf(*plist::writeBinary(entries));
+}
+
+struct DamagedDomain : PreferencesTest {
+  static constexpr char kAside[] = "com.zorvek.quorvantis.plist.unreadable-";
+
+  void damage(std::string_view text = kGarbage) { folder.write(kFile, text); }
+  std::string aside(int number) {
+    return folder.contents(std::string(kFolder) + "/" + kAside + std::to_string(number));
+  }
+  bool isDamaged(const platform::Result<platform::Done>& result) {
+    return !result && result.error().kind == ErrorKind::Damaged && result.error().path == kFile &&
+           folder.contents(kFile) == kGarbage && otherNames().empty();
+  }
 };
 
-TEST_F(DamagedDomain, IsKeptAsideByASetAndReportedOnce) {
-  folder.write(kFile, "bplist00 garbage");
+TEST_F(DamagedDomain, RefusesASetAndStaysAsItIs) {
+  damage();
+  EXPECT_TRUE(isDamaged(preferences.setAppValue("a", 1, kDomain)));
+  EXPECT_FALSE(preferences.copyAppValue("a", kDomain));
+}
+
+TEST_F(DamagedDomain, RefusesARemovalAndStaysAsItIs) {
+  damage();
+  EXPECT_TRUE(isDamaged(preferences.setAppValue("a", Value(), kDomain)));
+}
+
+TEST_F(DamagedDomain, RefusesAWholeDomainWriteAndStaysAsItIs) {
+  damage();
+  EXPECT_TRUE(isDamaged(preferences.setMultiple({{"a", 1}, {"b", 2}}, {"c"}, kDomain)));
+}
+
+TEST_F(DamagedDomain, FailsASynchroniseWithChanges) {
   ASSERT_TRUE(preferences.setAppValue("a", 1, kDomain));
-  ASSERT_TRUE(preferences.setAppValue("b", 1, kDomain));
-  ASSERT_TRUE(preferences.synchronize());
-  EXPECT_EQ(aside(), "bplist00 garbage");
-  EXPECT_EQ(stored("a"), Value(1));
-  EXPECT_EQ(stored("b"), Value(1));
-  EXPECT_THAT(problems, ElementsAre(AllOf(HasSubstr(kFile), HasSubstr(kAside))));
+  damage();
+  EXPECT_TRUE(isDamaged(preferences.appSynchronize(kDomain)));
+}
+
+TEST_F(DamagedDomain, IsReportedOnce) {
+  damage();
+  EXPECT_FALSE(preferences.setAppValue("a", 1, kDomain));
+  EXPECT_FALSE(preferences.setAppValue("b", 1, kDomain));
+  EXPECT_FALSE(preferences.synchronize());
+  EXPECT_THAT(problems, ElementsAre(HasSubstr(kFile)));
+}
+
+TEST_F(DamagedDomain, KeepsNoSetEvenWhereFailedOnesAreKept) {
+  Preferences keeping(root, kLockPatience, Preferences::FailedSets::Keep);
+  damage();
+  EXPECT_FALSE(keeping.setAppValue("a", 1, kDomain));
+  EXPECT_FALSE(keeping.unfinished());
+  EXPECT_FALSE(keeping.copyAppValue("a", kDomain));
 }
 
 TEST_F(DamagedDomain, IsLeftInPlaceByReadsAndReportedOnce) {
-  folder.write(kFile, "bplist00 garbage");
+  damage();
   EXPECT_FALSE(preferences.copyAppValue("a", kDomain));
   EXPECT_FALSE(preferences.appSynchronize(kDomain));
   EXPECT_THAT(preferences.copyKeyList(kDomain), IsEmpty());
   EXPECT_THAT(problems, ElementsAre(HasSubstr(kFile)));
-  EXPECT_EQ(folder.contents(kFile), "bplist00 garbage");
+  EXPECT_EQ(folder.contents(kFile), kGarbage);
   EXPECT_THAT(otherNames(), IsEmpty());
 }
 
-TEST_F(DamagedDomain, IsLeftInPlaceByARemoval) {
-  folder.write(kFile, "bplist00 garbage");
-  EXPECT_TRUE(preferences.setAppValue("a", Value(), kDomain));
-  EXPECT_EQ(folder.contents(kFile), "bplist00 garbage");
-}
-
-TEST_F(DamagedDomain, IsNeverKeptOverAnother) {
-  for (const char* text : {"first", "second"}) {
-    folder.write(kFile, text);
-    ASSERT_TRUE(preferences.setAppValue("a", 1, kDomain));
-  }
-  EXPECT_THAT(otherNames(), ElementsAre(kAside, "com.zorvek.quorvantis.plist.unreadable-2"));
-  EXPECT_EQ(aside(), "first");
-  EXPECT_THAT(problems, SizeIs(2));
-}
-
 TEST_F(DamagedDomain, EmptyFileIsOne) {
-  folder.write(kFile, "");
-  ASSERT_TRUE(preferences.setAppValue("a", 1, kDomain));
-  EXPECT_THAT(otherNames(), ElementsAre(kAside));
+  damage("");
+  EXPECT_FALSE(preferences.setAppValue("a", 1, kDomain));
+  EXPECT_TRUE(preferences.damage(kDomain));
+  EXPECT_EQ(folder.contents(kFile), "");
 }
 
 TEST_F(DamagedDomain, TopThatIsNotADictionaryIsOne) {
-  const auto bytes = plist::writeBinary(plist::Array{1});
-  ASSERT_TRUE(bytes);
-  folder.write(kFile, textOf(*bytes));
-  ASSERT_TRUE(preferences.setAppValue("a", 1, kDomain));
+  damage(textOf(*plist::writeBinary(plist::Array{1})));
+  EXPECT_FALSE(preferences.setAppValue("a", 1, kDomain));
   EXPECT_THAT(problems, ElementsAre(HasSubstr("its top is not a dictionary")));
-  EXPECT_THAT(otherNames(), ElementsAre(kAside));
+}
+
+TEST_F(DamagedDomain, SaysWhyItCanNotBeRead) {
+  EXPECT_FALSE(preferences.damage(kDomain));
+  storeElsewhere("a", 1);
+  EXPECT_FALSE(preferences.damage(kDomain));
+  damage();
+  const auto damage = preferences.damage(kDomain);
+  ASSERT_TRUE(damage);
+  EXPECT_EQ(damage->kind, ErrorKind::Damaged);
+  EXPECT_EQ(damage->path, kFile);
+}
+
+TEST_F(DamagedDomain, ThatIsTooLargeIsRefusedByItsSizeAndStays) {
+  damage();
+  fs::resize_file(folder.at(kFile), std::uintmax_t{1} << 40);
+  const auto set = preferences.setAppValue("a", 1, kDomain);
+  ASSERT_FALSE(set);
+  EXPECT_EQ(
+      set.error().message(),
+      std::string(kFile) + ": 1099511627776 bytes, at most 67108864 are read: File too large");
+  EXPECT_EQ(fs::file_size(folder.at(kFile)), std::uintmax_t{1} << 40);
+}
+
+TEST_F(DamagedDomain, IsKeptAsideWhenTheDomainIsReplaced) {
+  damage();
+  ASSERT_TRUE(preferences.replaceDomain({{"a", 1}}, kDomain));
+  EXPECT_EQ(aside(1), kGarbage);
+  EXPECT_EQ(stored("a"), Value(1));
+  EXPECT_EQ(preferences.copyAppValue("a", kDomain), Value(1));
+  EXPECT_TRUE(preferences.setAppValue("b", 2, kDomain));
+  EXPECT_EQ(modeOf(folder.at(kFile)), 0600u);
+}
+
+TEST_F(DamagedDomain, IsReplacedByAnEmptyOne) {
+  damage();
+  ASSERT_TRUE(preferences.replaceDomain({}, kDomain));
+  EXPECT_EQ(aside(1), kGarbage);
+  EXPECT_FALSE(preferences.damage(kDomain));
+  EXPECT_THAT(preferences.copyKeyList(kDomain), IsEmpty());
+}
+
+TEST_F(DamagedDomain, FiveOfThemAreKept) {
+  for (int round = 1; round <= 7; ++round) {
+    damage(kGarbage + std::to_string(round));
+    ASSERT_TRUE(preferences.replaceDomain({}, kDomain));
+  }
+  EXPECT_THAT(otherNames(), SizeIs(5));
+  EXPECT_EQ(aside(3), kGarbage + std::string("3"));
+  EXPECT_EQ(aside(7), kGarbage + std::string("7"));
+}
+
+TEST_F(DamagedDomain, KeepsItsOnlyNameWhenItCanNotBeReplaced) {
+  damage();
+  EXPECT_TRUE(succeeded(startProcess([&] {
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{16, 16};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    const auto replaced = preferences.replaceDomain({{"a", 1}}, kDomain);
+    return !replaced && replaced.error().code == EFBIG;
+  })));
+  EXPECT_EQ(folder.contents(kFile), kGarbage);
+  EXPECT_THAT(otherNames(), IsEmpty());
+}
+
+TEST_F(PreferencesTest, ReplacedDomainHasJustTheGivenEntries) {
+  ASSERT_TRUE(preferences.setMultiple({{"a", 1}, {"b", 2}}, {}, kDomain));
+  ASSERT_TRUE(preferences.replaceDomain({{"b", 3}}, kDomain));
+  EXPECT_EQ(stored("a"), Value());
+  EXPECT_EQ(stored("b"), Value(3));
+  EXPECT_FALSE(preferences.copyAppValue("a", kDomain));
+  EXPECT_FALSE(preferences.unfinished());
+  EXPECT_THAT(otherNames(), IsEmpty());
+}
+
+// Another process that rewrites the file in place: it truncates it, and writes it bit by bit.
+TEST_F(PreferencesTest, FileThatIsBeingRewrittenInPlaceIsNotDamaged) {
+  const std::string whole = textOfDomain({{"theirs", 1}});
+  folder.write(kFile, "");
+  const pid_t writer = startProcess([&] {
+    for (const std::size_t left : {20, 1, 0}) {
+      poll(nullptr, 0, 110);
+      folder.write(kFile, whole.substr(0, whole.size() - left));
+    }
+    return true;
+  });
+  EXPECT_TRUE(preferences.setAppValue("mine", 2, kDomain));
+  EXPECT_EQ(preferences.copyAppValue("theirs", kDomain), Value(1));
+  EXPECT_TRUE(succeeded(writer));
+}
+
+TEST_F(DamagedDomain, IsNotWaitedForAgainOnceItIsKnown) {
+  damage("");
+  EXPECT_FALSE(preferences.appSynchronize(kDomain));
+  const auto start = std::chrono::steady_clock::now();
+  for (int round = 0; round < 5; ++round) EXPECT_FALSE(preferences.appSynchronize(kDomain));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(150));
 }
 
 TEST_F(DamagedDomain, LeavesWhatWasReadBefore) {
@@ -91,19 +212,6 @@ TEST_F(DamagedDomain, IsReportedAgainWhenItWasWellInBetween) {
   folder.write(kFile, "garbage");
   EXPECT_FALSE(preferences.appSynchronize(kDomain));
   EXPECT_THAT(problems, SizeIs(2));
-}
-
-TEST_F(DamagedDomain, IsKeptInPlaceWhenTheNewOneCannotBeWritten) {
-  folder.write(kFile, "garbage");
-  EXPECT_TRUE(succeeded(startProcess([&] {
-    std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit limit{16, 16};
-    setrlimit(RLIMIT_FSIZE, &limit);
-    const auto set = preferences.setAppValue("a", 1, kDomain);
-    return !set && set.error().code == EFBIG;
-  })));
-  EXPECT_EQ(folder.contents(kFile), "garbage");
-  EXPECT_THAT(otherNames(), IsEmpty());
 }
 
 TEST_F(DamagedDomain, XmlIsOneWithoutAReader) {
