@@ -61,6 +61,19 @@ Result<Done> writeUserFile(const std::string& path, plist::Bytes bytes) {
   return Done{};
 }
 
+bool isRegularFile(const std::string& path) {
+  struct stat status {};
+  return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+std::string absolutePath(const std::string& path) {
+  std::error_code unresolved;
+  std::string absolute = std::filesystem::absolute(path, unresolved).lexically_normal();
+  if (unresolved) return path;
+  if (absolute.size() > 1 && absolute.ends_with('/')) absolute.pop_back();
+  return absolute;
+}
+
 Result<Done> writeStream(Stream stream, std::string_view text) {
   const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
   if (writeWhole(static_cast<int>(stream), {bytes, text.size()})) return Done{};
