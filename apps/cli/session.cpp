@@ -40,7 +40,7 @@ host::Device& Session::device() {
 
 host::Settings Session::settings() {
   host::Device& made = device();
-  return {made.environment(), *clock_,
+  return {made.environment(), *clock_, made.notifications(),
           [&made] { return made.takeProblems(host::Severity::Failure); }};
 }
 
@@ -59,7 +59,7 @@ std::vector<host::Problem> Session::takeWarnings() {
 }
 
 void Session::print(const Listing& listing) {
-  if (json) return printJson(Json(listing.document));
+  if (json) return printJson(listing.document);
   for (const std::string& line : listing.columns.lines()) print(line);
 }
 
