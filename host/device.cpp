@@ -23,9 +23,11 @@ constexpr std::chrono::milliseconds kFinished{500};
 
 Device::Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQueue> mainQueue,
                const Substitutes& substitutes)
-    : collator_(reportOf(Source::Collation, Severity::Warning)),
+    : notifications_(substitutes.darwinCenter ? *substitutes.darwinCenter : darwinCenter_),
+      collator_(reportOf(Source::Collation, Severity::Warning)),
       urls_(desktop_, reportOf(Source::Urls, Severity::Failure)),
       root_(options.root),
+      contactsFolder_(options.contacts.value_or(options.root + services::kAddressBookPath)),
       addressBook_(root_, options.contacts, collator_,
                    reportOf(Source::Contacts, Severity::Warning)),
       sounds_(root_, desktopSounds(), reportOf(Source::Sounds, Severity::Failure)),
@@ -38,7 +40,7 @@ Device::Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQue
           .preferences = preferences_,
           .defaultCenter = center_,
           .mainQueue = *mainQueue_,
-          .darwinCenter = substitutes.darwinCenter ? *substitutes.darwinCenter : darwinCenter_,
+          .darwinCenter = notifications_,
           .collator = collator_,
           .urls = substitutes.urls ? *substitutes.urls : urls_,
           .addressBook = addressBook_,

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "host/deferred_notifications.h"
 #include "host/device_options.h"
 #include "host/problem.h"
 #include "host/reporting_urls.h"
@@ -38,7 +39,9 @@ class Device {
   foundation::DeviceRoot& root() { return root_; }
   foundation::Preferences& preferences() { return preferences_; }
 
+  DeferredNotifications& notifications() { return notifications_; }
   uikit::Screen& screen() { return screen_; }
+  const std::string& contactsFolder() const { return contactsFolder_; }  // on this machine
 
   // What the pages ignore and must be reported to the user: a domain file that can't be read, a
   // write that failed, a URL that can't be opened; as a warning what was done all the same, only
@@ -74,12 +77,14 @@ class Device {
   std::vector<Problem> kept_;
 
   services::SessionNotificationCenter darwinCenter_;
+  DeferredNotifications notifications_;
   services::UserCollator collator_;
   services::DesktopUrls desktop_;
   ReportingUrls urls_;
   services::LazyXml xml_;
 
   foundation::DeviceRoot root_;
+  std::string contactsFolder_;
   services::VCardAddressBook addressBook_;
   services::DeviceSounds sounds_;
   uikit::Screen screen_;

@@ -19,4 +19,10 @@ std::string defaultRoot() {
   return {};
 }
 
+std::string defaultState() {
+  if (auto state = variable("XDG_STATE_HOME"); state.starts_with('/')) return state + "/quorvantis";
+  if (auto home = variable("HOME"); !home.empty()) return home + "/.local/state/quorvantis";
+  return {};
+}
+
 }  // namespace host

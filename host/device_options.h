@@ -27,4 +27,8 @@ struct DeviceOptions {
 // XDG_DATA_HOME counts as none.
 std::string defaultRoot();
 
+// The user's folder for what the host itself remembers: quorvantis below XDG_STATE_HOME, else below
+// ~/.local/state. Empty when neither that, absolute, nor HOME is set.
+std::string defaultState();
+
 }  // namespace host

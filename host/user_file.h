@@ -4,6 +4,7 @@
 
 namespace host {
 
+using foundation::isRegularFile;
 using foundation::readUserFile;
 using foundation::Stream;
 using foundation::writeStream;

@@ -66,11 +66,7 @@ Outcome<Done> readStore(Session& session, const Arguments& arguments) {
   }
   const auto domain = storeOf(session).readAll();
   if (!domain) return failureOf(domain.error());
-  if (session.json)
-    session.printJson(drive::toJson(*domain));
-  else
-    for (const auto& [key, value] : *domain)
-      session.print(key + " = " + drive::textOf(drive::toJson(value)));
+  printEntries(session, *domain);
   return Done{};
 }
 

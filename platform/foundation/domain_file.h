@@ -16,6 +16,9 @@ namespace foundation {
 // Reads a property list that isn't binary, or says what is wrong with it.
 using XmlReader = std::function<platform::Result<plist::Value>(plist::Bytes)>;
 
+// The platform path of a domain's file.
+std::string domainPath(std::string_view domain);
+
 // Which file, and which state of it, a reading came from. Two equal stamps of which the first is
 // stable mean that nothing was written in between: a file that changed only moments before it was
 // read could change again within the same tick of its file system's clock, and is not stable.

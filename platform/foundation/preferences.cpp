@@ -92,7 +92,7 @@ Result<Done> Preferences::store(Domain& domain, std::chrono::milliseconds patien
 }
 
 Result<Done> Preferences::finish(Domain& domain, std::chrono::milliseconds patience) {
-  if (domain.kept.empty() && !domain.file.unflushed()) return Done{};
+  if (held_ || (domain.kept.empty() && !domain.file.unflushed())) return Done{};
   if (!domain.kept.empty()) {
     const auto stored = store(domain, patience);
     if (!stored) return failed(domain, stored.error());
@@ -156,7 +156,7 @@ Result<Done> Preferences::setMultiple(const plist::Dictionary& values,
   const plist::Dictionary before = target.kept;
   for (const auto& entry : *storable.dictionary()) target.kept.set(entry.key, entry.value);
   for (const std::string& key : remove) target.kept.set(key, plist::Value());
-
+  if (held_) return Done{};
   // Whoever held the lock a moment ago isn't waited for again.
   const auto stored = store(target, before.empty() ? lockPatience_ : std::chrono::milliseconds(0));
   if (stored && !before.empty() && keptHandler_) keptHandler_();
@@ -196,6 +196,31 @@ bool Preferences::unfinished() const {
   for (const auto& [name, domain] : domains_)
     if (!domain.kept.empty() || domain.file.unflushed()) return true;
   return false;
+}
+
+void Preferences::hold() {
+  held_ = true;
+  for (auto& [name, domain] : domains_) domain.keptBefore = domain.kept;
+}
+
+void Preferences::drop() {
+  held_ = false;
+  for (auto& [name, domain] : domains_) domain.kept = std::exchange(domain.keptBefore, {});
+}
+
+Result<Done> Preferences::release() {
+  held_ = false;
+  for (auto& [name, domain] : domains_) {
+    const plist::Dictionary before = std::exchange(domain.keptBefore, {});
+    if (plist::Value(domain.kept) == plist::Value(before)) continue;
+    if (const auto stored = store(domain, lockPatience_); !stored) {
+      const Error error = failed(domain, stored.error());
+      drop();
+      domain.kept = before;
+      return error;
+    }
+  }
+  return finish(lockPatience_);
 }
 
 std::optional<Error> Preferences::damage(std::string_view domain) {

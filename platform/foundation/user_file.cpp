@@ -71,6 +71,19 @@ Result<Done> writeUserFile(const std::string& path, plist::Bytes bytes) {
   return Done{};
 }
 
+bool isRegularFile(const std::string& path) {
+  struct stat status {};
+  return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+std::string absolutePath(const std::string& path) {
+  std::error_code unresolved;
+  std::string absolute = std::filesystem::absolute(path, unresolved).lexically_normal();
+  if (unresolved) return path;
+  if (absolute.size() > 1 && absolute.ends_with('/')) absolute.pop_back();
+  return absolute;
+}
+
 Result<Done> writeStream(Stream stream, std::string_view text) {
   std::string visible;
   if (isatty(static_cast<int>(stream))) text = visible = visibleText(text);

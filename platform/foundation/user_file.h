@@ -21,6 +21,12 @@ platform::Result<std::vector<std::uint8_t>> readUserFile(const std::string& path
 // file is written to as it is.
 platform::Result<platform::Done> writeUserFile(const std::string& path, plist::Bytes bytes);
 
+// Whether there is one, or a link that leads to one.
+bool isRegularFile(const std::string& path);
+
+// From the working folder on, without "." and ".."; links stay as they are. Empty for an empty one.
+std::string absolutePath(const std::string& path);
+
 // As it is; on a terminal, what could control it or reorder its text is escaped: see visibleText.
 enum class Stream { Output = 1, Error = 2 };
 platform::Result<platform::Done> writeStream(Stream stream, std::string_view text);

@@ -41,7 +41,9 @@ class Export(ProfileTest):
         self.write_profile(20, VALUES)
         self.file.write_bytes(b"old")
         before = sorted(self.scratch.iterdir())
-        self.output("profile", "export", "20", str(self.file))
+        self.assertIn("--overwrite", self.refuse(4, "profile", "export", "20", str(self.file)))
+        self.assertEqual(self.file.read_bytes(), b"old")
+        self.output("profile", "export", "20", str(self.file), "--overwrite")
         self.assertEqual(plistlib.loads(self.file.read_bytes()), VALUES)
         self.assertEqual(sorted(self.scratch.iterdir()), before)
 
@@ -50,7 +52,8 @@ class Export(ProfileTest):
         self.file.write_bytes(b"old")
         link = self.scratch / "link"
         link.symlink_to(self.file)
-        self.output("profile", "export", "20", str(link))
+        self.refuse(4, "profile", "export", "20", str(link))
+        self.output("profile", "export", "20", str(link), "--overwrite")
         self.assertTrue(link.is_symlink())
         self.assertEqual(plistlib.loads(self.file.read_bytes()), VALUES)
 
@@ -109,6 +112,16 @@ class Import(ProfileTest):
     def test_plain_binary(self):
         self.output("profile", "import", self.file(plistlib.dumps(VALUES, fmt=plistlib.FMT_BINARY)))
         self.assertEqual(self.show("20"), VALUES)
+
+    def test_from_standard_input(self):
+        done = self.run_program("profile", "import", "-", input=plistlib.dumps(VALUES))
+        self.assertEqual((done.returncode, done.stderr), (0, b""))
+        self.assertEqual(self.show("20"), VALUES)
+
+    def test_standard_input_that_is_no_list(self):
+        done = self.run_program("profile", "import", "-", input=b"x")
+        self.assertEqual(done.returncode, 1)
+        self.assertTrue(done.stderr.startswith(b"quorvantis: standard input: "), done.stderr)
 
     def test_binary_archive(self):
         self.output("profile", "import", self.file(archive(VALUES)))

@@ -94,7 +94,8 @@ TEST(DescribeRow, IsChangedWhileItShowsSomethingElseThanItsDefault) {
 TEST(DescribeRow, WithAGetterOfItsOwnShowsWhatThatGives) {
   Shown shown({row("PSEditTextCell", "text", {{"get", "shout:"}, {"default", "Hello"}})});
   EXPECT_EQ(shown.row("text").value, Value("Hello!"));
-  host::Settings settings(shown.environment, shown.queue,
+  host::DeferredNotifications notifications(shown.environment.darwinCenter);
+  host::Settings settings(shown.environment, shown.queue, notifications,
                           [] { return host::Settings::Problems(); });
   EXPECT_EQ(*settings.value("text"), Value("Hello!"));
 }
