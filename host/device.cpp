@@ -56,10 +56,28 @@ Device::Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQue
   preferences_.setProblemHandler(reportOf(Source::Settings, Severity::Failure));
   preferences_.setRecoveryHandler(
       [this](const platform::Error& error) { withdraw(problemOf(Source::Settings, error)); });
+  if (options.state) makeBackups(options);
   if (!options.realTime) return;
   preferences_.setUnfinishedHandler([this] { finishSoon(); });
   preferences_.setKeptHandler(
       [this] { environment_.darwinCenter.post(prefs::kPrefsNotification); });
+}
+
+void Device::makeBackups(const DeviceOptions& options) {
+  const auto warn = reportOf(Source::Backups, Severity::Warning);
+  if (options.state->empty()) {
+    environment_.profileGuard = [warn](const preferences::ProfileStep&) {
+      warn(
+          {.what = "nothing is kept of what this changes: neither XDG_STATE_HOME nor HOME is set"});
+      return nullptr;
+    };
+    return;
+  }
+  backups_ = std::make_unique<Backups>(environment_, *options.state, options.lockPatience, warn);
+  preferences_.setChangeObserver(backups_.get());
+  environment_.profileGuard = [this](const preferences::ProfileStep& step) {
+    return backups_->guard(step);
+  };
 }
 
 // Tasks that wait and alerts hold pages, and those need the device until they are gone.

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "host/backups.h"
 #include "host/deferred_notifications.h"
 #include "host/device_options.h"
 #include "host/problem.h"
@@ -43,6 +44,9 @@ class Device {
   uikit::Screen& screen() { return screen_; }
   const std::string& contactsFolder() const { return contactsFolder_; }  // on this machine
 
+  // Null where the options name no folder for it.
+  Backups* backups() { return backups_.get(); }
+
   // What the pages ignore and must be reported to the user: a domain file that can't be read, a
   // write that failed, a URL that can't be opened; as a warning what was done all the same, only
   // not as well: text sorted by its bytes, contacts without those that can't be read. With a
@@ -65,6 +69,7 @@ class Device {
 
  private:
   platform::Report reportOf(Source source, Severity severity);
+  void makeBackups(const DeviceOptions& options);
   void report(const Problem& problem);
   void withdraw(const Problem& problem);
   void call(const std::shared_ptr<const ProblemHandler>& handler, const Problem& problem);
@@ -92,6 +97,7 @@ class Device {
   foundation::NotificationCenter center_;
   std::unique_ptr<foundation::MainQueue> mainQueue_;
   preferences::Environment environment_;
+  std::unique_ptr<Backups> backups_;
   bool finishing_ = false;  // a task that finishes the sets is in the main queue
 };
 

@@ -8,7 +8,18 @@
 namespace host {
 
 // Where a problem arose.
-enum class Source { Settings, Profiles, Log, Contacts, Sounds, Urls, Collation, Bus, Request };
+enum class Source {
+  Settings,
+  Profiles,
+  Log,
+  Contacts,
+  Sounds,
+  Urls,
+  Collation,
+  Bus,
+  Request,
+  Backups
+};
 
 enum class Severity {
   Warning,  // it was done all the same, only not as well

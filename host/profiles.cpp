@@ -192,12 +192,12 @@ Attempt<Done> Profiles::copy(const Trigger& from, const Trigger& to, Existing ex
   if (const auto free = checkFree(to, existing); !free) return free;
   plist::Dictionary copy = *plist::storable(*profile)->dictionary();
   copy.set(prefs::kProfilePercentage, to.profileID);
-  return write(to, copy, existing);
+  return write(to, copy, existing, preferences::ProfileStep::Save);
 }
 
 Attempt<Done> Profiles::write(const Trigger& trigger, const plist::Dictionary& profile,
-                              Existing existing) {
-  const auto written = prefs::writeProfile(environment_, trigger.path, profile, existing);
+                              Existing existing, preferences::ProfileStep::What what) {
+  const auto written = prefs::writeProfile(environment_, trigger.path, profile, existing, what);
   if (written) return Done{};
   if (existing == Existing::Keep && written.error().code == EEXIST) return exists(trigger);
   if (written.error().kind == platform::ErrorKind::Unconfirmed)
@@ -236,7 +236,8 @@ Attempt<Trigger> Profiles::import(plist::Bytes bytes, Existing existing) {
   if (!imported) return imported.error();
   const auto& [trigger, values] = *imported;
   if (const auto free = checkFree(trigger, existing); !free) return free.error();
-  if (const auto written = write(trigger, values, existing); !written) return written.error();
+  const auto written = write(trigger, values, existing, preferences::ProfileStep::Import);
+  if (!written) return written.error();
   return trigger;
 }
 

@@ -62,7 +62,8 @@ class Profiles {
   Attempt<Trigger> import(plist::Bytes bytes, Existing existing);
 
  private:
-  Attempt<Done> write(const Trigger& trigger, const plist::Dictionary& profile, Existing existing);
+  Attempt<Done> write(const Trigger& trigger, const plist::Dictionary& profile, Existing existing,
+                      preferences::ProfileStep::What what);
   Attempt<Done> checkFree(const Trigger& trigger, Existing existing) const;
   // Whether the file is again what it was.
   bool restore(const Trigger& trigger, const platform::Result<std::vector<std::uint8_t>>& before);

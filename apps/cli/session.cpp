@@ -46,6 +46,11 @@ host::Settings Session::settings() {
           [&made] { return made.takeProblems(host::Severity::Failure); }};
 }
 
+Outcome<host::Backups*> Session::backups() {
+  if (host::Backups* backups = device().backups()) return backups;
+  return Failure{ExitCode::Failed, "nothing is kept: neither XDG_STATE_HOME nor HOME is set"};
+}
+
 Outcome<Done> Session::storeWorked() {
   const auto problems = device().takeProblems(host::Severity::Failure);
   if (problems.empty()) return Done{};

@@ -45,6 +45,8 @@ class Session {
 
   host::Device& device();
   host::Settings settings();
+  // Failed where there is no place for them.
+  Outcome<host::Backups*> backups();
 
   // Failed with the first thing that went wrong with the store, if anything did.
   Outcome<Done> storeWorked();

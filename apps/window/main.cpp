@@ -39,6 +39,7 @@ int run(const window::Options& options) {
   auto mainQueue = std::make_unique<window::QtMainQueue>();
   window::QtMainQueue& queue = *mainQueue;
   host::Device device(options.device, std::move(mainQueue));
+  if (device.backups()) device.backups()->prepare();
   host::Application application(device.environment(), window::kGuessedEntries,
                                 window::kGuessedEntries);
   if (const auto launched = application.perform(host::Launch{options.page}); !launched)

@@ -141,6 +141,22 @@ Result<Done> DeviceRoot::writeDurably(std::string_view path, plist::Bytes bytes,
   return flushFolder(*folder);
 }
 
+Result<Done> DeviceRoot::create(std::string_view path, plist::Bytes bytes) {
+  const Location at = locate(path);
+  if (!namesAnEntry(at.name)) return Error{std::string(path), EINVAL};
+  const auto made = createDirectory(at.folder);
+  if (!made) return made.error();
+  const auto folder = openDirectory(at.folder);
+  if (!folder) return folder.error();
+  Descriptor file(openat(folder->descriptor(), at.name.c_str(),
+                         O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+  if (!file) return Error{std::string(path), errno, "create"};
+  if (writeWhole(file.number(), bytes) && file.close()) return Done{};
+  const int code = errno;
+  unlinkat(folder->descriptor(), at.name.c_str(), 0);
+  return Error{std::string(path), code, "write"};
+}
+
 Result<Done> DeviceRoot::remove(std::string_view path, Folders folders) {
   const Location at = locate(path);
   if (!namesAnEntry(at.name)) return Error{std::string(path), EINVAL};

@@ -52,6 +52,10 @@ class DeviceRoot {
   platform::Result<platform::Done> writeDurably(std::string_view path, plist::Bytes bytes,
                                                 Existing existing = Existing::Overwrite);
 
+  // A new file likewise, but EEXIST where the name is taken, and not durable: it outlives this
+  // process, but not a power cut, which may also leave a part of it.
+  platform::Result<platform::Done> create(std::string_view path, plist::Bytes bytes);
+
   // A file or a link (not what it leads to), durably; a folder with all that it holds, or EISDIR.
   // An error of the kind Unconfirmed: it is gone.
   platform::Result<platform::Done> remove(std::string_view path, Folders folders = Folders::Refuse);

@@ -10,8 +10,8 @@ using platform::Error;
 using platform::ErrorKind;
 using platform::Result;
 
-Result<Done> change(DomainFile& file, const plist::Dictionary& sets,
-                    std::chrono::milliseconds patience) {
+Result<KeyChanges> change(DomainFile& file, const plist::Dictionary& sets,
+                          std::chrono::milliseconds patience) {
   plist::Dictionary values;
   std::vector<std::string> remove;
   for (const auto& [key, value] : sets) {
@@ -42,7 +42,8 @@ Preferences::Domain& Preferences::domain(std::string_view name) {
   const auto found = domains_.find(name);
   if (found != domains_.end()) return found->second;
   DomainFile file(root_, name, xml_);
-  return domains_.emplace(std::string(name), Domain{std::move(file)}).first->second;
+  Domain made{std::string(name), std::move(file)};
+  return domains_.emplace(made.name, std::move(made)).first->second;
 }
 
 Preferences::Domain& Preferences::loadedDomain(std::string_view name) {
@@ -55,6 +56,14 @@ const plist::Value* Preferences::find(const Domain& domain, std::string_view key
   const plist::Value* kept = domain.kept.find(key);
   if (!kept) return domain.entries.find(key);
   return kept->isNothing() ? nullptr : kept;
+}
+
+void Preferences::willChange(const Domain& domain) {
+  if (observer_) observer_->willChange(domain.name);
+}
+
+void Preferences::didChange(const Domain& domain, const KeyChanges& changes) {
+  if (observer_) observer_->didChange(domain.name, changes);
 }
 
 Error Preferences::failed(Domain& domain, Error error, Repeated repeated) {
@@ -85,10 +94,13 @@ Result<Done> Preferences::refresh(Domain& domain) {
 }
 
 Result<Done> Preferences::store(Domain& domain, std::chrono::milliseconds patience) {
+  if (!domain.kept.empty()) willChange(domain);
   const auto changed = change(domain.file, domain.kept, patience);
+  if (changed && !domain.kept.empty()) didChange(domain, *changed);
   if (changed && domain.loaded) overlay(domain.kept, domain.entries);
   if (changed || changed.error().kind == ErrorKind::Damaged) domain.kept = {};
-  return changed;
+  if (!changed) return changed.error();
+  return Done{};
 }
 
 Result<Done> Preferences::finish(Domain& domain, std::chrono::milliseconds patience) {
@@ -170,6 +182,23 @@ Result<Done> Preferences::setMultiple(const plist::Dictionary& values,
   return stored;
 }
 
+Result<std::vector<std::string>> Preferences::exchange(const KeyChanges& changes,
+                                                       std::string_view domain) {
+  Domain& target = this->domain(domain);
+  willChange(target);
+  const auto made = target.file.exchange(changes, lockPatience_);
+  if (!made) return failed(target, made.error());
+  if (!made->empty()) didChange(target, *made);
+  if (unfinishedHandler_ && unfinished()) unfinishedHandler_();
+  if (const auto seen = refresh(target); !seen) return seen.error();
+  std::vector<std::string> left;
+  for (const auto& [key, from, to] : changes) {
+    const plist::Value* now = target.entries.find(key);
+    if (now && to ? !(*now == *to) : now || to) left.push_back(key);
+  }
+  return left;
+}
+
 Result<Done> Preferences::synchronize() {
   std::optional<Error> first;
   for (auto& [name, domain] : domains_) {
@@ -231,9 +260,11 @@ std::optional<Error> Preferences::damage(std::string_view domain) {
 Result<Done> Preferences::replaceDomain(const plist::Dictionary& entries, std::string_view domain) {
   Domain& target = this->domain(domain);
   const plist::Value storable = *plist::storable(entries);
+  willChange(target);
   const auto replaced = target.file.replace(*storable.dictionary(), lockPatience_);
   if (!replaced && replaced.error().kind != ErrorKind::Unconfirmed)
     return failed(target, replaced.error());
+  didChange(target, {});
   target.kept = {};
   target.entries = *storable.dictionary();
   target.stamp = {};

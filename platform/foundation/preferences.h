@@ -15,6 +15,16 @@
 
 namespace foundation {
 
+// Learns of changes of domains by this process, without the lock being held. `willChange` is called
+// also where the change then fails.
+class ChangeObserver {
+ public:
+  virtual ~ChangeObserver() = default;
+  virtual void willChange(std::string_view domain) = 0;
+  // The keys whose values are others now; none where the domain was replaced or stays equal.
+  virtual void didChange(std::string_view domain, const KeyChanges& changes) = 0;
+};
+
 // The preference store: one binary property list per domain below the device root
 // (/var/mobile/Library/Preferences/DOMAIN.plist, mode 0600), current user, any host.
 //
@@ -62,6 +72,11 @@ class Preferences {
                                                const std::vector<std::string>& remove,
                                                std::string_view domain);
 
+  // Makes those of the changes whose key has the value `from` in the file, at once and as one
+  // change. Gives the keys that have neither that nor the value `to`, and keep theirs.
+  platform::Result<std::vector<std::string>> exchange(const KeyChanges& changes,
+                                                      std::string_view domain);
+
   // The standard user defaults' synchronize: finishes every domain that this process has changed,
   // without waiting for a lock, and sees anew what is on disk of every one that it has touched.
   platform::Result<platform::Done> synchronize();
@@ -100,12 +115,16 @@ class Preferences {
   // Is called when there is something to finish.
   void setUnfinishedHandler(std::function<void()> handler);
 
+  // It has to outlive this; null: nobody.
+  void setChangeObserver(ChangeObserver* observer) { observer_ = observer; }
+
   // Reads domain files that aren't binary; without it they count as damaged. A set writes them back
   // as binary.
   void setXmlReader(XmlReader reader);
 
  private:
   struct Domain {
+    std::string name;
     DomainFile file;
     plist::Dictionary entries{};  // as they are on disk
     FileStamp stamp{};
@@ -124,6 +143,8 @@ class Preferences {
   platform::Result<platform::Done> store(Domain& domain, std::chrono::milliseconds patience);
   platform::Result<platform::Done> finish(Domain& domain, std::chrono::milliseconds patience);
   platform::Error failed(Domain& domain, platform::Error error, Repeated repeated = Repeated::Once);
+  void willChange(const Domain& domain);
+  void didChange(const Domain& domain, const KeyChanges& changes);
   void recovered(Domain& domain);
 
   DeviceRoot& root_;
@@ -134,6 +155,7 @@ class Preferences {
   platform::Report problemHandler_, recoveryHandler_;
   std::function<void()> keptHandler_, unfinishedHandler_;
   std::optional<platform::Error> failedSet_;
+  ChangeObserver* observer_ = nullptr;
   std::map<std::string, Domain, std::less<>> domains_;
 };
 

@@ -106,6 +106,7 @@ void ProfilesListController::loadProfile(std::int32_t row) {
 
 platform::Result<LoadedProfile> ProfilesListController::loadProfileAtPath(
     const std::string& path, AfterFailure afterFailure) {
+  const auto guarded = environment().guard({preferences::ProfileStep::Load, path});
   auto loaded = prefs::loadProfile(environment(), path);
   if (!loaded) return loaded.error();
   if (!loaded->missing.empty()) report(loaded->missing);

@@ -105,12 +105,17 @@ std::vector<Difference> differences(const plist::Dictionary& from, const plist::
   return found;
 }
 
-plist::Dictionary domainAfterLoad(const plist::Dictionary& profile, plist::Dictionary domain) {
+plist::Dictionary domainLaidByLoad(const plist::Dictionary& profile, plist::Dictionary domain) {
   plist::Dictionary snapshot = domain;
   overlayProfile(profile, snapshot);
-  snapshot.set(key::profileactive, isActive(snapshot) ? 1.0f : 0.0f);
   // Nothing is ever removed from the store.
   for (const auto& [key, value] : snapshot) domain.set(key, value);
+  return domain;
+}
+
+plist::Dictionary domainAfterLoad(const plist::Dictionary& profile, plist::Dictionary domain) {
+  domain = domainLaidByLoad(profile, std::move(domain));
+  domain.set(key::profileactive, isActive(domain) ? 1.0f : 0.0f);
   return domain;
 }
 

@@ -56,7 +56,9 @@ struct Difference {
 // order, then those that only the second one has.
 std::vector<Difference> differences(const plist::Dictionary& from, const plist::Dictionary& to);
 
-// The domain as loading this profile would leave it, the switch of the profile page included.
+// The domain as a load's whole-domain write would leave it; and as the load would, the switch of
+// the profile page included.
+plist::Dictionary domainLaidByLoad(const plist::Dictionary& profile, plist::Dictionary domain);
 plist::Dictionary domainAfterLoad(const plist::Dictionary& profile, plist::Dictionary domain);
 
 }  // namespace prefs
