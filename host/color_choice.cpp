@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "host/closest.h"
 #include "host/describe.h"
 #include "prefs/colorpicker/palettes.h"
 #include "prefs/colorpicker/view_tags.h"
@@ -12,17 +13,16 @@ namespace {
 
 constexpr std::string_view kPicker = "ZorvekColorPickerQuorvantis";
 
-char upper(char c) {
-  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
-// "#0A7FFF"; nothing for what isn't such a text, in letters of either case.
-std::optional<std::string> hexIn(std::string text) {
-  const auto isDigit = [](char c) { return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F'); };
-  std::ranges::transform(text, text.begin(), upper);
-  if (text.size() != 7 || text[0] != '#' || !std::all_of(text.begin() + 1, text.end(), isDigit))
-    return std::nullopt;
-  return text;
+// "#0A7FFF", from such a text with or without "#", in letters of either case; nothing for any
+// other.
+std::optional<std::string> hexIn(const std::string& text) {
+  std::string hex = lowerCase(text);
+  if (!hex.starts_with('#')) hex.insert(0, "#");
+  const auto isDigit = [](char c) { return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f'); };
+  if (hex.size() != 7 || !std::all_of(hex.begin() + 1, hex.end(), isDigit)) return std::nullopt;
+  for (char& c : hex)
+    if (c >= 'a') c = static_cast<char>(c - 'a' + 'A');
+  return hex;
 }
 
 // Where the picker has the color of that name or text.
@@ -32,7 +32,7 @@ std::optional<Select> presetNamed(const std::string& text) {
   for (int section = 0; section < prefs::kCustomSection; ++section) {
     const auto colors = palettes[section].colors;
     const auto found = std::ranges::find_if(colors, [&](const prefs::ColorEntry& each) {
-      return each.name == text || each.hex == hex;
+      return equalInAnyCase(each.name, text) || each.hex == hex;
     });
     if (found != colors.end()) return Select{section, static_cast<int>(found - colors.begin())};
   }
@@ -70,6 +70,11 @@ bool leadsToColorPicker(std::string_view page) {
   return page == kPicker;
 }
 
+bool isColorText(const std::string& text) {
+  return prefs::colorPalettes()[prefs::kSpecialSection].colors[0].hex == text ||
+         (text.starts_with('#') && hexIn(text));
+}
+
 preferences::Choices colorChoices() {
   preferences::Choices choices;
   for (int section = 0; section < prefs::kCustomSection; ++section)
@@ -86,8 +91,9 @@ Outcome<Done> chooseColor(Application& application, const std::string& row,
   const auto hex = hexIn(text);
   if (!preset && !hex)
     return Refusal{RefusalCode::BadValue, "\"" + row +
-                                              "\" takes the name of a color (choices lists them), "
-                                              "none, or #RRGGBB"};
+                                              "\" takes the name of a color, none, or #RRGGBB" +
+                                              didYouMean(text, colorChoices().titles) +
+                                              "; quorvantis choices " + row + " lists them"};
   const auto opened = application.perform(Tap{row});
   if (!opened) return opened.error();
   if (hex && isChosen(application, *hex)) return Done{};

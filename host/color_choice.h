@@ -11,12 +11,15 @@ namespace host {
 // Whether a row that leads to this page is a color.
 bool leadsToColorPicker(std::string_view page);
 
+// Whether it is a color as the picker stores it: "none", or "#" and six hexadecimal digits.
+bool isColorText(const std::string& text);
+
 // The picker's named colors, in its order; a value is what is stored.
 preferences::Choices colorChoices();
 
 // Chooses a color as the user does: opens the row's picker and taps a named color, or mixes it
-// with the sliders and takes the mixed one. The text is a name, "none", or "#" and six hexadecimal
-// digits; BadValue for any other.
+// with the sliders and takes the mixed one. The text is a name in any case, "none", or six
+// hexadecimal digits with or without "#" before them; BadValue for any other.
 Outcome<Done> chooseColor(Application& application, const std::string& row,
                           const std::string& text);
 

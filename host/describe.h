@@ -19,6 +19,10 @@ Scene describe(const Application& application);
 
 // Its parts.
 RowView describeRow(preferences::PSListController& page, preferences::PSSpecifier& row);
+// How the row would show that value, human-readable; and whether the user would see no difference
+// between the two. Nothing is what a row shows that has neither a value nor a default.
+std::string shownText(const preferences::PSSpecifier& row, const plist::Value& value);
+bool sameShown(const preferences::PSSpecifier& row, const plist::Value& a, const plist::Value& b);
 // The part of a row that its color makes.
 void describeColor(const prefs::ZorvekColorPickerQuorvantisLinkCell& cell, RowView& row);
 // The sections, the rows on screen (`entries` from `first` on), and what is chosen.

@@ -1,6 +1,7 @@
 #include "host/describe.h"
 #include "host/describe_control.h"
 #include "platform/foundation/text.h"
+#include "platform/preferences/row_value.h"
 #include "prefs/colorpicker/ZorvekColorPickerQuorvantisLinkCell.h"
 #include "prefs/colorpicker/palettes.h"
 #include "prefs/pages/DependentListController.h"
@@ -47,6 +48,11 @@ RowKind kindOf(CellType type) {
   return RowKind::Value;
 }
 
+RowKind kindOf(const PSSpecifier& row) {
+  constexpr std::string_view kColorCell = "ZorvekColorPickerQuorvantisLinkCell";
+  return row.textForKey("cellClass") == kColorCell ? RowKind::Color : kindOf(row.cellType());
+}
+
 std::optional<WhyNot> whyNotOf(PSListController& page, const PSSpecifier& row) {
   auto* dependent = dynamic_cast<prefs::DependentListController*>(&page);
   if (!dependent) return WhyNot{};
@@ -74,16 +80,30 @@ std::string colorText(const std::string& text) {
   return std::string(preset->name) + (text.starts_with('#') ? ", " + text : "");
 }
 
-std::string shownText(const RowView& view, const PSSpecifier& row) {
-  if (view.value.isNothing()) return {};
-  if (const std::string* title = row.titleForValue(view.value)) return *title;
-  if (auto* button = std::get_if<SwitchView>(&view.control); button && view.built)
-    return button->on ? "on" : "off";
-  if (view.kind == RowKind::Color && view.value.text()) return colorText(*view.value.text());
-  return foundation::replacingInvalidUtf8(foundation::descriptionOf(view.value));
+// An empty text field is one that was never filled in, and a switch without a value is off.
+bool sameSetting(RowKind kind, const plist::Value& a, const plist::Value& b) {
+  if (kind == RowKind::Switch) return foundation::boolValue(a) == foundation::boolValue(b);
+  const plist::Value empty("");
+  const auto orEmpty = [&](const plist::Value& value) -> const plist::Value& {
+    return value.isNothing() ? empty : value;
+  };
+  return plist::equalByValue(orEmpty(a), orEmpty(b));
 }
 
 }  // namespace
+
+std::string shownText(const PSSpecifier& row, const plist::Value& value) {
+  if (value.isNothing()) return {};
+  if (const std::string* title = row.titleForValue(value)) return *title;
+  const RowKind kind = kindOf(row);
+  if (kind == RowKind::Switch) return foundation::boolValue(value) ? "on" : "off";
+  if (kind == RowKind::Color && value.text()) return colorText(*value.text());
+  return foundation::replacingInvalidUtf8(foundation::descriptionOf(value));
+}
+
+bool sameShown(const PSSpecifier& row, const plist::Value& a, const plist::Value& b) {
+  return sameSetting(kindOf(row), a, b);
+}
 
 void describeColor(const ZorvekColorPickerQuorvantisLinkCell& cell, RowView& row) {
   const uikit::ImageView& swatch = *cell.thumbnailView;
@@ -98,27 +118,36 @@ void describeColor(const ZorvekColorPickerQuorvantisLinkCell& cell, RowView& row
   row.shown = colorText(cell.selectedColor.value_or(""));
 }
 
+namespace {
+
+void describeValue(PSListController& page, PSSpecifier& row, RowView& view) {
+  view.standard = preferences::defaultValue(row.properties());
+  if (auto* color = dynamic_cast<ZorvekColorPickerQuorvantisLinkCell*>(row.cellObject())) {
+    describeColor(*color, view);
+  } else {
+    view.value = row.isBuilt() ? shownValue(row, view.control) : page.valueOf(row);
+    view.shown = shownText(row, view.value);
+  }
+  view.changed = !view.key.empty() && !sameSetting(view.kind, view.value, view.standard);
+  if (view.kind == RowKind::Color && view.built) view.value = row.propertyForKey("value");
+}
+
+}  // namespace
+
 RowView describeRow(PSListController& page, PSSpecifier& row) {
-  constexpr std::string_view kColorCell = "ZorvekColorPickerQuorvantisLinkCell";
   RowView view;
   view.id = row.identifier();
   view.label = row.name();
   view.key = row.textForKey("key");
   view.cellType = nameOf(row.cellType());
   view.cellClass = row.textForKey("cellClass");
-  view.kind = view.cellClass == kColorCell ? RowKind::Color : kindOf(row.cellType());
+  view.kind = kindOf(row);
   view.footer = row.textForKey("footerText");
   view.height = row.propertyForKey("height").number().value_or(0);
   view.destructive = row.boolForKey("isDestructive", false);
   if (row.isBuilt()) describeCell(page, row, view);
   view.control = describeControl(row);
-  if (auto* color = dynamic_cast<ZorvekColorPickerQuorvantisLinkCell*>(row.cellObject())) {
-    describeColor(*color, view);
-    view.value = row.propertyForKey("value");
-    return view;
-  }
-  view.value = row.isBuilt() ? shownValue(row, view.control) : page.valueOf(row);
-  view.shown = shownText(view, row);
+  describeValue(page, row, view);
   return view;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "prefs/core/names.h"
 #include "prefs/resources/bundle.h"
 #include "services/services.h"
 
@@ -22,9 +23,11 @@ constexpr std::chrono::milliseconds kFinished{500};
 
 Device::Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQueue> mainQueue,
                const Substitutes& substitutes)
-    : collator_(reportOf(Source::Collation, Severity::Warning)),
+    : notifications_(substitutes.darwinCenter ? *substitutes.darwinCenter : darwinCenter_),
+      collator_(reportOf(Source::Collation, Severity::Warning)),
       urls_(desktop_, reportOf(Source::Urls, Severity::Failure)),
       root_(options.root),
+      contactsFolder_(options.contacts.value_or(options.root + services::kAddressBookPath)),
       addressBook_(root_, options.contacts, collator_,
                    reportOf(Source::Contacts, Severity::Warning)),
       sounds_(root_, desktopSounds(), reportOf(Source::Sounds, Severity::Failure)),
@@ -37,7 +40,7 @@ Device::Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQue
           .preferences = preferences_,
           .defaultCenter = center_,
           .mainQueue = *mainQueue_,
-          .darwinCenter = substitutes.darwinCenter ? *substitutes.darwinCenter : darwinCenter_,
+          .darwinCenter = notifications_,
           .collator = collator_,
           .urls = substitutes.urls ? *substitutes.urls : urls_,
           .addressBook = addressBook_,
@@ -53,8 +56,11 @@ Device::Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQue
   preferences_.setProblemHandler(reportOf(Source::Settings, Severity::Failure));
   preferences_.setRecoveryHandler(
       [this](const platform::Error& error) { withdraw(problemOf(Source::Settings, error)); });
-  if (options.realTime) preferences_.setUnfinishedHandler([this] { finishSoon(); });
   if (options.state) makeBackups(options);
+  if (!options.realTime) return;
+  preferences_.setUnfinishedHandler([this] { finishSoon(); });
+  preferences_.setKeptHandler(
+      [this] { environment_.darwinCenter.post(prefs::kPrefsNotification); });
 }
 
 void Device::makeBackups(const DeviceOptions& options) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "host/backups.h"
+#include "host/deferred_notifications.h"
 #include "host/device_options.h"
 #include "host/problem.h"
 #include "host/reporting_urls.h"
@@ -39,7 +40,9 @@ class Device {
   foundation::DeviceRoot& root() { return root_; }
   foundation::Preferences& preferences() { return preferences_; }
 
+  DeferredNotifications& notifications() { return notifications_; }
   uikit::Screen& screen() { return screen_; }
+  const std::string& contactsFolder() const { return contactsFolder_; }  // on this machine
 
   // Null where the options name no folder for it.
   Backups* backups() { return backups_.get(); }
@@ -79,12 +82,14 @@ class Device {
   std::vector<Problem> kept_;
 
   services::SessionNotificationCenter darwinCenter_;
+  DeferredNotifications notifications_;
   services::UserCollator collator_;
   services::DesktopUrls desktop_;
   ReportingUrls urls_;
   services::LazyXml xml_;
 
   foundation::DeviceRoot root_;
+  std::string contactsFolder_;
   services::VCardAddressBook addressBook_;
   services::DeviceSounds sounds_;
   uikit::Screen screen_;

@@ -20,7 +20,8 @@ struct DeviceOptions {
   // How long a set waits for another program that holds the settings.
   std::chrono::milliseconds lockPatience = foundation::kLockPatience;
   // Whether the main queue runs in real time. What a set leaves to be flushed is flushed within a
-  // second then, and a set that fails is kept and tried again; else only Device::finish flushes.
+  // second then, and a set that fails is kept, tried again, and announced once it is stored; else
+  // only Device::finish flushes.
   bool realTime = false;
 };
 
@@ -29,8 +30,8 @@ struct DeviceOptions {
 // XDG_DATA_HOME counts as none.
 std::string defaultRoot();
 
-// The user's folder for that: quorvantis below XDG_STATE_HOME, else below ~/.local/state. Empty
-// when neither that, absolute, nor HOME is set.
+// The user's folder for what the host itself remembers: quorvantis below XDG_STATE_HOME, else below
+// ~/.local/state. Empty when neither that, absolute, nor HOME is set.
 std::string defaultState();
 
 }  // namespace host

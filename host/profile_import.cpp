@@ -24,15 +24,6 @@ Failure refused(std::string_view key, const std::string& what) {
   return failure(Failure::Refused, "\"" + std::string(key) + "\" " + what);
 }
 
-platform::Result<plist::Value> readPropertyList(plist::Bytes bytes,
-                                                platform::XmlPropertyLists& xml) {
-  const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
-  if (!text.starts_with(kBinaryMagic)) return xml.read(bytes);
-  auto list = plist::readBinary(bytes);
-  if (!list) return platform::Error(list.error());
-  return std::move(*list);
-}
-
 Attempt<plist::Dictionary> readValues(plist::Bytes bytes, platform::XmlPropertyLists& xml) {
   auto list = readPropertyList(bytes, xml);
   if (list && list->dictionary() && list->dictionary()->find(kArchiver))
@@ -65,6 +56,15 @@ Attempt<Done> check(const plist::Dictionary& values, const std::vector<std::stri
 }
 
 }  // namespace
+
+platform::Result<plist::Value> readPropertyList(plist::Bytes bytes,
+                                                platform::XmlPropertyLists& xml) {
+  const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+  if (!text.starts_with(kBinaryMagic)) return xml.read(bytes);
+  auto list = plist::readBinary(bytes);
+  if (!list) return platform::Error(list.error());
+  return std::move(*list);
+}
 
 Attempt<ImportedProfile> readImport(plist::Bytes bytes, platform::XmlPropertyLists& xml) {
   const auto values = readValues(bytes, xml);

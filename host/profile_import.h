@@ -12,4 +12,8 @@ struct ImportedProfile {
 // As Profiles::import says. Offsets and lines in errors are places in these bytes.
 Attempt<ImportedProfile> readImport(plist::Bytes bytes, platform::XmlPropertyLists& xml);
 
+// XML or binary; errors are about these bytes.
+platform::Result<plist::Value> readPropertyList(plist::Bytes bytes,
+                                                platform::XmlPropertyLists& xml);
+
 }  // namespace host

@@ -4,9 +4,12 @@
 #include <cerrno>
 
 #include "host/profile_import.h"
+#include "platform/foundation/text.h"
 #include "prefs/core/names.h"
 #include "prefs/core/preference_store.h"
+#include "prefs/keys.h"
 #include "prefs/profiles/ProfilesListController.h"
+#include "prefs/profiles/profile_settings.h"
 #include "prefs/profiles/saved_profiles.h"
 #include "prefs/profiles/triggers.h"
 
@@ -26,7 +29,9 @@ Failure failed(std::string message) {
 }
 
 Failure noProfile(const Trigger& trigger) {
-  return failure(Failure::NotFound, "", "no profile " + trigger.path);
+  const std::string name = trigger.title.empty() ? "" : "for \"" + trigger.title + "\", ";
+  return failure(Failure::NotFound, "",
+                 "no profile " + name + trigger.path + "; quorvantis profile list lists them");
 }
 
 Failure exists(const Trigger& trigger) {
@@ -47,29 +52,35 @@ Failure halfDone(std::string message) {
   return failure(Failure::Unconfirmed, "", std::move(message));
 }
 
-}  // namespace
-
-std::vector<Trigger> triggers() {
-  std::vector<Trigger> all;
-  for (const plist::Value& value : prefs::triggerValues()) {
-    const std::string& id = *value.text();
-    all.push_back({id, prefs::triggerTitle(id), prefs::profilePath(std::stoi(id))});
-  }
-  return all;
+SavedProfile savedProfile(const std::string& path, const plist::Dictionary& profile) {
+  const auto valueOf = [&](std::string_view key) {
+    const plist::Value* value = profile.find(key);
+    return value ? *value : prefs::profileDefault(key).value_or(plist::Value());
+  };
+  SavedProfile saved;
+  saved.path = path;
+  const plist::Value trigger = valueOf(prefs::kProfilePercentage);
+  if (!trigger.isNothing()) saved.trigger = foundation::descriptionOf(trigger);
+  saved.title = prefs::triggerTitle(foundation::descriptionOf(trigger));
+  const plist::Value description = valueOf(prefs::kProfileDescription);
+  if (description.text()) saved.description = *description.text();
+  saved.active = foundation::boolValue(valueOf(prefs::key::profileactive));
+  return saved;
 }
 
-std::optional<Trigger> findTrigger(std::string_view text) {
-  for (Trigger& trigger : triggers())
-    if (trigger.profileID == text || trigger.title == text) return std::move(trigger);
-  return std::nullopt;
+}  // namespace
+
+std::string SavedProfile::longTitle() const {
+  return description.empty() ? title : title + " - " + description;
 }
 
 Attempt<std::vector<SavedProfile>> Profiles::list() {
-  auto saved = prefs::savedProfiles(environment_, prefs::TitleForm::WithDescription);
+  const auto saved = prefs::savedProfiles(environment_, prefs::TitleForm::WithDescription);
   if (!saved.failure.empty()) return failed(saved.failure);
   std::vector<SavedProfile> profiles;
-  for (std::size_t i = 0; i < saved.paths.size(); ++i)
-    profiles.push_back({std::move(saved.paths[i]), std::move(saved.titles[i])});
+  for (const std::string& path : saved.paths)
+    if (const auto profile = prefs::readProfile(environment_, path))
+      profiles.push_back(savedProfile(path, *profile));
   if (environment_.problemHandler)
     for (const platform::Error& error : saved.skipped) environment_.problemHandler(error);
   return profiles;
@@ -175,6 +186,25 @@ Attempt<Done> Profiles::remove(const Trigger& trigger, Folders folders) {
                  removed.error().message());
 }
 
+Attempt<Done> Profiles::copy(const Trigger& from, const Trigger& to, Existing existing) {
+  const auto profile = read(from);
+  if (!profile) return profile.error();
+  if (const auto free = checkFree(to, existing); !free) return free;
+  plist::Dictionary copy = *plist::storable(*profile)->dictionary();
+  copy.set(prefs::kProfilePercentage, to.profileID);
+  return write(to, copy, existing, preferences::ProfileStep::Save);
+}
+
+Attempt<Done> Profiles::write(const Trigger& trigger, const plist::Dictionary& profile,
+                              Existing existing, preferences::ProfileStep::What what) {
+  const auto written = prefs::writeProfile(environment_, trigger.path, profile, existing, what);
+  if (written) return Done{};
+  if (existing == Existing::Keep && written.error().code == EEXIST) return exists(trigger);
+  if (written.error().kind == platform::ErrorKind::Unconfirmed)
+    return host::failureOf(Source::Profiles, written.error());
+  return failure(Failure::Failed, trigger.path, written.error().message());
+}
+
 Attempt<std::vector<prefs::Difference>> Profiles::changesOfLoad(const Trigger& trigger) {
   const auto profile = read(trigger);
   if (!profile) return profile.error();
@@ -206,11 +236,8 @@ Attempt<Trigger> Profiles::import(plist::Bytes bytes, Existing existing) {
   if (!imported) return imported.error();
   const auto& [trigger, values] = *imported;
   if (const auto free = checkFree(trigger, existing); !free) return free.error();
-  const auto written =
-      prefs::writeProfile(environment_, trigger.path, values, preferences::ProfileStep::Import);
-  if (!written && written.error().kind == platform::ErrorKind::Unconfirmed)
-    return host::failureOf(Source::Profiles, written.error());
-  if (!written) return failure(Failure::Failed, trigger.path, written.error().message());
+  const auto written = write(trigger, values, existing, preferences::ProfileStep::Import);
+  if (!written) return written.error();
   return trigger;
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "host/problem.h"
+#include "host/triggers.h"
 #include "platform/preferences/environment.h"
 #include "prefs/profiles/profile_snapshot.h"
 
@@ -14,18 +15,13 @@
 // not as well, is reported to the environment's problem handler.
 namespace host {
 
-// One of the 108 triggers.
-struct Trigger {
-  std::string profileID, title;
-  std::string path;  // of its profile, whether there is one or not
-};
-
-std::vector<Trigger> triggers();
-// By its ID ("55", "101") or its title ("Charging started").
-std::optional<Trigger> findTrigger(std::string_view text);
-
 struct SavedProfile {
-  std::string path, title;  // paired by their order, as the pages do
+  std::string path;
+  std::string trigger, title;  // the ID that the file names, empty without one, and its title
+  std::string description;
+  bool active = true;  // its trigger does something
+
+  std::string longTitle() const;  // "Battery 20% - Night"
 };
 
 class Profiles {
@@ -49,6 +45,8 @@ class Profiles {
   // is Unconfirmed, and only the kind of "profileactive" isn't what the load makes it.
   Attempt<Done> load(const Trigger& trigger);
   Attempt<Done> remove(const Trigger& trigger, Folders folders);
+  // Binds a copy of one's profile to another trigger.
+  Attempt<Done> copy(const Trigger& from, const Trigger& to, Existing existing);
 
   // What a load would change in the settings; what differs between two profiles. Numbers are
   // compared by value.
@@ -64,6 +62,8 @@ class Profiles {
   Attempt<Trigger> import(plist::Bytes bytes, Existing existing);
 
  private:
+  Attempt<Done> write(const Trigger& trigger, const plist::Dictionary& profile, Existing existing,
+                      preferences::ProfileStep::What what);
   Attempt<Done> checkFree(const Trigger& trigger, Existing existing) const;
   // Whether the file is again what it was.
   bool restore(const Trigger& trigger, const platform::Result<std::vector<std::uint8_t>>& before);

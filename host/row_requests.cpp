@@ -2,6 +2,7 @@
 
 #include "host/application.h"
 #include "host/describe.h"
+#include "host/text.h"
 #include "platform/foundation/text.h"
 #include "platform/uikit/controls.h"
 
@@ -41,10 +42,7 @@ class Move {
 
   Outcome<Value> operator()(const TextView& view) const {
     if (!value_.text()) return refused("takes text");
-    const auto cannotBeTyped = [&view](unsigned char c) {
-      return (c < ' ' && !(view.lines && (c == '\n' || c == '\t'))) || c == 0x7F;
-    };
-    if (std::ranges::any_of(*value_.text(), cannotBeTyped))
+    if (!isTypable(*value_.text(), view.lines))
       return refused(view.lines ? "takes text without control characters"
                                 : "takes one line of text");
     control<uikit::TextField>().text = *value_.text();

@@ -1,5 +1,9 @@
 #include "host/setting_lookup.h"
 
+#include <algorithm>
+
+#include "host/closest.h"
+#include "platform/plist/binary.h"
 #include "platform/plist/binary_walk.h"
 #include "platform/preferences/cell_type.h"
 
@@ -44,6 +48,13 @@ bool mayName(std::string_view key, const preferences::ListResource& list) {
   return bytes.find(key) != std::string_view::npos;
 }
 
+plist::Dictionary readList(const preferences::Bundle& bundle, std::string_view name) {
+  const preferences::ListResource* resource = bundle.list(name);
+  if (!resource) return {};
+  auto list = plist::readBinary(resource->bytes);
+  return list && list->dictionary() ? std::move(*list->dictionary()) : plist::Dictionary();
+}
+
 bool holdsValue(const plist::Dictionary& properties) {
   const auto type = preferences::cellTypeNamed(textIn(properties, "cell"));
   return !textIn(properties, "key").empty() || (type && preferences::hasChoices(*type));
@@ -79,6 +90,32 @@ std::optional<Setting> findSetting(const preferences::Bundle& bundle, std::strin
     }
   }
   return byId;
+}
+
+std::vector<std::string> settingKeys(const preferences::Bundle& bundle) {
+  std::vector<std::string> keys;
+  for (const preferences::PageClass& page : bundle.pages) {
+    const plist::Dictionary list = readList(bundle, page.list);
+    const plist::Value* items = list.find("items");
+    if (!items || !items->array()) continue;
+    for (const plist::Value& row : *items->array()) {
+      const auto key = row.dictionary() ? textIn(*row.dictionary(), "key") : "";
+      if (!key.empty() && std::ranges::find(keys, key) == keys.end()) keys.emplace_back(key);
+    }
+  }
+  return keys;
+}
+
+std::string titleOf(const preferences::Bundle& bundle, const preferences::PageClass& page) {
+  return std::string(textIn(readList(bundle, page.list), "title"));
+}
+
+const preferences::PageClass* findPage(const preferences::Bundle& bundle, std::string_view name) {
+  if (const preferences::PageClass* page = bundle.pageClass(name)) return page;
+  std::vector<std::string> titles;
+  for (const preferences::PageClass& page : bundle.pages) titles.push_back(titleOf(bundle, page));
+  const auto index = indexNamed(name, titles);
+  return index && !name.empty() ? &bundle.pages[*index] : nullptr;
 }
 
 }  // namespace host

@@ -1,13 +1,14 @@
 #include "host/settings.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "host/application.h"
+#include "host/closest.h"
 #include "host/color_choice.h"
 #include "host/describe.h"
 #include "host/text.h"
-#include "platform/foundation/text.h"
-#include "prefs/core/names.h"
+#include "platform/preferences/row_value.h"
 
 namespace host {
 namespace {
@@ -24,66 +25,35 @@ Failure failureOf(const Refusal& refusal) {
   return failure(unknown ? Failure::NotFound : Failure::Refused, refusal.message);
 }
 
-Failure refused(std::string_view row, const std::string& what) {
-  return failure(Failure::Refused, "\"" + std::string(row) + "\" " + what);
-}
-
-// The value that a text stands for, by the kind of the row's control.
-class Reading {
- public:
-  Reading(Application& application, const RowView& row, const std::string& text)
-      : application_(application), row_(row), text_(text) {}
-
-  Attempt<plist::Value> operator()(const SwitchView&) const {
-    if (text_ != "true" && text_ != "false") return refused(row_.id, "takes true or false");
-    return plist::Value(text_ == "true");
-  }
-  Attempt<plist::Value> operator()(const SliderView&) const {
-    const auto number = numberIn<double>(text_);
-    if (!number) return refused(row_.id, "takes a number");
-    return plist::Value(*number);
-  }
-  Attempt<plist::Value> operator()(const SegmentsView&) const { return choice(); }
-  Attempt<plist::Value> operator()(const LinkView& link) const {
-    return link.choices ? choice() : text();
-  }
-  Attempt<plist::Value> operator()(const auto&) const { return text(); }
-
- private:
-  Attempt<plist::Value> text() const {
-    if (!isUtf8(text_)) return refused(row_.id, "takes text in UTF-8");
-    return plist::Value(text_);
-  }
-  Attempt<plist::Value> choice() const {
-    const auto choices = application_.choices(row_.id);
-    if (!choices) return failureOf(choices.error());
-    for (const plist::Value& value : (*choices)->values)
-      if (namingText(value) == text_) return value;
-    return refused(
-        row_.id, "has no choice \"" + text_ + "\"; quorvantis choices " + row_.id + " lists them");
-  }
-
-  Application& application_;
-  const RowView& row_;
-  const std::string& text_;
-};
-
-plist::Value storedOrDefault(foundation::Preferences& preferences, const Setting& setting) {
-  const plist::Value* standard = setting.row.find("default");
-  plist::Value value = standard ? *standard : plist::Value();
-  if (!setting.text("key").empty() && !setting.text("defaults").empty())
-    if (auto stored = preferences.copyAppValue(setting.text("key"), setting.text("defaults")))
-      value = std::move(*stored);
-  const plist::Value* negate = setting.row.find("negate");
-  const bool negated = negate && foundation::boolValue(*negate);
-  return negated ? plist::Value(!foundation::boolValue(value)) : value;
+std::string rangeOf(const SliderView& slider) {
+  return "; it takes a number from " + numberText(slider.minimum) + " to " +
+         numberText(slider.maximum);
 }
 
 }  // namespace
 
+Failure Settings::noSetting(std::string_view key) const {
+  const std::string name(key);
+  return failure(Failure::NotFound, "no setting \"" + name + "\"; quorvantis list lists them" +
+                                        didYouMean(key, settingKeys(environment_.bundle)));
+}
+
 Attempt<Setting> Settings::find(std::string_view key) const {
   if (auto found = findSetting(environment_.bundle, key)) return std::move(*found);
-  return failure(Failure::NotFound, "no setting \"" + std::string(key) + "\"");
+  return noSetting(key);
+}
+
+Attempt<std::string> Settings::pageClass(std::string_view name) const {
+  const preferences::Bundle& bundle = environment_.bundle;
+  if (const preferences::PageClass* page = findPage(bundle, name)) return std::string(page->name);
+  std::vector<std::string> names;
+  for (const preferences::PageClass& page : bundle.pages) {
+    names.push_back(titleOf(bundle, page));
+    names.emplace_back(page.name);
+  }
+  return failure(Failure::NotFound, "no page \"" + std::string(name) +
+                                        "\"; quorvantis pages lists them" +
+                                        didYouMean(name, names));
 }
 
 Attempt<std::unique_ptr<Application>> Settings::open(std::string_view pageClass) {
@@ -96,10 +66,12 @@ Attempt<std::unique_ptr<Application>> Settings::open(std::string_view pageClass)
   return application;
 }
 
-Attempt<PageView> Settings::page(std::string_view pageClass) {
-  const auto application = open(pageClass);
+Attempt<PageView> Settings::page(std::string_view name) {
+  const auto named = pageClass(name);
+  if (!named) return named.error();
+  const auto application = open(*named);
   if (!application) return application.error();
-  return describe(**application).pages.back();
+  return host::describe(**application).pages.back();
 }
 
 Attempt<std::vector<PageView>> Settings::pages() {
@@ -115,7 +87,8 @@ Attempt<std::vector<PageView>> Settings::pages() {
 Attempt<plist::Value> Settings::value(std::string_view key) {
   const auto setting = find(key);
   if (!setting) return setting.error();
-  if (setting->text("get").empty()) return storedOrDefault(environment_.preferences, *setting);
+  if (setting->text("get").empty())
+    return preferences::storedOrDefault(setting->row, environment_.preferences);
   const auto application = open(setting->page->name);
   if (!application) return application.error();
   const auto row = (*application)->row(std::string(setting->id()));
@@ -130,50 +103,58 @@ Attempt<ChoiceList> Settings::choices(std::string_view key) {
     return ChoiceList(std::make_shared<preferences::Choices>(colorChoices()));
   const auto application = open(setting->page->name);
   if (!application) return application.error();
-  const auto choices = (*application)->choices(std::string(setting->id()));
-  if (!choices) return failureOf(choices.error());
-  return *choices;
+  const std::string id(setting->id());
+  const auto choices = (*application)->choices(id);
+  if (choices) return *choices;
+  Failure failure = failureOf(choices.error());
+  const auto row = (*application)->row(id);
+  if (!row) return failure;
+  const RowView view = describeRow(*(*application)->shownList(), **row);
+  if (const auto* slider = std::get_if<SliderView>(&view.control))
+    failure.problem.words += rangeOf(*slider);
+  if (std::holds_alternative<SwitchView>(view.control))
+    failure.problem.words += "; it takes true or false";
+  if (std::holds_alternative<TextView>(view.control)) failure.problem.words += "; it takes text";
+  return failure;
 }
 
-Attempt<Settings::Problems> Settings::set(std::string_view key, const std::string& text) {
+Attempt<SettingView> Settings::describe(std::string_view key) {
   const auto setting = find(key);
   if (!setting) return setting.error();
-  // A page that shows defaults in place of what is stored dims the wrong rows.
-  if (const auto readable = environment_.preferences.refresh(prefs::kDomain); !readable)
-    return failureOf(Source::Settings, readable.error());
-  const auto opened = open(setting->page->name);
-  if (!opened) return opened.error();
-  Application& application = **opened;
-  const auto row = application.row(std::string(setting->id()));
+  const auto application = open(setting->page->name);
+  if (!application) return application.error();
+  const auto row = (*application)->row(std::string(setting->id()));
   if (!row) return failureOf(row.error());
-  const RowView view = describeRow(*application.shownList(), **row);
-  if (leadsToColorPicker(setting->text("detail")))
-    return change([&]() -> Attempt<platform::Done> {
-      const auto chosen = chooseColor(application, view.id, text);
-      if (!chosen) return failureOf(chosen.error());
-      return platform::Done{};
-    });
-  // A dimmed row is refused as such, whatever the text.
-  if (!view.usable) return failureOf(application.perform(Set{view.id, {}}).error());
-  const auto value = std::visit(Reading(application, view, text), view.control);
-  if (!value) return value.error();
-  return change([&]() -> Attempt<platform::Done> {
-    const auto changed = application.perform(Set{view.id, *value});
-    if (!changed) return failureOf(changed.error());
-    return platform::Done{};
-  });
+  RowView view = describeRow(*(*application)->shownList(), **row);
+  std::string standard = shownText(**row, view.standard);
+  return SettingView{std::string(setting->page->name), (*application)->shownPage()->title,
+                     std::move(view), std::move(standard)};
 }
 
-// The pages ignore what the store says.
-Attempt<Settings::Problems> Settings::change(
-    const std::function<Attempt<platform::Done>()>& change) {
-  foundation::Preferences& preferences = environment_.preferences;
-  (void)preferences.takeFailedSet();
-  if (const auto changed = change(); !changed) return changed.error();
-  if (const auto failed = preferences.takeFailedSet()) return failureOf(Source::Settings, *failed);
-  if (const auto finished = preferences.finish(); !finished)
-    return failureOf(Source::Settings, finished.error());
-  return takeProblems_();
+const preferences::PSSpecifier* Settings::row(std::string_view key, Pages& pages) {
+  const auto setting = findSetting(environment_.bundle, key);
+  if (!setting) return nullptr;
+  std::shared_ptr<Application>& application = pages[std::string(setting->page->name)];
+  if (!application) {
+    auto opened = open(setting->page->name);
+    if (!opened) return nullptr;
+    application = std::move(*opened);
+  }
+  const auto row = application->row(std::string(setting->id()));
+  return row ? *row : nullptr;
+}
+
+Attempt<std::vector<SettingView>> Settings::list() {
+  const auto all = pages();
+  if (!all) return all.error();
+  std::vector<SettingView> settings;
+  for (const PageView& page : *all)
+    for (const RowView& row : page.rows) {
+      const auto isSame = [&](const SettingView& known) { return known.row.key == row.key; };
+      if (!row.key.empty() && std::ranges::none_of(settings, isSame))
+        settings.push_back({page.pageClass, page.title, row, {}});
+    }
+  return settings;
 }
 
 }  // namespace host

@@ -40,6 +40,12 @@ std::optional<std::string> namingText(const plist::Value& value) {
   return std::nullopt;
 }
 
+bool isTypable(std::string_view text, bool lines) {
+  return std::ranges::none_of(text, [lines](unsigned char c) {
+    return (c < ' ' && !(lines && (c == '\n' || c == '\t'))) || c == 0x7F;
+  });
+}
+
 std::string oneLine(std::string_view text) {
   std::string line = foundation::replacingInvalidUtf8(text);
   std::ranges::replace_if(

@@ -40,6 +40,10 @@ std::optional<T> numberIn(std::string_view text) {
 // digits that read back as it, a real with a decimal point ("50.0"). Nothing for other kinds.
 std::optional<std::string> namingText(const plist::Value& value);
 
+// Whether a text field can hold it: no control characters, but for line breaks and tabs where it
+// may hold `lines`.
+bool isTypable(std::string_view text, bool lines);
+
 // A text that may hold anything, as one line for a terminal: blanks in place of control characters,
 // U+FFFD in place of what is not UTF-8.
 std::string oneLine(std::string_view text);

@@ -4,6 +4,8 @@
 
 namespace host {
 
+using foundation::isRegularFile;
+using foundation::kStandardStream;
 using foundation::readUserFile;
 using foundation::Stream;
 using foundation::writeStream;

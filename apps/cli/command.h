@@ -12,11 +12,15 @@
 
 namespace cli {
 
+// What a word can be, for the completion of a line that is being typed.
+enum class Words { Any, Files, Commands, Keys, Values, Pages, Triggers, SavedProfiles, Shells };
+
 // A word of the line that isn't an option.
 struct Argument {
-  enum Need { Required, Optional, Repeated };
+  enum Need { Required, Optional, Repeated, OnceOrMore };
   const char* name = nullptr;
   const char* description = nullptr;
+  Words words = Words::Any;
   Need need = Required;
   bool mayBeEmpty = false;
 };
@@ -25,6 +29,7 @@ struct Option {
   const char* name = nullptr;  // with its dashes
   const char* description = nullptr;
   const char* value = nullptr;  // what its value is called; null for a flag
+  Words words = Words::Any;     // what its value can be
 };
 
 // What a line gives to its command.
@@ -39,12 +44,14 @@ struct Arguments {
 };
 
 struct Command {
-  const char* group;  // the first word of two, or empty
+  const char* group = "";  // the first word of two, or empty
   const char* name;
   const char* description;
   Outcome<Done> (*run)(Session& session, const Arguments& arguments);
   Argument arguments[2] = {};
   Option options[4] = {};
+  const char* example;              // what may follow "quorvantis "
+  bool argumentsMayRepeat = false;  // all of them together, any number of times
 };
 
 // A first word that commands share.
@@ -57,20 +64,33 @@ struct Group {
 std::span<const Command> commands();
 std::span<const Group> groups();
 
-// As lines "key: from -> to", or as one document; what is absent is null.
-void printDifferences(Session& session, const std::vector<host::Profiles::Difference>& differences);
+// As lines "key: from -> to", of what their rows show; what a row shows alike before and after is
+// counted, or listed too where `stored` asks for it. With --json one document of all, with the
+// values themselves; what is absent is null.
+void printDifferences(Session& session, const std::vector<host::Profiles::Difference>& differences,
+                      bool stored = false);
+Json orNull(const std::optional<plist::Value>& value);
 // As lines "key = value", or as one document.
 void printEntries(Session& session, const plist::Dictionary& entries);
 
 Outcome<Done> listPages(Session& session, const Arguments& arguments);
 Outcome<Done> showPage(Session& session, const Arguments& arguments);
+Outcome<Done> search(Session& session, const Arguments& arguments);
+Outcome<Done> showPlaces(Session& session, const Arguments& arguments);
+
 Outcome<Done> getValue(Session& session, const Arguments& arguments);
-Outcome<Done> setValue(Session& session, const Arguments& arguments);
+Outcome<Done> setValues(Session& session, const Arguments& arguments);
+Outcome<Done> resetValues(Session& session, const Arguments& arguments);
+Outcome<Done> listSettings(Session& session, const Arguments& arguments);
+Outcome<Done> describeSetting(Session& session, const Arguments& arguments);
 Outcome<Done> listChoices(Session& session, const Arguments& arguments);
+Outcome<Done> exportSettings(Session& session, const Arguments& arguments);
+Outcome<Done> importSettings(Session& session, const Arguments& arguments);
 
 Outcome<Done> listProfiles(Session& session, const Arguments& arguments);
 Outcome<Done> saveProfile(Session& session, const Arguments& arguments);
 Outcome<Done> loadProfile(Session& session, const Arguments& arguments);
+Outcome<Done> copyProfile(Session& session, const Arguments& arguments);
 Outcome<Done> deleteProfile(Session& session, const Arguments& arguments);
 Outcome<Done> showProfile(Session& session, const Arguments& arguments);
 Outcome<Done> compareProfiles(Session& session, const Arguments& arguments);
@@ -93,5 +113,8 @@ Outcome<Done> removeFromStore(Session& session, const Arguments& arguments);
 Outcome<Done> showLog(Session& session, const Arguments& arguments);
 Outcome<Done> watch(Session& session, const Arguments& arguments);
 Outcome<Done> converse(Session& session, const Arguments& arguments);
+
+Outcome<Done> showHelp(Session& session, const Arguments& arguments);
+Outcome<Done> printCompletions(Session& session, const Arguments& arguments);
 
 }  // namespace cli

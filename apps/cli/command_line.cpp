@@ -2,16 +2,27 @@
 
 #include <algorithm>
 
+#include "apps/cli/completion.h"
+#include "host/closest.h"
+
 namespace cli {
 namespace {
 
 constexpr Option kCommonOptions[] = {
-    {"--root", "The device root, a folder", "DIR"},
-    {"--contacts", "Another folder of vCards", "DIR"},
+    {kRoot.data(),
+     "The device root, a folder; else QUORVANTIS_ROOT, else ~/.local/share/quorvantis", "DIR",
+     Words::Files},
+    {kContacts.data(), "Another folder of vCards", "DIR", Words::Files},
     {"--json", "Print one JSON document"},
     {kVersion.data(), "Print the version"},
     {kHelp.data(), "Print this help"},
 };
+
+// Not listed by the help.
+constexpr Command kCompleteCommand{.name = kComplete,
+                                   .description = "Print what the word being typed can be",
+                                   .run = completeLine,
+                                   .example = "__complete set wifi \"\""};
 
 Failure wrongUse(std::string reason) {
   return {ExitCode::WrongUse, std::move(reason)};
@@ -33,12 +44,15 @@ const Option* optionNamed(std::span<const Option> options, std::string_view name
   return found == options.end() ? nullptr : &*found;
 }
 
-const Option* optionNamed(std::string_view name) {
-  if (name == "-h") name = kHelp;
-  if (const Option* common = optionNamed(kCommonOptions, name)) return common;
+Failure noOption(std::string_view name) {
+  std::vector<std::string> known;
+  for (const Option& option : kCommonOptions) known.emplace_back(option.name);
   for (const Command& command : commands())
-    if (const Option* own = optionNamed(command.options, name)) return own;
-  return nullptr;
+    for (const Option& option : command.options)
+      if (option.name) known.emplace_back(option.name);
+  return wrongUse("no option \"" + std::string(name) +
+                  "\"; a text that begins with \"-\" follows after --" +
+                  host::didYouMean(name, known));
 }
 
 // The line's words without the command's own, and its options, whoever's they are.
@@ -52,8 +66,8 @@ Outcome<Arguments> sortWords(const std::vector<std::string>& line) {
     }
     const std::size_t equals = word->find('=');
     const std::string name = word->substr(0, equals);
-    const Option* option = optionNamed(name);
-    if (!option) return wrongUse("no option \"" + name + "\"; quorvantis --help lists them");
+    const Option* option = anyOptionNamed(name);
+    if (!option) return noOption(name);
     const bool attached = equals != std::string::npos;
     if (!option->value && attached) return wrongUse(name + " takes no value");
     std::string value;
@@ -66,46 +80,52 @@ Outcome<Arguments> sortWords(const std::vector<std::string>& line) {
   return sorted;
 }
 
-const Group* groupNamed(std::string_view name) {
-  const auto all = groups();
-  const auto found =
-      std::ranges::find_if(all, [&](const Group& each) { return each.name == name; });
-  return found == all.end() ? nullptr : &*found;
-}
-
-const Command* commandNamed(std::string_view group, std::string_view name) {
-  const auto all = commands();
-  const auto found = std::ranges::find_if(
-      all, [&](const Command& each) { return each.group == group && each.name == name; });
-  return found == all.end() ? nullptr : &*found;
-}
-
 Failure noCommand(const std::vector<std::string>& words, const Group* group) {
   if (words.empty()) return wrongUse("no command is given; quorvantis --help lists them");
   if (group && words.size() == 1)
     return wrongUse("\"" + words[0] + "\" needs a command; quorvantis " + words[0] +
                     " --help lists them");
-  if (!group) return wrongUse("no command \"" + words[0] + "\"; quorvantis --help lists them");
-  return wrongUse("no command \"" + words[0] + " " + words[1] + "\"; quorvantis " + words[0] +
-                  " --help lists them");
+  std::vector<std::string> known;
+  for (const Command& command : commands())
+    if (!group || command.group == std::string_view(group->name))
+      known.emplace_back(!group && *command.group ? command.group : command.name);
+  const std::string& wrong = words[group ? 1 : 0];
+  const std::string first = group ? words[0] + " " : "";
+  return wrongUse("no command \"" + first + wrong + "\"; quorvantis " + first +
+                  "--help lists them" + host::didYouMean(wrong, known));
 }
 
-Outcome<Done> checkArguments(const Command& command, const Arguments& given) {
+std::string requiredMessage(const Command& command, const Argument& argument) {
+  const std::string message = std::string(argument.name) + " is required";
+  if (argument.words != Words::Values) return message + "; try quorvantis " + command.example;
+  return message + "; in a shell, a value with blanks or # has to stand in quotes";
+}
+
+// How many words the command's arguments take, or why these can't be its arguments.
+Outcome<std::size_t> takeOnce(const Command& command, std::span<const std::string> words) {
   std::size_t taken = 0;
   for (const Argument& argument : command.arguments) {
     if (!argument.name) break;
-    const std::string name = argument.name;
-    if (taken == given.words.size() && argument.need == Argument::Required)
-      return wrongUse(name + " is required");
-    const std::size_t end = argument.need == Argument::Repeated
-                                ? given.words.size()
-                                : std::min(taken + 1, given.words.size());
+    const bool needed =
+        argument.need == Argument::Required || argument.need == Argument::OnceOrMore;
+    if (taken == words.size() && needed) return wrongUse(requiredMessage(command, argument));
+    const bool many = argument.need == Argument::Repeated || argument.need == Argument::OnceOrMore;
+    const std::size_t end = many ? words.size() : std::min(taken + 1, words.size());
     for (; taken < end; ++taken)
-      if (given.words[taken].empty() && !argument.mayBeEmpty)
-        return wrongUse(name + " must not be empty");
+      if (words[taken].empty() && !argument.mayBeEmpty)
+        return wrongUse(std::string(argument.name) + " must not be empty");
   }
-  if (taken < given.words.size())
-    return wrongUse("unexpected argument \"" + given.words[taken] + "\"");
+  return taken;
+}
+
+Outcome<Done> checkArguments(const Command& command, const Arguments& given) {
+  std::span<const std::string> words = given.words;
+  do {
+    const auto taken = takeOnce(command, words);
+    if (!taken) return taken.error();
+    words = words.subspan(*taken);
+  } while (command.argumentsMayRepeat && !words.empty());
+  if (!words.empty()) return wrongUse("unexpected argument \"" + words[0] + "\"");
   for (const auto& [name, value] : given.options)
     if (!optionNamed(kCommonOptions, name) && !optionNamed(command.options, name))
       return wrongUse(std::string(command.name) + " has no option " + std::string(name));
@@ -114,8 +134,8 @@ Outcome<Done> checkArguments(const Command& command, const Arguments& given) {
 
 Outcome<Done> takeCommonOptions(const Arguments& arguments, Session& session) {
   session.json = arguments.has("--json");
-  session.options.contacts = arguments.value("--contacts");
-  session.options.root = arguments.value("--root").value_or(host::defaultRoot());
+  session.options.contacts = arguments.value(kContacts);
+  session.options.root = arguments.value(kRoot).value_or(host::defaultRoot());
   session.options.state = host::defaultState();
   if (session.options.root.empty())
     return wrongUse("no device root: give --root DIR or set QUORVANTIS_ROOT");
@@ -135,23 +155,56 @@ std::optional<std::string> Arguments::value(std::string_view option) const {
   return std::nullopt;
 }
 
+const Option* anyOptionNamed(std::string_view name) {
+  if (name == "-h") name = kHelp;
+  if (name == "-V") name = kVersion;
+  if (const Option* common = optionNamed(kCommonOptions, name)) return common;
+  for (const Command& command : commands())
+    if (const Option* own = optionNamed(command.options, name)) return own;
+  return nullptr;
+}
+
+const Group* groupNamed(std::string_view name) {
+  const auto all = groups();
+  const auto found =
+      std::ranges::find_if(all, [&](const Group& each) { return each.name == name; });
+  return found == all.end() ? nullptr : &*found;
+}
+
+const Command* commandNamed(std::string_view group, std::string_view name) {
+  const auto all = commands();
+  const auto found = std::ranges::find_if(
+      all, [&](const Command& each) { return each.group == group && each.name == name; });
+  return found == all.end() ? nullptr : &*found;
+}
+
 std::span<const Option> commonOptions() {
   return kCommonOptions;
 }
 
+Outcome<std::string> helpOn(const std::vector<std::string>& words) {
+  if (words.empty()) return help();
+  const Group* group = groupNamed(words[0]);
+  if (group && words.size() == 1) return helpOf(*group);
+  const Command* command = commandNamed(group ? group->name : "", words[group ? 1 : 0]);
+  if (command) return helpOf(*command);
+  return noCommand(words, group);
+}
+
 Outcome<Line> readLine(const std::vector<std::string>& words, Session& session) {
+  if (!words.empty() && words[0] == kComplete)
+    return Line{&kCompleteCommand, {.words = {words.begin() + 1, words.end()}, .options = {}}};
   auto sorted = sortWords(words);
   if (!sorted) return sorted.error();
   Line line{.arguments = std::move(*sorted)};
   std::vector<std::string>& rest = line.arguments.words;
   const Group* group = groupNamed(line.arguments[0]);
-  line.command =
-      group ? commandNamed(group->name, line.arguments[1]) : commandNamed("", line.arguments[0]);
+  line.command = commandNamed(group ? group->name : "", line.arguments[group ? 1 : 0]);
   if (line.arguments.has(kVersion)) return Line{.text = "quorvantis " QUORVANTIS_VERSION};
   if (line.arguments.has(kHelp)) {
-    if (line.command) return Line{.text = helpOf(*line.command)};
-    if (group && rest.size() == 1) return Line{.text = helpOf(*group)};
-    if (rest.empty()) return Line{.text = help()};
+    auto text = helpOn(rest);
+    if (!text) return text.error();
+    return Line{.text = std::move(*text)};
   }
   if (!line.command) return noCommand(rest, group);
   rest.erase(rest.begin(), rest.begin() + (group ? 2 : 1));
@@ -159,6 +212,13 @@ Outcome<Line> readLine(const std::vector<std::string>& words, Session& session) 
     return checked.error();
   if (const auto taken = takeCommonOptions(line.arguments, session); !taken) return taken.error();
   return line;
+}
+
+Outcome<Done> showHelp(Session& session, const Arguments& arguments) {
+  const auto text = helpOn(arguments.words);
+  if (!text) return text.error();
+  session.print(*text);
+  return Done{};
 }
 
 }  // namespace cli

@@ -19,12 +19,19 @@ struct Line {
 // "-".
 Outcome<Line> readLine(const std::vector<std::string>& words, Session& session);
 
+// Null where there is none of that name; an empty group is that of commands of one word.
+const Group* groupNamed(std::string_view name);
+const Command* commandNamed(std::string_view group, std::string_view name);
+const Option* anyOptionNamed(std::string_view name);  // whoever's it is; "-h" and "-V" too
+
 // What --help prints: of a command, of a group, else of the program.
 std::string helpOf(const Command& command);
 std::string helpOf(const Group& group);
 std::string help();
 
 std::span<const Option> commonOptions();
+inline constexpr std::string_view kRoot = "--root";
+inline constexpr std::string_view kContacts = "--contacts";
 inline constexpr std::string_view kHelp = "--help";
 inline constexpr std::string_view kVersion = "--version";
 

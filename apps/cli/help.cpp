@@ -24,13 +24,17 @@ std::string page(const std::string& usage, const std::string& about, const Colum
 
 std::string usageOf(const Command& command) {
   std::string usage = nameOf(command);
+  std::string arguments;
   for (const Argument& argument : command.arguments) {
     if (!argument.name) break;
     const std::string name = argument.name;
-    usage += argument.need == Argument::Required   ? " " + name
-             : argument.need == Argument::Optional ? " [" + name + "]"
-                                                   : " [" + name + "…]";
+    arguments += argument.need == Argument::Required     ? " " + name
+                 : argument.need == Argument::OnceOrMore ? " " + name + "…"
+                 : argument.need == Argument::Optional   ? " [" + name + "]"
+                                                         : " [" + name + "…]";
   }
+  usage += arguments;
+  if (command.argumentsMayRepeat) usage += " [" + arguments.substr(1) + "…]";
   return usage + " [OPTIONS]";
 }
 
@@ -45,6 +49,7 @@ std::string helpOf(const Command& command) {
   addOptions(command.options, columns);
   addOptions(commonOptions(), columns);
   std::string text = page(usageOf(command), command.description, columns);
+  text += "\n\nExample: quorvantis " + std::string(command.example);
   if (command.run == converse)
     text += "\n\nEach line is a request, {\"do\":\"launch\"} the first; there are " +
             drive::Driver::requests() + ".";

@@ -18,27 +18,32 @@ std::size_t width(const std::string& text) {
 }  // namespace
 
 void Columns::addHeader(std::string_view text) {
-  lines_.push_back({true, {host::oneLine(text)}});
+  lines_.push_back({Header, {host::oneLine(text)}});
 }
 
 void Columns::add(const std::vector<std::string>& cells) {
-  lines_.push_back({false, {}});
+  lines_.push_back({Cells, {}});
   for (const std::string& cell : cells) lines_.back().cells.push_back(host::oneLine(cell));
+}
+
+void Columns::addNote(std::string_view text) {
+  lines_.push_back({Note, {host::oneLine(text)}});
 }
 
 std::vector<std::string> Columns::lines() const {
   std::vector<std::size_t> widths;
   for (const Line& line : lines_) {
-    if (line.header) continue;
+    if (line.kind != Cells) continue;
     widths.resize(std::max(widths.size(), line.cells.size()));
     for (std::size_t i = 0; i < line.cells.size(); ++i)
       widths[i] = std::max(widths[i], width(line.cells[i]));
   }
-  const std::string indent(std::ranges::any_of(lines_, &Line::header) ? kGap : 0, ' ');
+  const auto isHeader = [](const Line& line) { return line.kind == Header; };
+  const std::string indent(std::ranges::any_of(lines_, isHeader) ? kGap : 0, ' ');
   std::vector<std::string> out;
-  for (const auto& [header, cells] : lines_) {
-    if (header && !out.empty()) out.emplace_back();
-    std::string line = header ? "" : indent;
+  for (const auto& [kind, cells] : lines_) {
+    if (kind == Header && !out.empty()) out.emplace_back();
+    std::string line = kind == Header ? "" : indent;
     for (std::size_t i = 0; i < cells.size(); ++i) {
       line += cells[i];
       if (i + 1 < cells.size()) line.append(widths[i] - width(cells[i]) + kGap, ' ');

@@ -16,26 +16,35 @@ class Columns {
  public:
   void addHeader(std::string_view text);
   void add(const std::vector<std::string>& cells);
+  void addNote(std::string_view text);  // a line of its own, on which no column depends
 
   std::vector<std::string> lines() const;
 
  private:
+  enum Kind { Header, Cells, Note };
   struct Line {
-    bool header;
+    Kind kind;
     std::vector<std::string> cells;
   };
 
   std::vector<Line> lines_;
 };
 
-// The items of a listing command in both forms: members of one JSON array, and lines of columns.
+// What a listing command prints, in both forms: lines of columns, and the items of one JSON array
+// or the members of one object.
 struct Listing {
-  Json::array_t document;
+  Json document = Json::array();
   Columns columns;
+
+  static Listing ofObject() { return {Json::object(), {}}; }
 
   void add(Json item, const std::vector<std::string>& cells) {
     document.push_back(std::move(item));
     columns.add(cells);
+  }
+  void addMember(const char* name, Json value, const std::string& text) {
+    document[name] = std::move(value);
+    columns.add({name, text});
   }
 };
 

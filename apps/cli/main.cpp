@@ -1,4 +1,5 @@
 #include <exception>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -39,6 +40,8 @@ int main(int count, char** arguments) {
   try {
     cli::Session session;
     return codeOf(runLine({arguments + 1, arguments + count}, session));
+  } catch (const std::bad_alloc&) {
+    return codeOf(cli::Failure{cli::ExitCode::Failed, "out of memory"});
   } catch (const std::exception& error) {
     return codeOf(cli::Failure{cli::ExitCode::Failed, std::string("unexpected: ") + error.what()});
   }

@@ -2,6 +2,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <csignal>
 #include <cstdio>
@@ -11,12 +12,14 @@
 #include "drive/driver.h"
 #include "host/battery_log.h"
 #include "host/text.h"
+#include "host/value_watch.h"
 
 // The commands that run until they are interrupted, or their input ends.
 namespace cli {
 namespace {
 
 constexpr auto kPause = std::chrono::milliseconds(200);
+constexpr auto kPauseOfValues = std::chrono::milliseconds(20);
 constexpr int kDefaultViewport = 12;
 
 // What was printed is always written at once, so an interruption finds nothing to be done.
@@ -55,6 +58,27 @@ Outcome<Done> follow(Session& session, plist::Array entries) {
   }
 }
 
+// Settings that can't be read for now don't end it: the store reports them once.
+Outcome<Done> watchValues(Session& session, const std::vector<std::string>& keys) {
+  host::ValueWatch values(session.device().preferences());
+  if (const auto first = values.look(); !first) return failureOf(first.error());
+  while (true) {
+    std::this_thread::sleep_for(kPauseOfValues);
+    const auto changes = values.look();
+    for (const host::Problem& problem : session.takeWarnings()) complain(problem.message());
+    if (!changes) continue;
+    for (const auto& [key, from, to] : *changes) {
+      if (!keys.empty() && std::ranges::find(keys, key) == keys.end()) continue;
+      const Json before = orNull(from), after = orNull(to);
+      if (session.json)
+        session.printJson({{"key", key}, {"from", before}, {"to", after}});
+      else
+        session.print(key + ": " + drive::textOf(before) + " -> " + drive::textOf(after));
+    }
+    if (const auto flushed = session.flush(); !flushed) return flushed;
+  }
+}
+
 // One line, without its newline; nothing at the end of input. Of one that is too long, enough to
 // show that it is.
 std::optional<std::string> readInputLine() {
@@ -87,6 +111,7 @@ Outcome<Done> showLog(Session& session, const Arguments& arguments) {
 
 Outcome<Done> watch(Session& session, const Arguments& arguments) {
   endOnInterruption();
+  if (arguments.has("--values")) return watchValues(session, arguments.words);
   Outcome<Done> flushed = Done{};
   const auto watched = host::Device::watch(arguments.words, [&](std::string_view name) {
     session.print(name);

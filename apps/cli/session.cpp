@@ -42,7 +42,7 @@ host::Device& Session::device() {
 
 host::Settings Session::settings() {
   host::Device& made = device();
-  return {made.environment(), *clock_,
+  return {made.environment(), *clock_, made.notifications(),
           [&made] { return made.takeProblems(host::Severity::Failure); }};
 }
 
@@ -73,7 +73,7 @@ Outcome<Done> Session::finish() {
 }
 
 void Session::print(const Listing& listing) {
-  if (json) return printJson(Json(listing.document));
+  if (json) return printJson(listing.document);
   for (const std::string& line : listing.columns.lines()) print(line);
 }
 

@@ -1,85 +1,72 @@
 #include "apps/cli/command.h"
+#include "host/text.h"
 
 namespace cli {
 namespace {
 
 using drive::toJson;
 
-Json orNull(const std::optional<std::string>& text) {
-  return text ? Json(*text) : Json();
+std::string_view kindOf(const host::RowView& row) {
+  if (row.kind == host::RowKind::Color) return "color";
+  if (std::holds_alternative<host::SwitchView>(row.control)) return "switch";
+  if (std::holds_alternative<host::SliderView>(row.control)) return "number";
+  if (std::holds_alternative<host::SegmentsView>(row.control)) return "choice";
+  if (std::holds_alternative<host::TextView>(row.control)) return "text";
+  const auto* link = std::get_if<host::LinkView>(&row.control);
+  return link && link->choices ? "choice" : "value";
 }
 
-Json describe(const host::RowView& row) {
-  Json described = {{"id", row.id},
-                    {"label", row.label},
-                    {"cell", row.cellType},
-                    {"value", toJson(row.value)},
-                    {"usable", row.usable}};
-  if (row.whyNot) described["dimmedBy"] = row.whyNot->by.empty() ? Json() : Json(row.whyNot->by);
-  return described;
+Json choicesJson(const preferences::Choices& choices) {
+  Json::array_t document;
+  for (std::size_t i = 0; i < choices.values.size(); ++i)
+    document.push_back({{"value", toJson(choices.values[i])}, {"title", choices.titles[i]}});
+  return Json(std::move(document));
 }
 
-void addRow(const host::RowView& row, Listing& listing) {
-  listing.document.push_back(describe(row));
-  if (row.kind == host::RowKind::Group) return listing.columns.addHeader(row.label);
-  std::string value = row.shown;
-  if (row.whyNot)
-    value += row.whyNot->by.empty() ? "  (dimmed)" : "  (dimmed by " + row.whyNot->by + ")";
-  listing.columns.add({row.label.empty() ? row.id : row.label, row.key, value});
+std::string choicesText(const preferences::Choices& choices) {
+  std::string text;
+  for (const std::string& title : choices.titles) text += (text.empty() ? "" : ", ") + title;
+  return text;
 }
 
-// A table page's rows have no ids: they are named by section and index.
-void addTable(const host::PageView& page, Listing& listing) {
-  int entry = 0;
-  for (std::size_t section = 0; section < page.sections.size(); ++section) {
-    listing.columns.addHeader(page.sections[section].title);
-    for (int index = 0; index < page.sections[section].rows; ++index, ++entry) {
-      const host::TableRowView& row = page.tableRows.at(entry);
-      listing.add({{"id", std::to_string(section) + "." + std::to_string(index)},
-                   {"label", orNull(row.title)},
-                   {"cell", row.reuseIdentifier},
-                   {"value", orNull(row.detail)},
-                   {"usable", row.usable}},
-                  {row.title.value_or(""), row.detail.value_or("")});
-    }
+// One object, and a column of its members.
+Listing descriptionOf(const host::SettingView& setting, const std::string& kind,
+                      const preferences::Choices* choices) {
+  const host::RowView& row = setting.row;
+  const std::string& key = row.key.empty() ? row.id : row.key;
+  Listing listing = Listing::ofObject();
+  listing.addMember("key", key, key);
+  listing.addMember("label", row.label, row.label);
+  listing.addMember("class", setting.pageClass, setting.pageClass);
+  listing.addMember("page", setting.pageTitle, setting.pageTitle);
+  listing.addMember("kind", kind, kind);
+  if (const auto* slider = std::get_if<host::SliderView>(&row.control)) {
+    listing.addMember("minimum", double{slider->minimum}, host::numberText(slider->minimum));
+    listing.addMember("maximum", double{slider->maximum}, host::numberText(slider->maximum));
   }
+  if (choices) listing.addMember("choices", choicesJson(*choices), choicesText(*choices));
+  listing.addMember("default", toJson(row.standard), setting.standardShown);
+  listing.addMember("value", toJson(row.value), row.shown);
+  if (row.whyNot) {
+    const Json by = row.whyNot->by.empty() ? Json() : Json(row.whyNot->by);
+    listing.addMember("dimmedBy", by, row.whyNot->words());
+  }
+  return listing;
 }
 
-int rowsOf(const host::PageView& page) {
-  int rows = static_cast<int>(page.rows.size());
-  for (const host::SectionView& section : page.sections) rows += section.rows;
-  return rows;
+host::Settings::Scope scopeOf(const Arguments& arguments) {
+  return {arguments.words, arguments.value("--page").value_or(""), arguments.has("--all")};
+}
+
+Outcome<Done> checkScope(const host::Settings::Scope& scope) {
+  const int given = !scope.keys.empty() + !scope.page.empty() + scope.all;
+  if (given == 1) return Done{};
+  return Failure{ExitCode::WrongUse, given == 0
+                                         ? "KEY, --page CLASS or --all is required"
+                                         : "only one of KEY, --page CLASS and --all can be given"};
 }
 
 }  // namespace
-
-Outcome<Done> listPages(Session& session, const Arguments&) {
-  const auto pages = session.settings().pages();
-  if (!pages) return failureOf(pages.error());
-  Listing listing;
-  for (const host::PageView& page : *pages) {
-    const int rows = rowsOf(page);
-    listing.add({{"class", page.pageClass}, {"title", page.title}, {"rows", rows}},
-                {page.pageClass, (page.title.empty() ? "" : page.title + " ") + "(" +
-                                     std::to_string(rows) + " rows)"});
-  }
-  session.print(listing);
-  return session.storeWorked();
-}
-
-Outcome<Done> showPage(Session& session, const Arguments& arguments) {
-  const auto page = session.settings().page(arguments[0]);
-  if (!page) {
-    Failure failure = failureOf(page.error());
-    if (failure.code == ExitCode::NotFound) failure.reason += "; quorvantis pages lists them";
-    return failure;
-  }
-  Listing listing;
-  for (const host::RowView& row : page->rows) addRow(row, listing);
-  addTable(*page, listing);
-  session.print(listing);
-  return session.storeWorked();
-}
 
 Outcome<Done> getValue(Session& session, const Arguments& arguments) {
   const auto value = session.settings().value(arguments[0]);
@@ -88,12 +75,70 @@ Outcome<Done> getValue(Session& session, const Arguments& arguments) {
   return session.storeWorked();
 }
 
-Outcome<Done> setValue(Session& session, const Arguments& arguments) {
+Outcome<Done> setValues(Session& session, const Arguments& arguments) {
+  std::vector<host::Settings::KeyAndText> texts;
+  for (std::size_t i = 0; i + 1 < arguments.words.size(); i += 2)
+    texts.emplace_back(arguments[i], arguments[i + 1]);
   const host::UserChange change(session.device().backups(), "set " + arguments[0]);
-  auto stored = session.settings().set(arguments[0], arguments[1]);
+  auto stored = session.settings().set(texts);
+  if (!stored) {
+    Failure failure = failureOf(stored.error());
+    if (failure.code == ExitCode::NotFound && texts.size() > 1)
+      failure.reason += "; a value with blanks has to stand in quotes";
+    return failure;
+  }
+  session.warnings = std::move(*stored);
+  return Done{};
+}
+
+Outcome<Done> resetValues(Session& session, const Arguments& arguments) {
+  const auto scope = scopeOf(arguments);
+  if (const auto checked = checkScope(scope); !checked) return checked;
+  host::Settings settings = session.settings();
+  if (arguments.has("--dry-run")) {
+    const auto changes = settings.changesOfReset(scope);
+    if (!changes) return failureOf(changes.error());
+    printDifferences(session, *changes);
+    return Done{};
+  }
+  host::Backups* const backups = session.device().backups();
+  if (backups) backups->keepOrWarn("reset");
+  const host::UserChange change(backups, "reset");
+  auto stored = settings.reset(scope);
   if (!stored) return failureOf(stored.error());
   session.warnings = std::move(*stored);
   return Done{};
+}
+
+Outcome<Done> listSettings(Session& session, const Arguments& arguments) {
+  const auto settings = session.settings().list();
+  if (!settings) return failureOf(settings.error());
+  Listing listing;
+  for (const auto& [pageClass, title, row, standard] : *settings) {
+    if (arguments.has("--changed") && !row.changed) continue;
+    listing.add({{"key", row.key},
+                 {"value", toJson(row.value)},
+                 {"default", toJson(row.standard)},
+                 {"shown", row.shown},
+                 {"class", pageClass},
+                 {"label", row.label}},
+                {row.key, row.shown, title + " > " + row.label});
+  }
+  session.print(listing);
+  return session.storeWorked();
+}
+
+Outcome<Done> describeSetting(Session& session, const Arguments& arguments) {
+  host::Settings settings = session.settings();
+  const auto setting = settings.describe(arguments[0]);
+  if (!setting) return failureOf(setting.error());
+  const host::RowView& row = setting->row;
+  const std::string kind(kindOf(row));
+  const bool offers = kind == "choice" || kind == "color";
+  const auto choices = offers ? settings.choices(arguments[0]) : host::ChoiceList();
+  if (!choices) return failureOf(choices.error());
+  session.print(descriptionOf(*setting, kind, choices->get()));
+  return session.storeWorked();
 }
 
 Outcome<Done> listChoices(Session& session, const Arguments& arguments) {

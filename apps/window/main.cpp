@@ -2,19 +2,21 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <new>
 #include <string_view>
 
 #include "apps/window/options.h"
 #include "apps/window/settings_window.h"
 #include "host/device.h"
+#include "host/user_file.h"
 
 namespace {
 
 enum ExitCode { kDone = 0, kFailed = 1, kWrongUse = 2, kNoPage = 3 };
 
 int complain(ExitCode code, std::string_view message) {
-  std::fprintf(stderr, "quorvantis-settings: %.*s\n", static_cast<int>(message.size()),
-               message.data());
+  const std::string line = "quorvantis-settings: " + std::string(message) + "\n";
+  static_cast<void>(host::writeStream(host::Stream::Error, line));
   return code;
 }
 
@@ -50,7 +52,7 @@ int run(const window::Options& options) {
   const int code = QGuiApplication::exec();
   device.setProblemHandler({});
   if (const auto finished = device.finish(); !finished)
-    return complain(kFailed, finished.error().problem.message());
+    return complain(kFailed, "at the end: " + finished.error().problem.message());
   return code;
 }
 
@@ -72,6 +74,8 @@ int main(int argc, char** argv) try {
   QGuiApplication::setApplicationDisplayName("Settings");
   QGuiApplication::setDesktopFileName("quorvantis-settings");
   return run(*options);
+} catch (const std::bad_alloc&) {
+  return complain(kFailed, "out of memory");
 } catch (const std::exception& failure) {
   return complain(kFailed, failure.what());
 }

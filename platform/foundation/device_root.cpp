@@ -5,7 +5,6 @@
 
 #include <cerrno>
 
-#include "platform/foundation/durable_file.h"
 #include "platform/foundation/file_reading.h"
 
 namespace foundation {
@@ -124,18 +123,20 @@ Result<Done> DeviceRoot::createDirectory(std::string_view path) {
   return Done{};
 }
 
-Result<Done> DeviceRoot::writeDurably(std::string_view path, plist::Bytes bytes) {
+Result<Done> DeviceRoot::writeDurably(std::string_view path, plist::Bytes bytes,
+                                      Existing existing) {
   const Location at = locate(path);
   if (!namesAnEntry(at.name)) return Error{std::string(path), EINVAL};
   const auto made = createDirectory(at.folder);
   if (!made) return made.error();
   const auto folder = openDirectory(at.folder);
   if (!folder) return folder.error();
+  removeLeftovers(*folder);
   auto pending = PendingFile::write(*folder, at.name, bytes);
   if (!pending) return pending.error();
   const auto flushed = pending->flush();
   if (!flushed) return flushed.error();
-  const auto placed = pending->replaceTarget();
+  const auto placed = pending->place(existing);
   if (!placed) return placed.error();
   return flushFolder(*folder);
 }

@@ -96,6 +96,10 @@ bool FileStamp::sameFile(const FileStamp& other) const {
          modified == other.modified && changed == other.changed;
 }
 
+std::string domainPath(std::string_view domain) {
+  return std::string(kFolder) + "/" + std::string(domain) + ".plist";
+}
+
 DomainFile::DomainFile(DeviceRoot& root, std::string_view domain, const XmlReader& xml)
     : root_(root), xml_(xml), name_(std::string(domain) + ".plist"), path_(domainPath(domain)) {}
 
@@ -105,6 +109,7 @@ Result<std::optional<DomainFile::Reading>> DomainFile::look(const FileStamp& kno
   if (!file && file.error().code == ENOENT) return std::optional<Reading>(Reading{});
   if (!file) return file.error();
   const auto status = statRegular(*file, path_);
+  if (!status && status.error().code == EISDIR) return status.error();
   if (!status) return Error(status.error()).as(ErrorKind::Damaged);
   stamp = stampOf(*status);
   if (known.stable && known.sameFile(stamp)) return std::optional<Reading>();

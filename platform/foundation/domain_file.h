@@ -46,7 +46,8 @@ struct FileStamp {
 // short to hold anything. What plist::storable leaves out is left out in reading too.
 //
 // A file that can't be read or parsed is damaged: errors about it are of the kind Damaged, and but
-// for `replace` nothing is written over or beside it.
+// for `replace` nothing is written over or beside it. One that can't be opened, or a folder of that
+// name, isn't: `replace` couldn't put anything in its place either.
 class DomainFile {
  public:
   // `xml` may be empty; it is looked at when it is needed.

@@ -104,9 +104,12 @@ Result<Done> Preferences::store(Domain& domain, std::chrono::milliseconds patien
 }
 
 Result<Done> Preferences::finish(Domain& domain, std::chrono::milliseconds patience) {
-  if (domain.kept.empty() && !domain.file.unflushed()) return Done{};
-  if (!domain.kept.empty())
-    if (const auto stored = store(domain, patience); !stored) return failed(domain, stored.error());
+  if (held_ || (domain.kept.empty() && !domain.file.unflushed())) return Done{};
+  if (!domain.kept.empty()) {
+    const auto stored = store(domain, patience);
+    if (!stored) return failed(domain, stored.error());
+    if (keptHandler_) keptHandler_();
+  }
   const auto flushed = domain.file.flush(patience);
   if (!flushed) return failed(domain, flushed.error());
   if (domain.reported && domain.reported->kind != ErrorKind::Damaged) recovered(domain);
@@ -165,9 +168,10 @@ Result<Done> Preferences::setMultiple(const plist::Dictionary& values,
   const plist::Dictionary before = target.kept;
   for (const auto& entry : *storable.dictionary()) target.kept.set(entry.key, entry.value);
   for (const std::string& key : remove) target.kept.set(key, plist::Value());
-
+  if (held_) return Done{};
   // Whoever held the lock a moment ago isn't waited for again.
   const auto stored = store(target, before.empty() ? lockPatience_ : std::chrono::milliseconds(0));
+  if (stored && !before.empty() && keptHandler_) keptHandler_();
   if (!stored) {
     const Error error = failed(target, stored.error(), Repeated::Always);
     if (!failedSet_) failedSet_ = error;
@@ -223,6 +227,31 @@ bool Preferences::unfinished() const {
   return false;
 }
 
+void Preferences::hold() {
+  held_ = true;
+  for (auto& [name, domain] : domains_) domain.keptBefore = domain.kept;
+}
+
+void Preferences::drop() {
+  held_ = false;
+  for (auto& [name, domain] : domains_) domain.kept = std::exchange(domain.keptBefore, {});
+}
+
+Result<Done> Preferences::release() {
+  held_ = false;
+  for (auto& [name, domain] : domains_) {
+    const plist::Dictionary before = std::exchange(domain.keptBefore, {});
+    if (plist::Value(domain.kept) == plist::Value(before)) continue;
+    if (const auto stored = store(domain, lockPatience_); !stored) {
+      const Error error = failed(domain, stored.error());
+      drop();
+      domain.kept = before;
+      return error;
+    }
+  }
+  return finish(lockPatience_);
+}
+
 std::optional<Error> Preferences::damage(std::string_view domain) {
   const auto read = this->domain(domain).file.readUnless(FileStamp{});
   return read ? std::nullopt : std::optional(read.error());
@@ -258,6 +287,10 @@ void Preferences::setProblemHandler(platform::Report handler) {
 
 void Preferences::setRecoveryHandler(platform::Report handler) {
   recoveryHandler_ = std::move(handler);
+}
+
+void Preferences::setKeptHandler(std::function<void()> handler) {
+  keptHandler_ = std::move(handler);
 }
 
 void Preferences::setUnfinishedHandler(std::function<void()> handler) {

@@ -88,6 +88,13 @@ class Preferences {
   platform::Result<platform::Done> finish() { return finish(lockPatience_); }
   bool unfinished() const;  // whether there is anything to finish
 
+  // From now on sets are kept, and reads show them, until they are all stored, with one change of
+  // each domain's file, or dropped. Where `release` fails they are dropped, and the file is what it
+  // was; where it is Unconfirmed they are stored.
+  void hold();
+  platform::Result<platform::Done> release();
+  void drop();
+
   // Why the domain can't be read now, if it can't.
   std::optional<platform::Error> damage(std::string_view domain);
   // See DomainFile::replace. Drops sets that were kept.
@@ -103,6 +110,9 @@ class Preferences {
   // Is called with a failure that was reported once it has gone: the domain works, and all its
   // changes are stored and flushed. Also where another one takes its place.
   void setRecoveryHandler(platform::Report handler);
+  // Is called when sets that had been kept are stored, other processes having been notified of them
+  // before.
+  void setKeptHandler(std::function<void()> handler);
   // Is called when there is something to finish.
   void setUnfinishedHandler(std::function<void()> handler);
 
@@ -120,7 +130,8 @@ class Preferences {
     plist::Dictionary entries{};  // as they are on disk
     FileStamp stamp{};
     bool loaded = false;
-    plist::Dictionary kept{};                   // failed sets; Nothing removes its key
+    plist::Dictionary kept{};                   // failed or held sets; Nothing removes its key
+    plist::Dictionary keptBefore{};             // what was kept when the hold began
     std::optional<platform::Error> reported{};  // the latest failure
   };
 
@@ -140,9 +151,10 @@ class Preferences {
   DeviceRoot& root_;
   std::chrono::milliseconds lockPatience_;
   FailedSets failedSets_;
+  bool held_ = false;
   XmlReader xml_;
   platform::Report problemHandler_, recoveryHandler_;
-  std::function<void()> unfinishedHandler_;
+  std::function<void()> keptHandler_, unfinishedHandler_;
   std::optional<platform::Error> failedSet_;
   ChangeObserver* observer_ = nullptr;
   std::map<std::string, Domain, std::less<>> domains_;

@@ -1,6 +1,7 @@
 #include "platform/preferences/PSListController.h"
 
 #include "platform/foundation/text.h"
+#include "platform/preferences/row_value.h"
 #include "platform/preferences/specifier_list.h"
 
 namespace preferences {
@@ -63,7 +64,6 @@ PSListController::Specifiers PSListController::loadSpecifiersFromPlistNameTarget
     loadError_ = std::string(name) + ": " + what;
     return Specifiers();
   };
-  if (loading_) return {};
   loadError_.clear();
   byIdentifier_.clear();
   const ListResource* resource = environment().bundle.list(name);
@@ -74,13 +74,13 @@ PSListController::Specifiers PSListController::loadSpecifiersFromPlistNameTarget
   if (!list) return fail("row " + std::to_string(list.error().row) + ": " + list.error().what);
 
   if (!specifier()) title = list->title;
-  loading_ = true;
   for (auto& row : list->specifiers) {
     row->target = &target;
     byIdentifier_.emplace(row->identifier(), row.get());
-    loadChoices(*row);
+    // Some are many and take long to find out, and most requests ask for none.
+    if (!row->textForKey("valuesDataSource").empty())
+      row->setChoicesLater([this, choices = row.get()] { loadChoices(*choices); });
   }
-  loading_ = false;
   return std::move(list->specifiers);
 }
 
@@ -97,6 +97,7 @@ void PSListController::reloadSpecifier(PSSpecifier* specifier) {
 }
 
 void PSListController::reloadSpecifiers() {
+  if (asking_) return;
   specifiers_.reset();
   specifiers();
 }
@@ -114,13 +115,8 @@ void PSListController::setPreferenceValueSpecifier(const plist::Value& value,
 }
 
 plist::Value PSListController::readPreferenceValue(PSSpecifier* specifier) {
-  if (!specifier) return {};
-  auto key = specifier->textForKey("key"), domain = specifier->textForKey("defaults");
-  plist::Value value = specifier->propertyForKey("default");
-  if (!key.empty() && !domain.empty())
-    if (auto stored = environment().preferences.copyAppValue(key, domain)) value = *stored;
-  bool negated = specifier->boolForKey("negate", false);
-  return negated ? plist::Value(!foundation::boolValue(value)) : value;
+  return specifier ? storedOrDefault(specifier->properties(), environment().preferences)
+                   : plist::Value();
 }
 
 plist::Value PSListController::valueOf(PSSpecifier& specifier) {
@@ -167,7 +163,9 @@ void PSListController::loadChoices(PSSpecifier& specifier) {
     if (!value || !value->array()) return std::nullopt;
     return std::move(*value->array());
   };
+  const bool outer = std::exchange(asking_, true);
   auto values = list("valuesDataSource"), titles = list("titlesDataSource");
+  asking_ = outer;
   if (!values || !titles) return;
   values->resize(std::min(values->size(), titles->size()));
   Choices choices{std::move(*values), {}};

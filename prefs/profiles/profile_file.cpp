@@ -49,11 +49,12 @@ Result<plist::Dictionary> readProfile(const preferences::Environment& environmen
 }
 
 Result<Done> writeProfile(const preferences::Environment& environment, const std::string& path,
-                          const plist::Dictionary& profile, preferences::ProfileStep::What what) {
+                          const plist::Dictionary& profile, foundation::Existing existing,
+                          preferences::ProfileStep::What what) {
   const auto bytes = archive::archive(profile, archive::Mutability::Mutable);
   if (!bytes) return at(path, bytes.error());
   const auto guarded = environment.guard({what, path, *bytes});
-  return environment.root.writeDurably(path, *bytes);
+  return environment.root.writeDurably(path, *bytes, existing);
 }
 
 Result<Done> deleteProfile(const preferences::Environment& environment, const std::string& path,

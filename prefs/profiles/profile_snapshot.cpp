@@ -64,7 +64,10 @@ SaveResult saveProfile(const preferences::Environment& environment, const std::s
   if (!environment.root.exists(kDocuments)) (void)environment.root.createDirectory(kDocuments);
   plist::Dictionary domain = wholeDomainRead(environment.preferences);
   std::optional<Error> failure;
-  const auto written = writeProfile(environment, path, profileOf(domain, profileID));
+  const auto written = writeProfile(environment, path, profileOf(domain, profileID), existing);
+  // By another program, meanwhile.
+  if (!written && existing == Existing::Keep && written.error().code == EEXIST)
+    return {SaveOutcome::Exists};
   if (!written) failure = written.error();
   const bool inPlace = !failure || failure->kind == platform::ErrorKind::Unconfirmed;
   if (!inPlace && afterFailure == AfterFailure::Stop) return {SaveOutcome::NotWritten, failure};

@@ -11,7 +11,7 @@
 // process stores in between is overwritten.
 namespace prefs {
 
-enum class Existing { Keep, Overwrite };
+using foundation::Existing;
 // Whether a save whose file can't be written still makes its trigger the domain's.
 enum class AfterFailure { GoOn, Stop };
 enum class SaveOutcome {

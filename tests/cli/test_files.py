@@ -20,9 +20,12 @@ class ProfileList(ProgramTest):
                        archive({"profilepercentage": code} | more))
         folder = "/var/mobile/Documents/Quorvantis"
         self.assertEqual(self.document("profile", "list"),
-                         [{"path": f"{folder}/profile_5.qvx", "title": "Battery 5% - Night"},
-                          {"path": f"{folder}/profile_10.qvx", "title": "Battery 10%"},
-                          {"path": f"{folder}/profile_101.qvx", "title": "Charging started"}])
+                         [{"path": f"{folder}/profile_5.qvx", "title": "Battery 5% - Night",
+                           "trigger": "5", "active": True},
+                          {"path": f"{folder}/profile_10.qvx", "title": "Battery 10%",
+                           "trigger": "10", "active": True},
+                          {"path": f"{folder}/profile_101.qvx", "title": "Charging started",
+                           "trigger": "101", "active": True}])
 
     def test_none(self):
         self.assertEqual(self.document("profile", "list"), [])

@@ -111,7 +111,7 @@ class Set(ProgramTest):
     def test_refusals_say_what_can_be_set(self):
         self.write_domain({"custbrightenabled": True})
         self.assertIn("from 0 to 100", self.refuse(2, "set", "custbright", "4000"))
-        self.assertIn("quorvantis choices wifi", self.refuse(2, "set", "wifi", "On"))
+        self.assertIn("quorvantis choices wifi", self.refuse(2, "set", "wifi", "Maybe"))
 
     def test_choice_is_stored_as_the_list_has_it(self):
         choice = self.document("choices", "airplanemode")[1]
@@ -162,18 +162,18 @@ class Set(ProgramTest):
         self.output("set", "playsound", "Disabled")
         self.assertEqual(self.domain()["playsound"], "Disabled")
 
-    def test_choice_goes_by_the_text_of_its_value(self):
+    def test_choice_has_one_form(self):
         for text in ("true", "1.0", "01"):
             with self.subTest(text=text):
                 self.refuse(2, "set", "airplanemode", text)
 
     def test_value_that_the_row_can_not_take(self):
         self.write_domain({"custbrightenabled": True})
-        for key, text in (("custbrightenabled", "1"), ("custbrightenabled", "YES"),
+        for key, text in (("custbrightenabled", "2"), ("custbrightenabled", "tru"),
                           ("custbright", "4000"), ("custbright", "-1"), ("custbright", "x"),
                           ("custbright", "4 "), ("custbright", "0x10"), ("custbright", "nan"),
                           ("custbright", "inf"), ("custbright", ""), ("airplanemode", "77"),
-                          ("airplanemode", "Leave")):
+                          ("airplanemode", "Leav"), ("airplanemode", "")):
             with self.subTest(key=key, text=text):
                 self.refuse(2, "set", key, text)
 

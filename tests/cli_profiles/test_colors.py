@@ -30,14 +30,24 @@ class Colors(ProfileTest):
         self.output("set", "bannercolor", "#007aff")
         self.assertEqual(self.domain(), {"bannercolor": "#007AFF"})
 
+    def test_hash_and_case_can_be_left_out(self):
+        for text, stored in (("0a7ffe", "#0A7FFE"), ("007aff", "#007AFF"),
+                             ("system blue", "#007AFF"), ("NONE", "none")):
+            self.output("set", "bannercolor", text)
+            self.assertEqual(self.domain(), {"bannercolor": stored})
+
+    def test_refusal_names_the_nearest_color(self):
+        self.assertIn('did you mean "System Blue"?',
+                      self.refuse(2, "set", "bannercolor", "sistem blue"))
+
     def test_one_mixed_color_after_the_other(self):
         for color in ("#000001", "#000002", "#FE0002"):
             self.output("set", "bannercolor", color)
             self.assertEqual(self.domain(), {"bannercolor": color})
 
     def test_what_is_not_a_color(self):
-        for text in ("", "blue", "system blue", "custom", "Custom", "#FFF", "007AFF", "#007AFG",
-                     "#007AFF0", "NONE", "*default color"):
+        for text in ("", "blue", "custom", "Custom", "#FFF", "FFF", "#007AFG", "#007AFF0",
+                     "##007AF", "*default color"):
             self.refuse(2, "set", "bannercolor", text)
 
     def test_the_chosen_one_again_changes_nothing(self):

@@ -1,7 +1,9 @@
+import json
+import subprocess
 import unittest
 
 from profiles import DAMAGED, ProfileTest, path_of
-from program import DOCUMENTS
+from program import DOCUMENTS, PROGRAM
 
 
 class Delete(ProfileTest):
@@ -42,6 +44,46 @@ class Delete(ProfileTest):
         self.assertEqual([file.name for file in (self.root / DOCUMENTS).iterdir()], ["kept"])
 
 
+class FolderOnThePage(ProfileTest):
+    """A folder that bears a profile's name is neither overwritten nor deleted from the page."""
+
+    def converse(self, *requests, between=lambda: None):
+        with subprocess.Popen([PROGRAM, "drive"], env=self.env, stdin=subprocess.PIPE,
+                              stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True) as drive:
+            for request in requests:
+                if request is None:
+                    between()
+                    continue
+                drive.stdin.write(json.dumps(request) + "\n")
+                drive.stdin.flush()
+                answer = json.loads(drive.stdout.readline())
+                self.assertTrue(answer["ok"], (request, answer))
+            drive.stdin.close()
+            return drive.stderr.read()
+
+    OPEN = ({"do": "launch"}, {"do": "open", "page": "ProfilesListController"}, {"do": "bar"})
+
+    def test_overwrite(self):
+        self.write(f"{path_of(20)}/inside", b"kept")
+        reason = self.converse(*self.OPEN, {"do": "press", "button": "Save"}, {"do": "pick", "row": 19},
+                               {"do": "press", "button": "Save"},
+                               {"do": "press", "button": "Overwrite"})
+        self.assertIn("Is a directory", reason)
+        self.assertEqual((self.root / path_of(20) / "inside").read_bytes(), b"kept")
+
+    def test_delete(self):
+        self.output("profile", "save", "20")
+        inside = self.root / path_of(20) / "inside"
+
+        def replace():
+            (self.root / path_of(20)).unlink()
+            self.write(f"{path_of(20)}/inside", b"kept")
+        reason = self.converse(*self.OPEN, {"do": "press", "button": "Delete"}, None,
+                               {"do": "press", "button": "Delete"}, between=replace)
+        self.assertIn("not deleted", reason)
+        self.assertEqual(inside.read_bytes(), b"kept")
+
+
 class Show(ProfileTest):
     def test_the_values_of_the_file(self):
         self.write_profile(20, {"profilepercentage": "20", "wifi": 1, "other": "x"})
@@ -75,9 +117,11 @@ class List(ProfileTest):
         self.write_profile(101, {"profilepercentage": "101", "profiledescription": ""})
         self.write_profile(9, {"profilepercentage": "9"})
         self.assertEqual(self.document("profile", "list"), [
-            {"path": f"/{path_of(9)}", "title": "Battery 9%"},
-            {"path": f"/{path_of(20)}", "title": "Battery 20% - Night"},
-            {"path": f"/{path_of(101)}", "title": "Charging started"}])
+            {"path": f"/{path_of(9)}", "title": "Battery 9%", "trigger": "9", "active": True},
+            {"path": f"/{path_of(20)}", "title": "Battery 20% - Night", "trigger": "20",
+             "active": True},
+            {"path": f"/{path_of(101)}", "title": "Charging started", "trigger": "101",
+             "active": True}])
 
     def test_other_files_are_no_profiles(self):
         self.write(f"{DOCUMENTS}/quorvantis.log", DAMAGED)
@@ -96,23 +140,41 @@ class List(ProfileTest):
         self.write_profile(9, {"profilepercentage": "9", "profiledescription": "a\nb\x1b[31m"})
         lines = self.output("profile", "list").splitlines()
         self.assertEqual(len(lines), 1)
-        self.assertTrue(lines[0].endswith("Battery 9% - a b [31m"), lines[0])
+        self.assertEqual(lines[0], "9  Battery 9%  a b [31m  active")
+
+    def test_whether_active(self):
+        for trigger, active in ((1, {}), (2, {"profileactive": False}), (3, {"profileactive": 1.0}),
+                                (4, {"profileactive": 0})):
+            self.write_profile(trigger, {"profilepercentage": str(trigger)} | active)
+        self.assertEqual([each["active"] for each in self.document("profile", "list")],
+                         [True, False, True, False])
+        self.assertEqual([line.split("  ")[-1] for line in self.output("profile", "list").splitlines()],
+                         ["active", "not active", "active", "not active"])
+
+    def test_profile_without_a_trigger(self):
+        self.write_profile(20, {"wifi": 1})
+        self.assertEqual(self.document("profile", "list"),
+                         [{"path": f"/{path_of(20)}", "title": "Battery (null)%", "trigger": None,
+                           "active": True}])
 
     def test_events_are_in_the_order_of_their_codes_in_any_language(self):
         for code in (111, 101, 112):
             self.write_profile(code, {"profilepercentage": str(code)})
         self.env["LC_ALL"] = "cs_CZ.UTF-8"
         self.assertEqual(self.document("profile", "list"), [
-            {"path": f"/{path_of(101)}", "title": "Charging started"},
-            {"path": f"/{path_of(111)}", "title": "Device locked"},
-            {"path": f"/{path_of(112)}", "title": "Device unlocked"}])
+            {"path": f"/{path_of(101)}", "title": "Charging started", "trigger": "101",
+             "active": True},
+            {"path": f"/{path_of(111)}", "title": "Device locked", "trigger": "111",
+             "active": True},
+            {"path": f"/{path_of(112)}", "title": "Device unlocked", "trigger": "112",
+             "active": True}])
 
     def test_skipped_files_are_reported(self):
         self.write_profile(9, {"profilepercentage": "9"})
         self.write(path_of(20), DAMAGED)
         done = self.run_program("profile", "list")
         self.assertEqual(done.returncode, 0)
-        self.assertEqual(done.stdout.decode().split(), [f"/{path_of(9)}", "Battery", "9%"])
+        self.assertEqual(done.stdout.decode().split(), ["9", "Battery", "9%", "active"])
         self.assertRegex(done.stderr.decode(), rf"^quorvantis: /{path_of(20)}: .+\n$")
 
     def test_skipped_files_are_reported_in_the_order_of_their_names(self):

@@ -70,8 +70,13 @@ class Flush(ProfileTest):
         self.assertLessEqual({FAILED, UNCONFIRMED}, self.codes("fsync", "profile", "save", "21"))
 
     def test_of_a_loaded_profile(self):
-        codes = self.codes("fsync", "profile", "load", "20", more=("",))
-        self.assertLessEqual({FAILED, UNCONFIRMED}, codes)
+        self.assertEqual(self.codes("fsync", "profile", "load", "20", more=("",)), {DONE, FAILED})
+
+    def test_of_the_end_of_a_loaded_profile(self):
+        self.prepare()
+        done = self.failing("fsync", "4+", "profile", "load", "20")
+        self.assertEqual(done.returncode, UNCONFIRMED, done.stderr)
+        self.assertEqual(self.domain()["wifi"], 2)
 
     def test_of_a_deleted_profile(self):
         self.assertEqual(self.codes("fsync", "profile", "delete", "20"), {UNCONFIRMED})

@@ -98,7 +98,7 @@ class Diff(ProfileTest):
         self.write_profile(20, {"profilepercentage": "20", "wifi": 2})
         self.assertEqual(self.document("profile", "diff", "20"),
                          [{"key": "wifi", "from": 1, "to": 2}])
-        self.assertEqual(self.output("profile", "diff", "20"), "wifi: 1 -> 2\n")
+        self.assertEqual(self.output("profile", "diff", "20"), "wifi: On -> Off\n")
 
     def test_nothing_after_the_load(self):
         self.write_domain({"wifi": 1})

@@ -27,7 +27,8 @@ class DeviceStore : public testing::Test {
     options.realTime = realTime;
     auto queue = std::make_unique<foundation::ManualQueue>();
     clock_ = queue.get();
-    device_ = std::make_unique<host::Device>(options, std::move(queue));
+    device_ = std::make_unique<host::Device>(options, std::move(queue),
+                                             host::Substitutes{.darwinCenter = &posted_});
     device_->setProblemHandler(
         [this](const host::Problem& problem) { notices_.push_back(problem.message()); },
         [this](const host::Problem& problem) { std::erase(notices_, problem.message()); });
@@ -47,7 +48,13 @@ class DeviceStore : public testing::Test {
     std::filesystem::create_directories(lock());
   }
 
+  struct Posted : platform::DarwinNotificationCenter {
+    void post(std::string_view name) override { names.emplace_back(name); }
+    std::vector<std::string> names;
+  };
+
   TemporaryFolder folder_;
+  Posted posted_;
   foundation::ManualQueue* clock_ = nullptr;
   std::unique_ptr<host::Device> device_;
   std::vector<std::string> notices_;
@@ -71,12 +78,14 @@ TEST_F(DeviceStore, StoresASetOnceTheFaultHasGoneAndWithdrawsItsNotice) {
   clock_->advance(10 * kSecond);
   EXPECT_EQ(stored(), Value());
   EXPECT_THAT(notices_, ElementsAre(HasSubstr("lock")));
+  EXPECT_THAT(posted_.names, IsEmpty());
 
   std::filesystem::remove(lock());
   clock_->advance(kSecond);
   EXPECT_EQ(stored(), Value(1));
   EXPECT_THAT(notices_, IsEmpty());
   EXPECT_FALSE(preferences().unfinished());
+  EXPECT_THAT(posted_.names, ElementsAre("com.zorvek.quorvantis.prefs"));
 }
 
 TEST_F(DeviceStore, TriesASetOnceMoreAtTheEndAndSaysWhatBecameOfIt) {

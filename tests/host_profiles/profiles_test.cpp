@@ -158,7 +158,8 @@ TEST_F(HostProfiles, ListsProfilesAndReportsWhatIsNot) {
   ASSERT_TRUE(list);
   ASSERT_EQ(list->size(), 1u);
   EXPECT_EQ(list->front().path, prefs::profilePath(9));
-  EXPECT_EQ(list->front().title, "Battery 9% - Night");
+  EXPECT_EQ(list->front().trigger, "9");
+  EXPECT_EQ(list->front().longTitle(), "Battery 9% - Night");
   ASSERT_EQ(device.problems.size(), 1u);
   EXPECT_TRUE(device.problems[0].starts_with(prefs::profilePath(10) + ": "));
 }

@@ -18,9 +18,17 @@ class HostSettings : public testing::Test {
     return attempt ? Failure{} : attempt.error();
   }
 
+  using Texts = std::vector<host::Settings::KeyAndText>;
+  auto set(const std::string& key, const std::string& text) { return settings.set({{key, text}}); }
+
   profiles_test::ProfilesDevice device;
+  host::DeferredNotifications notifications{device.darwinCenter};
+  preferences::Environment environment{device.root,    device.preferences, device.center,
+                                       device.queue,   notifications,      device.collator,
+                                       device.urls,    device.addressBook, device.sounds,
+                                       device.realXml, prefs::bundle()};
   host::Settings::Problems reported;
-  host::Settings settings{device.environment, device.queue,
+  host::Settings settings{environment, device.queue, notifications,
                           [this] { return std::exchange(reported, {}); }};
 };
 
@@ -34,26 +42,26 @@ TEST_F(HostSettings, AValueIsStoredOrTheRowsDefault) {
 }
 
 TEST_F(HostSettings, ATextBecomesTheValueOfTheRowsKind) {
-  EXPECT_TRUE(settings.set("custbrightenabled", "true"));
+  EXPECT_TRUE(set("custbrightenabled", "true"));
   EXPECT_EQ(device.stored("custbrightenabled"), Value(true));
-  EXPECT_TRUE(settings.set("custbright", "40"));
+  EXPECT_TRUE(set("custbright", "40"));
   EXPECT_EQ(device.stored("custbright"), Value(40.0));
-  EXPECT_TRUE(settings.set("alertmsg", "40"));
+  EXPECT_TRUE(set("alertmsg", "40"));
   EXPECT_EQ(device.stored("alertmsg"), Value("40"));
-  EXPECT_TRUE(settings.set("wifi", "2"));
+  EXPECT_TRUE(set("wifi", "2"));
   EXPECT_EQ(device.stored("wifi"), Value(2));
-  EXPECT_TRUE(settings.set("bannercolor", "System Blue"));
+  EXPECT_TRUE(set("bannercolor", "System Blue"));
   EXPECT_EQ(device.stored("bannercolor"), Value("#007AFF"));
 }
 
 TEST_F(HostSettings, WhatARowCannotTakeIsRefusedAndChangesNothing) {
-  for (const auto& [key, text] : {std::pair("custbrightenabled", "1"),
+  for (const auto& [key, text] : {std::pair("custbrightenabled", "2"),
                                   {"custbright", "40"},
                                   {"wifi", "7"},
                                   {"alertmsg", "\xff"},
                                   {"bannercolor", "blue"},
                                   {"vibrateduration", "x"}})
-    EXPECT_EQ(failureOf(settings.set(key, text)).reason, Failure::Refused) << key;
+    EXPECT_EQ(failureOf(set(key, text)).reason, Failure::Refused) << key;
   EXPECT_TRUE(device.domain().empty());
 }
 
@@ -64,9 +72,119 @@ TEST_F(HostSettings, AChangeThatIsNotStoredFailsWithTheStoresReason) {
   std::filesystem::create_directories(lock);
   device.preferences.setProblemHandler(
       [this](const platform::Error& error) { reported.push_back({.words = error.message()}); });
-  const auto failure = failureOf(settings.set("wifi", "2"));
+  const auto failure = failureOf(set("wifi", "2"));
   EXPECT_EQ(failure.reason, Failure::Failed);
   EXPECT_NE(failure.problem.words.find("lock"), std::string::npos) << failure.problem.words;
+}
+
+TEST_F(HostSettings, ASwitchTakesTheWordsOfEverydayInAnyCase) {
+  for (const char* on : {"true", "on", "Yes", "1"}) {
+    EXPECT_TRUE(set("vibrate", "false"));
+    EXPECT_TRUE(set("vibrate", on));
+    EXPECT_EQ(device.stored("vibrate"), Value(true)) << on;
+  }
+  for (const char* off : {"FALSE", "Off", "no", "0"}) {
+    EXPECT_TRUE(set("vibrate", "true"));
+    EXPECT_TRUE(set("vibrate", off));
+    EXPECT_EQ(device.stored("vibrate"), Value(false)) << off;
+  }
+}
+
+TEST_F(HostSettings, AChoiceIsNamedByItsValueThenItsTitleThenItsTitleInAnyCase) {
+  EXPECT_TRUE(set("autolock", "30"));
+  EXPECT_EQ(device.stored("autolock"), Value(30));
+  EXPECT_TRUE(set("autolock", "1 Minute"));
+  EXPECT_EQ(device.stored("autolock"), Value(60));
+  EXPECT_TRUE(set("autolock", "never"));
+  EXPECT_EQ(device.stored("autolock"), Value(-1));
+}
+
+TEST_F(HostSettings, ARefusalSaysWhatCouldBeMeant) {
+  for (const auto& [key, text, meant] : {std::tuple("wfi", "1", "\"wifi\""),
+                                         {"autolock", "1 Minite", "\"1 Minute\""},
+                                         {"bannercolor", "Sistem Blue", "\"System Blue\""}}) {
+    const auto words = failureOf(set(key, text)).problem.words;
+    EXPECT_NE(words.find(std::string("did you mean ") + meant), std::string::npos) << words;
+  }
+}
+
+TEST_F(HostSettings, SeveralValuesAreStoredInOrder) {
+  EXPECT_TRUE(settings.set(Texts{{"vibrate", "on"}, {"vibrateduration", "10"}}));
+  EXPECT_EQ(device.stored("vibrate"), Value(true));
+  EXPECT_EQ(device.stored("vibrateduration"), Value(10.0));
+}
+
+TEST_F(HostSettings, OfSeveralValuesAllAreStoredOrNone) {
+  const auto failure =
+      failureOf(settings.set(Texts{{"wifi", "1"}, {"alertmsg", "a"}, {"vpn", "9"}}));
+  EXPECT_EQ(failure.reason, Failure::Refused);
+  EXPECT_TRUE(device.domain().empty());
+  EXPECT_TRUE(device.events.empty()) << device.events.front();
+  EXPECT_EQ(*settings.value("wifi"), Value(0)) << "nor is it seen here";
+  EXPECT_TRUE(set("bluetooth", "1"));
+  EXPECT_EQ(device.domain().size(), 1u);
+}
+
+TEST_F(HostSettings, AChangeIsAnnouncedOnceItIsStored) {
+  std::vector<plist::Dictionary> seen;
+  device.darwinCenter.hook = [&](const std::string&) { seen.push_back(device.domain()); };
+  EXPECT_TRUE(settings.set(Texts{{"wifi", "1"}, {"vpn", "2"}}));
+  ASSERT_EQ(seen.size(), 2u);
+  for (const plist::Dictionary& domain : seen) EXPECT_EQ(domain.size(), 2u);
+}
+
+TEST_F(HostSettings, WhatARowShowsCanAlwaysBeSet) {
+  device.store("profile", "/gone.qvx");
+  device.store("vibrate", 1.0);
+  device.store("wifi", 2.0);
+  ASSERT_TRUE(device.preferences.synchronize());
+  EXPECT_TRUE(set("profile", "/gone.qvx"));
+  EXPECT_TRUE(set("vibrate", "1.0"));
+  EXPECT_TRUE(set("wifi", "2.0"));
+  EXPECT_FALSE(set("profile", "/other.qvx"));
+  EXPECT_EQ(device.stored("profile"), Value("/gone.qvx"));
+}
+
+TEST_F(HostSettings, AResetSetsTheDefaultThroughTheRowsSetter) {
+  EXPECT_TRUE(settings.set(Texts{{"wifi", "1"}, {"vibrate", "on"}, {"bannercolor", "Snow"}}));
+  device.events.clear();
+  EXPECT_TRUE(settings.reset({.keys = {"wifi", "vibrate", "bannercolor", "vpn"}}));
+  EXPECT_EQ(device.stored("wifi"), Value(0));
+  EXPECT_EQ(device.stored("vibrate"), Value(false));
+  EXPECT_EQ(device.stored("bannercolor"), Value("#34495F"));
+  EXPECT_EQ(device.stored("vpn"), std::nullopt) << "shows its default already";
+  EXPECT_EQ(std::ranges::count(device.events, "darwin com.zorvek.quorvantis.prefs"), 3);
+}
+
+TEST_F(HostSettings, OnlyANamedRowIsNotResetWhileItIsDimmed) {
+  EXPECT_TRUE(settings.set(Texts{{"custbrightenabled", "on"}, {"custbright", "40"}}));
+  EXPECT_TRUE(set("custbrightenabled", "off"));
+  const auto failure = failureOf(settings.reset({.keys = {"custbright"}}));
+  EXPECT_EQ(failure.reason, Failure::Refused);
+  EXPECT_NE(failure.problem.words.find("Custom Brightness"), std::string::npos);
+  EXPECT_TRUE(settings.reset({.page = "power saving"}));
+  EXPECT_EQ(device.stored("custbright"), Value(50.0));
+}
+
+TEST_F(HostSettings, WhatAResetWouldChangeIsFoundWithoutChangingIt) {
+  EXPECT_TRUE(settings.set(Texts{{"wifi", "1"}, {"vibrate", "on"}}));
+  const plist::Value before = device.domain();
+  device.events.clear();
+  const auto changes = settings.changesOfReset({.all = true});
+  ASSERT_TRUE(changes);
+  ASSERT_EQ(changes->size(), 2u);
+  EXPECT_EQ((*changes)[0].key, "wifi");
+  EXPECT_EQ((*changes)[0].to, Value(0));
+  EXPECT_EQ(plist::Value(device.domain()), before);
+  EXPECT_TRUE(device.events.empty());
+}
+
+TEST_F(HostSettings, APageIsNamedByItsClassOrItsTitle) {
+  EXPECT_EQ(*settings.pageClass("SoundsListController"), "SoundsListController");
+  EXPECT_EQ(*settings.pageClass("sounds"), "SoundsListController");
+  EXPECT_EQ(failureOf(settings.pageClass("")).reason, Failure::NotFound);
+  EXPECT_NE(failureOf(settings.pageClass("Sonds")).problem.words.find("\"Sounds\""),
+            std::string::npos);
 }
 
 TEST_F(HostSettings, APageIsOpenedWithAllRowsAndItsRules) {

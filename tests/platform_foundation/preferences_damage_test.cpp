@@ -253,6 +253,7 @@ TEST_F(PreferencesTest, FolderInPlaceOfTheFileFailsTheSetAndStays) {
   const auto set = preferences.setAppValue("a", 1, kDomain);
   ASSERT_FALSE(set);
   EXPECT_EQ(set.error().code, EISDIR);
+  EXPECT_EQ(set.error().kind, ErrorKind::Failed);
   EXPECT_EQ(set.error().path, kFile);
   EXPECT_TRUE(fs::is_directory(folder.at(kFile)));
   EXPECT_FALSE(preferences.copyAppValue("a", kDomain));

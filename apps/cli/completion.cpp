@@ -1,0 +1,198 @@
+#include "apps/cli/completion.h"
+
+#include <algorithm>
+
+#include "apps/cli/command_line.h"
+#include "host/closest.h"
+#include "host/setting_lookup.h"
+#include "host/text.h"
+
+namespace cli {
+namespace {
+
+constexpr char kFiles[] = ":files";
+
+struct Candidate {
+  std::string text, meaning{};
+};
+using Candidates = std::vector<Candidate>;
+
+// The words before the one that is being typed.
+struct Before {
+  std::vector<std::string> words;        // without options
+  std::vector<const Option*> options;    // that were given
+  const Option* withoutValue = nullptr;  // the one whose value is being typed
+  bool ended = false;                    // by "--"
+};
+
+Before sortBefore(std::span<const std::string> line, Session& session) {
+  Before before;
+  for (const std::string& word : line) {
+    if (const Option* option = std::exchange(before.withoutValue, nullptr)) {
+      if (option->name == kRoot) session.options.root = word;
+      if (option->name == kContacts) session.options.contacts = word;
+      continue;
+    }
+    const Option* option = before.ended ? nullptr : anyOptionNamed(word);
+    if (option) before.options.push_back(option);
+    if (option && option->value) before.withoutValue = option;
+    if (!option && word == "--" && !before.ended)
+      before.ended = true;
+    else if (!option)
+      before.words.push_back(word);
+  }
+  return before;
+}
+
+Candidates commandsAfter(std::span<const std::string> words) {
+  Candidates found;
+  if (words.size() > 1) return found;
+  if (words.empty())
+    for (const Group& group : groups()) found.push_back({group.name, group.description});
+  const std::string_view group = words.empty() ? "" : std::string_view(words[0]);
+  for (const Command& command : commands())
+    if (command.group == group) found.push_back({command.name, command.description});
+  return found;
+}
+
+Candidates optionsOf(const Command* command) {
+  Candidates found;
+  const auto add = [&](std::span<const Option> options) {
+    for (const Option& option : options)
+      if (option.name) found.push_back({option.name, option.description});
+  };
+  if (command) add(command->options);
+  add(commonOptions());
+  return found;
+}
+
+// A choice is offered by its title, unless another one has that too.
+Candidates choicesOf(const preferences::Choices& choices) {
+  Candidates found;
+  for (std::size_t i = 0; i < choices.values.size(); ++i) {
+    const std::string value = host::namingText(choices.values[i]).value_or("");
+    const std::string& title = choices.titles[i];
+    const bool unique = host::indexNamed(title, choices.titles) == i &&
+                        std::ranges::count(choices.titles, title) == 1;
+    found.push_back(unique && !title.empty() ? Candidate{title, value} : Candidate{value, title});
+  }
+  return found;
+}
+
+Candidates valuesOf(Session& session, const std::string& key) {
+  host::Settings settings = session.settings();
+  if (const auto choices = settings.choices(key)) return choicesOf(**choices);
+  const auto setting = settings.describe(key);
+  if (setting && std::holds_alternative<host::SwitchView>(setting->row.control))
+    return {{"on"}, {"off"}};
+  return {};
+}
+
+Candidates keysOf(Session& session) {
+  Candidates found;
+  const preferences::Bundle& bundle = session.device().environment().bundle;
+  for (const std::string& key : host::settingKeys(bundle)) {
+    const auto setting = host::findSetting(bundle, key);
+    found.push_back({key, setting ? std::string(setting->text("label")) : ""});
+  }
+  return found;
+}
+
+Candidates pagesOf(Session& session) {
+  Candidates found;
+  const preferences::Bundle& bundle = session.device().environment().bundle;
+  for (const preferences::PageClass& page : bundle.pages) {
+    const std::string title = host::titleOf(bundle, page);
+    found.push_back({std::string(page.name), title});
+    if (!title.empty()) found.push_back({title, std::string(page.name)});
+  }
+  return found;
+}
+
+Candidates allTriggers() {
+  Candidates found;
+  for (const host::Trigger& trigger : host::triggers()) {
+    found.push_back({trigger.profileID, trigger.title});
+    found.push_back({trigger.title, trigger.profileID});
+  }
+  return found;
+}
+
+Candidates savedProfiles(Session& session) {
+  Candidates found;
+  const auto profiles = host::Profiles(session.device().environment()).list();
+  if (!profiles) return found;
+  for (const host::SavedProfile& profile : *profiles) {
+    found.push_back({profile.trigger, profile.longTitle()});
+    found.push_back({profile.title, profile.trigger});
+  }
+  return found;
+}
+
+Candidates candidatesFor(Session& session, Words words, const Before& before) {
+  switch (words) {
+    case Words::Any:
+      return {};
+    case Words::Files:
+      return {{kFiles}};
+    case Words::Commands:
+      return commandsAfter(std::span(before.words).subspan(1));
+    case Words::Keys:
+      return keysOf(session);
+    case Words::Values:
+      return valuesOf(session, before.words.back());
+    case Words::Pages:
+      return pagesOf(session);
+    case Words::Triggers:
+      return allTriggers();
+    case Words::SavedProfiles:
+      return savedProfiles(session);
+    case Words::Shells:
+      return {{"bash"}, {"zsh"}, {"fish"}};
+  }
+  return {};
+}
+
+// Which argument of the command comes after so many words.
+const Argument* argumentAfter(const Command& command, std::size_t words) {
+  const std::size_t count = command.arguments[1].name ? 2 : command.arguments[0].name ? 1 : 0;
+  if (count == 0) return nullptr;
+  const Argument& last = command.arguments[count - 1];
+  if (words < count) return &command.arguments[words];
+  if (command.argumentsMayRepeat) return &command.arguments[words % count];
+  const bool many = last.need == Argument::Repeated || last.need == Argument::OnceOrMore;
+  return many ? &last : nullptr;
+}
+
+Candidates candidatesAfter(Session& session, const Before& before, std::string_view typed) {
+  if (before.withoutValue) return candidatesFor(session, before.withoutValue->words, before);
+  const std::vector<std::string>& words = before.words;
+  const bool inGroup = !words.empty() && groupNamed(words[0]);
+  const std::size_t taken = inGroup ? 2 : 1;
+  const Command* command = nullptr;
+  if (words.size() >= taken) command = commandNamed(inGroup ? words[0] : "", words[taken - 1]);
+  if (!before.ended && typed.starts_with('-')) return optionsOf(command);
+  if (words.size() < taken) return commandsAfter(words);
+  const Argument* argument = command ? argumentAfter(*command, words.size() - taken) : nullptr;
+  return argument ? candidatesFor(session, argument->words, before) : Candidates();
+}
+
+}  // namespace
+
+Outcome<Done> completeLine(Session& session, const Arguments& arguments) {
+  session.options.root = host::defaultRoot();
+  std::span<const std::string> line = arguments.words;
+  if (line.empty()) return Done{};
+  const std::string typed = host::lowerCase(line.back());
+  const Before before = sortBefore(line.first(line.size() - 1), session);
+  const auto matches = [&](const Candidate& candidate) {
+    return candidate.text == kFiles || host::lowerCase(candidate.text).starts_with(typed);
+  };
+  for (const Candidate& candidate : candidatesAfter(session, before, typed))
+    if (!candidate.text.empty() && matches(candidate))
+      session.print(host::oneLine(candidate.text) + "\t" + host::oneLine(candidate.meaning));
+  session.takeWarnings();
+  return Done{};
+}
+
+}  // namespace cli

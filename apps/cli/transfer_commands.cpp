@@ -1,0 +1,81 @@
+#include "apps/cli/command.h"
+#include "host/settings_transfer.h"
+#include "host/user_file.h"
+
+// Settings and profiles as files of the user's own.
+namespace cli {
+namespace {
+
+Outcome<Done> writeOutput(Session& session, const std::string& file, plist::Bytes bytes) {
+  if (file != host::kStandardStream) {
+    const auto written = host::writeUserFile(file, bytes);
+    if (!written) return failureOf(written.error());
+    return Done{};
+  }
+  std::string text(bytes.begin(), bytes.end());
+  if (text.ends_with('\n')) text.pop_back();
+  session.print(text);
+  return Done{};
+}
+
+// Where it isn't about a file on the device it is about the one that was read.
+Failure failureOfImport(const host::Failure& reason, const std::string& file) {
+  Failure failure = failureOf(reason);
+  if (reason.problem.path.empty())
+    failure.reason =
+        (file == host::kStandardStream ? "standard input" : file) + ": " + failure.reason;
+  return failure;
+}
+
+}  // namespace
+
+Outcome<Done> exportSettings(Session& session, const Arguments& arguments) {
+  host::Settings settings = session.settings();
+  const auto xml = host::exportSettings(settings, session.device().environment());
+  if (!xml) return failureOf(xml.error());
+  return writeOutput(session, arguments[0], *xml);
+}
+
+Outcome<Done> importSettings(Session& session, const Arguments& arguments) {
+  const std::string& file = arguments[0];
+  const auto bytes = host::readUserFile(file);
+  if (!bytes) return failureOf(bytes.error());
+  host::Settings settings = session.settings();
+  preferences::Environment& environment = session.device().environment();
+  if (arguments.has("--dry-run")) {
+    const auto changes = host::changesOfImport(settings, environment, *bytes);
+    if (!changes) return failureOfImport(changes.error(), file);
+    printDifferences(session, *changes);
+    return Done{};
+  }
+  host::Backups* const backups = session.device().backups();
+  if (backups) backups->keepOrWarn("import");
+  const host::UserChange change(backups, "import");
+  const auto imported = host::importSettings(settings, environment, *bytes);
+  if (!imported) return failureOfImport(imported.error(), file);
+  return Done{};
+}
+
+Outcome<Done> exportProfile(Session& session, const Arguments& arguments) {
+  const auto trigger = host::profileNamed(arguments[0]);
+  if (!trigger) return failureOf(trigger.error());
+  const auto xml = host::Profiles(session.device().environment()).exportXml(*trigger);
+  if (!xml) return failureOf(xml.error());
+  const std::string& file = arguments[1];
+  if (file != host::kStandardStream && !arguments.has("--overwrite") && host::isRegularFile(file))
+    return Failure{ExitCode::Exists, file + ": exists; --overwrite replaces it"};
+  return writeOutput(session, file, *xml);
+}
+
+Outcome<Done> importProfile(Session& session, const Arguments& arguments) {
+  const auto bytes = host::readUserFile(arguments[0]);
+  if (!bytes) return failureOf(bytes.error());
+  using Existing = host::Profiles::Existing;
+  const auto existing = arguments.has("--overwrite") ? Existing::Overwrite : Existing::Keep;
+  const host::UserChange change(session.device().backups(), "import");
+  const auto imported = host::Profiles(session.device().environment()).import(*bytes, existing);
+  if (!imported) return failureOfImport(imported.error(), arguments[0]);
+  return Done{};
+}
+
+}  // namespace cli

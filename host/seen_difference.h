@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/settings.h"
+
+namespace host {
+
+// A difference of two sets of values as a user sees it.
+struct SeenDifference {
+  std::string key;
+  std::string from, to;  // what the key's row shows; in place of an absent value, its default
+  bool seen = true;      // it shows something else; of a key without a row, always
+};
+
+// In the same order.
+std::vector<SeenDifference> seenDifferences(Settings& settings,
+                                            const std::vector<prefs::Difference>& differences);
+
+}  // namespace host

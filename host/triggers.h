@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/problem.h"
+
+namespace host {
+
+// One of the 108 triggers.
+struct Trigger {
+  std::string profileID, title;
+  std::string path;  // of its profile, whether there is one or not
+  bool operator==(const Trigger&) const = default;
+};
+
+std::vector<Trigger> triggers();
+
+// By its ID ("55", "101"), its title in any case ("charging started"), its level ("55%") or the
+// path of its profile.
+std::optional<Trigger> findTrigger(std::string_view text);
+// The same; NotFound, with what could be meant.
+Attempt<Trigger> triggerNamed(std::string_view text);
+// Likewise, and by the path of a profile whose file is named after no trigger, which then has
+// neither ID nor title.
+Attempt<Trigger> profileNamed(std::string_view text);
+
+}  // namespace host

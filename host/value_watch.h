@@ -1,0 +1,25 @@
+#pragma once
+
+#include <vector>
+
+#include "host/problem.h"
+#include "platform/foundation/preferences.h"
+#include "prefs/profiles/profile_snapshot.h"
+
+namespace host {
+
+// The stored values, looked at again and again.
+class ValueWatch {
+ public:
+  explicit ValueWatch(foundation::Preferences& preferences) : preferences_(preferences) {}
+
+  // What has changed since the last look; the first one finds nothing.
+  Attempt<std::vector<prefs::Difference>> look();
+
+ private:
+  foundation::Preferences& preferences_;
+  bool looked_ = false;
+  plist::Dictionary last_;
+};
+
+}  // namespace host

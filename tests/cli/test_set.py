@@ -1,0 +1,179 @@
+import subprocess
+
+from program import DOMAIN, PROGRAM, ProgramTest
+from session_bus import needs_bus, start_session_bus
+
+
+class Typed(ProgramTest):
+    """What is shown can be typed."""
+
+    def stored(self, key, text):
+        self.output("set", key, text)
+        return self.domain()[key]
+
+    def test_words_of_a_switch(self):
+        for on, off in (("true", "false"), ("on", "off"), ("yes", "no"), ("1", "0"),
+                        ("ON", "Off"), ("Yes", "NO"), ("True", "FALSE")):
+            with self.subTest(on=on):
+                self.assertIs(self.stored("vibrate", on), True)
+                self.assertIs(self.stored("vibrate", off), False)
+
+    def test_titles_of_choices(self):
+        for key, text, value in (("wifi", "Off", 2), ("wifi", "on", 1), ("wifi", "LEAVE", 0),
+                                 ("tapaction", "Toggle Low Power Mode", 201),
+                                 ("profilepercentage", "Battery 20%", "20"),
+                                 ("profilepercentage", "charging started", "101"),
+                                 ("autolock", "never", -1)):
+            with self.subTest(text=text):
+                self.assertEqual(self.stored(key, text), value)
+
+    def test_title_of_a_sound(self):
+        self.write("System/Library/Audio/UISounds/ding.caf", b"x")
+        title = self.document("choices", "playsound")[-1]["title"]
+        self.assertEqual(self.stored("playsound", title),
+                         "file:///System/Library/Audio/UISounds/ding.caf")
+
+    def test_value_comes_before_title(self):
+        self.assertEqual(self.stored("profilepercentage", "2"), "2")
+
+    def test_title_that_two_have_in_other_cases(self):
+        for name in ("a.caf", "A.caf"):
+            self.write(f"System/Library/Audio/UISounds/{name}", b"x")
+        titles = [each["title"] for each in self.document("choices", "playsound")][1:]
+        self.assertEqual(len(titles), 2)
+        for title in titles:
+            self.assertTrue(self.stored("playsound", title).endswith(title))
+
+    def test_what_get_prints_can_be_set_in_every_usable_row(self):
+        self.output("set", "sendmessage", "on", "vibrate", "on", "flashled", "on",
+                    "custbrightenabled", "on", "customvolumeenabled", "on",
+                    "lowpowercustbrightenabled", "on")
+        rows = [row["id"] for page in self.document("pages")
+                for row in self.document("page", page["class"])
+                if row["usable"] and row["id"] in self.keys()]
+        self.assertGreater(len(rows), 70)
+        for key in rows:
+            with self.subTest(key=key):
+                text = self.output("get", key).removesuffix("\n")
+                self.output("set", key, text)
+                again = self.output("get", key).removesuffix("\n")
+                self.assertIn(again, (text, {"0": "false", "1": "true"}.get(text), text + ".0"))
+
+    def keys(self):
+        return {each["key"] for each in self.document("list")}
+
+    def test_what_a_load_stored_can_be_set(self):
+        self.output("profile", "save", "20")
+        self.output("profile", "load", "20")
+        self.assertEqual(self.output("get", "profileactive"), "1.0\n")
+        self.assertIs(self.stored("profileactive", "1.0"), True)
+
+    def test_choice_that_is_gone_stays(self):
+        self.write_domain({"profile": "/gone.qvx"})
+        self.output("set", "profile", "/gone.qvx")
+        self.assertEqual(self.domain(), {"profile": "/gone.qvx"})
+        self.refuse(2, "set", "profile", "/other.qvx")
+
+
+class Meant(ProgramTest):
+    """A refusal names the closest match."""
+
+    def meant(self, code, *words):
+        return self.refuse(code, *words).partition("; did you mean ")[2]
+
+    def test_key(self):
+        for words in (("get", "wfi"), ("set", "wfi", "1"), ("choices", "wfi"), ("describe", "wfi"),
+                      ("reset", "wfi")):
+            self.assertEqual(self.meant(3, *words), '"wifi"?')
+
+    def test_choice(self):
+        self.assertEqual(self.meant(2, "set", "autolock", "1 minite"), '"1 Minute"?')
+
+    def test_page(self):
+        self.assertEqual(self.meant(3, "page", "Sonds"), '"Sounds"?')
+        self.assertEqual(self.meant(3, "reset", "--page", "Sonds"), '"Sounds"?')
+
+    def test_nothing_near(self):
+        self.assertEqual(self.meant(3, "get", "xyzzyxyzzy"), "")
+
+    def test_dimmed_row_and_range(self):
+        self.assertIn("from 1 to 30", self.refuse(2, "set", "vibrate", "on", "vibrateduration", "99"))
+        self.assertIn('"vibrate"', self.refuse(2, "set", "vibrateduration", "9"))
+        self.assertIn("from 0 to 100", self.refuse(2, "choices", "custbright"))
+
+
+class Pairs(ProgramTest):
+    def test_all_are_stored(self):
+        self.output("set", "wifi", "Off", "vibrate", "on", "alertmsg", "two words")
+        self.assertEqual(self.domain(), {"wifi": 2, "vibrate": True, "alertmsg": "two words"})
+
+    def test_a_switch_opens_the_rows_behind_it(self):
+        self.output("set", "vibrate", "on", "vibrateduration", "10")
+        self.assertEqual(self.domain(), {"vibrate": True, "vibrateduration": 10.0})
+
+    def test_none_is_stored(self):
+        self.write_domain({"theirs": 1})
+        for words in (("wifi", "1", "custbright", "40"), ("wifi", "1", "vpn", "9"),
+                      ("bannercolor", "Snow", "vpn", "x"), ("adressbook", "x", "wifi", "1")):
+            self.refuse(2, "set", *words)
+        self.refuse(3, "set", "wifi", "1", "nosuchkey", "1")
+
+    def test_none_is_stored_in_a_missing_root(self):
+        self.refuse(2, "set", "wifi", "1", "vpn", "9")
+        self.assertFalse(self.root.exists())
+
+    def test_value_is_missing_or_unquoted(self):
+        self.assertIn("quotes", self.refuse(2, "set", "alertmsg"))
+        self.assertIn("quotes", self.refuse(2, "set", "alertmsg", "hello", "world"))
+        self.assertIn("quotes", self.refuse(3, "set", "alertmsg", "hello", "new", "world"))
+
+    def test_the_same_key_twice_ends_as_the_last_one(self):
+        self.output("set", "wifi", "1", "wifi", "2")
+        self.assertEqual(self.domain(), {"wifi": 2})
+
+    def test_write_that_fails(self):
+        (self.root / DOMAIN).mkdir(parents=True)
+        self.refuse(1, "set", "wifi", "1", "vpn", "2")
+
+    def test_text_that_begins_with_a_dash(self):
+        self.assertIn("after --", self.refuse(2, "set", "alertmsg", "-x"))
+        self.output("set", "--", "alertmsg", "-x")
+        self.assertEqual(self.domain(), {"alertmsg": "-x"})
+
+
+@needs_bus
+class Announced(ProgramTest):
+    def setUp(self):
+        super().setUp()
+        start_session_bus(self)
+        self.watcher = subprocess.Popen([PROGRAM, "watch"], env=self.env, stdout=subprocess.PIPE,
+                                        stderr=subprocess.PIPE)
+        self.addCleanup(self.watcher.communicate)
+        self.addCleanup(self.watcher.kill)
+
+    def heard_by_the_end(self):
+        """All notifications up to a last one that ends the listening."""
+        heard = []
+        while not heard or heard[-1] != b"com.zorvek.quorvantis.profile\n":
+            self.run_program("set", "profileactive", "off")
+            import select
+            while select.select([self.watcher.stdout], [], [], 0.2)[0]:
+                heard.append(self.watcher.stdout.readline())
+        return heard
+
+    def test_refused_pairs_announce_nothing(self):
+        self.heard_by_the_end()
+        self.refuse(2, "set", "wifi", "1", "vpn", "9")
+        self.assertNotIn(b"com.zorvek.quorvantis.prefs\n", self.heard_by_the_end())
+
+    def test_each_pair_is_announced(self):
+        self.heard_by_the_end()
+        self.output("set", "wifi", "1", "vpn", "2")
+        self.assertEqual(self.heard_by_the_end().count(b"com.zorvek.quorvantis.prefs\n"), 2)
+
+    def test_an_import_is_announced_once(self):
+        self.output("set", "wifi", "1", "vpn", "2")
+        self.output("export", "file")
+        self.heard_by_the_end()
+        self.output("import", "file")
+        self.assertEqual(self.heard_by_the_end().count(b"com.zorvek.quorvantis.prefs\n"), 1)

@@ -1,0 +1,93 @@
+#include "host/search.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+host::RowView row(std::string id, std::string label) {
+  host::RowView view;
+  view.id = view.key = std::move(id);
+  view.label = std::move(label);
+  return view;
+}
+
+host::RowView group(std::string label, std::string footer = "") {
+  host::RowView view;
+  view.kind = host::RowKind::Group;
+  view.label = std::move(label);
+  view.footer = std::move(footer);
+  return view;
+}
+
+host::RowView choices(std::string id, std::string label, std::vector<std::string> titles) {
+  host::RowView view = row(std::move(id), std::move(label));
+  plist::Array values(titles.size(), plist::Value(0));
+  view.control = host::LinkView{
+      "", std::make_shared<preferences::Choices>(preferences::Choices{values, titles})};
+  return view;
+}
+
+std::vector<host::PageView> pages() {
+  host::PageView power;
+  power.pageClass = "Power";
+  power.title = "Power Saving";
+  power.rows = {group("Brightness", "Sets the screen."), row("custbright", "Brightness (%)"),
+                group("Radios"), choices("wifi", "Wi-Fi", {"Leave", "Off"}),
+                choices("vpn", "VPN", {"Leave", "Off"})};
+  host::PageView extras;
+  extras.pageClass = "Extras";
+  extras.title = "Extras";
+  extras.rows = {row("banner", "Alert Banner")};
+  extras.rows[0].kind = host::RowKind::Color;
+  return {power, extras};
+}
+
+std::vector<std::string> found(std::string_view words) {
+  const host::SavedProfile night{
+      .path = "/p/profile_20.qvx", .trigger = "20", .title = "Battery 20%", .description = "Night"};
+  std::vector<std::string> texts;
+  for (const auto& [page, id, label, where] : host::search(pages(), {night}, words))
+    texts.push_back(page + " " + id + " " + label + " | " + where);
+  return texts;
+}
+
+using Texts = std::vector<std::string>;
+
+TEST(Search, FindsRowsByLabelKeyAndFooter) {
+  const Texts brightness = {"Power custbright Brightness (%) | Power Saving > Brightness"};
+  EXPECT_EQ(found("brightness"), brightness);
+  EXPECT_EQ(found("custbright"), brightness);
+  EXPECT_EQ(found("screen"), brightness);
+}
+
+TEST(Search, FindsChoicesColorsPagesAndProfiles) {
+  EXPECT_EQ(found("midnight"), Texts{"Extras banner Midnight | Extras > Alert Banner"});
+  EXPECT_EQ(found("saving").front(), "Power  Power Saving | Page");
+  EXPECT_EQ(found("night").front(),
+            "ProfilesListController /p/profile_20.qvx Battery 20% - Night | Saved Profiles");
+}
+
+TEST(Search, TheOrderOfTheWordsDoesNotMatter) {
+  const std::string off = "Power wifi Off | Power Saving > Radios > Wi-Fi";
+  EXPECT_EQ(found("wifi off").front(), off);
+  EXPECT_EQ(found("off wi-fi").front(), off);
+  EXPECT_EQ(found("OFF radios").size(), 2u);
+}
+
+TEST(Search, ATypoIsForgivenInALongWord) {
+  EXPECT_EQ(found("brigthness").size(), 1u);
+  EXPECT_EQ(found("brgihtnes").size(), 1u) << "two";
+  EXPECT_TRUE(found("brgihxnes").empty()) << "three";
+  EXPECT_TRUE(found("vpm").empty()) << "a short word is another word";
+}
+
+TEST(Search, EachWordHasToMatch) {
+  EXPECT_TRUE(found("wifi nonsense").empty());
+  EXPECT_TRUE(found("").empty());
+}
+
+TEST(Search, WhatOnlyLeadsToARowIsNotAHit) {
+  EXPECT_EQ(found("radios"), Texts());
+}
+
+}  // namespace
