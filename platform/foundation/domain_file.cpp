@@ -96,10 +96,6 @@ bool FileStamp::sameFile(const FileStamp& other) const {
          modified == other.modified && changed == other.changed;
 }
 
-std::string domainPath(std::string_view domain) {
-  return std::string(kFolder) + "/" + std::string(domain) + ".plist";
-}
-
 DomainFile::DomainFile(DeviceRoot& root, std::string_view domain, const XmlReader& xml)
     : root_(root), xml_(xml), name_(std::string(domain) + ".plist"), path_(domainPath(domain)) {}
 
