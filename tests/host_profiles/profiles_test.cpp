@@ -55,9 +55,8 @@ TEST_F(HostProfiles, ASaveWritesTheDomainOnceAfterTheFile) {
   device.store("wifi", 2);
   calls().log.clear();
   EXPECT_TRUE(profiles.save(trigger("7"), Existing::Keep));
-  EXPECT_EQ(calls().log, (Calls{"fsync *", "rename * profile_7.qvx", "fsync Quorvantis",
-                                "fsync *", "rename * com.zorvek.quorvantis.plist",
-                                "fsync Preferences"}));
+  EXPECT_EQ(calls().log, (Calls{"fsync *", "rename * profile_7.qvx", "fsync Quorvantis", "fsync *",
+                                "rename * com.zorvek.quorvantis.plist", "fsync Preferences"}));
 }
 
 TEST_F(HostProfiles, ASaveOfWhatCannotBeReadChangesNothing) {
