@@ -11,6 +11,12 @@ namespace recovery_test {
 using plist::Value;
 using Names = std::vector<std::string>;
 
+// In place: a file that is cut first is flushed by some file systems when it is closed.
+inline void overwrite(const std::filesystem::path& path, const std::string& bytes) {
+  std::fstream file(path, std::ios::in | std::ios::out | std::ios::binary);
+  file << bytes;
+}
+
 // A device whose changes are remembered in a folder of its own, and whose date is set by hand.
 class BackedUpDevice : public profiles_test::ProfilesDevice {
  public:

@@ -164,9 +164,12 @@ TEST_F(HostHistory, WhatIsNotTheUsersIsNotInIt) {
 
 TEST_F(HostHistory, TheLatestTwoHundredStay) {
   for (int i = 0; i <= 205; ++i) device.set("wifi", i);
-  for (int i = 0; i < 200; ++i) undo();
-  EXPECT_TRUE(nothingToUndo());
-  EXPECT_EQ(device.stored("wifi"), Value(5));
+  const auto folder = device.stateFolder() / "history";
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 200);
+  EXPECT_TRUE(std::filesystem::exists(folder / "206"));
+  EXPECT_FALSE(std::filesystem::exists(folder / "6"));
+  undo();
+  EXPECT_EQ(device.stored("wifi"), Value(204));
 }
 
 TEST_F(HostHistory, FourMegabytesStay) {

@@ -39,8 +39,7 @@ TEST_F(HostRecovery, FindsEachBitFlipThatYieldsOtherSettings) {
     auto flipped = bytes;
     flipped[bit / 8] ^= 1 << bit % 8;
     if (!foundation::decodeDomain(flipped, {})) continue;
-    std::ofstream(device.at(device.kDomainFile), std::ios::binary)
-        .write(reinterpret_cast<const char*>(flipped.data()), std::ssize(flipped));
+    overwrite(device.at(device.kDomainFile), {flipped.begin(), flipped.end()});
     EXPECT_TRUE(device.recovery().state().changedOutside) << bit;
     ++good;
   }

@@ -145,7 +145,7 @@ TEST_F(HostSnapshots, EachBitFlipIsFound) {
   for (std::size_t bit = 0; bit < bytes.size() * 8; ++bit) {
     std::string flipped = bytes;
     flipped[bit / 8] = static_cast<char>(flipped[bit / 8] ^ (1 << bit % 8));
-    std::ofstream(path, std::ios::binary) << flipped;
+    overwrite(path, flipped);
     const auto read = device.backups->snapshots().read(1);
     // A flip where it means nothing: in a number's width, in an object that nothing leads to.
     if (read) {

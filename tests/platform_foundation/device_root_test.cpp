@@ -36,6 +36,18 @@ TEST_F(DeviceRootTest, MissingRootReadsAsMissingFiles) {
   EXPECT_FALSE(fs::exists(folder.path()));
 }
 
+TEST_F(DeviceRootTest, CreatesAFileOnlyWhereTheNameIsFree) {
+  const std::uint8_t bytes[] = {'n', 'e', 'w'};
+  ASSERT_TRUE(root.create("/records/1", bytes));
+  EXPECT_EQ(read("/records/1"), "new");
+  EXPECT_EQ(modeOf(folder.at("/records/1")), 0600u);
+  EXPECT_EQ(modeOf(folder.at("/records")), 0700u);
+  const auto again = root.create("/records/1", {});
+  ASSERT_FALSE(again);
+  EXPECT_EQ(again.error().code, EEXIST);
+  EXPECT_EQ(read("/records/1"), "new");
+}
+
 TEST_F(DeviceRootTest, ReadsAFileWhole) {
   const std::string large(300'000, 'x');
   folder.write("/a/small", "text");

@@ -1,0 +1,112 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/platform_foundation/preferences_fixture.h"
+
+namespace foundation::test {
+namespace {
+
+using plist::Value;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+struct PreferencesExchangeTest : PreferencesTest {
+  std::vector<std::string> left(const KeyChanges& changes) {
+    const auto exchanged = preferences.exchange(changes, kDomain);
+    EXPECT_TRUE(exchanged);
+    return exchanged ? *exchanged : std::vector<std::string>{"failed"};
+  }
+};
+
+TEST_F(PreferencesExchangeTest, ChangesWhatHasTheExpectedValue) {
+  storeElsewhere("a", 1);
+  storeElsewhere("b", 2);
+  EXPECT_THAT(left({{"a", Value(1), Value(3)}, {"b", Value(2), {}}, {"c", {}, Value("new")}}),
+              IsEmpty());
+  EXPECT_EQ(stored("a"), Value(3));
+  EXPECT_EQ(stored("b"), Value());
+  EXPECT_EQ(stored("c"), Value("new"));
+  EXPECT_EQ(preferences.copyAppValue("a", kDomain), Value(3));
+}
+
+TEST_F(PreferencesExchangeTest, LeavesAndNamesWhatHasAnother) {
+  preferences.copyAppValue("a", kDomain);
+  storeElsewhere("a", 7);
+  storeElsewhere("c", 7);
+  EXPECT_THAT(left({{"a", Value(1), Value(3)},
+                    {"b", Value(2), {}},
+                    {"c", {}, Value(1)},
+                    {"d", {}, Value(1)}}),
+              ElementsAre("a", "c"));
+  EXPECT_EQ(stored("a"), Value(7));
+  EXPECT_EQ(stored("c"), Value(7));
+  EXPECT_EQ(stored("d"), Value(1));
+}
+
+TEST_F(PreferencesExchangeTest, TellsKindsOfNumbersApart) {
+  storeElsewhere("a", 1.0f);
+  EXPECT_THAT(left({{"a", Value(1), Value(3)}}), ElementsAre("a"));
+  EXPECT_THAT(left({{"a", Value(1.0f), Value(3)}}), IsEmpty());
+}
+
+TEST_F(PreferencesExchangeTest, WithoutAnythingToChangeWritesNothing) {
+  storeElsewhere("a", 1);
+  const auto before = fs::last_write_time(folder.at(kFile));
+  EXPECT_THAT(left({{"a", Value(3), Value(1)}}), IsEmpty());
+  EXPECT_EQ(fs::last_write_time(folder.at(kFile)), before);
+}
+
+TEST_F(PreferencesExchangeTest, RefusesADamagedFile) {
+  folder.write(kFile, "garbage");
+  EXPECT_FALSE(preferences.exchange({{"a", {}, Value(1)}}, kDomain));
+  EXPECT_EQ(folder.contents(kFile), "garbage");
+}
+
+struct Witness : ChangeObserver {
+  void willChange(std::string_view domain) override {
+    log.push_back("will " + std::string(domain));
+  }
+  void didChange(std::string_view, const KeyChanges& changes) override {
+    std::string names = "did";
+    for (const auto& [key, from, to] : changes)
+      names += " " + key + (from ? " from" : "") + (to ? " to" : "");
+    log.push_back(names);
+  }
+  std::vector<std::string> log;
+};
+
+struct ChangeObserverTest : PreferencesTest {
+  ChangeObserverTest() { preferences.setChangeObserver(&witness); }
+  const std::string will = "will " + std::string(kDomain);
+  Witness witness;
+};
+
+TEST_F(ChangeObserverTest, LearnsWhatASetChanges) {
+  storeElsewhere("a", 1);
+  storeElsewhere("b", 2);
+  ASSERT_TRUE(preferences.setMultiple({{"a", 1}, {"c", 3}}, {"b", "d"}, kDomain));
+  EXPECT_THAT(witness.log, ElementsAre(will, "did c to b from"));
+}
+
+TEST_F(ChangeObserverTest, LearnsWhatAnExchangeAndAReplacementChange) {
+  storeElsewhere("a", 1);
+  ASSERT_TRUE(preferences.exchange({{"a", Value(1), Value(2)}}, kDomain));
+  ASSERT_TRUE(preferences.replaceDomain({}, kDomain));
+  EXPECT_THAT(witness.log, ElementsAre(will, "did a from to", will, "did"));
+}
+
+TEST_F(ChangeObserverTest, LearnsNothingOfReadingAndOfLooking) {
+  preferences.copyAppValue("a", kDomain);
+  ASSERT_TRUE(preferences.setMultiple({}, {}, kDomain));
+  ASSERT_TRUE(preferences.synchronize());
+  EXPECT_THAT(witness.log, IsEmpty());
+}
+
+TEST_F(ChangeObserverTest, AFailureChangesNothing) {
+  folder.write(kFile, "garbage");
+  EXPECT_FALSE(preferences.setAppValue("a", 1, kDomain));
+  EXPECT_THAT(witness.log, ElementsAre(will));
+}
+
+}  // namespace
+}  // namespace foundation::test
