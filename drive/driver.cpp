@@ -66,6 +66,7 @@ Driver::Driver(const host::DeviceOptions& options, int viewport,
 
 std::string Driver::answer(std::string_view line) {
   const Answer done = dispatch(line);
+  (void)device_.device().finish();  // what fails is complained of
   if (!done) {
     return textOf(
         {{"ok", false}, {"error", nameOf(done.error().code)}, {"message", done.error().message}});

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "prefs/core/names.h"
 #include "prefs/resources/bundle.h"
 #include "services/services.h"
 
@@ -14,6 +15,9 @@ const foundation::FallbackFolder& desktopSounds() {
                                                   services::kDesktopSounds};
   return kSounds;
 }
+
+// After a set; the flush may take as long again.
+constexpr std::chrono::milliseconds kFinished{500};
 
 }  // namespace
 
@@ -27,7 +31,9 @@ Device::Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQue
       addressBook_(root_, options.contacts, collator_,
                    reportOf(Source::Contacts, Severity::Warning)),
       sounds_(root_, desktopSounds(), reportOf(Source::Sounds, Severity::Failure)),
-      preferences_(root_, options.lockPatience),
+      preferences_(root_, options.lockPatience,
+                   options.realTime ? foundation::Preferences::FailedSets::Keep
+                                    : foundation::Preferences::FailedSets::Drop),
       mainQueue_(std::move(mainQueue)),
       environment_{
           .root = root_,
@@ -48,6 +54,30 @@ Device::Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQue
       } {
   preferences_.setXmlReader([this](plist::Bytes bytes) { return xml_.read(bytes); });
   preferences_.setProblemHandler(reportOf(Source::Settings, Severity::Failure));
+  preferences_.setRecoveryHandler(
+      [this](const platform::Error& error) { withdraw(problemOf(Source::Settings, error)); });
+  if (options.state) makeBackups(options);
+  if (!options.realTime) return;
+  preferences_.setUnfinishedHandler([this] { finishSoon(); });
+  preferences_.setKeptHandler(
+      [this] { environment_.darwinCenter.post(prefs::kPrefsNotification); });
+}
+
+void Device::makeBackups(const DeviceOptions& options) {
+  const auto warn = reportOf(Source::Backups, Severity::Warning);
+  if (options.state->empty()) {
+    environment_.profileGuard = [warn](const preferences::ProfileStep&) {
+      warn(
+          {.what = "nothing is kept of what this changes: neither XDG_STATE_HOME nor HOME is set"});
+      return nullptr;
+    };
+    return;
+  }
+  backups_ = std::make_unique<Backups>(environment_, *options.state, options.lockPatience, warn);
+  preferences_.setChangeObserver(backups_.get());
+  environment_.profileGuard = [this](const preferences::ProfileStep& step) {
+    return backups_->guard(step);
+  };
 }
 
 // Tasks that wait and alerts hold pages, and those need the device until they are gone.
@@ -58,8 +88,26 @@ Device::~Device() {
 
 platform::Report Device::reportOf(Source source, Severity severity) {
   return [this, source, severity](const platform::Error& error) {
-    report({source, severity, error.path, error.words()});
+    Problem problem = problemOf(source, error);
+    if (severity == Severity::Warning) problem.severity = severity;
+    report(problem);
   };
+}
+
+// A lock that is held by then is not waited for: the next try is soon enough.
+void Device::finishSoon() {
+  if (std::exchange(finishing_, true)) return;
+  mainQueue_->after(kFinished, [this] {
+    finishing_ = false;
+    (void)preferences_.finish(std::chrono::milliseconds(0));
+    if (preferences_.unfinished()) finishSoon();
+  });
+}
+
+Attempt<platform::Done> Device::finish() {
+  const auto finished = preferences_.finish();
+  if (!finished) return failureOf(Source::Settings, finished.error());
+  return platform::Done{};
 }
 
 // The handler runs without the lock, so that it may make the device report again.
@@ -71,17 +119,35 @@ void Device::report(const Problem& problem) {
     handler = handler_;
     ++calls_;
   }
+  call(handler, problem);
+}
+
+// One that is kept and says that something failed stays: it did fail.
+void Device::withdraw(const Problem& problem) {
+  std::shared_ptr<const ProblemHandler> handler;
+  {
+    const std::lock_guard lock(mutex_);
+    if (problem.severity == Severity::Warning) std::erase(kept_, problem);
+    if (!gone_) return;
+    handler = gone_;
+    ++calls_;
+  }
+  call(handler, problem);
+}
+
+void Device::call(const std::shared_ptr<const ProblemHandler>& handler, const Problem& problem) {
   (*handler)(problem);
   const std::lock_guard lock(mutex_);
   --calls_;
   called_.notify_all();
 }
 
-void Device::setProblemHandler(ProblemHandler handler) {
+void Device::setProblemHandler(ProblemHandler handler, ProblemHandler gone) {
   std::vector<Problem> kept;
   {
     std::unique_lock lock(mutex_);
     handler_ = handler ? std::make_shared<const ProblemHandler>(handler) : nullptr;
+    gone_ = gone ? std::make_shared<const ProblemHandler>(gone) : nullptr;
     called_.wait(lock, [this] { return calls_ == 0; });
     if (handler_) kept = std::exchange(kept_, {});
   }

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "host/backups.h"
 #include "host/deferred_notifications.h"
 #include "host/device_options.h"
 #include "host/problem.h"
@@ -43,15 +44,21 @@ class Device {
   uikit::Screen& screen() { return screen_; }
   const std::string& contactsFolder() const { return contactsFolder_; }  // on this machine
 
+  // Null where the options name no folder for it.
+  Backups* backups() { return backups_.get(); }
+
   // What the pages ignore and must be reported to the user: a domain file that can't be read, a
   // write that failed, a URL that can't be opened; as a warning what was done all the same, only
   // not as well: text sorted by its bytes, contacts without those that can't be read. With a
   // handler each is given to it at once, a sound's from another thread; else they are kept until
-  // they are taken. Returns once no call of an earlier handler runs any more; not to be called by a
-  // handler.
+  // they are taken. `gone` is called with a problem of the settings that was reported and has gone.
+  // Returns once no call of an earlier handler runs any more; not to be called by a handler.
   using ProblemHandler = std::function<void(const Problem& problem)>;
-  void setProblemHandler(ProblemHandler handler);
+  void setProblemHandler(ProblemHandler handler, ProblemHandler gone = {});
   std::vector<Problem> takeProblems(Severity severity);
+
+  // Stores sets that were kept and flushes the settings: for the end of the program.
+  Attempt<platform::Done> finish();
 
   // Calls `posted` with the name of each cross-process notification as it arrives, only of these
   // names if there are any, until it returns false. The error says why the bus can't be listened
@@ -62,12 +69,16 @@ class Device {
 
  private:
   platform::Report reportOf(Source source, Severity severity);
+  void makeBackups(const DeviceOptions& options);
   void report(const Problem& problem);
+  void withdraw(const Problem& problem);
+  void call(const std::shared_ptr<const ProblemHandler>& handler, const Problem& problem);
+  void finishSoon();
 
   std::mutex mutex_;  // of what follows: sounds report from threads of their own
   std::condition_variable called_;
-  std::shared_ptr<const ProblemHandler> handler_;  // null: none
-  int calls_ = 0;                                  // of handlers, running now
+  std::shared_ptr<const ProblemHandler> handler_, gone_;  // null: none
+  int calls_ = 0;                                         // of handlers, running now
   std::vector<Problem> kept_;
 
   services::SessionNotificationCenter darwinCenter_;
@@ -86,6 +97,8 @@ class Device {
   foundation::NotificationCenter center_;
   std::unique_ptr<foundation::MainQueue> mainQueue_;
   preferences::Environment environment_;
+  std::unique_ptr<Backups> backups_;
+  bool finishing_ = false;  // a task that finishes the sets is in the main queue
 };
 
 }  // namespace host

@@ -14,8 +14,15 @@ struct DeviceOptions {
   std::string root{};                     // the device root, a folder on this machine
   std::optional<std::string> contacts{};  // another vCard folder, on this machine
   uikit::Idiom idiom = uikit::Idiom::Phone;
+  // The folder for what the host itself remembers of device roots, on this machine; none: nothing
+  // is remembered.
+  std::optional<std::string> state{};
   // How long a set waits for another program that holds the settings.
   std::chrono::milliseconds lockPatience = foundation::kLockPatience;
+  // Whether the main queue runs in real time. What a set leaves to be flushed is flushed within a
+  // second then, and a set that fails is kept, tried again, and announced once it is stored; else
+  // only Device::finish flushes.
+  bool realTime = false;
 };
 
 // Where the device root is when no option names one: QUORVANTIS_ROOT, else quorvantis below

@@ -2,12 +2,24 @@
 
 #include <string>
 
+#include "platform/error.h"
 #include "platform/result.h"
 
 namespace host {
 
 // Where a problem arose.
-enum class Source { Settings, Profiles, Log, Contacts, Sounds, Urls, Collation, Bus, Request };
+enum class Source {
+  Settings,
+  Profiles,
+  Log,
+  Contacts,
+  Sounds,
+  Urls,
+  Collation,
+  Bus,
+  Request,
+  Backups
+};
 
 enum class Severity {
   Warning,  // it was done all the same, only not as well
@@ -27,18 +39,25 @@ struct Problem {
   std::string message() const { return path.empty() ? words : path + ": " + words; }
 };
 
-// Why something could not be done; nothing has changed then.
+// Why something could not be done. Nothing has changed then, but where it is Unconfirmed.
 struct Failure {
   enum Reason {
-    Failed,    // a file or the settings can't be read or written
-    Refused,   // a value that isn't taken, a dimmed row, a name of the wrong form
-    NotFound,  // no such setting, page or profile
-    Exists,    // and is not to be overwritten
-    IsFolder,  // a folder stands in the place of a file
+    Failed,       // a file or the settings can't be read or written
+    Refused,      // a value that isn't taken, a dimmed row, a name of the wrong form
+    NotFound,     // no such setting, page or profile
+    Exists,       // and is not to be overwritten
+    IsFolder,     // a folder stands in the place of a file
+    Unconfirmed,  // it is stored, but the disk didn't confirm it
   };
   Reason reason = Failed;
   Problem problem;
 };
+
+// A failure below the host, in its user's terms: with the way out where the settings can't be read,
+// and as a warning where it is stored but not confirmed on disk.
+Problem problemOf(Source source, const platform::Error& error);
+// Failed or Unconfirmed, and that problem; `before` stands before its words.
+Failure failureOf(Source source, const platform::Error& error, const std::string& before = {});
 
 template <class T>
 using Attempt = platform::Result<T, Failure>;

@@ -43,6 +43,15 @@ Failure failureOf(const Trigger& trigger, const platform::Error& error) {
   return failure(Failure::Failed, trigger.path, error.message());
 }
 
+// About the settings, or a profile that was being written.
+Failure notDone(const std::string& what, const platform::Error& error) {
+  return failureOf(Source::Profiles, error, what);
+}
+
+Failure halfDone(std::string message) {
+  return failure(Failure::Unconfirmed, "", std::move(message));
+}
+
 SavedProfile savedProfile(const std::string& path, const plist::Dictionary& profile) {
   const auto valueOf = [&](std::string_view key) {
     const plist::Value* value = profile.find(key);
@@ -91,17 +100,34 @@ Attempt<Done> Profiles::checkFree(const Trigger& trigger, Existing existing) con
 
 bool Profiles::restore(const Trigger& trigger,
                        const platform::Result<std::vector<std::uint8_t>>& before) {
-  if (before) return static_cast<bool>(environment_.root.writeDurably(trigger.path, *before));
-  return before.error().code == ENOENT && static_cast<bool>(environment_.root.remove(trigger.path));
+  if (!before && before.error().code != ENOENT) return false;
+  const auto restored = before ? environment_.root.writeDurably(trigger.path, *before)
+                               : environment_.root.remove(trigger.path);
+  return restored || restored.error().kind == platform::ErrorKind::Unconfirmed;
+}
+
+bool Profiles::restore(const plist::Dictionary& domain) {
+  std::vector<std::string> added;
+  for (const std::string& key : environment_.preferences.copyKeyList(prefs::kDomain))
+    if (!domain.find(key)) added.push_back(key);
+  return static_cast<bool>(environment_.preferences.setMultiple(domain, added, prefs::kDomain));
+}
+
+platform::Result<Done> Profiles::checkWritable() {
+  return environment_.preferences.setMultiple({}, {}, prefs::kDomain);
+}
+
+Attempt<Done> Profiles::finish() {
+  const auto finished = environment_.preferences.finish();
+  if (!finished) return host::failureOf(Source::Settings, finished.error());
+  return Done{};
 }
 
 Attempt<Done> Profiles::save(const Trigger& trigger, Existing existing) {
   if (const auto free = checkFree(trigger, existing); !free) return free;
-  // A change of nothing takes the lock and writes nothing. The file is written before the domain
-  // is, and what it replaces can't always be brought back: a lock that can't be had is better known
-  // now.
-  const auto writable = environment_.preferences.setMultiple({}, {}, prefs::kDomain);
-  if (!writable) return failed("not saved: " + writable.error().message());
+  // The file is written before the domain is, and what it replaces can't always be brought back.
+  if (const auto writable = checkWritable(); !writable)
+    return notDone("not saved", writable.error());
 
   const auto before = environment_.root.read(trigger.path, foundation::Links::Refuse);
   const auto saved = prefs::saveProfile(environment_, trigger.profileID, trigger.path, existing,
@@ -109,34 +135,52 @@ Attempt<Done> Profiles::save(const Trigger& trigger, Existing existing) {
   switch (saved.outcome) {
     case prefs::SaveOutcome::Saved:
     case prefs::SaveOutcome::Overwritten:
-      return Done{};
+      if (saved.failure) return notDone("", *saved.failure);
+      return finish();
     case prefs::SaveOutcome::Exists:
       return exists(trigger);
     case prefs::SaveOutcome::NotRemembered:
-      if (restore(trigger, before)) return failed("not saved: " + saved.failure);
-      return failed("not remembered: " + saved.failure + "; the new profile stays at " +
-                    trigger.path);
+      if (restore(trigger, before)) return notDone("not saved", *saved.failure);
+      return halfDone("not remembered: " + problemOf(Source::Settings, *saved.failure).message() +
+                      "; the new profile stays at " + trigger.path);
     case prefs::SaveOutcome::Unreadable:
     case prefs::SaveOutcome::NotWritten:
-      return failed("not saved: " + saved.failure);
+      return notDone("not saved", *saved.failure);
   }
   return Done{};
 }
 
 Attempt<Done> Profiles::load(const Trigger& trigger) {
+  foundation::Preferences& preferences = environment_.preferences;
   if (const auto profile = read(trigger); !profile) return profile.error();
+  if (const auto writable = checkWritable(); !writable)
+    return notDone("not loaded", writable.error());
+  if (const auto readable = preferences.refresh(prefs::kDomain); !readable)
+    return notDone("not loaded", readable.error());
+  const plist::Dictionary before = prefs::wholeDomainRead(preferences);
   const auto page = std::make_shared<prefs::ProfilesListController>(environment_);
   page->viewDidLoad();
-  const auto loaded = page->loadProfileAtPath(trigger.path);
+  (void)preferences.takeFailedSet();
+  const auto loaded = page->loadProfileAtPath(trigger.path, prefs::AfterFailure::Stop);
   if (!loaded) return failureOf(trigger, loaded.error());
-  if (!loaded->unstored.empty()) return failed("not loaded: " + loaded->unstored);
-  return Done{};
+  if (loaded->unstored) return notDone("not loaded", *loaded->unstored);
+  if (const auto failed = preferences.takeFailedSet()) {
+    if (!restore(before))
+      return halfDone("loaded, but Profile Active isn't stored: " +
+                      problemOf(Source::Settings, *failed).message());
+    environment_.darwinCenter.post(prefs::kPrefsNotification);
+    return notDone("not loaded", *failed);
+  }
+  return finish();
 }
 
 Attempt<Done> Profiles::remove(const Trigger& trigger, Folders folders) {
   const auto removed = prefs::deleteProfile(environment_, trigger.path, folders);
   if (removed) return Done{};
   const int code = removed.error().code;
+  if (removed.error().kind == platform::ErrorKind::Unconfirmed)
+    return failure(Failure::Unconfirmed, trigger.path,
+                   "deleted, but not confirmed on disk: " + removed.error().message());
   if (code == ENOENT) return noProfile(trigger);
   return failure(code == EISDIR ? Failure::IsFolder : Failure::Failed, trigger.path,
                  removed.error().message());
@@ -148,16 +192,24 @@ Attempt<Done> Profiles::copy(const Trigger& from, const Trigger& to, Existing ex
   if (const auto free = checkFree(to, existing); !free) return free;
   plist::Dictionary copy = *plist::storable(*profile)->dictionary();
   copy.set(prefs::kProfilePercentage, to.profileID);
-  const auto written = prefs::writeProfile(environment_, to.path, copy);
-  if (!written) return failure(Failure::Failed, to.path, written.error().message());
-  return Done{};
+  return write(to, copy, existing, preferences::ProfileStep::Save);
+}
+
+Attempt<Done> Profiles::write(const Trigger& trigger, const plist::Dictionary& profile,
+                              Existing existing, preferences::ProfileStep::What what) {
+  const auto written = prefs::writeProfile(environment_, trigger.path, profile, existing, what);
+  if (written) return Done{};
+  if (existing == Existing::Keep && written.error().code == EEXIST) return exists(trigger);
+  if (written.error().kind == platform::ErrorKind::Unconfirmed)
+    return host::failureOf(Source::Profiles, written.error());
+  return failure(Failure::Failed, trigger.path, written.error().message());
 }
 
 Attempt<std::vector<prefs::Difference>> Profiles::changesOfLoad(const Trigger& trigger) {
   const auto profile = read(trigger);
   if (!profile) return profile.error();
   if (const auto readable = environment_.preferences.refresh(prefs::kDomain); !readable)
-    return failed(readable.error().message());
+    return host::failureOf(Source::Settings, readable.error());
   const plist::Dictionary domain = prefs::wholeDomainRead(environment_.preferences);
   return prefs::differences(domain, prefs::domainAfterLoad(*profile, domain));
 }
@@ -184,8 +236,8 @@ Attempt<Trigger> Profiles::import(plist::Bytes bytes, Existing existing) {
   if (!imported) return imported.error();
   const auto& [trigger, values] = *imported;
   if (const auto free = checkFree(trigger, existing); !free) return free.error();
-  const auto written = prefs::writeProfile(environment_, trigger.path, values);
-  if (!written) return failure(Failure::Failed, trigger.path, written.error().message());
+  const auto written = write(trigger, values, existing, preferences::ProfileStep::Import);
+  if (!written) return written.error();
   return trigger;
 }
 

@@ -38,9 +38,11 @@ class Profiles {
   Attempt<plist::Dictionary> read(const Trigger& trigger);
 
   // Saves the settings, and remembers the trigger in them. When the latter fails a file of that
-  // name is again what it was.
+  // name is again what it was; where that fails too the failure is Unconfirmed.
   Attempt<Done> save(const Trigger& trigger, Existing existing);
-  // Through the profile page, with its announcements.
+  // Through the profile page, with its announcements. It stores twice; when the second fails the
+  // settings are made again what they were, with an announcement; where that fails too the failure
+  // is Unconfirmed, and only the kind of "profileactive" isn't what the load makes it.
   Attempt<Done> load(const Trigger& trigger);
   Attempt<Done> remove(const Trigger& trigger, Folders folders);
   // Binds a copy of one's profile to another trigger.
@@ -60,9 +62,15 @@ class Profiles {
   Attempt<Trigger> import(plist::Bytes bytes, Existing existing);
 
  private:
+  Attempt<Done> write(const Trigger& trigger, const plist::Dictionary& profile, Existing existing,
+                      preferences::ProfileStep::What what);
   Attempt<Done> checkFree(const Trigger& trigger, Existing existing) const;
   // Whether the file is again what it was.
   bool restore(const Trigger& trigger, const platform::Result<std::vector<std::uint8_t>>& before);
+  bool restore(const plist::Dictionary& domain);
+  // Takes the lock and reads the settings, and changes nothing.
+  platform::Result<Done> checkWritable();
+  Attempt<Done> finish();
 
   preferences::Environment& environment_;
 };

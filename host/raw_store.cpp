@@ -17,13 +17,13 @@ Failure failure(Failure::Reason reason, std::string words) {
 
 Attempt<plist::Dictionary> RawStore::readAll() {
   const auto readable = preferences_.refresh(prefs::kDomain);
-  if (!readable) return failure(Failure::Failed, readable.error().message());
+  if (!readable) return failureOf(Source::Settings, readable.error());
   return prefs::wholeDomainRead(preferences_);
 }
 
 Attempt<plist::Value> RawStore::read(const std::string& key) {
   const auto readable = preferences_.refresh(prefs::kDomain);
-  if (!readable) return failure(Failure::Failed, readable.error().message());
+  if (!readable) return failureOf(Source::Settings, readable.error());
   auto value = preferences_.copyAppValue(key, prefs::kDomain);
   if (!value) return failure(Failure::NotFound, "no key \"" + key + "\"");
   return std::move(*value);
@@ -31,9 +31,9 @@ Attempt<plist::Value> RawStore::read(const std::string& key) {
 
 Attempt<Done> RawStore::change(const std::string& key, const plist::Value& value) {
   const auto stored = preferences_.setAppValue(key, value, prefs::kDomain);
-  if (!stored) return failure(Failure::Failed, stored.error().message());
-  const auto flushed = preferences_.appSynchronize(prefs::kDomain);
-  if (!flushed) return failure(Failure::Failed, flushed.error().message());
+  if (!stored) return failureOf(Source::Settings, stored.error());
+  const auto finished = preferences_.finish();
+  if (!finished) return failureOf(Source::Settings, finished.error());
   return Done{};
 }
 

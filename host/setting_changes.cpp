@@ -37,7 +37,7 @@ plist::Value defaultOf(const RowView& row) {
 // A page that shows defaults in place of what is stored dims the wrong rows.
 Attempt<Done> Settings::readable() {
   const auto read = environment_.preferences.refresh(prefs::kDomain);
-  if (!read) return failure(Failure::Failed, read.error().message());
+  if (!read) return host::failureOf(Source::Settings, read.error());
   return Done{};
 }
 
@@ -155,12 +155,11 @@ Attempt<Settings::Problems> Settings::perform(const Change& change) {
     return changed.error();
   }
   const auto stored = preferences.release();
-  if (!stored && stored.error().kind != platform::ErrorKind::Unconfirmed) {
+  if (stored || stored.error().kind == platform::ErrorKind::Unconfirmed)
+    notifications_.release();
+  else
     notifications_.drop();
-    return failure(Failure::Failed, stored.error().message());
-  }
-  notifications_.release();
-  if (!stored) return failure(Failure::Failed, stored.error().message());
+  if (!stored) return host::failureOf(Source::Settings, stored.error());
   return takeProblems_();
 }
 

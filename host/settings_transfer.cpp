@@ -73,7 +73,7 @@ Attempt<plist::Dictionary> readValues(Settings& settings, preferences::Environme
   if (!list) return failure(Failure::Failed, list.error().message());
   if (!list->dictionary()) return failure(Failure::Refused, "not settings: no dictionary");
   if (const auto readable = environment.preferences.refresh(prefs::kDomain); !readable)
-    return failure(Failure::Failed, readable.error().message());
+    return failureOf(Source::Settings, readable.error());
   const auto known = settings.list();
   if (!known) return known.error();
   if (const auto checked = check(*known, *list->dictionary()); !checked) return checked.error();
@@ -85,7 +85,7 @@ Attempt<plist::Dictionary> readValues(Settings& settings, preferences::Environme
 Attempt<std::vector<std::uint8_t>> exportSettings(Settings& settings,
                                                   preferences::Environment& environment) {
   if (const auto readable = environment.preferences.refresh(prefs::kDomain); !readable)
-    return failure(Failure::Failed, readable.error().message());
+    return failureOf(Source::Settings, readable.error());
   const auto known = settings.list();
   if (!known) return known.error();
   plist::Dictionary values;
@@ -100,9 +100,11 @@ Attempt<Done> importSettings(Settings& settings, preferences::Environment& envir
   const auto values = readValues(settings, environment, bytes);
   if (!values) return values.error();
   const auto stored = prefs::wholeDomainWrite(environment.preferences, *values);
-  if (!stored) return failure(Failure::Failed, stored.error().message());
+  if (!stored) return failureOf(Source::Settings, stored.error());
   environment.darwinCenter.post(prefs::kPrefsNotification);
   environment.defaultCenter.postNotificationName(prefs::kReloadSpecifiersNotification, nullptr);
+  if (const auto finished = environment.preferences.finish(); !finished)
+    return failureOf(Source::Settings, finished.error());
   return Done{};
 }
 

@@ -5,6 +5,7 @@
 namespace host {
 
 using foundation::isRegularFile;
+using foundation::kStandardStream;
 using foundation::readUserFile;
 using foundation::Stream;
 using foundation::writeStream;

@@ -13,9 +13,7 @@ std::string ValueWatch::path() {
 
 Attempt<std::vector<prefs::Difference>> ValueWatch::look() {
   const auto readable = preferences_.refresh(prefs::kDomain);
-  if (!readable)
-    return Failure{Failure::Failed,
-                   {.source = Source::Settings, .words = readable.error().message()}};
+  if (!readable) return failureOf(Source::Settings, readable.error());
   const plist::Dictionary now = prefs::wholeDomainRead(preferences_);
   const plist::Dictionary before = std::exchange(last_, now);
   if (!std::exchange(looked_, true)) return std::vector<prefs::Difference>();

@@ -35,7 +35,18 @@ bool isKnown(std::string_view text) {
 }
 
 std::string_view number(std::string_view text) {
-  return text.substr(0, std::find_if_not(text.begin(), text.end(), isDigit) - text.begin());
+  std::size_t digits = 0;
+  while (digits < text.size() && isDigit(text[digits])) ++digits;
+  return text.substr(0, digits);
+}
+
+// How much both begin with, to the start of a number that may go on differently.
+std::size_t equalStart(std::string_view a, std::string_view b) {
+  const std::size_t shorter = std::min(a.size(), b.size());
+  std::size_t equal = 0;
+  while (equal < shorter && a[equal] == b[equal]) ++equal;
+  while (equal > 0 && isDigit(a[equal - 1])) --equal;
+  return equal;
 }
 
 int compareNumbers(std::string_view a, std::string_view b) {
@@ -55,7 +66,11 @@ bool hasRootAsciiOrder(std::string_view locale) {
 }
 
 std::optional<int> compareAscii(std::string_view a, std::string_view b) {
-  if (!isKnown(a) || !isKnown(b)) return std::nullopt;
+  if (!isKnown(a)) return std::nullopt;
+  const std::size_t equal = equalStart(a, b);
+  a.remove_prefix(equal);
+  b.remove_prefix(equal);
+  if (!isKnown(b)) return std::nullopt;
   int tie = 0;  // what decides when nothing weightier does
   while (!a.empty() && !b.empty()) {
     const std::string_view first = number(a), second = number(b);

@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "platform/plist/base64.h"
+#include "platform/plist/binary_walk.h"
 #include "platform/plist/date_text.h"
 #include "services/xml_scalars.h"
 
@@ -15,6 +16,7 @@ namespace services {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
+constexpr std::string_view kTooLarge = "holds more than its size allows for";
 
 enum class Element { Plist, Dict, Array, Key, String, Integer, Real, True, False, Date, Data };
 
@@ -68,7 +70,8 @@ std::string quoted(std::string_view text) {
 
 class Reader {
  public:
-  explicit Reader(XML_Parser parser) : parser_(parser) {
+  Reader(XML_Parser parser, std::size_t size)
+      : parser_(parser), budget_(plist::expansionLimit(size)) {
     XML_SetUserData(parser, this);
     XML_SetElementHandler(
         parser, [](void* self, const char* name, const char**) { reader(self).open(name); },
@@ -80,6 +83,10 @@ class Reader {
                                         const char*, const char*, const char*, const char*) {
       reader(self).fail("declares the entity " + std::string(name));
     });
+    XML_SetAttlistDeclHandler(
+        parser, [](void* self, const char* element, const char*, const char*, const char*, int) {
+          reader(self).fail("declares attributes of " + quoted(element));
+        });
     XML_SetSkippedEntityHandler(parser, [](void* self, const char* name, int) {
       reader(self).fail("unknown entity &" + std::string(name) + ";");
     });
@@ -163,6 +170,7 @@ class Reader {
   void characters(std::string_view text) {
     if (stopped()) return;
     if (leaf_) {
+      if (!budget_.charge(2 * text.size())) return fail(kTooLarge);  // as its buffer grows
       text_ += text;
     } else if (text.find_first_not_of(kBlanks) != text.npos) {
       fail("text outside a value");
@@ -214,6 +222,9 @@ class Reader {
   void add(plist::Value value) {
     if (open_.empty()) return finish(std::move(value));
     Container& parent = open_.back();
+    const auto type = parent.key ? plist::ObjectType::Dictionary : plist::ObjectType::Array;
+    // Twice: containers grow by doubling.
+    if (!budget_.charge(2 * plist::memoryCost(type, 1))) return fail(kTooLarge);
     if (parent.element != Element::Dict) return parent.members.push_back(std::move(value));
     parent.dictionary.set(*parent.key, std::move(value));
     parent.key.reset();
@@ -225,6 +236,7 @@ class Reader {
   }
 
   XML_Parser parser_;
+  plist::MemoryBudget budget_;
   unsigned long skippedLines_ = 0;
   std::vector<Container> open_;
   std::optional<Element> leaf_;  // the open element that holds text
@@ -240,7 +252,8 @@ platform::Result<XmlWithLines> readXmlWithLines(plist::Bytes bytes) {
   const std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> parser(
       XML_ParserCreate(nullptr), XML_ParserFree);
   if (!parser) return platform::Error{.what = "out of memory"};
-  return Reader(parser.get()).read({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+  return Reader(parser.get(), bytes.size())
+      .read({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
 }
 
 platform::Result<plist::Value> readXml(plist::Bytes bytes) {

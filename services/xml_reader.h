@@ -19,8 +19,10 @@ namespace services {
 // - Dates are YYYY-MM-DDTHH:MM:SSZ. Data is Base64 with white space anywhere.
 // - Of equal keys the last wins, in the place of the first. A dictionary whose only key is CF$UID,
 //   with a number, is a UID of its low 32 bits.
-// - More than plist::kMaximumDepth containers in one another, and any entity beyond XML's own five,
-// are refused.
+// - More than plist::kMaximumDepth containers in one another, any entity beyond XML's own five, and
+//   attributes declared in the DOCTYPE (each element would get them) are refused.
+// - What is read takes at most plist::expansionLimit of the bytes, charged as the binary reader
+//   charges it.
 platform::Result<plist::Value> readXml(plist::Bytes bytes);
 
 struct XmlWithLines {

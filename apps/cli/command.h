@@ -98,6 +98,14 @@ Outcome<Done> exportProfile(Session& session, const Arguments& arguments);
 Outcome<Done> importProfile(Session& session, const Arguments& arguments);
 Outcome<Done> listTriggers(Session& session, const Arguments& arguments);
 
+Outcome<Done> listSnapshots(Session& session, const Arguments& arguments);
+Outcome<Done> showSnapshot(Session& session, const Arguments& arguments);
+Outcome<Done> compareSnapshot(Session& session, const Arguments& arguments);
+Outcome<Done> restoreSnapshot(Session& session, const Arguments& arguments);
+Outcome<Done> undo(Session& session, const Arguments& arguments);
+Outcome<Done> redo(Session& session, const Arguments& arguments);
+Outcome<Done> repair(Session& session, const Arguments& arguments);
+
 Outcome<Done> readStore(Session& session, const Arguments& arguments);
 Outcome<Done> writeStore(Session& session, const Arguments& arguments);
 Outcome<Done> removeFromStore(Session& session, const Arguments& arguments);

@@ -136,6 +136,7 @@ Outcome<Done> takeCommonOptions(const Arguments& arguments, Session& session) {
   session.json = arguments.has("--json");
   session.options.contacts = arguments.value(kContacts);
   session.options.root = arguments.value(kRoot).value_or(host::defaultRoot());
+  session.options.state = host::defaultState();
   if (session.options.root.empty())
     return wrongUse("no device root: give --root DIR or set QUORVANTIS_ROOT");
   return Done{};

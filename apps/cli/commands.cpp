@@ -7,12 +7,14 @@ constexpr Argument kKey{"KEY", "The row's preference key, as `list` gives it", W
 constexpr Argument kTrigger{"TRIGGER", "An ID, a title, a level (\"55%\") or a profile's path",
                             Words::Triggers};
 constexpr Argument kProfile{kTrigger.name, kTrigger.description, Words::SavedProfiles};
+constexpr Argument kSnapshot{"N", "The snapshot's number, as `snapshot list` gives it"};
 constexpr Option kOverwrite{"--overwrite", "Replace the profile that the trigger has"};
 constexpr Option kDryRun{"--dry-run", "Only print what would change"};
 constexpr Option kStored{"--stored", "Also list what is stored with the value that it shows"};
 
 constexpr Group kGroups[] = {
     {"profile", "Work with saved profiles"},
+    {"snapshot", "Look at what was kept before a change of many values, and go back to it"},
     {"defaults", "Work with the stored values themselves, as another process would"},
 };
 
@@ -162,6 +164,43 @@ constexpr Command kCommands[] = {
                     Words::Keys, Argument::Repeated}},
      .options = {{"--values", "Print each change of a stored value, whoever makes it"}},
      .example = "watch --values custbright"},
+    {.group = "snapshot",
+     .name = "list",
+     .description = "List the snapshots of settings and profiles",
+     .run = listSnapshots,
+     .example = "snapshot list"},
+    {.group = "snapshot",
+     .name = "show",
+     .description = "Print the settings of a snapshot",
+     .run = showSnapshot,
+     .arguments = {kSnapshot},
+     .example = "snapshot show 3"},
+    {.group = "snapshot",
+     .name = "diff",
+     .description = "Print what a restore would change",
+     .run = compareSnapshot,
+     .arguments = {kSnapshot},
+     .example = "snapshot diff 3"},
+    {.group = "snapshot",
+     .name = "restore",
+     .description = "Make settings and profiles what they were",
+     .run = restoreSnapshot,
+     .arguments = {kSnapshot},
+     .example = "snapshot restore 3"},
+    {.name = "undo",
+     .description = "Take back the last change that was made by window or shell",
+     .run = undo,
+     .example = "undo"},
+    {.name = "redo",
+     .description = "Make the change again that was taken back last",
+     .run = redo,
+     .example = "redo"},
+    {.name = "repair",
+     .description = "Say whether the settings can be read, or make them readable",
+     .run = repair,
+     .options = {{"--restore", "Put the settings of the last good snapshot in place"},
+                 {"--start-anew", "Begin without settings"}},
+     .example = "repair"},
     {.group = "defaults",
      .name = "read",
      .description = "Print the stored values, or one of them",

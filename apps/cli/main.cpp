@@ -1,4 +1,5 @@
 #include <exception>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -19,7 +20,9 @@ Outcome<Done> runLine(const std::vector<std::string>& words, cli::Session& sessi
   const auto line = cli::readLine(words, session);
   if (!line) return line.error();
   const auto done = perform(*line, session);
+  const auto finished = session.finish();
   if (!done) return done.error();
+  if (!finished) return finished.error();
   const auto flushed = session.flush();
   for (const host::Problem& warning : session.takeWarnings()) cli::complain(warning.message());
   return flushed;
@@ -37,6 +40,8 @@ int main(int count, char** arguments) {
   try {
     cli::Session session;
     return codeOf(runLine({arguments + 1, arguments + count}, session));
+  } catch (const std::bad_alloc&) {
+    return codeOf(cli::Failure{cli::ExitCode::Failed, "out of memory"});
   } catch (const std::exception& error) {
     return codeOf(cli::Failure{cli::ExitCode::Failed, std::string("unexpected: ") + error.what()});
   }

@@ -50,6 +50,7 @@ Outcome<Done> listProfiles(Session& session, const Arguments&) {
 Outcome<Done> saveProfile(Session& session, const Arguments& arguments) {
   const auto trigger = orFailure(host::triggerNamed(arguments[0]));
   if (!trigger) return trigger.error();
+  const host::UserChange change(session.device().backups(), "save " + trigger->profileID);
   return orFailure(profilesOf(session).save(*trigger, existing(arguments)));
 }
 
@@ -57,6 +58,7 @@ Outcome<Done> loadProfile(Session& session, const Arguments& arguments) {
   if (arguments.has("--dry-run")) return compareProfiles(session, arguments);
   const auto trigger = orFailure(host::profileNamed(arguments[0]));
   if (!trigger) return trigger.error();
+  const host::UserChange change(session.device().backups(), "load " + trigger->profileID);
   return orFailure(profilesOf(session).load(*trigger));
 }
 
@@ -65,12 +67,14 @@ Outcome<Done> copyProfile(Session& session, const Arguments& arguments) {
   if (!from) return from.error();
   const auto to = orFailure(host::triggerNamed(arguments[1]));
   if (!to) return to.error();
+  const host::UserChange change(session.device().backups(), "copy to " + to->profileID);
   return orFailure(profilesOf(session).copy(*from, *to, existing(arguments)));
 }
 
 Outcome<Done> deleteProfile(Session& session, const Arguments& arguments) {
   const auto trigger = orFailure(host::profileNamed(arguments[0]));
   if (!trigger) return trigger.error();
+  const host::UserChange change(session.device().backups(), "delete " + trigger->profileID);
   const auto folders =
       arguments.has("--recursive") ? Profiles::Folders::Remove : Profiles::Folders::Refuse;
   return orFailure(profilesOf(session).remove(*trigger, folders));

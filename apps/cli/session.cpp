@@ -21,12 +21,14 @@ Failure failureOf(const host::Failure& failure) {
       return {ExitCode::Exists, message + "; --overwrite replaces it"};
     case host::Failure::IsFolder:
       return {ExitCode::WrongUse, message + "; --recursive removes it with all that it holds"};
+    case host::Failure::Unconfirmed:
+      return {ExitCode::Unconfirmed, message};
   }
   return {ExitCode::Failed, message};
 }
 
 Failure failureOf(const platform::Error& error) {
-  return {ExitCode::Failed, error.message()};
+  return failureOf(host::failureOf(host::Source::Request, error));
 }
 
 host::Device& Session::device() {
@@ -44,6 +46,11 @@ host::Settings Session::settings() {
           [&made] { return made.takeProblems(host::Severity::Failure); }};
 }
 
+Outcome<host::Backups*> Session::backups() {
+  if (host::Backups* backups = device().backups()) return backups;
+  return Failure{ExitCode::Failed, "nothing is kept: neither XDG_STATE_HOME nor HOME is set"};
+}
+
 Outcome<Done> Session::storeWorked() {
   const auto problems = device().takeProblems(host::Severity::Failure);
   if (problems.empty()) return Done{};
@@ -56,6 +63,13 @@ std::vector<host::Problem> Session::takeWarnings() {
   for (const auto severity : {host::Severity::Failure, host::Severity::Warning})
     std::ranges::move(device_->takeProblems(severity), std::back_inserter(taken));
   return taken;
+}
+
+Outcome<Done> Session::finish() {
+  if (!device_) return Done{};
+  const auto finished = device_->finish();
+  if (!finished) return failureOf(finished.error());
+  return Done{};
 }
 
 void Session::print(const Listing& listing) {

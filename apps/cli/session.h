@@ -16,13 +16,14 @@ namespace cli {
 // The program's exit codes.
 enum class ExitCode {
   Done = 0,
-  Failed = 1,    // I/O, a damaged file
-  WrongUse = 2,  // also a value that a setting can't take, and a row that is dimmed
-  NotFound = 3,  // no such key, page, trigger or profile
-  Exists = 4,    // refused without --overwrite
+  Failed = 1,       // I/O, a damaged file
+  WrongUse = 2,     // also a value that a setting can't take, and a row that is dimmed
+  NotFound = 3,     // no such key, page, trigger or profile
+  Exists = 4,       // refused without --overwrite
+  Unconfirmed = 5,  // stored, but the disk didn't confirm it
 };
 
-// Why a command could not be done; nothing has changed then.
+// Why a command could not be done; nothing has changed then, unless it is Unconfirmed.
 struct Failure {
   ExitCode code;
   std::string reason;
@@ -44,12 +45,17 @@ class Session {
 
   host::Device& device();
   host::Settings settings();
+  // Failed where there is no place for them.
+  Outcome<host::Backups*> backups();
 
   // Failed with the first thing that went wrong with the store, if anything did.
   Outcome<Done> storeWorked();
   // What the user should know of though the command was done.
   std::vector<host::Problem> warnings;
   std::vector<host::Problem> takeWarnings();  // those, and the device's
+
+  // Flushes what the command has changed; done already where it flushed that itself.
+  Outcome<Done> finish();
 
   void print(std::string_view line) { (output_ += line) += '\n'; }
   void print(const Listing& listing);

@@ -79,6 +79,7 @@ Outcome<Done> setValues(Session& session, const Arguments& arguments) {
   std::vector<host::Settings::KeyAndText> texts;
   for (std::size_t i = 0; i + 1 < arguments.words.size(); i += 2)
     texts.emplace_back(arguments[i], arguments[i + 1]);
+  const host::UserChange change(session.device().backups(), "set " + arguments[0]);
   auto stored = session.settings().set(texts);
   if (!stored) {
     Failure failure = failureOf(stored.error());
@@ -100,6 +101,9 @@ Outcome<Done> resetValues(Session& session, const Arguments& arguments) {
     printDifferences(session, *changes);
     return Done{};
   }
+  host::Backups* const backups = session.device().backups();
+  if (backups) backups->keepOrWarn("reset");
+  const host::UserChange change(backups, "reset");
   auto stored = settings.reset(scope);
   if (!stored) return failureOf(stored.error());
   session.warnings = std::move(*stored);

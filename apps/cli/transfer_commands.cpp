@@ -1,7 +1,3 @@
-#include <array>
-#include <cerrno>
-#include <cstdio>
-
 #include "apps/cli/command.h"
 #include "host/settings_transfer.h"
 #include "host/user_file.h"
@@ -10,26 +6,8 @@
 namespace cli {
 namespace {
 
-constexpr std::string_view kStandard = "-";  // in place of a file: standard input or output
-
-Outcome<std::vector<std::uint8_t>> readStandardInput() {
-  std::vector<std::uint8_t> bytes;
-  std::array<std::uint8_t, 1 << 16> block;
-  while (const std::size_t length = std::fread(block.data(), 1, block.size(), stdin))
-    bytes.insert(bytes.end(), block.begin(), block.begin() + length);
-  if (std::ferror(stdin)) return failureOf(platform::Error{"standard input", errno});
-  return bytes;
-}
-
-Outcome<std::vector<std::uint8_t>> readInput(const std::string& file) {
-  if (file == kStandard) return readStandardInput();
-  auto bytes = host::readUserFile(file);
-  if (!bytes) return failureOf(bytes.error());
-  return std::move(*bytes);
-}
-
 Outcome<Done> writeOutput(Session& session, const std::string& file, plist::Bytes bytes) {
-  if (file != kStandard) {
+  if (file != host::kStandardStream) {
     const auto written = host::writeUserFile(file, bytes);
     if (!written) return failureOf(written.error());
     return Done{};
@@ -44,7 +22,8 @@ Outcome<Done> writeOutput(Session& session, const std::string& file, plist::Byte
 Failure failureOfImport(const host::Failure& reason, const std::string& file) {
   Failure failure = failureOf(reason);
   if (reason.problem.path.empty())
-    failure.reason = (file == kStandard ? "standard input" : file) + ": " + failure.reason;
+    failure.reason =
+        (file == host::kStandardStream ? "standard input" : file) + ": " + failure.reason;
   return failure;
 }
 
@@ -59,8 +38,8 @@ Outcome<Done> exportSettings(Session& session, const Arguments& arguments) {
 
 Outcome<Done> importSettings(Session& session, const Arguments& arguments) {
   const std::string& file = arguments[0];
-  const auto bytes = readInput(file);
-  if (!bytes) return bytes.error();
+  const auto bytes = host::readUserFile(file);
+  if (!bytes) return failureOf(bytes.error());
   host::Settings settings = session.settings();
   preferences::Environment& environment = session.device().environment();
   if (arguments.has("--dry-run")) {
@@ -69,6 +48,9 @@ Outcome<Done> importSettings(Session& session, const Arguments& arguments) {
     printDifferences(session, *changes);
     return Done{};
   }
+  host::Backups* const backups = session.device().backups();
+  if (backups) backups->keepOrWarn("import");
+  const host::UserChange change(backups, "import");
   const auto imported = host::importSettings(settings, environment, *bytes);
   if (!imported) return failureOfImport(imported.error(), file);
   return Done{};
@@ -80,16 +62,17 @@ Outcome<Done> exportProfile(Session& session, const Arguments& arguments) {
   const auto xml = host::Profiles(session.device().environment()).exportXml(*trigger);
   if (!xml) return failureOf(xml.error());
   const std::string& file = arguments[1];
-  if (file != kStandard && !arguments.has("--overwrite") && host::isRegularFile(file))
+  if (file != host::kStandardStream && !arguments.has("--overwrite") && host::isRegularFile(file))
     return Failure{ExitCode::Exists, file + ": exists; --overwrite replaces it"};
   return writeOutput(session, file, *xml);
 }
 
 Outcome<Done> importProfile(Session& session, const Arguments& arguments) {
-  const auto bytes = readInput(arguments[0]);
-  if (!bytes) return bytes.error();
+  const auto bytes = host::readUserFile(arguments[0]);
+  if (!bytes) return failureOf(bytes.error());
   using Existing = host::Profiles::Existing;
   const auto existing = arguments.has("--overwrite") ? Existing::Overwrite : Existing::Keep;
+  const host::UserChange change(session.device().backups(), "import");
   const auto imported = host::Profiles(session.device().environment()).import(*bytes, existing);
   if (!imported) return failureOfImport(imported.error(), arguments[0]);
   return Done{};

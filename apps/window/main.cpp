@@ -2,19 +2,21 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <new>
 #include <string_view>
 
 #include "apps/window/options.h"
 #include "apps/window/settings_window.h"
 #include "host/device.h"
+#include "host/user_file.h"
 
 namespace {
 
 enum ExitCode { kDone = 0, kFailed = 1, kWrongUse = 2, kNoPage = 3 };
 
 int complain(ExitCode code, std::string_view message) {
-  std::fprintf(stderr, "quorvantis-settings: %.*s\n", static_cast<int>(message.size()),
-               message.data());
+  const std::string line = "quorvantis-settings: " + std::string(message) + "\n";
+  static_cast<void>(host::writeStream(host::Stream::Error, line));
   return code;
 }
 
@@ -37,6 +39,7 @@ int run(const window::Options& options) {
   auto mainQueue = std::make_unique<window::QtMainQueue>();
   window::QtMainQueue& queue = *mainQueue;
   host::Device device(options.device, std::move(mainQueue));
+  if (device.backups()) device.backups()->prepare();
   host::Application application(device.environment(), window::kGuessedEntries,
                                 window::kGuessedEntries);
   if (const auto launched = application.perform(host::Launch{options.page}); !launched)
@@ -44,9 +47,12 @@ int run(const window::Options& options) {
 
   window::SettingsWindow settings(application, queue);
   if (!settings.quickWindow()) return complain(kFailed, "the window can't be made.");
-  device.setProblemHandler([&](const host::Problem& problem) { settings.report(problem); });
+  device.setProblemHandler([&](const host::Problem& problem) { settings.report(problem); },
+                           [&](const host::Problem& problem) { settings.withdraw(problem); });
   const int code = QGuiApplication::exec();
   device.setProblemHandler({});
+  if (const auto finished = device.finish(); !finished)
+    return complain(kFailed, "at the end: " + finished.error().problem.message());
   return code;
 }
 
@@ -68,6 +74,8 @@ int main(int argc, char** argv) try {
   QGuiApplication::setApplicationDisplayName("Settings");
   QGuiApplication::setDesktopFileName("quorvantis-settings");
   return run(*options);
+} catch (const std::bad_alloc&) {
+  return complain(kFailed, "out of memory");
 } catch (const std::exception& failure) {
   return complain(kFailed, failure.what());
 }

@@ -34,6 +34,8 @@ host::Outcome<Options> readOptions(const QStringList& arguments) {
 
   Options options;
   options.device.lockPatience = kLockPatience;
+  options.device.state = host::defaultState();
+  options.device.realTime = true;
   options.help = parser.isSet(help);
   options.device.root = parser.isSet(root) ? parser.value(root).toStdString() : host::defaultRoot();
   if (options.device.root.empty()) return wrongUse("no device root: use --root DIR.");

@@ -24,6 +24,10 @@ void SettingsWindow::report(const host::Problem& problem) {
   QMetaObject::invokeMethod(&bridge_, [this, problem] { application_.report(problem); });
 }
 
+void SettingsWindow::withdraw(const host::Problem& problem) {
+  QMetaObject::invokeMethod(&bridge_, [this, problem] { application_.dismiss(problem); });
+}
+
 QQuickWindow* SettingsWindow::quickWindow() const {
   auto roots = engine_.rootObjects();
   return roots.isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(roots.first());

@@ -24,7 +24,8 @@ class SettingsWindow : public QObject {
   SettingsBridge& bridge() { return bridge_; }
   // Reports a problem to the application; may be called from any thread while the window exists.
   void report(const host::Problem& problem);
-  QQuickWindow* quickWindow() const;  // null when the window couldn't be made
+  void withdraw(const host::Problem& problem);  // once it has gone
+  QQuickWindow* quickWindow() const;            // null when the window couldn't be made
 
  private:
   host::Application& application_;

@@ -5,7 +5,6 @@
 
 #include <cerrno>
 
-#include "platform/foundation/durable_file.h"
 #include "platform/foundation/file_reading.h"
 
 namespace foundation {
@@ -124,20 +123,38 @@ Result<Done> DeviceRoot::createDirectory(std::string_view path) {
   return Done{};
 }
 
-Result<Done> DeviceRoot::writeDurably(std::string_view path, plist::Bytes bytes) {
+Result<Done> DeviceRoot::writeDurably(std::string_view path, plist::Bytes bytes,
+                                      Existing existing) {
   const Location at = locate(path);
   if (!namesAnEntry(at.name)) return Error{std::string(path), EINVAL};
   const auto made = createDirectory(at.folder);
   if (!made) return made.error();
   const auto folder = openDirectory(at.folder);
   if (!folder) return folder.error();
+  removeLeftovers(*folder);
   auto pending = PendingFile::write(*folder, at.name, bytes);
   if (!pending) return pending.error();
   const auto flushed = pending->flush();
   if (!flushed) return flushed.error();
-  const auto placed = pending->replaceTarget();
+  const auto placed = pending->place(existing);
   if (!placed) return placed.error();
   return flushFolder(*folder);
+}
+
+Result<Done> DeviceRoot::create(std::string_view path, plist::Bytes bytes) {
+  const Location at = locate(path);
+  if (!namesAnEntry(at.name)) return Error{std::string(path), EINVAL};
+  const auto made = createDirectory(at.folder);
+  if (!made) return made.error();
+  const auto folder = openDirectory(at.folder);
+  if (!folder) return folder.error();
+  Descriptor file(openat(folder->descriptor(), at.name.c_str(),
+                         O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+  if (!file) return Error{std::string(path), errno, "create"};
+  if (writeWhole(file.number(), bytes) && file.close()) return Done{};
+  const int code = errno;
+  unlinkat(folder->descriptor(), at.name.c_str(), 0);
+  return Error{std::string(path), code, "write"};
 }
 
 Result<Done> DeviceRoot::remove(std::string_view path, Folders folders) {

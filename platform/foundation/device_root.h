@@ -7,6 +7,7 @@
 
 #include "platform/foundation/descriptor.h"
 #include "platform/foundation/directory.h"
+#include "platform/foundation/durable_file.h"
 #include "platform/plist/binary.h"
 #include "platform/result.h"
 
@@ -46,7 +47,14 @@ class DeviceRoot {
   // there; a folder of that name is an error (EISDIR) and stays. After a crash there is the old one
   // or the new one, whole, and once this says done it is the new one. On an error the old one is
   // there still, unless the error is of the kind Unconfirmed: the new one is there then.
-  platform::Result<platform::Done> writeDurably(std::string_view path, plist::Bytes bytes);
+  // With Existing::Keep a name that is taken, by whatever and whoever took it meanwhile, is an
+  // error (EEXIST). Leftovers of killed writers of the folder are removed.
+  platform::Result<platform::Done> writeDurably(std::string_view path, plist::Bytes bytes,
+                                                Existing existing = Existing::Overwrite);
+
+  // A new file likewise, but EEXIST where the name is taken, and not durable: it outlives this
+  // process, but not a power cut, which may also leave a part of it.
+  platform::Result<platform::Done> create(std::string_view path, plist::Bytes bytes);
 
   // A file or a link (not what it leads to), durably; a folder with all that it holds, or EISDIR.
   // An error of the kind Unconfirmed: it is gone.

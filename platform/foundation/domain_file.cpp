@@ -52,14 +52,6 @@ Result<plist::Value> readAnyForm(plist::Bytes bytes, const XmlReader& xml) {
   return std::move(*read);
 }
 
-Result<plist::Dictionary> decode(plist::Bytes bytes, const XmlReader& xml) {
-  return readAnyForm(bytes, xml).and_then([](plist::Value&& value) -> Result<plist::Dictionary> {
-    auto kept = plist::storable(std::move(value));
-    if (!kept || !kept->dictionary()) return Error{.what = "its top is not a dictionary"};
-    return std::move(*kept->dictionary());
-  });
-}
-
 Result<Done> checkName(const std::string& name, const std::string& path) {
   const bool oneComponent = name.find('/') == std::string::npos &&
                             name.find('\0') == std::string::npos && name != ".plist";
@@ -67,15 +59,37 @@ Result<Done> checkName(const std::string& name, const std::string& path) {
   return Done{};
 }
 
-bool apply(const plist::Dictionary& set, const std::vector<std::string>& remove,
-           plist::Dictionary& entries) {
-  bool changed = !set.empty();
-  for (const auto& entry : set) entries.set(entry.key, entry.value);
-  for (const std::string& key : remove) changed |= entries.remove(key);
-  return changed;
+// Whether it was another value.
+bool apply(const std::string& key, const plist::Value* value, plist::Dictionary& entries,
+           KeyChanges& changes) {
+  const plist::Value* old = entries.find(key);
+  if (old && value ? *old == *value : old == value) return false;
+  changes.push_back({key, old ? std::optional(*old) : std::nullopt,
+                     value ? std::optional(*value) : std::nullopt});
+  if (value)
+    entries.set(key, *value);
+  else
+    entries.remove(key);
+  return true;
+}
+
+const plist::Value* pointerTo(const std::optional<plist::Value>& value) {
+  return value ? &*value : nullptr;
 }
 
 }  // namespace
+
+std::string domainPath(std::string_view domain) {
+  return std::string(kFolder) + "/" + std::string(domain) + ".plist";
+}
+
+Result<plist::Dictionary> decodeDomain(plist::Bytes bytes, const XmlReader& xml) {
+  return readAnyForm(bytes, xml).and_then([](plist::Value&& value) -> Result<plist::Dictionary> {
+    auto kept = plist::storable(std::move(value));
+    if (!kept || !kept->dictionary()) return Error{.what = "its top is not a dictionary"};
+    return std::move(*kept->dictionary());
+  });
+}
 
 bool FileStamp::sameFile(const FileStamp& other) const {
   return device == other.device && inode == other.inode && size == other.size &&
@@ -87,10 +101,7 @@ std::string domainPath(std::string_view domain) {
 }
 
 DomainFile::DomainFile(DeviceRoot& root, std::string_view domain, const XmlReader& xml)
-    : root_(root),
-      xml_(xml),
-      name_(std::string(domain) + ".plist"),
-      path_(std::string(kFolder) + "/" + name_) {}
+    : root_(root), xml_(xml), name_(std::string(domain) + ".plist"), path_(domainPath(domain)) {}
 
 Result<std::optional<DomainFile::Reading>> DomainFile::look(const FileStamp& known,
                                                             FileStamp& stamp) const {
@@ -98,6 +109,7 @@ Result<std::optional<DomainFile::Reading>> DomainFile::look(const FileStamp& kno
   if (!file && file.error().code == ENOENT) return std::optional<Reading>(Reading{});
   if (!file) return file.error();
   const auto status = statRegular(*file, path_);
+  if (!status && status.error().code == EISDIR) return status.error();
   if (!status) return Error(status.error()).as(ErrorKind::Damaged);
   stamp = stampOf(*status);
   if (known.stable && known.sameFile(stamp)) return std::optional<Reading>();
@@ -105,7 +117,7 @@ Result<std::optional<DomainFile::Reading>> DomainFile::look(const FileStamp& kno
   std::vector<std::uint8_t> bytes;
   const auto length = readWhole(*file, static_cast<std::size_t>(status->st_size), bytes, path_);
   if (!length) return Error(length.error()).as(ErrorKind::Damaged);
-  auto entries = decode(plist::Bytes(bytes.data(), *length), xml_);
+  auto entries = decodeDomain(plist::Bytes(bytes.data(), *length), xml_);
   if (entries) return std::optional(Reading{std::move(*entries), stamp});
   return Error{.path = path_, .what = "not a readable property list"}
       .because(entries.error())
@@ -144,23 +156,50 @@ Result<DomainFile::Locked> DomainFile::lock(std::chrono::milliseconds patience) 
   return Locked{std::move(*folder), std::move(*lock)};
 }
 
-Result<Done> DomainFile::change(const plist::Dictionary& set,
-                                const std::vector<std::string>& remove,
-                                std::chrono::milliseconds patience) {
+Result<KeyChanges> DomainFile::change(const plist::Dictionary& set,
+                                      const std::vector<std::string>& remove,
+                                      std::chrono::milliseconds patience) {
   // There is nothing to remove from a domain without a file, and so no folder to make.
   if (set.empty()) {
     const auto file = root_.open(path_, O_PATH);
-    if (!file && file.error().code == ENOENT) return Done{};
+    if (!file && file.error().code == ENOENT) return KeyChanges();
   }
   const auto locked = lock(patience);
   if (!locked) return locked.error();
   auto old = readUnless(FileStamp{});
   if (!old) return old.error();
   plist::Dictionary entries = std::move((*old)->entries);
-  if (!apply(set, remove, entries)) return Done{};
-  if (!entries.empty()) return put(locked->folder, entries);
-  if (unlinkat(locked->folder.descriptor(), name_.c_str(), 0) != 0)
-    return locked->folder.error(name_, errno, "remove");
+  KeyChanges changes;
+  for (const auto& [key, value] : set) apply(key, &value, entries, changes);
+  for (const std::string& key : remove) apply(key, nullptr, entries, changes);
+  if (set.empty() && changes.empty()) return changes;
+  const auto stored = putOrRemove(locked->folder, entries);
+  if (!stored) return stored.error();
+  return changes;
+}
+
+Result<KeyChanges> DomainFile::exchange(const KeyChanges& wanted,
+                                        std::chrono::milliseconds patience) {
+  const auto locked = lock(patience);
+  if (!locked) return locked.error();
+  auto old = readUnless(FileStamp{});
+  if (!old) return old.error();
+  plist::Dictionary entries = std::move((*old)->entries);
+  KeyChanges changes;
+  for (const auto& [key, from, to] : wanted) {
+    const plist::Value* now = entries.find(key);
+    if (now && from ? *now == *from : !now && !from) apply(key, pointerTo(to), entries, changes);
+  }
+  if (changes.empty()) return changes;
+  const auto stored = putOrRemove(locked->folder, entries);
+  if (!stored) return stored.error();
+  return changes;
+}
+
+Result<Done> DomainFile::putOrRemove(const Directory& folder, const plist::Dictionary& entries) {
+  if (!entries.empty()) return put(folder, entries);
+  if (unlinkat(folder.descriptor(), name_.c_str(), 0) != 0)
+    return folder.error(name_, errno, "remove");
   unflushed_ = true;
   flushFailed_ = false;
   return Done{};

@@ -16,8 +16,16 @@ namespace foundation {
 // Reads a property list that isn't binary, or says what is wrong with it.
 using XmlReader = std::function<platform::Result<plist::Value>(plist::Bytes)>;
 
-// The platform path of a domain's file.
+// What a key is changed from and to; nothing: it isn't there.
+struct KeyChange {
+  std::string key;
+  std::optional<plist::Value> from, to;
+};
+using KeyChanges = std::vector<KeyChange>;
+
+// Where the domain's file is, and what its bytes hold.
 std::string domainPath(std::string_view domain);
+platform::Result<plist::Dictionary> decodeDomain(plist::Bytes bytes, const XmlReader& xml);
 
 // Which file, and which state of it, a reading came from. Two equal stamps of which the first is
 // stable mean that nothing was written in between: a file that changed only moments before it was
@@ -38,7 +46,8 @@ struct FileStamp {
 // short to hold anything. What plist::storable leaves out is left out in reading too.
 //
 // A file that can't be read or parsed is damaged: errors about it are of the kind Damaged, and but
-// for `replace` nothing is written over or beside it.
+// for `replace` nothing is written over or beside it. One that can't be opened, or a folder of that
+// name, isn't: `replace` couldn't put anything in its place either.
 class DomainFile {
  public:
   // `xml` may be empty; it is looked at when it is needed.
@@ -54,10 +63,16 @@ class DomainFile {
   // Sets and removes these keys in the domain as it is on disk, under the lock of takeLock, which
   // is waited for no longer than `patience`. Visible to every process when it returns, and durable
   // once `flush` has succeeded. Without a key left the file is removed. When nothing is set and
-  // none of the keys to remove is there, nothing is written. An error: nothing has changed.
-  platform::Result<platform::Done> change(const plist::Dictionary& set,
-                                          const std::vector<std::string>& remove,
-                                          std::chrono::milliseconds patience);
+  // none of the keys to remove is there, nothing is written. An error: nothing has changed. Gives
+  // the keys whose values are others now.
+  platform::Result<KeyChanges> change(const plist::Dictionary& set,
+                                      const std::vector<std::string>& remove,
+                                      std::chrono::milliseconds patience);
+
+  // Likewise, makes those changes whose key holds the value `from` then. Gives those that it made;
+  // what holds another value keeps it.
+  platform::Result<KeyChanges> exchange(const KeyChanges& changes,
+                                        std::chrono::milliseconds patience);
 
   // Makes these the domain's only entries, under the lock, whatever stands there, durably. A
   // damaged file gets a second name before, DOMAIN.plist.unreadable-1, -2, …, and keeps that; of
@@ -79,6 +94,8 @@ class DomainFile {
   platform::Result<Locked> lock(std::chrono::milliseconds patience);
   platform::Result<std::optional<Reading>> look(const FileStamp& known, FileStamp& stamp) const;
   platform::Result<platform::Done> put(const Directory& folder, const plist::Dictionary& entries);
+  platform::Result<platform::Done> putOrRemove(const Directory& folder,
+                                               const plist::Dictionary& entries);
   platform::Result<platform::Done> writeAnew(std::chrono::milliseconds patience);
 
   DeviceRoot& root_;

@@ -2,7 +2,9 @@
 
 #include <fcntl.h>
 #include <stdio.h>
+#include <sys/file.h>
 #include <sys/random.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -36,11 +38,27 @@ std::string randomSuffix() {
   return suffix;
 }
 
-bool isTemporaryOf(std::string_view candidate, std::string_view prefix) {
-  if (!candidate.starts_with(prefix)) return false;
-  const std::string_view suffix = candidate.substr(prefix.size());
-  return suffix.size() == kSuffixDigits &&
-         suffix.find_first_not_of(plist::kHexDigits) == std::string_view::npos;
+bool isTemporary(std::string_view candidate) {
+  if (candidate.size() <= temporaryPrefix("").size() + kSuffixDigits) return false;
+  const std::size_t end = candidate.size() - kSuffixDigits;
+  return candidate.starts_with('.') && candidate[end - 1] == '.' &&
+         candidate.find_first_not_of(plist::kHexDigits, end) == std::string_view::npos;
+}
+
+// Its writer's lock ends with the writer.
+void removeUnlessLocked(const Directory& folder, const std::string& temporary) {
+  const Descriptor file(openat(folder.descriptor(), temporary.c_str(),
+                               O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+  if (file && flock(file.number(), LOCK_EX | LOCK_NB) == 0)
+    unlinkat(folder.descriptor(), temporary.c_str(), 0);
+}
+
+template <class IsUnwanted>
+void removeTemporaries(const Directory& folder, IsUnwanted isUnwanted) {
+  const auto names = folder.names();
+  if (!names) return;
+  for (const std::string& name : *names)
+    if (isTemporary(name) && isUnwanted(name)) removeUnlessLocked(folder, name);
 }
 
 }  // namespace
@@ -74,13 +92,20 @@ Result<Done> PendingFile::create(unsigned mode) {
     const std::string candidate = temporaryPrefix(name_) + randomSuffix();
     file_ = Descriptor(openat(folder_->descriptor(), candidate.c_str(),
                               O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
-    if (file_) {
-      temporary_ = candidate;
-      return Done{};
-    }
-    if (errno != EEXIST) break;
+    if (!file_ && errno != EEXIST) break;
+    if (!file_ || !lock()) continue;
+    temporary_ = candidate;
+    return Done{};
   }
   return folder_->error(name_, errno, "create");
+}
+
+// False when another process takes the new file for a leftover and removes it. A file system
+// without locks lets nobody remove anything.
+bool PendingFile::lock() {
+  if (flock(file_.number(), LOCK_EX | LOCK_NB) != 0) return errno != EWOULDBLOCK;
+  struct stat status {};
+  return fstat(file_.number(), &status) != 0 || status.st_nlink > 0;
 }
 
 Result<Done> PendingFile::fill(plist::Bytes bytes) {
@@ -97,12 +122,30 @@ Result<Done> PendingFile::flush() {
 Result<Done> PendingFile::replaceTarget() {
   if (!flushed_)
     if (const auto flushed = flush(); !flushed) return flushed;
-  if (!file_.close()) return folder_->error(name_, errno, "close");
   const int folder = folder_->descriptor();
   if (renameat(folder, temporary_.c_str(), folder, name_.c_str()) != 0)
     return folder_->error(name_, errno, "rename");
   temporary_.clear();
   return Done{};
+}
+
+Result<Done> PendingFile::takeName() {
+  if (!flushed_)
+    if (const auto flushed = flush(); !flushed) return flushed;
+  const int folder = folder_->descriptor();
+  int code = 0;
+  if (renameat2(folder, temporary_.c_str(), folder, name_.c_str(), RENAME_NOREPLACE) != 0)
+    code = errno;
+  if (code == 0) temporary_.clear();
+  // Not every file system can do it; a second name of the same file does as well.
+  if (code == EINVAL || code == ENOSYS)
+    code = linkat(folder, temporary_.c_str(), folder, name_.c_str(), 0) == 0 ? 0 : errno;
+  if (code != 0) return folder_->error(name_, code, "rename");
+  return Done{};
+}
+
+Result<Done> PendingFile::place(Existing existing) {
+  return existing == Existing::Overwrite ? replaceTarget() : takeName();
 }
 
 Result<Done> flushFolder(const Directory& folder) {
@@ -112,12 +155,14 @@ Result<Done> flushFolder(const Directory& folder) {
 }
 
 void removeLeftovers(const Directory& folder, const std::string& name) {
-  const auto names = folder.names();
-  if (!names) return;
   const std::string prefix = temporaryPrefix(name);
-  for (const std::string& candidate : *names) {
-    if (isTemporaryOf(candidate, prefix)) unlinkat(folder.descriptor(), candidate.c_str(), 0);
-  }
+  removeTemporaries(folder, [&](std::string_view temporary) {
+    return temporary.size() == prefix.size() + kSuffixDigits && temporary.starts_with(prefix);
+  });
+}
+
+void removeLeftovers(const Directory& folder) {
+  removeTemporaries(folder, [](std::string_view) { return true; });
 }
 
 }  // namespace foundation

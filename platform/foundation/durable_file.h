@@ -9,6 +9,9 @@
 
 namespace foundation {
 
+// What becomes of a file that has the name already.
+enum class Existing { Keep, Overwrite };
+
 // The steps of replacing a file so that nobody ever sees half of it: it is written in full under
 // another name in the same folder, flushed, and then renamed over the old one: write, flush,
 // replaceTarget; it is durable once flushFolder has succeeded. No file is renamed that isn't
@@ -16,7 +19,8 @@ namespace foundation {
 //
 // Each step's failure names the file and the step. After a flush that failed nothing says which
 // pages are on disk, so the file is given up. One that was not put in place is removed; a folder of
-// its name is an error (EISDIR).
+// its name is an error (EISDIR). Until it is in place it is locked (flock), which distinguishes it
+// from what a killed writer left behind.
 class PendingFile {
  public:
   // Exclusively created, with a random name that begins with a dot; the process's mask is taken
@@ -28,12 +32,17 @@ class PendingFile {
   ~PendingFile();
 
   platform::Result<platform::Done> flush();
-  platform::Result<platform::Done> replaceTarget();  // flushes before, where that wasn't done
+  // Both flush before, where that wasn't done.
+  platform::Result<platform::Done> replaceTarget();
+  // Where the name is free; else EEXIST, and what has it stays, whoever took it meanwhile.
+  platform::Result<platform::Done> takeName();
+  platform::Result<platform::Done> place(Existing existing);  // one of the two
 
  private:
   PendingFile(const Directory& folder, std::string name);
   platform::Result<platform::Done> create(unsigned mode);
   platform::Result<platform::Done> fill(plist::Bytes bytes);
+  bool lock();
 
   const Directory* folder_;
   std::string name_;
@@ -46,8 +55,9 @@ class PendingFile {
 // folder is there.
 platform::Result<platform::Done> flushFolder(const Directory& folder);
 
-// Removes what writers of `name` left behind when they were killed. Only for one who holds a lock
-// that keeps others from writing it now.
+// Removes what writers of `name`, or of any file of the folder, left behind when they were killed;
+// nothing that a writer has open.
 void removeLeftovers(const Directory& folder, const std::string& name);
+void removeLeftovers(const Directory& folder);
 
 }  // namespace foundation

@@ -10,8 +10,8 @@ using platform::Error;
 using platform::ErrorKind;
 using platform::Result;
 
-Result<Done> change(DomainFile& file, const plist::Dictionary& sets,
-                    std::chrono::milliseconds patience) {
+Result<KeyChanges> change(DomainFile& file, const plist::Dictionary& sets,
+                          std::chrono::milliseconds patience) {
   plist::Dictionary values;
   std::vector<std::string> remove;
   for (const auto& [key, value] : sets) {
@@ -42,7 +42,8 @@ Preferences::Domain& Preferences::domain(std::string_view name) {
   const auto found = domains_.find(name);
   if (found != domains_.end()) return found->second;
   DomainFile file(root_, name, xml_);
-  return domains_.emplace(std::string(name), Domain{std::move(file)}).first->second;
+  Domain made{std::string(name), std::move(file)};
+  return domains_.emplace(made.name, std::move(made)).first->second;
 }
 
 Preferences::Domain& Preferences::loadedDomain(std::string_view name) {
@@ -57,9 +58,18 @@ const plist::Value* Preferences::find(const Domain& domain, std::string_view key
   return kept->isNothing() ? nullptr : kept;
 }
 
-Error Preferences::failed(Domain& domain, Error error) {
-  if (domain.reported && domain.reported->message() == error.message()) return error;
-  recovered(domain);
+void Preferences::willChange(const Domain& domain) {
+  if (observer_) observer_->willChange(domain.name);
+}
+
+void Preferences::didChange(const Domain& domain, const KeyChanges& changes) {
+  if (observer_) observer_->didChange(domain.name, changes);
+}
+
+Error Preferences::failed(Domain& domain, Error error, Repeated repeated) {
+  const bool same = domain.reported && domain.reported->message() == error.message();
+  if (same && repeated == Repeated::Once) return error;
+  if (!same) recovered(domain);
   domain.reported = error;
   if (problemHandler_) problemHandler_(error);
   return error;
@@ -84,17 +94,22 @@ Result<Done> Preferences::refresh(Domain& domain) {
 }
 
 Result<Done> Preferences::store(Domain& domain, std::chrono::milliseconds patience) {
+  if (!domain.kept.empty()) willChange(domain);
   const auto changed = change(domain.file, domain.kept, patience);
+  if (changed && !domain.kept.empty()) didChange(domain, *changed);
   if (changed && domain.loaded) overlay(domain.kept, domain.entries);
   if (changed || changed.error().kind == ErrorKind::Damaged) domain.kept = {};
-  if (!changed) return failed(domain, changed.error());
+  if (!changed) return changed.error();
   return Done{};
 }
 
 Result<Done> Preferences::finish(Domain& domain, std::chrono::milliseconds patience) {
   if (held_ || (domain.kept.empty() && !domain.file.unflushed())) return Done{};
-  if (!domain.kept.empty())
-    if (const auto stored = store(domain, patience); !stored) return stored;
+  if (!domain.kept.empty()) {
+    const auto stored = store(domain, patience);
+    if (!stored) return failed(domain, stored.error());
+    if (keptHandler_) keptHandler_();
+  }
   const auto flushed = domain.file.flush(patience);
   if (!flushed) return failed(domain, flushed.error());
   if (domain.reported && domain.reported->kind != ErrorKind::Damaged) recovered(domain);
@@ -156,13 +171,32 @@ Result<Done> Preferences::setMultiple(const plist::Dictionary& values,
   if (held_) return Done{};
   // Whoever held the lock a moment ago isn't waited for again.
   const auto stored = store(target, before.empty() ? lockPatience_ : std::chrono::milliseconds(0));
-  if (!stored && !failedSet_) failedSet_ = stored.error();
-  if (!stored && stored.error().kind != ErrorKind::Damaged) {
-    const bool keep = failedSets_ == FailedSets::Keep && stored.error().kind == ErrorKind::Failed;
-    if (!keep) target.kept = before;
+  if (stored && !before.empty() && keptHandler_) keptHandler_();
+  if (!stored) {
+    const Error error = failed(target, stored.error(), Repeated::Always);
+    if (!failedSet_) failedSet_ = error;
+    const bool keep = failedSets_ == FailedSets::Keep && error.kind == ErrorKind::Failed;
+    if (!keep && error.kind != ErrorKind::Damaged) target.kept = before;
   }
   if (unfinishedHandler_ && unfinished()) unfinishedHandler_();
   return stored;
+}
+
+Result<std::vector<std::string>> Preferences::exchange(const KeyChanges& changes,
+                                                       std::string_view domain) {
+  Domain& target = this->domain(domain);
+  willChange(target);
+  const auto made = target.file.exchange(changes, lockPatience_);
+  if (!made) return failed(target, made.error());
+  if (!made->empty()) didChange(target, *made);
+  if (unfinishedHandler_ && unfinished()) unfinishedHandler_();
+  if (const auto seen = refresh(target); !seen) return seen.error();
+  std::vector<std::string> left;
+  for (const auto& [key, from, to] : changes) {
+    const plist::Value* now = target.entries.find(key);
+    if (now && to ? !(*now == *to) : now || to) left.push_back(key);
+  }
+  return left;
 }
 
 Result<Done> Preferences::synchronize() {
@@ -226,9 +260,11 @@ std::optional<Error> Preferences::damage(std::string_view domain) {
 Result<Done> Preferences::replaceDomain(const plist::Dictionary& entries, std::string_view domain) {
   Domain& target = this->domain(domain);
   const plist::Value storable = *plist::storable(entries);
+  willChange(target);
   const auto replaced = target.file.replace(*storable.dictionary(), lockPatience_);
   if (!replaced && replaced.error().kind != ErrorKind::Unconfirmed)
     return failed(target, replaced.error());
+  didChange(target, {});
   target.kept = {};
   target.entries = *storable.dictionary();
   target.stamp = {};
@@ -251,6 +287,10 @@ void Preferences::setProblemHandler(platform::Report handler) {
 
 void Preferences::setRecoveryHandler(platform::Report handler) {
   recoveryHandler_ = std::move(handler);
+}
+
+void Preferences::setKeptHandler(std::function<void()> handler) {
+  keptHandler_ = std::move(handler);
 }
 
 void Preferences::setUnfinishedHandler(std::function<void()> handler) {

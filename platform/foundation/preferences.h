@@ -15,6 +15,16 @@
 
 namespace foundation {
 
+// Learns of changes of domains by this process, without the lock being held. `willChange` is called
+// also where the change then fails.
+class ChangeObserver {
+ public:
+  virtual ~ChangeObserver() = default;
+  virtual void willChange(std::string_view domain) = 0;
+  // The keys whose values are others now; none where the domain was replaced or stays equal.
+  virtual void didChange(std::string_view domain, const KeyChanges& changes) = 0;
+};
+
 // The preference store: one binary property list per domain below the device root
 // (/var/mobile/Library/Preferences/DOMAIN.plist, mode 0600), current user, any host.
 //
@@ -62,6 +72,11 @@ class Preferences {
                                                const std::vector<std::string>& remove,
                                                std::string_view domain);
 
+  // Makes those of the changes whose key has the value `from` in the file, at once and as one
+  // change. Gives the keys that have neither that nor the value `to`, and keep theirs.
+  platform::Result<std::vector<std::string>> exchange(const KeyChanges& changes,
+                                                      std::string_view domain);
+
   // The standard user defaults' synchronize: finishes every domain that this process has changed,
   // without waiting for a lock, and sees anew what is on disk of every one that it has touched.
   platform::Result<platform::Done> synchronize();
@@ -69,6 +84,7 @@ class Preferences {
   // Stores the sets that were kept, waiting for a lock no longer than `patience`, and flushes. The
   // error is the first there was: of the kind Unconfirmed where all is stored.
   platform::Result<platform::Done> finish(std::chrono::milliseconds patience);
+  platform::Result<platform::Done> finish() { return finish(lockPatience_); }
   bool unfinished() const;  // whether there is anything to finish
 
   // From now on sets are kept, and reads show them, until they are all stored, with one change of
@@ -87,14 +103,20 @@ class Preferences {
   // The first set that has failed since this was last called, kept or not.
   std::optional<platform::Error> takeFailedSet();
 
-  // Is called with each failure, so that the host can report it to its user. A failure that repeats
-  // itself is reported once, until the domain works again.
+  // Is called with each set that fails, and with each other failure, so that the host can report it
+  // to its user; one that repeats itself is reported once, until the domain works again.
   void setProblemHandler(platform::Report handler);
   // Is called with a failure that was reported once it has gone: the domain works, and all its
   // changes are stored and flushed. Also where another one takes its place.
   void setRecoveryHandler(platform::Report handler);
+  // Is called when sets that had been kept are stored, other processes having been notified of them
+  // before.
+  void setKeptHandler(std::function<void()> handler);
   // Is called when there is something to finish.
   void setUnfinishedHandler(std::function<void()> handler);
+
+  // It has to outlive this; null: nobody.
+  void setChangeObserver(ChangeObserver* observer) { observer_ = observer; }
 
   // Reads domain files that aren't binary; without it they count as damaged. A set writes them back
   // as binary.
@@ -102,6 +124,7 @@ class Preferences {
 
  private:
   struct Domain {
+    std::string name;
     DomainFile file;
     plist::Dictionary entries{};  // as they are on disk
     FileStamp stamp{};
@@ -111,13 +134,17 @@ class Preferences {
     std::optional<platform::Error> reported{};  // the latest failure
   };
 
+  enum class Repeated { Once, Always };  // whether it is reported again
+
   Domain& domain(std::string_view name);
   Domain& loadedDomain(std::string_view name);
   static const plist::Value* find(const Domain& domain, std::string_view key);
   platform::Result<platform::Done> refresh(Domain& domain);
   platform::Result<platform::Done> store(Domain& domain, std::chrono::milliseconds patience);
   platform::Result<platform::Done> finish(Domain& domain, std::chrono::milliseconds patience);
-  platform::Error failed(Domain& domain, platform::Error error);
+  platform::Error failed(Domain& domain, platform::Error error, Repeated repeated = Repeated::Once);
+  void willChange(const Domain& domain);
+  void didChange(const Domain& domain, const KeyChanges& changes);
   void recovered(Domain& domain);
 
   DeviceRoot& root_;
@@ -126,8 +153,9 @@ class Preferences {
   bool held_ = false;
   XmlReader xml_;
   platform::Report problemHandler_, recoveryHandler_;
-  std::function<void()> unfinishedHandler_;
+  std::function<void()> keptHandler_, unfinishedHandler_;
   std::optional<platform::Error> failedSet_;
+  ChangeObserver* observer_ = nullptr;
   std::map<std::string, Domain, std::less<>> domains_;
 };
 

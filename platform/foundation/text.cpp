@@ -2,10 +2,18 @@
 
 #include <cstdint>
 
+#include "platform/plist/hexadecimal.h"
 #include "platform/plist/utf.h"
 
 namespace foundation {
 namespace {
+
+bool controlsTerminal(char32_t point) {
+  if (point < 0x20) return point != '\n' && point != '\t';
+  const bool isMark = point == 0x61C || point == 0x200E || point == 0x200F;
+  return (point >= 0x7F && point <= 0x9F) || isMark || (point >= 0x202A && point <= 0x202E) ||
+         (point >= 0x2066 && point <= 0x2069);
+}
 
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 constexpr std::string_view kBlanks = " \t\n\v\f\r";
@@ -60,6 +68,25 @@ std::string replacingInvalidUtf8(std::string_view bytes) {
     const plist::Character first = plist::firstCharacter(bytes);
     text += first.isValid ? bytes.substr(0, first.size) : kReplacement;
     bytes.remove_prefix(first.size);
+  }
+  return text;
+}
+
+std::string visibleText(std::string_view bytes) {
+  std::string text;
+  text.reserve(bytes.size());
+  while (!bytes.empty()) {
+    const auto [point, size, isValid] = plist::firstCharacter(bytes);
+    if (!isValid) {
+      for (const char byte : bytes.substr(0, size))
+        plist::appendHex(text += "\\x", static_cast<std::uint8_t>(byte));
+    } else if (controlsTerminal(point)) {
+      plist::appendHex(text += "\\u", static_cast<std::uint8_t>(point >> 8));
+      plist::appendHex(text, static_cast<std::uint8_t>(point));
+    } else {
+      text += bytes.substr(0, size);
+    }
+    bytes.remove_prefix(size);
   }
   return text;
 }

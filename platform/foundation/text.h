@@ -21,6 +21,12 @@ bool isUtf8(std::string_view bytes);
 // each byte that begins none.
 std::string replacingInvalidUtf8(std::string_view bytes);
 
+// For a terminal: without what would control it or reorder the text around it. Control characters
+// (C0 but newline and tab, DEL, C1) and the marks, embeddings, overrides and isolates of direction
+// become "\u001b", "\u202e", which JSON reads as the character; a byte that is not UTF-8 becomes
+// "\x9b".
+std::string visibleText(std::string_view bytes);
+
 // What the format "%@" makes of a value. Nothing is "(null)", text is itself, true is "1"; an
 // integer is decimal; a real has up to 16 significant digits (7 if it is 4 bytes wide) and neither
 // a point nor zeros without need: 55.0 is "55". Data is "<68656c6c 6f>", a date

@@ -8,6 +8,7 @@
 
 #include "platform/foundation/durable_file.h"
 #include "platform/foundation/file_reading.h"
+#include "platform/foundation/text.h"
 
 namespace foundation {
 namespace {
@@ -29,21 +30,30 @@ Result<Done> replace(const std::filesystem::path& target, plist::Bytes bytes) {
   const Directory folder(Descriptor(open(parent.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)),
                          parent);
   if (folder.descriptor() < 0) return Error{parent, errno};
+  removeLeftovers(folder, target.filename());
   auto pending = PendingFile::write(folder, target.filename(), bytes, 0666);
   if (!pending) return pending.error();
   return pending->flush().and_then([&](Done) { return pending->replaceTarget(); });
 }
 
-}  // namespace
-
-Result<std::vector<std::uint8_t>> readUserFile(const std::string& path) {
-  const Descriptor file(open(path.c_str(), O_RDONLY | O_NOCTTY | O_CLOEXEC));
-  if (!file) return Error{path, errno};
+Result<std::vector<std::uint8_t>> read(const Descriptor& file, const std::string& name) {
   std::vector<std::uint8_t> bytes(kFirstBlock);
-  const auto length = readWhole(file, kUnknownSize, bytes, path);
+  const auto length = readWhole(file, kUnknownSize, bytes, name);
   if (!length) return length.error();
   bytes.resize(*length);
   return bytes;
+}
+
+}  // namespace
+
+Result<std::vector<std::uint8_t>> readUserFile(const std::string& path) {
+  if (path == kStandardStream)
+    return read(Descriptor(fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0)), "standard input");
+  // Without O_NONBLOCK a FIFO would wait for its writer.
+  const Descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+  if (!file) return Error{path, errno};
+  if (const auto regular = statRegular(file, path); !regular) return regular.error();
+  return read(file, path);
 }
 
 Result<Done> writeUserFile(const std::string& path, plist::Bytes bytes) {
@@ -75,6 +85,8 @@ std::string absolutePath(const std::string& path) {
 }
 
 Result<Done> writeStream(Stream stream, std::string_view text) {
+  std::string visible;
+  if (isatty(static_cast<int>(stream))) text = visible = visibleText(text);
   const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
   if (writeWhole(static_cast<int>(stream), {bytes, text.size()})) return Done{};
   return Error{stream == Stream::Output ? "standard output" : "standard error", errno};

@@ -12,7 +12,9 @@
 // own streams.
 namespace foundation {
 
-// A regular file or whatever else can be read to its end, whole.
+// A regular file of at most 64 MB, whole, through links; a folder, a FIFO, a device is an error at
+// once. "-" is standard input, whatever it is, up to the same size.
+inline constexpr std::string_view kStandardStream = "-";
 platform::Result<std::vector<std::uint8_t>> readUserFile(const std::string& path);
 
 // A new file in place of the one that is there, which stays if that fails; what is not a regular
@@ -25,6 +27,7 @@ bool isRegularFile(const std::string& path);
 // From the working folder on, without "." and ".."; links stay as they are. Empty for an empty one.
 std::string absolutePath(const std::string& path);
 
+// As it is; on a terminal, what could control it or reorder its text is escaped: see visibleText.
 enum class Stream { Output = 1, Error = 2 };
 platform::Result<platform::Done> writeStream(Stream stream, std::string_view text);
 

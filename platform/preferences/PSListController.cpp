@@ -64,7 +64,6 @@ PSListController::Specifiers PSListController::loadSpecifiersFromPlistNameTarget
     loadError_ = std::string(name) + ": " + what;
     return Specifiers();
   };
-  if (loading_) return {};
   loadError_.clear();
   byIdentifier_.clear();
   const ListResource* resource = environment().bundle.list(name);
@@ -75,13 +74,13 @@ PSListController::Specifiers PSListController::loadSpecifiersFromPlistNameTarget
   if (!list) return fail("row " + std::to_string(list.error().row) + ": " + list.error().what);
 
   if (!specifier()) title = list->title;
-  loading_ = true;
   for (auto& row : list->specifiers) {
     row->target = &target;
     byIdentifier_.emplace(row->identifier(), row.get());
-    loadChoices(*row);
+    // Some are many and take long to find out, and most requests ask for none.
+    if (!row->textForKey("valuesDataSource").empty())
+      row->setChoicesLater([this, choices = row.get()] { loadChoices(*choices); });
   }
-  loading_ = false;
   return std::move(list->specifiers);
 }
 
@@ -98,6 +97,7 @@ void PSListController::reloadSpecifier(PSSpecifier* specifier) {
 }
 
 void PSListController::reloadSpecifiers() {
+  if (asking_) return;
   specifiers_.reset();
   specifiers();
 }
@@ -163,7 +163,9 @@ void PSListController::loadChoices(PSSpecifier& specifier) {
     if (!value || !value->array()) return std::nullopt;
     return std::move(*value->array());
   };
+  const bool outer = std::exchange(asking_, true);
   auto values = list("valuesDataSource"), titles = list("titlesDataSource");
+  asking_ = outer;
   if (!values || !titles) return;
   values->resize(std::min(values->size(), titles->size()));
   Choices choices{std::move(*values), {}};

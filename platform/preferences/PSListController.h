@@ -24,9 +24,8 @@ class PSListController : public PSViewController {
   // The page's rows, loaded on first use from the list that bears the class's name.
   virtual const Specifiers& specifiers();
   // The rows of a list of the bundle; a page takes its title from it unless a row opened the page.
-  // Each list row's data sources are asked. An unknown or broken list gives no rows and a
-  // description of what is wrong in `loadError`. While a list is being loaded another request gives
-  // no rows, and specifierForID finds those whose data sources have been asked or are being asked.
+  // A list row's data sources are asked when its choices are. An unknown or broken list gives no
+  // rows and a description of what is wrong in `loadError`.
   Specifiers loadSpecifiersFromPlistNameTarget(std::string_view name, PSListController& target);
   const std::string& loadError() const { return loadError_; }
 
@@ -34,7 +33,7 @@ class PSListController : public PSViewController {
 
   // Makes a built row's cell anew, showing the stored value.
   void reloadSpecifier(PSSpecifier* specifier);
-  // Drops all rows and loads the list anew.
+  // Drops all rows and loads the list anew; does nothing for a data source that is being asked.
   virtual void reloadSpecifiers();
 
   // Stores under the row's "key" in its "defaults" and posts its "PostNotification". Without key or
@@ -68,7 +67,7 @@ class PSListController : public PSViewController {
 
   std::unordered_map<std::string_view, PSSpecifier*> byIdentifier_;
   std::string loadError_;
-  bool loading_ = false;
+  bool asking_ = false;  // a data source
 };
 
 }  // namespace preferences

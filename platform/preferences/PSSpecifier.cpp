@@ -61,7 +61,13 @@ uikit::Control* PSSpecifier::control() const {
   return cell_ ? cell_->control() : nullptr;
 }
 
+const std::shared_ptr<const Choices>& PSSpecifier::choices() const {
+  if (const auto set = std::exchange(setChoices_, nullptr)) set();
+  return choices_;
+}
+
 void PSSpecifier::setChoices(Choices choices) {
+  setChoices_ = nullptr;
   if (choices != *choices_) choices_ = std::make_shared<const Choices>(std::move(choices));
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -46,10 +47,12 @@ class PSSpecifier : public foundation::Object {
 
   // The choices of a list row or a segment; never null. Other ones are another object, the same
   // ones set again are not.
-  const std::shared_ptr<const Choices>& choices() const { return choices_; }
+  const std::shared_ptr<const Choices>& choices() const;
   void setChoices(Choices choices);
-  const plist::Array& values() const { return choices_->values; }
-  const std::vector<std::string>& titles() const { return choices_->titles; }
+  // `set` sets them, and is called when they are first asked for.
+  void setChoicesLater(std::function<void()> set) { setChoices_ = std::move(set); }
+  const plist::Array& values() const { return choices()->values; }
+  const std::vector<std::string>& titles() const { return choices()->titles; }
   // The title of the first choice that equals the value (numbers by value); null when none does.
   const std::string* titleForValue(const plist::Value& value) const;
   int indexOfValue(const plist::Value& value) const;  // -1 when it is not a choice
@@ -60,6 +63,7 @@ class PSSpecifier : public foundation::Object {
   std::string identifier_;
   std::shared_ptr<PSTableCell> cell_;
   std::shared_ptr<const Choices> choices_;
+  mutable std::function<void()> setChoices_;
 };
 
 }  // namespace preferences

@@ -17,9 +17,9 @@ void PSTableCell::setControl(std::shared_ptr<uikit::Control> control) {
   contentView.addSubview(control_);
 }
 
-void PSTableCell::refreshCellContents() {
-  const plist::Value& value = specifier_.propertyForKey("value");
-  if (const std::string* title = specifier_.titleForValue(value)) detailTextLabel.text = *title;
+std::optional<std::string> PSTableCell::detailText() const {
+  const std::string* title = specifier_.titleForValue(specifier_.propertyForKey("value"));
+  return title ? std::optional(*title) : std::nullopt;
 }
 
 }  // namespace preferences

@@ -20,7 +20,10 @@ class PSTableCell : public uikit::TableViewCell {
   uikit::Control* control() const { return control_.get(); }
 
   // Shows the row's current value: refreshCellContentsWithSpecifier:
-  virtual void refreshCellContents();
+  virtual void refreshCellContents() {}
+
+  // The title of the choice that is the row's value, found out when it is asked for.
+  std::optional<std::string> detailText() const;
 
  protected:
   void setControl(std::shared_ptr<uikit::Control> control);

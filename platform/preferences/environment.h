@@ -15,6 +15,16 @@
 
 namespace preferences {
 
+// What is about to be done with a profile.
+struct ProfileStep {
+  enum What { Load, Save, Import, Delete };
+  What what;
+  const std::string& path;
+  plist::Bytes written{};  // the new file, of a save and an import
+};
+// Is called just before it is done; what it gives is destroyed once it has been done or has failed.
+using ProfileGuard = std::function<std::shared_ptr<void>(const ProfileStep& step)>;
+
 // The device and the application that a page runs in, handed to every page.
 struct Environment {
   foundation::DeviceRoot& root;
@@ -33,6 +43,11 @@ struct Environment {
   foundation::FallbackFolder soundFallback{};
   uikit::Screen* screen = nullptr;    // where alerts are shown; without one they are dropped
   platform::Report problemHandler{};  // for what the pages themselves pass over; may be empty
+  ProfileGuard profileGuard{};        // may be empty
+
+  std::shared_ptr<void> guard(const ProfileStep& step) const {
+    return profileGuard ? profileGuard(step) : nullptr;
+  }
 };
 
 }  // namespace preferences

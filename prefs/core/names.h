@@ -21,6 +21,7 @@ inline constexpr std::string_view kDidBecomeActiveNotification =
 
 // Profile files and the battery log. Paths are formed by appending a name.
 inline constexpr std::string_view kDocuments = "/var/mobile/Documents/Quorvantis/";
+inline constexpr std::string_view kProfileExtension = "qvx";
 inline constexpr std::string_view kBatteryLog = "/var/mobile/Documents/Quorvantis/quorvantis.log";
 
 // The extension and its user agree on these keys of a profile.

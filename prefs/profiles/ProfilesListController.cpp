@@ -84,10 +84,8 @@ void ProfilesListController::saveProfileOverwriteIfExists(std::int32_t row, bool
       saveProfile(environment(), profileID, lists_.fileNameArray[row],
                   overwrite ? Existing::Overwrite : Existing::Keep, AfterFailure::GoOn);
   if (saved.outcome == SaveOutcome::Exists) return confirmOverwrite(row);
-  const bool written = saved.outcome == SaveOutcome::Saved ||
-                       saved.outcome == SaveOutcome::Overwritten ||
-                       saved.outcome == SaveOutcome::NotRemembered;
-  if (!written) report("not saved: " + saved.failure);
+  if (saved.failure && saved.outcome != SaveOutcome::NotRemembered)
+    report("not saved", *saved.failure);
   const std::string trigger =
       row < kBatteryLevels ? filled("Battery %@%", profileID) : lists_.profileNameArray[row];
   showInfoAlertWithTitleMessage(
@@ -106,10 +104,13 @@ void ProfilesListController::loadProfile(std::int32_t row) {
   if (!loaded) report(loaded.error().message());
 }
 
-platform::Result<LoadedProfile> ProfilesListController::loadProfileAtPath(const std::string& path) {
+platform::Result<LoadedProfile> ProfilesListController::loadProfileAtPath(
+    const std::string& path, AfterFailure afterFailure) {
+  const auto guarded = environment().guard({preferences::ProfileStep::Load, path});
   auto loaded = prefs::loadProfile(environment(), path);
   if (!loaded) return loaded.error();
   if (!loaded->missing.empty()) report(loaded->missing);
+  if (loaded->unstored && afterFailure == AfterFailure::Stop) return loaded;
   setProfileActive(loaded->active);
   environment().darwinCenter.post(kPrefsNotification);
   cleanUpPickerAndRelodSpecifers();
@@ -119,7 +120,7 @@ platform::Result<LoadedProfile> ProfilesListController::loadProfileAtPath(const 
 void ProfilesListController::deleteProfile(std::int32_t row) {
   if (!lists_.hasRow(row)) return reportNothingDone("deleted", row);
   const auto deleted = prefs::deleteProfile(environment(), lists_.fileNameArray[row]);
-  if (!deleted) report("not deleted: " + deleted.error().message());
+  if (!deleted) report("not deleted", deleted.error());
   showInfoAlertWithTitleMessage(
       "Done", filled("The profile %@ was successfully deleted!", lists_.profileNameArray[row]));
   cleanUpPickerAndRelodSpecifers();
@@ -151,6 +152,13 @@ void ProfilesListController::viewDidLoad() {
 
 void ProfilesListController::report(const std::string& problem) const {
   if (environment().problemHandler) environment().problemHandler({.what = problem});
+}
+
+void ProfilesListController::report(const std::string& notDone,
+                                    const platform::Error& error) const {
+  if (!environment().problemHandler) return;
+  if (error.kind == platform::ErrorKind::Unconfirmed) return environment().problemHandler(error);
+  environment().problemHandler(platform::Error{.what = notDone}.because(error).as(error.kind));
 }
 
 void ProfilesListController::reportNothingDone(std::string_view done, std::int32_t row) const {

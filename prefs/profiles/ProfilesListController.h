@@ -70,7 +70,8 @@ class ProfilesListController : public preferences::PSListController,
 
   // Loads a profile and announces it, as the page does for a picked one. The error is why it was
   // refused; nothing has changed then.
-  platform::Result<LoadedProfile> loadProfileAtPath(const std::string& path);
+  platform::Result<LoadedProfile> loadProfileAtPath(const std::string& path,
+                                                    AfterFailure afterFailure = AfterFailure::GoOn);
 
   const preferences::Operations& operations() const override { return ownOperations; }
   static const preferences::Operations ownOperations;
@@ -81,6 +82,7 @@ class ProfilesListController : public preferences::PSListController,
   void selectTriggerSavedLast();
   void confirmOverwrite(std::int32_t row);
   void report(const std::string& problem) const;
+  void report(const std::string& notDone, const platform::Error& error) const;
   void reportNothingDone(std::string_view done, std::int32_t row) const;
   std::shared_ptr<ProfilesListController> self();
 

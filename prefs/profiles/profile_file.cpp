@@ -49,14 +49,17 @@ Result<plist::Dictionary> readProfile(const preferences::Environment& environmen
 }
 
 Result<Done> writeProfile(const preferences::Environment& environment, const std::string& path,
-                          const plist::Dictionary& profile) {
+                          const plist::Dictionary& profile, foundation::Existing existing,
+                          preferences::ProfileStep::What what) {
   const auto bytes = archive::archive(profile, archive::Mutability::Mutable);
   if (!bytes) return at(path, bytes.error());
-  return environment.root.writeDurably(path, *bytes);
+  const auto guarded = environment.guard({what, path, *bytes});
+  return environment.root.writeDurably(path, *bytes, existing);
 }
 
 Result<Done> deleteProfile(const preferences::Environment& environment, const std::string& path,
                            foundation::Folders folders) {
+  const auto guarded = environment.guard({preferences::ProfileStep::Delete, path});
   return environment.root.remove(path, folders);
 }
 

@@ -18,13 +18,15 @@ std::string profilePath(int profileID);
 platform::Result<plist::Dictionary> readProfile(const preferences::Environment& environment,
                                                 const std::string& path);
 
-// Writes a dictionary as a profile, durably, in place of the file that is there; a folder of that
-// name is an error.
-platform::Result<platform::Done> writeProfile(const preferences::Environment& environment,
-                                              const std::string& path,
-                                              const plist::Dictionary& profile);
+// Writes a dictionary as a profile, durably, in place of the file that is there, or not (EEXIST); a
+// folder of that name is an error. The environment's guard learns of it as a save or an import.
+platform::Result<platform::Done> writeProfile(
+    const preferences::Environment& environment, const std::string& path,
+    const plist::Dictionary& profile,
+    foundation::Existing existing = foundation::Existing::Overwrite,
+    preferences::ProfileStep::What what = preferences::ProfileStep::Save);
 
-// Removes a profile, whatever its file holds.
+// Removes a profile, whatever its file holds, under the environment's guard.
 platform::Result<platform::Done> deleteProfile(
     const preferences::Environment& environment, const std::string& path,
     foundation::Folders folders = foundation::Folders::Refuse);

@@ -11,6 +11,7 @@
 namespace prefs {
 namespace {
 
+using platform::Error;
 using platform::Result;
 
 std::optional<plist::Value> valueIn(const plist::Dictionary& values, std::string_view key) {
@@ -57,18 +58,25 @@ SaveResult saveProfile(const preferences::Environment& environment, const std::s
 
   // Defaults in place of settings that can't be read are not a profile of them.
   if (const auto readable = environment.preferences.refresh(kDomain); !readable)
-    return {SaveOutcome::Unreadable, "the settings can't be read: " + readable.error().message()};
+    return {SaveOutcome::Unreadable, Error{.what = "the settings can't be read"}
+                                         .because(readable.error())
+                                         .as(readable.error().kind)};
   if (!environment.root.exists(kDocuments)) (void)environment.root.createDirectory(kDocuments);
   plist::Dictionary domain = wholeDomainRead(environment.preferences);
-  const auto written = writeProfile(environment, path, profileOf(domain, profileID));
-  if (!written && afterFailure == AfterFailure::Stop)
-    return {SaveOutcome::NotWritten, written.error().message()};
+  std::optional<Error> failure;
+  const auto written = writeProfile(environment, path, profileOf(domain, profileID), existing);
+  // By another program, meanwhile.
+  if (!written && existing == Existing::Keep && written.error().code == EEXIST)
+    return {SaveOutcome::Exists};
+  if (!written) failure = written.error();
+  const bool inPlace = !failure || failure->kind == platform::ErrorKind::Unconfirmed;
+  if (!inPlace && afterFailure == AfterFailure::Stop) return {SaveOutcome::NotWritten, failure};
 
   domain.set(kProfilePercentage, profileID);
   const auto remembered = wholeDomainWrite(environment.preferences, domain);
-  if (!written) return {SaveOutcome::NotWritten, written.error().message()};
-  if (!remembered) return {SaveOutcome::NotRemembered, remembered.error().message()};
-  return {exists ? SaveOutcome::Overwritten : SaveOutcome::Saved};
+  if (!inPlace) return {SaveOutcome::NotWritten, failure};
+  if (!remembered) return {SaveOutcome::NotRemembered, remembered.error()};
+  return {exists ? SaveOutcome::Overwritten : SaveOutcome::Saved, failure};
 }
 
 Result<LoadedProfile> loadProfile(const preferences::Environment& environment,
@@ -78,8 +86,10 @@ Result<LoadedProfile> loadProfile(const preferences::Environment& environment,
   if (!profile && profile.error().code != ENOENT) return profile.error();
   overlayProfile(profile ? *profile : plist::Dictionary(), domain);
   const auto stored = wholeDomainWrite(environment.preferences, domain);
-  return LoadedProfile{isActive(domain), profile ? "" : profile.error().message(),
-                       stored ? "" : stored.error().message()};
+  LoadedProfile loaded{isActive(domain)};
+  if (!profile) loaded.missing = profile.error().message();
+  if (!stored) loaded.unstored = stored.error();
+  return loaded;
 }
 
 std::vector<Difference> differences(const plist::Dictionary& from, const plist::Dictionary& to) {
@@ -95,12 +105,17 @@ std::vector<Difference> differences(const plist::Dictionary& from, const plist::
   return found;
 }
 
-plist::Dictionary domainAfterLoad(const plist::Dictionary& profile, plist::Dictionary domain) {
+plist::Dictionary domainLaidByLoad(const plist::Dictionary& profile, plist::Dictionary domain) {
   plist::Dictionary snapshot = domain;
   overlayProfile(profile, snapshot);
-  snapshot.set(key::profileactive, isActive(snapshot) ? 1.0f : 0.0f);
   // Nothing is ever removed from the store.
   for (const auto& [key, value] : snapshot) domain.set(key, value);
+  return domain;
+}
+
+plist::Dictionary domainAfterLoad(const plist::Dictionary& profile, plist::Dictionary domain) {
+  domain = domainLaidByLoad(profile, std::move(domain));
+  domain.set(key::profileactive, isActive(domain) ? 1.0f : 0.0f);
   return domain;
 }
 

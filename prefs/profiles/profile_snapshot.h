@@ -11,7 +11,7 @@
 // process stores in between is overwritten.
 namespace prefs {
 
-enum class Existing { Keep, Overwrite };
+using foundation::Existing;
 // Whether a save whose file can't be written still makes its trigger the domain's.
 enum class AfterFailure { GoOn, Stop };
 enum class SaveOutcome {
@@ -25,7 +25,8 @@ enum class SaveOutcome {
 
 struct SaveResult {
   SaveOutcome outcome;
-  std::string failure{};  // why, human-readable, for the last three
+  // Why, for the last three; of the kind Unconfirmed where the file is written but not flushed.
+  std::optional<platform::Error> failure{};
 };
 
 // Saves the domain's settings, with defaults for those that it lacks, as the profile of that ID,
@@ -34,9 +35,9 @@ SaveResult saveProfile(const preferences::Environment& environment, const std::s
                        const std::string& path, Existing existing, AfterFailure afterFailure);
 
 struct LoadedProfile {
-  bool active;             // the truth of its "profileactive"
-  std::string missing{};   // that there was no file, human-readable; else empty
-  std::string unstored{};  // why the domain couldn't be written and is as it was; else empty
+  bool active;                                // the truth of its "profileactive"
+  std::string missing{};                      // that there was no file, human-readable; else empty
+  std::optional<platform::Error> unstored{};  // why the domain couldn't be written and is as it was
 };
 
 // Sets every setting of a profile in the domain to the file's value, else to its default; a setting
@@ -55,7 +56,9 @@ struct Difference {
 // order, then those that only the second one has.
 std::vector<Difference> differences(const plist::Dictionary& from, const plist::Dictionary& to);
 
-// The domain as loading this profile would leave it, the switch of the profile page included.
+// The domain as a load's whole-domain write would leave it; and as the load would, the switch of
+// the profile page included.
+plist::Dictionary domainLaidByLoad(const plist::Dictionary& profile, plist::Dictionary domain);
 plist::Dictionary domainAfterLoad(const plist::Dictionary& profile, plist::Dictionary domain);
 
 }  // namespace prefs

@@ -13,7 +13,6 @@ namespace {
 
 using platform::Result;
 
-constexpr std::string_view kExtension = "qvx";
 constexpr std::string_view kKeys[] = {kProfilePercentage, kProfileDescription};
 
 std::string titleOf(const archive::Lookup& profile, TitleForm form) {
@@ -62,7 +61,7 @@ SavedProfiles savedProfiles(const preferences::Environment& environment, TitleFo
     return profiles;
   }
   for (const std::string& name : *names) {
-    if (foundation::pathExtension(name) != kExtension) continue;
+    if (foundation::pathExtension(name) != kProfileExtension) continue;
     std::string path = std::string(kDocuments) + name;
     auto profile = readProfile(*folder, name, environment.xml);
     if (!profile) {

@@ -147,3 +147,10 @@ class Drive(ProgramTest):
         self.assertEqual(done.returncode, 0)
         self.assertEqual(len(done.stderr.splitlines()), 1)
         self.assertEqual(json.loads(done.stdout.splitlines()[1]), {"ok": True, "prefs": {}})
+
+    def test_set_over_a_damaged_domain_is_refused_on_stderr(self):
+        domain = self.write("var/mobile/Library/Preferences/com.zorvek.quorvantis.plist", b"garbage")
+        done = self.run_program("drive", input=b'{"do":"launch"}\n{"do":"open","page":"GeneralSettingsController"}\n'
+                                b'{"do":"set","row":"enabled","value":true}\n')
+        self.assertIn(b"repair --restore", done.stderr)
+        self.assertEqual([path.read_bytes() for path in domain.parent.glob("com*")], [b"garbage"])

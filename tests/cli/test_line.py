@@ -111,7 +111,7 @@ class Line(ProgramTest):
 
     def test_exception_is_reported(self):
         def limit_memory():
-            resource.setrlimit(resource.RLIMIT_AS, (1 << 28, 1 << 28))
+            resource.setrlimit(resource.RLIMIT_AS, (1 << 26, 1 << 26))
         if any(name.endswith("SAN_OPTIONS") for name in self.env):
             self.skipTest("an instrumented program needs more memory")
         done = self.run_program("profile", "import", "/dev/zero", preexec_fn=limit_memory)

@@ -187,14 +187,14 @@ class Set(ProgramTest):
         (self.root / DOMAIN).mkdir(parents=True)
         self.refuse(1, "set", "custbrightenabled", "true")
 
-    def test_damaged_domain_is_kept_aside_and_said(self):
-        self.write(DOMAIN, b"garbage")
-        done = self.run_program("set", "custbrightenabled", "true")
-        self.assertEqual(done.returncode, 0)
-        self.assertEqual(len(done.stderr.splitlines()), 1)
-        self.assertEqual(self.domain(), {"custbrightenabled": True})
-        kept = [path for path in (self.root / DOMAIN).parent.iterdir() if "unreadable" in path.name]
-        self.assertEqual([path.read_bytes() for path in kept], [b"garbage"])
+    def test_damaged_domain_is_left_alone_and_the_way_out_said(self):
+        for damage in (b"garbage", b""):
+            self.write(DOMAIN, damage)
+            for key in ("custbrightenabled", "custbright"):  # usable, and dimmed
+                reason = self.refuse(1, "set", key, "50")
+                self.assertIn("com.zorvek.quorvantis.plist: not a readable", reason)
+                self.assertIn("quorvantis repair --restore", reason)
+                self.assertIn("--start-anew", reason)
 
 
 class Choices(ProgramTest):

@@ -59,7 +59,8 @@ class Defaults(ProgramTest):
         self.write(DOMAIN, b"garbage")
         self.refuse(1, "defaults", "read")
         self.refuse(1, "defaults", "read", "a")
-        self.refuse(1, "defaults", "delete", "a")
+        for change in (("delete", "a"), ("write", "a", "1")):
+            self.assertIn("repair --restore", self.refuse(1, "defaults", *change))
 
     def test_unreadable_domain(self):
         (self.root / DOMAIN).mkdir(parents=True)
@@ -74,6 +75,8 @@ class Defaults(ProgramTest):
         self.output("defaults", "write", "a", "1")
         mode = stat.S_IMODE(os.stat(self.root / DOMAIN).st_mode)
         self.assertEqual(mode, 0o600)
+
+
 class Lock(ProgramTest):
     def test_a_held_lock_is_waited_for_five_seconds_and_its_holder_named(self):
         self.output("set", "wifi", "1")

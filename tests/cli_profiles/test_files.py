@@ -1,7 +1,9 @@
+import json
+import subprocess
 import unittest
 
 from profiles import DAMAGED, ProfileTest, path_of
-from program import DOCUMENTS
+from program import DOCUMENTS, PROGRAM
 
 
 class Delete(ProfileTest):
@@ -40,6 +42,46 @@ class Delete(ProfileTest):
         for trigger in ("21", "22"):
             self.output("profile", "delete", trigger)
         self.assertEqual([file.name for file in (self.root / DOCUMENTS).iterdir()], ["kept"])
+
+
+class FolderOnThePage(ProfileTest):
+    """A folder that bears a profile's name is neither overwritten nor deleted from the page."""
+
+    def converse(self, *requests, between=lambda: None):
+        with subprocess.Popen([PROGRAM, "drive"], env=self.env, stdin=subprocess.PIPE,
+                              stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True) as drive:
+            for request in requests:
+                if request is None:
+                    between()
+                    continue
+                drive.stdin.write(json.dumps(request) + "\n")
+                drive.stdin.flush()
+                answer = json.loads(drive.stdout.readline())
+                self.assertTrue(answer["ok"], (request, answer))
+            drive.stdin.close()
+            return drive.stderr.read()
+
+    OPEN = ({"do": "launch"}, {"do": "open", "page": "ProfilesListController"}, {"do": "bar"})
+
+    def test_overwrite(self):
+        self.write(f"{path_of(20)}/inside", b"kept")
+        reason = self.converse(*self.OPEN, {"do": "press", "button": "Save"}, {"do": "pick", "row": 19},
+                               {"do": "press", "button": "Save"},
+                               {"do": "press", "button": "Overwrite"})
+        self.assertIn("Is a directory", reason)
+        self.assertEqual((self.root / path_of(20) / "inside").read_bytes(), b"kept")
+
+    def test_delete(self):
+        self.output("profile", "save", "20")
+        inside = self.root / path_of(20) / "inside"
+
+        def replace():
+            (self.root / path_of(20)).unlink()
+            self.write(f"{path_of(20)}/inside", b"kept")
+        reason = self.converse(*self.OPEN, {"do": "press", "button": "Delete"}, None,
+                               {"do": "press", "button": "Delete"}, between=replace)
+        self.assertIn("not deleted", reason)
+        self.assertEqual(inside.read_bytes(), b"kept")
 
 
 class Show(ProfileTest):

@@ -84,15 +84,12 @@ class Load(ProfileTest):
         self.lock_store()
         self.refuse(1, "profile", "load", "20")
 
-    def test_damaged_domain_is_kept_aside(self):
+    def test_damaged_domain_is_left_alone_and_the_way_out_said(self):
         self.damage_domain()
         self.write_profile(20, {"profilepercentage": "20", "wifi": 2})
-        done = self.run_program("profile", "load", "20")
-        self.assertEqual(done.returncode, 0)
-        self.assertIn(b"unreadable", done.stderr)
-        self.assertEqual(self.domain()["wifi"], 2)
-        kept = (self.root / (DOMAIN + ".unreadable-1")).read_bytes()
-        self.assertEqual(kept, b"neither binary nor XML")
+        reason = self.refuse(1, "profile", "load", "20")
+        self.assertTrue(reason.startswith("not loaded: "), reason)
+        self.assertIn("repair --restore", reason)
 
 
 class Diff(ProfileTest):

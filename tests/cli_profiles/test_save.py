@@ -80,7 +80,7 @@ class Save(ProfileTest):
         self.damage_domain()
         self.refuse(1, "profile", "save", "20")
         self.write_profile(20, {"profilepercentage": "20", "wifi": 2})
-        self.refuse(1, "profile", "save", "20", "--overwrite")
+        self.assertIn("repair --restore", self.refuse(1, "profile", "save", "20", "--overwrite"))
 
     def test_folder_of_that_name_is_never_overwritten(self):
         self.write(f"{path_of(20)}/inside", b"")

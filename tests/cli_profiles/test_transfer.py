@@ -1,6 +1,7 @@
 import os
 import plistlib
 import re
+import socket
 import threading
 import time
 import unittest
@@ -126,21 +127,49 @@ class Import(ProfileTest):
         self.output("profile", "import", self.file(archive(VALUES)))
         self.assertEqual(self.show("20"), VALUES)
 
+    def test_standard_input(self):
+        with open(self.xml(VALUES), "rb") as given:
+            done = self.run_program("profile", "import", "-", stdin=given)
+        self.assertEqual((done.returncode, done.stderr), (0, b""))
+        self.assertEqual(self.show("20"), VALUES)
+
     def test_pipe_that_is_written_in_pieces(self):
         data = plistlib.dumps({**VALUES, "msgtext": "x" * 100_000})
-        pipe = self.scratch / "pipe"
-        os.mkfifo(pipe)
+        reader, writer = os.pipe()
 
         def write():
-            with open(pipe, "wb", buffering=0) as file:
+            with open(writer, "wb", buffering=0) as file:
                 for start in range(0, len(data), 30_000):
                     file.write(data[start:start + 30_000])
                     time.sleep(0.02)
-        writer = threading.Thread(target=write, daemon=True)
-        writer.start()
-        self.output("profile", "import", str(pipe))
-        writer.join()
+        thread = threading.Thread(target=write, daemon=True)
+        thread.start()
+        with open(reader, "rb") as given:
+            done = self.run_program("profile", "import", "-", stdin=given)
+        thread.join()
+        self.assertEqual((done.returncode, done.stderr), (0, b""))
         self.assertEqual(len(self.show("20")["msgtext"]), 100_000)
+
+    def test_what_is_not_a_file_is_refused_at_once(self):
+        fifo = self.scratch / "fifo"
+        os.mkfifo(fifo)
+        link = self.scratch / "link"
+        link.symlink_to("/dev/zero")
+        listening = socket.socket(socket.AF_UNIX)
+        self.addCleanup(listening.close)
+        listening.bind(str(self.scratch / "socket"))
+        for path in (fifo, link, "/dev/zero", "/dev/full", "/dev/tty", self.scratch,
+                     self.scratch / "socket"):
+            with self.subTest(path=path):
+                start = time.monotonic()
+                self.assertIn(str(path), self.refuse(1, "profile", "import", str(path)))
+                self.assertLess(time.monotonic() - start, 5)
+
+    def test_file_with_nothing_but_a_size(self):
+        path = self.scratch / "sparse"
+        with open(path, "wb") as file:
+            file.truncate(65 << 20)
+        self.assertIn(str(path), self.refuse(1, "profile", "import", str(path)))
 
     def test_xml_archive(self):
         def references(value):

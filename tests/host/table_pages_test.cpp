@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "tests/host/sample_bundle.h"
+#include "tests/host/sample_settings.h"
 
 namespace {
 
@@ -119,7 +119,7 @@ TEST(ChoicesPage, SelectChoosesAndStaysAndBackShowsIt) {
   EXPECT_EQ(table->cellForRowAtIndexPath({0, 0})->accessory, uikit::Accessory::Checkmark);
   EXPECT_EQ(table->cellForRowAtIndexPath({0, 1})->accessory, uikit::Accessory::None);
   ASSERT_TRUE(settings.application.perform(host::Back{}));
-  EXPECT_EQ(settings.row("list").cellObject()->detailTextLabel.text, "number 1");
+  EXPECT_EQ(settings.row("list").cellObject()->detailText(), "number 1");
 }
 
 }  // namespace

@@ -59,8 +59,8 @@ TEST_F(HostProfiles, ASaveWritesTheDomainOnceAfterTheFile) {
   calls().log.clear();
   EXPECT_TRUE(profiles.save(trigger("7"), Existing::Keep));
   EXPECT_EQ(calls().log, (Calls{"fsync *", "rename * profile_7.qvx", "fsync Quorvantis",
-                                "rename * com.zorvek.quorvantis.plist",
-                                "fsync com.zorvek.quorvantis.plist", "fsync Preferences"}));
+                                "fsync *", "rename * com.zorvek.quorvantis.plist",
+                                "fsync Preferences"}));
 }
 
 TEST_F(HostProfiles, ASaveOfWhatCannotBeReadChangesNothing) {
@@ -69,7 +69,8 @@ TEST_F(HostProfiles, ASaveOfWhatCannotBeReadChangesNothing) {
   const auto before = file("7");
   const auto failure = failureOf(profiles.save(trigger("7"), Existing::Overwrite));
   EXPECT_EQ(failure.reason, Failure::Failed);
-  EXPECT_TRUE(failure.problem.words.starts_with("not saved: the settings can't be read: "))
+  EXPECT_TRUE(failure.problem.words.starts_with("not saved: ")) << failure.problem.words;
+  EXPECT_TRUE(failure.problem.words.find("quorvantis repair --restore") != std::string::npos)
       << failure.problem.words;
   EXPECT_EQ(file("7"), before);
 }

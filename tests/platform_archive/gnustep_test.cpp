@@ -28,7 +28,7 @@ class GNUstep : public ::testing::Test {
       batch.push_back(*archive::archive(value, archive::Mutability::Mutable));
     writeBatch(folder_ / "in", batch);
     const std::string command =
-        "GNUSTEP_USER_DEFAULTS_DIR=/nonexistent " GNUSTEP_PEER " archive '" +
+        "GNUSTEP_USER_DEFAULTS_DIR=/nonexistent '" GNUSTEP_PEER "' archive '" +
         (folder_ / "in").string() + "' '" + (folder_ / "out").string() + "'";
     EXPECT_EQ(std::system(command.c_str()), 0);
     const auto entries = readBatch(folder_ / "out");

@@ -141,6 +141,21 @@ TEST_F(KeptSet, DelaysTheNextOneNoMore) {
   EXPECT_LT(Clock::now() - start, kPatience);
 }
 
+TEST_F(KeptSet, IsDroppedOnceTheFileIsDamaged) {
+  EXPECT_EQ(keeping.copyAppValue("a", kDomain), Value(1));
+  holdElsewhere(1h);
+  EXPECT_FALSE(keeping.setAppValue("a", 2, kDomain));
+  folder.write(kFile, "garbage");
+  stopHolder();
+  const auto finished = keeping.finish(0ms);
+  ASSERT_FALSE(finished);
+  EXPECT_EQ(finished.error().kind, platform::ErrorKind::Damaged);
+  EXPECT_FALSE(keeping.unfinished());
+  EXPECT_EQ(keeping.copyAppValue("a", kDomain), Value(1));
+  EXPECT_EQ(folder.contents(kFile), "garbage");
+  EXPECT_THAT(problems, ElementsAre(finished.error().message()));
+}
+
 TEST_F(KeptSet, IsNotOneThatCanNeverBeStored) {
   Value tooDeep = 1;
   for (int depth = 0; depth < 1'000; ++depth) tooDeep = plist::Array{tooDeep};

@@ -34,7 +34,7 @@ bool setAndCheck(Preferences& preferences, int process, int sets, int keys) {
 }
 
 TEST_F(DomainProcesses, SetsOfDifferentKeysAtTheSameTimeAreNeverLost) {
-  constexpr int kProcesses = 4, kSets = 2'000, kKeys = 25;
+  constexpr int kProcesses = 4, kSets = 500, kKeys = 25;
   std::vector<pid_t> processes;
   for (int process = 0; process < kProcesses; ++process) {
     processes.push_back(

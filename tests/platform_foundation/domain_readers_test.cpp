@@ -47,17 +47,17 @@ struct DomainReaders : PreferencesTest {
   // What a peer says of the file, in a line.
   std::string ask(const std::string& peer) {
     plist_test::writeBatch(path("in"), {plist_test::readFile(folder.at(kFile))});
-    EXPECT_EQ(std::system((peer + " " + path("in") + " " + path("out")).c_str()), 0);
+    EXPECT_EQ(std::system((peer + " '" + path("in") + "' '" + path("out") + "'").c_str()), 0);
     const auto answers = plist_test::readBatch(path("out"));
     return answers.empty() ? "" : std::string(answers[0].begin(), answers[0].end());
   }
 
   void expectReadByAll() {
     const std::string expected = dump(storableOfEveryKind());
-    EXPECT_EQ(ask("/usr/bin/python3 -B " PLISTLIB_PEER), expected);
-    EXPECT_EQ(ask("GNUSTEP_USER_DEFAULTS_DIR=/nonexistent " GNUSTEP_PEER " plist"), expected);
+    EXPECT_EQ(ask("/usr/bin/python3 -B '" PLISTLIB_PEER "'"), expected);
+    EXPECT_EQ(ask("GNUSTEP_USER_DEFAULTS_DIR=/nonexistent '" GNUSTEP_PEER "' plist"), expected);
     const std::string convert =
-        "plistutil -f bin -i " + folder.at(kFile).string() + " -o " + path("converted");
+        "plistutil -f bin -i '" + folder.at(kFile).string() + "' -o '" + path("converted") + "'";
     ASSERT_EQ(std::system(convert.c_str()), 0);
     const auto converted = plist::readBinary(plist_test::readFile(path("converted")));
     ASSERT_TRUE(converted);

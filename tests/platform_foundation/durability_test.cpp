@@ -95,6 +95,38 @@ TEST_F(Durability, PendingFileThatIsGivenUpIsRemoved) {
   EXPECT_EQ(folder.contents("/folder/file"), "old");
 }
 
+TEST_F(Durability, NameThatIsTakenMeanwhileStaysWithItsFile) {
+  folder.write("/folder/other", "");
+  const auto directory = root.openDirectory("/folder");
+  auto pending = PendingFile::write(*directory, "file", bytesOf("new"));
+  ASSERT_TRUE(pending && pending->flush());
+  folder.write("/folder/file", "theirs");
+  EXPECT_EQ(pending->takeName().error().code, EEXIST);
+  EXPECT_EQ(folder.contents("/folder/file"), "theirs");
+  EXPECT_EQ(root.writeDurably("/folder/file", bytesOf("new"), Existing::Keep).error().code, EEXIST);
+  EXPECT_EQ(folder.contents("/folder/file"), "theirs");
+}
+
+TEST_F(Durability, NameThatIsFreeIsTaken) {
+  ASSERT_TRUE(root.writeDurably("/folder/file", bytesOf("new"), Existing::Keep));
+  EXPECT_EQ(folder.contents("/folder/file"), "new");
+  EXPECT_THAT(folder.names("/folder"), ElementsAre("file"));
+}
+
+TEST_F(Durability, LeftoversAreRemovedButNotAWritersOwn) {
+  folder.write("/folder/.file.0123456789abcdef", "left");
+  folder.write("/folder/.other.0123456789abcdef", "left");
+  const auto directory = root.openDirectory("/folder");
+  auto pending = PendingFile::write(*directory, "file", bytesOf("new"));
+  ASSERT_TRUE(pending);
+  removeLeftovers(*directory, "file");
+  EXPECT_THAT(folder.names("/folder"), SizeIs(2));
+  removeLeftovers(*directory);
+  EXPECT_THAT(folder.names("/folder"), SizeIs(1));
+  ASSERT_TRUE(pending->flush() && pending->replaceTarget());
+  EXPECT_THAT(folder.names("/folder"), ElementsAre("file"));
+}
+
 TEST_F(Durability, FileIsTheOwnersAloneBeforeItIsInPlace) {
   folder.write("/folder/file", "old");
   const auto directory = root.openDirectory("/folder");

@@ -60,12 +60,13 @@ TEST_F(DamagedDomain, FailsASynchroniseWithChanges) {
   EXPECT_TRUE(isDamaged(preferences.appSynchronize(kDomain)));
 }
 
-TEST_F(DamagedDomain, IsReportedOnce) {
+TEST_F(DamagedDomain, IsReportedWithEachSet) {
   damage();
   EXPECT_FALSE(preferences.setAppValue("a", 1, kDomain));
-  EXPECT_FALSE(preferences.setAppValue("b", 1, kDomain));
   EXPECT_FALSE(preferences.synchronize());
   EXPECT_THAT(problems, ElementsAre(HasSubstr(kFile)));
+  EXPECT_FALSE(preferences.setAppValue("b", 1, kDomain));
+  EXPECT_THAT(problems, ElementsAre(HasSubstr(kFile), problems.front()));
 }
 
 TEST_F(DamagedDomain, KeepsNoSetEvenWhereFailedOnesAreKept) {
@@ -252,6 +253,7 @@ TEST_F(PreferencesTest, FolderInPlaceOfTheFileFailsTheSetAndStays) {
   const auto set = preferences.setAppValue("a", 1, kDomain);
   ASSERT_FALSE(set);
   EXPECT_EQ(set.error().code, EISDIR);
+  EXPECT_EQ(set.error().kind, ErrorKind::Failed);
   EXPECT_EQ(set.error().path, kFile);
   EXPECT_TRUE(fs::is_directory(folder.at(kFile)));
   EXPECT_FALSE(preferences.copyAppValue("a", kDomain));

@@ -33,6 +33,18 @@ TEST_F(PreferencesTest, FirstWriteMakesABinaryFileOfTheOwnersAlone) {
   EXPECT_THAT(otherNames(), IsEmpty());
 }
 
+TEST_F(PreferencesTest, EverythingItMakesIsTheOwnersAlone) {
+  const mode_t mask = umask(0);
+  EXPECT_TRUE(preferences.setAppValue("wifi", true, kDomain));
+  umask(mask);
+  int files = 0;
+  for (const auto& entry : fs::recursive_directory_iterator(folder.path())) {
+    files += entry.is_regular_file();
+    EXPECT_EQ(modeOf(entry.path()), entry.is_directory() ? 0700u : 0600u) << entry.path();
+  }
+  EXPECT_EQ(files, 2) << "the domain and its lock";
+}
+
 TEST_F(PreferencesTest, SetIsVisibleToAnotherProcessAtOnce) {
   ASSERT_TRUE(preferences.setAppValue("alertmsg", "text", kDomain));
   EXPECT_TRUE(succeeded(startProcess([&] { return stored("alertmsg") == Value("text"); })));

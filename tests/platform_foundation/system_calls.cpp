@@ -53,10 +53,16 @@ extern "C" __attribute__((visibility("default"))) int fstat(int file,
   return result;
 }
 
+extern "C" __attribute__((visibility("default"))) int renameat2(int oldFolder, const char* oldName,
+                                                                int newFolder, const char* newName,
+                                                                unsigned flags) noexcept {
+  systemCalls().log.push_back("rename " + shown(oldName) + " " + newName);
+  if (shallFail(systemCalls().failRename)) return errno = EIO, -1;
+  return static_cast<int>(syscall(SYS_renameat2, oldFolder, oldName, newFolder, newName, flags));
+}
+
 extern "C" __attribute__((visibility("default"))) int renameat(int oldFolder, const char* oldName,
                                                                int newFolder,
                                                                const char* newName) noexcept {
-  systemCalls().log.push_back("rename " + shown(oldName) + " " + newName);
-  if (shallFail(systemCalls().failRename)) return errno = EIO, -1;
   return renameat2(oldFolder, oldName, newFolder, newName, 0);
 }

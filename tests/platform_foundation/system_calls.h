@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-// The library's fsync, renameat and fstat pass through here: the first two are noted in order, by
-// file name, and all fail on request.
+// The library's fsync, renameat, renameat2 and fstat pass through here: the first two are noted in
+// order, by file name, and all fail on request.
 namespace foundation::test {
 
 struct SystemCalls {

@@ -12,6 +12,21 @@ namespace {
 
 using plist::Value;
 
+TEST(VisibleText, EscapesWhatControlsATerminalAndNothingElse) {
+  const std::pair<std::string_view, std::string_view> cases[] = {
+      {"", ""},
+      {"a\n\tb", "a\n\tb"},
+      {"\x1b[2J\r\x7f", "\\u001b[2J\\u000d\\u007f"},
+      {std::string_view("\0", 1), "\\u0000"},
+      {"\u0080\u009f\u00a0", "\\u0080\\u009f\u00a0"},
+      {"\u061b\u061c\u200d\u200e\u200f\u2010", "\u061b\\u061c\u200d\\u200e\\u200f\u2010"},
+      {"\u2029\u202a\u202e\u202f", "\u2029\\u202a\\u202e\u202f"},
+      {"\u2065\u2066\u2069\u206a", "\u2065\\u2066\\u2069\u206a"},
+      {"\x9b\xe2\x82x", "\\x9b\\xe2\\x82x"},
+      {"\u20ac\U0001f600", "\u20ac\U0001f600"}};
+  for (const auto& [text, visible] : cases) EXPECT_EQ(visibleText(text), visible);
+}
+
 TEST(PathExtension, FollowsTheLastDotOfTheLastComponent) {
   const std::pair<const char*, const char*> cases[] = {{".qvx", ""},
                                                        {"a.qvx", "qvx"},

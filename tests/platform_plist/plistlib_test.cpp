@@ -18,8 +18,9 @@ class Plistlib : public ::testing::Test {
     std::vector<ByteVector> batch;
     for (const Value& value : values) batch.push_back(*plist::writeBinary(value));
     writeBatch(folder_ / "in", batch);
-    const std::string command = "/usr/bin/python3 " PLISTLIB_PEER " '" + (folder_ / "in").string() +
-                                "' '" + (folder_ / "out").string() + "'";
+    const std::string command = "/usr/bin/python3 '" PLISTLIB_PEER "' '" +
+                                (folder_ / "in").string() + "' '" + (folder_ / "out").string() +
+                                "'";
     EXPECT_EQ(std::system(command.c_str()), 0);
     return readBatch(folder_ / "out");
   }

@@ -35,7 +35,7 @@ TEST_F(ProfilePeer, ReadsTheSameDictionaryWithNumbersOfTheSameKind) {
   for (const auto& [key, line] : expected) lines += key + "\t" + line + "\n";
 
   const std::string file = device.at(prefs::profilePath(20)).string();
-  EXPECT_EQ(outputOf(PYTHON " -B " READ_ARCHIVE " " + file), lines);
+  EXPECT_EQ(outputOf("'" PYTHON "' -B '" READ_ARCHIVE "' '" + file + "'"), lines);
 }
 
 TEST_F(ProfilePeer, ReadsTheDomainAfterALoadOfAForeignArchiveAndALaterSave) {
@@ -47,10 +47,10 @@ TEST_F(ProfilePeer, ReadsTheDomainAfterALoadOfAForeignArchiveAndALaterSave) {
                                   {"siri", plist::Dictionary{{"inner", plist::Value()}}}});
   const std::string file = device.at(device.kDomainFile).string();
   const std::string print =
-      PYTHON
-      " -B -c \"import plistlib, sys; d = plistlib.load(open(sys.argv[1], 'rb'));"
-      " print([d[k] for k in ('wifi', 'vpn', 'dnd', 'siri', 'profilepercentage')])\" " +
-      file;
+      "'" PYTHON
+      "' -B -c \"import plistlib, sys; d = plistlib.load(open(sys.argv[1], 'rb'));"
+      " print([d[k] for k in ('wifi', 'vpn', 'dnd', 'siri', 'profilepercentage')])\" '" +
+      file + "'";
   choose("Load", "Battery 20%");
   EXPECT_EQ(outputOf(print), "[0, 0, [1], {}, '20']\n");
   choose("Save", "Battery 21%");

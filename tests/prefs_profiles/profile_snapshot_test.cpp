@@ -147,7 +147,8 @@ TEST_F(ProfileSave, RemembersTheTriggerEvenIfTheFileCannotBeWritten) {
   seed::noFolder(device);
   const SaveResult result = save("5", Existing::Overwrite);
   EXPECT_EQ(result.outcome, SaveOutcome::NotWritten);
-  EXPECT_NE(result.failure.find("/var/mobile/Documents"), std::string::npos) << result.failure;
+  EXPECT_NE(result.failure->message().find("/var/mobile/Documents"), std::string::npos)
+      << result.failure->message();
   EXPECT_EQ(device.stored("profilepercentage"), Value("5"));
 }
 
@@ -166,7 +167,8 @@ TEST_F(ProfileSave, OverwritesNoFolder) {
     EXPECT_EQ(save(taken, Existing::Keep).outcome, SaveOutcome::Exists);
     const SaveResult result = save(taken, Existing::Overwrite);
     EXPECT_EQ(result.outcome, SaveOutcome::NotWritten);
-    EXPECT_NE(result.failure.find("Is a directory"), std::string::npos) << result.failure;
+    EXPECT_NE(result.failure->message().find("Is a directory"), std::string::npos)
+        << result.failure->message();
   }
   EXPECT_TRUE(std::filesystem::is_directory(device.at(profilePath(5)) / "inner"));
   EXPECT_TRUE(std::filesystem::is_directory(device.at(profilePath(6))));
@@ -182,8 +184,8 @@ TEST_F(ProfileSave, WritesNoDefaultsForSettingsThatCannotBeRead) {
   for (const auto after : {AfterFailure::GoOn, AfterFailure::Stop}) {
     const SaveResult overwritten = save("5", Existing::Overwrite, after);
     EXPECT_EQ(overwritten.outcome, SaveOutcome::Unreadable);
-    EXPECT_TRUE(overwritten.failure.starts_with("the settings can't be read: "))
-        << overwritten.failure;
+    EXPECT_TRUE(overwritten.failure->message().starts_with("the settings can't be read: "))
+        << overwritten.failure->message();
     EXPECT_EQ(save("6", Existing::Keep, after).outcome, SaveOutcome::Unreadable);
   }
   EXPECT_EQ(*device.root.read(profilePath(5)), good);
@@ -196,7 +198,7 @@ TEST_F(ProfileSave, SaysThatTheDomainDoesNotNameTheTrigger) {
       device.at("/var/mobile/Library/Preferences/.com.zorvek.quorvantis.plist.lock"));
   const SaveResult result = save("5");
   EXPECT_EQ(result.outcome, SaveOutcome::NotRemembered);
-  EXPECT_NE(result.failure.find("lock"), std::string::npos) << result.failure;
+  EXPECT_NE(result.failure->message().find("lock"), std::string::npos) << result.failure->message();
   EXPECT_EQ(*device.profile("5").find("profilepercentage"), Value("5"));
 }
 
@@ -217,7 +219,7 @@ TEST_F(ProfileSave, LeavesOutWhatAPropertyListCannotHold) {
 
 TEST_F(ProfileSave, CanStopWhereTheFileCannotBeWritten) {
   seed::noFolder(device);
-  EXPECT_FALSE(save("5", Existing::Overwrite, AfterFailure::Stop).failure.empty());
+  EXPECT_TRUE(save("5", Existing::Overwrite, AfterFailure::Stop).failure);
   EXPECT_TRUE(device.domain().empty());
 }
 
@@ -435,7 +437,7 @@ TEST(ProfileDifferences, TakeWhatAPropertyListCannotHoldForAbsent) {
 TEST_F(ProfileLoad, SaysThatTheDomainCouldNotBeWritten) {
   std::filesystem::create_directories(
       device.at("/var/mobile/Library/Preferences/.com.zorvek.quorvantis.plist.lock"));
-  EXPECT_NE(loadFile(Dictionary{}).unstored.find("lock"), std::string::npos);
+  EXPECT_NE(loadFile(Dictionary{}).unstored->message().find("lock"), std::string::npos);
 }
 
 TEST_F(ProfileLoad, CanBePredicted) {

@@ -55,6 +55,7 @@ TEST(XmlRead, TwoRootsAreRefused) {
   EXPECT_THAT(refusal("<plist><string>x</string><string>y</string></plist>"),
               HasSubstr("second root"));
 }
+
 TEST(XmlRead, AttributesAreIgnored) {
   EXPECT_EQ(read("<string a='b'>x</string>"), Value("x"));
 }
@@ -283,6 +284,11 @@ TEST(XmlRead, EntityDeclarationsAreRefused) {
                     "<plist><string>&b;</string></plist>"),
             "line 1: declares the entity a");
 }
+TEST(XmlRead, AttributeDeclarationsAreRefused) {
+  EXPECT_EQ(refusal("<!DOCTYPE plist [<!ATTLIST array a CDATA ''>]><plist><array/></plist>"),
+            "line 1: declares attributes of \"array\"");
+}
+
 TEST(XmlRead, ExternalEntityIsRefused) {
   EXPECT_THAT(refusal("<!DOCTYPE plist [<!ENTITY a SYSTEM \"file:///etc/hostname\">]>"
                       "<plist><string>&a;</string></plist>"),

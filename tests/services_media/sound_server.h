@@ -29,7 +29,7 @@ class SoundServer {
     setenv("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/nonexistent", 1);
     startBus(folder);
     start({"pipewire"});
-    if (!eventually("test -S $XDG_RUNTIME_DIR/pipewire-0")) return;
+    if (!eventually("test -S \"$XDG_RUNTIME_DIR/pipewire-0\"")) return;
     start({"wireplumber"});
     start({"pipewire-pulse"});
     if (!eventually(
@@ -38,7 +38,7 @@ class SoundServer {
     if (!eventually("pactl info | grep -q 'Default Sink: quiet'")) return;
     start({"parec", "--raw", "--latency-msec=20", "-d", "quiet.monitor", "--format=s16le",
            "--channels=1", "--rate=" + std::to_string(kRate), capture_});
-    running = eventually("test -s " + capture_);
+    running = eventually("test -s '" + capture_ + "'");
   }
 
   bool running = false;

@@ -83,6 +83,22 @@ TEST_F(BundleWindow, AWriteThatFailsIsReportedOnScreen) {
   EXPECT_FALSE(driver->itemsOfType("Banner").empty());
 }
 
+TEST_F(BundleWindow, AWriteThatFailsIsMadeUpForAndItsBannerGoesOnceTheFaultHasGone) {
+  open();
+  driver->click("General");
+  QFile file(folder.filePath("var"));
+  ASSERT_TRUE(file.open(QFile::WriteOnly));
+  const plist::Value before = stored("enabled");
+  driver->click("Enabled");
+  ASSERT_FALSE(bridge().problems().isEmpty());
+  const plist::Value shown = stored("enabled");
+  EXPECT_FALSE(shown == before);
+  ASSERT_TRUE(file.remove());
+  EXPECT_TRUE(driver->until([&] { return bridge().problems().isEmpty(); }));
+  foundation::DeviceRoot root(folder.path().toStdString());
+  EXPECT_EQ(foundation::Preferences(root).copyAppValue("enabled", "com.zorvek.quorvantis"), shown);
+}
+
 // What a screen reader says of the rows that are dimmed.
 QStringList reasons(const Driver& driver) {
   QStringList found;

@@ -27,9 +27,10 @@ class BundleWindow : public WindowTest {
   void open(const char* pageClass = nullptr, int width = 390, int height = 1400) {
     auto owned = std::make_unique<window::QtMainQueue>();
     window::QtMainQueue& queue = *owned;
-    device = std::make_unique<host::Device>(
-        host::DeviceOptions{.root = folder.path().toStdString(), .contacts = {}, .idiom = {}},
-        std::move(owned));
+    host::DeviceOptions options{.root = folder.path().toStdString()};
+    options.lockPatience = std::chrono::milliseconds(0);
+    options.realTime = true;
+    device = std::make_unique<host::Device>(options, std::move(owned));
     auto launched = std::make_unique<host::Application>(
         device->environment(), window::kGuessedEntries, window::kGuessedEntries);
     ASSERT_TRUE(launched->perform(host::Launch{}));
@@ -37,7 +38,9 @@ class BundleWindow : public WindowTest {
       ASSERT_TRUE(launched->perform(host::Open{pageClass}));
     }
     show(std::move(launched), queue, width, height);
-    device->setProblemHandler([this](const host::Problem& problem) { settings->report(problem); });
+    device->setProblemHandler(
+        [this](const host::Problem& problem) { settings->report(problem); },
+        [this](const host::Problem& problem) { settings->withdraw(problem); });
   }
   void closeAll() {
     if (device) device->setProblemHandler({});

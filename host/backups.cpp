@@ -1,0 +1,229 @@
+#include "host/backups.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "platform/foundation/text.h"
+#include "platform/plist/hexadecimal.h"
+#include "prefs/core/names.h"
+#include "prefs/profiles/profile_file.h"
+
+namespace host {
+namespace {
+
+using platform::Error;
+using platform::Result;
+
+constexpr const char* kDay = "/day";
+constexpr std::string_view kDayNumber = "day";
+constexpr std::chrono::seconds kReferenceDate{978307200};  // 2001-01-01, since 1970
+
+// A folder for each root, whatever links lead to it.
+std::string folderFor(const std::string& root) {
+  std::error_code unresolved;
+  auto path = std::filesystem::weakly_canonical(root, unresolved).string();
+  if (unresolved) path = root;
+  const auto* bytes = reinterpret_cast<const std::uint8_t*>(path.data());
+  const std::uint64_t sum = checksumOf({bytes, path.size()});
+  std::string name;
+  for (int shift = 56; shift >= 0; shift -= 8)
+    plist::appendHex(name, static_cast<std::uint8_t>(sum >> shift));
+  return name;
+}
+
+// "55" of profile_55.qvx; another name as it is.
+std::string idOf(const std::string& path) {
+  constexpr std::string_view kPrefix = "profile_";
+  std::string name(foundation::lastPathComponent(path));
+  const std::size_t dot = name.rfind('.');
+  if (!name.starts_with(kPrefix) || dot == std::string::npos) return name;
+  return name.substr(kPrefix.size(), dot - kPrefix.size());
+}
+
+FileChange::Bytes bytesOf(const Result<std::vector<std::uint8_t>>& read) {
+  return read ? std::optional(*read) : std::nullopt;
+}
+
+// Of two changes of a key the first one's beginning and the second one's end.
+void merge(const foundation::KeyChanges& later, foundation::KeyChanges& changes) {
+  for (const foundation::KeyChange& change : later) {
+    const auto earlier = std::ranges::find(changes, change.key, &foundation::KeyChange::key);
+    if (earlier == changes.end())
+      changes.push_back(change);
+    else
+      earlier->to = change.to;
+  }
+}
+
+}  // namespace
+
+struct Backups::State {
+  explicit State(const std::string& directory) : folder(directory) {}
+
+  foundation::DeviceRoot folder;
+  Snapshots snapshots{folder};
+  History history{folder};
+  LastSeen lastSeen{folder};
+  std::unique_ptr<LoadNote> load;
+};
+
+Backups::Backups(preferences::Environment& environment, std::string state,
+                 std::chrono::milliseconds lockPatience, platform::Report warn, Clock clock)
+    : environment_(environment),
+      folder_(std::move(state)),
+      lockPatience_(lockPatience),
+      warn_(std::move(warn)),
+      clock_(std::move(clock)),
+      store_(environment.root, lockPatience) {
+  store_.setXmlReader([this](plist::Bytes bytes) { return environment_.xml.read(bytes); });
+  store_.setChangeObserver(this);
+}
+
+Backups::~Backups() = default;
+
+Backups::State& Backups::state() {
+  if (!state_) {
+    state_ = std::make_unique<State>(folder_ + "/" + folderFor(environment_.root.directory()));
+    state_->load = std::make_unique<LoadNote>(environment_, store_, state_->folder);
+  }
+  return *state_;
+}
+
+Snapshots& Backups::snapshots() {
+  return state().snapshots;
+}
+
+History& Backups::history() {
+  return state().history;
+}
+
+LastSeen& Backups::lastSeen() {
+  return state().lastSeen;
+}
+
+plist::Date Backups::now() const {
+  const std::chrono::duration<double> since = clock_().time_since_epoch() - kReferenceDate;
+  return {since.count()};
+}
+
+void Backups::warn(std::string what, const Error& cause) const {
+  if (warn_) warn_(Error{.what = std::move(what)}.because(cause));
+}
+
+std::vector<std::uint8_t> Backups::domainBytes() const {
+  auto bytes = environment_.root.read(foundation::domainPath(prefs::kDomain));
+  return bytes ? std::move(*bytes) : std::vector<std::uint8_t>();
+}
+
+Result<int> Backups::keep(const std::string& before) {
+  if (auto damage = store_.damage(prefs::kDomain)) return *damage;
+  Snapshot snapshot{now(), before, {}, {}};
+  const auto domain = environment_.root.read(foundation::domainPath(prefs::kDomain));
+  if (!domain && domain.error().code != ENOENT) return domain.error();
+  if (domain) snapshot.domain = *domain;
+  auto profiles = readProfileFiles(environment_.root);
+  if (!profiles) return profiles.error();
+  snapshot.profiles = std::move(*profiles);
+  return state().snapshots.add(snapshot);
+}
+
+void Backups::keepOrWarn(const std::string& before) {
+  const auto kept = keep(before);
+  if (!kept) warn("no snapshot was kept before \"" + before + "\"", kept.error());
+}
+
+void Backups::takeDailySnapshot() {
+  using namespace std::chrono;
+  const std::int64_t today = floor<days>(clock_()).time_since_epoch().count();
+  if (std::exchange(day_, today) == today) return;
+  const auto latest = readRecord(state().folder, kDay);
+  const plist::Value* day = latest ? latest->find(kDayNumber) : nullptr;
+  if (day && day->integer() == today) return;
+  if (store_.damage(prefs::kDomain)) return;
+  keepOrWarn("daily");
+  const auto noted =
+      writeRecord(state().folder, kDay, plist::Dictionary{{std::string(kDayNumber), today}});
+  if (!noted) warn("the day's snapshot will be taken again", noted.error());
+}
+
+void Backups::prepare() {
+  takeDailySnapshot();
+  if (std::exchange(loadsFinished_, true)) return;
+  const auto finished = state().load->finish();
+  if (!finished) warn("a load that was stopped half-way is not finished", finished.error());
+}
+
+std::shared_ptr<void> Backups::guard(const preferences::ProfileStep& step) {
+  using preferences::ProfileStep;
+  const bool exists = environment_.root.hasEntry(step.path);
+  if (step.what == ProfileStep::Delete && !exists) return nullptr;
+  prepare();
+  const std::string id = idOf(step.path);
+  switch (step.what) {
+    case ProfileStep::Load: {
+      keepOrWarn("load " + id);
+      auto noted = state().load->begin(step.path, lockPatience_);
+      if (noted) return *noted;
+      warn("a load that is stopped half-way now would stay so", noted.error());
+      return nullptr;
+    }
+    case ProfileStep::Save:
+      if (exists) keepOrWarn("overwrite " + id);
+      break;
+    case ProfileStep::Import:
+      keepOrWarn("import");
+      break;
+    case ProfileStep::Delete:
+      keepOrWarn("delete " + id);
+      break;
+  }
+  if (!change_) return nullptr;
+  FileChange change{step.path, {}, {}};
+  change.from = bytesOf(environment_.root.read(step.path, foundation::Links::Refuse));
+  if (step.what != ProfileStep::Delete) change.to.emplace(step.written.begin(), step.written.end());
+  change_->files.push_back(std::move(change));
+  return nullptr;
+}
+
+void Backups::beginChange(std::string what) {
+  change_ = Change{.what = std::move(what)};
+}
+
+void Backups::endChange() {
+  if (!change_) return;
+  Change change = *std::exchange(change_, std::nullopt);
+  std::erase_if(change.settings, [](const auto& each) { return each.from == each.to; });
+  // What failed, or was taken back, has not changed.
+  std::erase_if(change.files, [&](const FileChange& each) {
+    const auto now = bytesOf(environment_.root.read(each.path, foundation::Links::Refuse));
+    return now != each.to || each.from == each.to;
+  });
+  remember(std::move(change), {});
+}
+
+void Backups::remember(Change change, const std::vector<std::string>& left) {
+  const auto isLeft = [&](const std::string& name) {
+    return std::ranges::find(left, name) != left.end();
+  };
+  std::erase_if(change.settings, [&](const auto& each) { return isLeft(each.key); });
+  std::erase_if(change.files, [&](const auto& each) { return isLeft(each.path); });
+  if (change.empty()) return;
+  change.time = now();
+  const auto added = state().history.add(change);
+  if (!added) warn("\"" + change.what + "\" can't be undone", added.error());
+}
+
+void Backups::willChange(std::string_view domain) {
+  if (domain != prefs::kDomain) return;
+  prepare();
+  state().lastSeen.willChange(domainBytes(), now());
+}
+
+void Backups::didChange(std::string_view domain, const foundation::KeyChanges& changes) {
+  if (domain != prefs::kDomain) return;
+  if (change_) merge(changes, change_->settings);
+  // Whoever reads it next is not misled: at worst it says that another program has changed it.
+  static_cast<void>(state().lastSeen.changed(domainBytes(), now()));
+}
+
+}  // namespace host

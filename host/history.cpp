@@ -1,0 +1,119 @@
+#include "host/history.h"
+
+#include <cerrno>
+#include <utility>
+
+namespace host {
+namespace {
+
+using platform::Done;
+using platform::Error;
+using platform::Result;
+
+constexpr std::string_view kWhat = "what", kTime = "time", kSettings = "settings", kFiles = "files",
+                           kName = "name", kFrom = "from", kTo = "to";
+
+const std::string* textIn(const plist::Dictionary& record, std::string_view key) {
+  const plist::Value* value = record.find(key);
+  return value ? value->text() : nullptr;
+}
+
+void setBytes(std::string_view key, const FileChange::Bytes& bytes, plist::Dictionary& record) {
+  if (bytes) record.set(key, plist::Data{*bytes});
+}
+
+FileChange::Bytes bytesIn(const plist::Dictionary& record, std::string_view key) {
+  const plist::Value* value = record.find(key);
+  return value && value->data() ? std::optional(value->data()->bytes) : std::nullopt;
+}
+
+std::optional<plist::Value> valueIn(const plist::Dictionary& record, std::string_view key) {
+  const plist::Value* value = record.find(key);
+  return value ? std::optional(*value) : std::nullopt;
+}
+
+plist::Dictionary recordOf(const Change& change) {
+  plist::Array settings, files;
+  for (const auto& [key, from, to] : change.settings) {
+    plist::Dictionary entry{{std::string(kName), key}};
+    if (from) entry.set(kFrom, *from);
+    if (to) entry.set(kTo, *to);
+    settings.emplace_back(std::move(entry));
+  }
+  for (const auto& [path, from, to] : change.files) {
+    plist::Dictionary entry{{std::string(kName), path}};
+    setBytes(kFrom, from, entry);
+    setBytes(kTo, to, entry);
+    files.emplace_back(std::move(entry));
+  }
+  return {{std::string(kWhat), change.what},
+          {std::string(kTime), change.time},
+          {std::string(kSettings), std::move(settings)},
+          {std::string(kFiles), std::move(files)}};
+}
+
+std::optional<Change> changeIn(const plist::Dictionary& record) {
+  const std::string* what = textIn(record, kWhat);
+  const plist::Value *time = record.find(kTime), *settings = record.find(kSettings),
+                     *files = record.find(kFiles);
+  if (!what || !time || !time->date() || !settings || !settings->array() || !files ||
+      !files->array())
+    return std::nullopt;
+  Change change{*what, *time->date(), {}, {}};
+  for (const plist::Value& each : *settings->array()) {
+    const plist::Dictionary* entry = each.dictionary();
+    const std::string* key = entry ? textIn(*entry, kName) : nullptr;
+    if (!key) return std::nullopt;
+    change.settings.push_back({*key, valueIn(*entry, kFrom), valueIn(*entry, kTo)});
+  }
+  for (const plist::Value& each : *files->array()) {
+    const plist::Dictionary* entry = each.dictionary();
+    const std::string* path = entry ? textIn(*entry, kName) : nullptr;
+    if (!path) return std::nullopt;
+    change.files.push_back({*path, bytesIn(*entry, kFrom), bytesIn(*entry, kTo)});
+  }
+  return change;
+}
+
+}  // namespace
+
+Result<Done> History::add(const Change& change) {
+  std::uintmax_t files = 0;
+  for (const FileChange& file : change.files)
+    files += (file.from ? file.from->size() : 0) + (file.to ? file.to->size() : 0);
+  if (files > kLargest) return Error{.what = "\"" + change.what + "\" is too large to be undone"};
+  const auto added = done_.add(recordOf(change));
+  if (!added) return added.error();
+  undone_.clear();
+  return Done{};
+}
+
+std::optional<Change> History::newest(const RecordFolder& records) {
+  const auto numbers = records.numbers();
+  for (auto number = numbers.rbegin(); number != numbers.rend(); ++number)
+    if (const auto record = records.read(*number))
+      if (auto change = changeIn(*record)) return change;
+  return std::nullopt;
+}
+
+// Put there first: one that stands on both sides is only found done already.
+Result<Done> History::moveNewest(RecordFolder& from, RecordFolder& to) {
+  const auto numbers = from.numbers();
+  for (auto number = numbers.rbegin(); number != numbers.rend(); ++number) {
+    const auto record = from.read(*number);
+    if (record && changeIn(*record)) {
+      if (const auto added = to.add(*record); !added) return added.error();
+      return from.remove(*number);
+    }
+    if (const auto removed = from.remove(*number); !removed) return removed;
+  }
+  return Done{};
+}
+
+Change reversed(Change change) {
+  for (auto& setting : change.settings) std::swap(setting.from, setting.to);
+  for (auto& file : change.files) std::swap(file.from, file.to);
+  return change;
+}
+
+}  // namespace host

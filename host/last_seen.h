@@ -1,0 +1,34 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "host/record_folder.h"
+
+namespace host {
+
+// What this user's windows and shells left in the settings file last. Other programs may change it
+// as well; this is how that is noticed, even if the new bytes are settings as good as the old ones.
+class LastSeen {
+ public:
+  struct Sighting {
+    plist::Date time;  // of this program's last change
+    std::uint64_t checksum = 0;
+    // When a change from outside was noticed last, and when this program had changed the file
+    // before that.
+    std::optional<plist::Date> outside{}, outsideSince{};
+  };
+
+  explicit LastSeen(foundation::DeviceRoot& state) : records_(state, "/seen/", 2, 1 << 20) {}
+
+  std::optional<Sighting> read() const;
+  // The file is about to be changed, and then has been, by this program. Empty bytes: no file.
+  void willChange(plist::Bytes bytes, plist::Date now);
+  platform::Result<platform::Done> changed(plist::Bytes bytes, plist::Date now);
+
+ private:
+  RecordFolder records_;
+  std::optional<Sighting> before_;  // with what willChange has noticed
+};
+
+}  // namespace host

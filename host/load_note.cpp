@@ -1,0 +1,118 @@
+#include "host/load_note.h"
+
+#include <cerrno>
+
+#include "host/record_folder.h"
+#include "platform/foundation/file_lock.h"
+#include "platform/foundation/text.h"
+#include "prefs/core/names.h"
+#include "prefs/core/preference_store.h"
+#include "prefs/keys.h"
+#include "prefs/profiles/profile_snapshot.h"
+
+namespace host {
+namespace {
+
+using platform::Done;
+using platform::Error;
+using platform::Result;
+
+constexpr const char* kNote = "/load";
+constexpr const char* kLockedName = "load";
+constexpr std::string_view kBefore = "before", kLaid = "laid";
+
+Result<foundation::Descriptor> lockLoads(foundation::DeviceRoot& state,
+                                         std::chrono::milliseconds patience) {
+  if (const auto made = state.createDirectory("/"); !made) return made.error();
+  const auto folder = state.openDirectory("/");
+  if (!folder) return folder.error();
+  return foundation::takeLock(*folder, kLockedName, patience);
+}
+
+bool equal(const plist::Value* a, const plist::Value* b) {
+  return a && b ? *a == *b : a == b;
+}
+
+}  // namespace
+
+// The values that a load's first change alters, and the switch, as they were and as it leaves them.
+struct LoadNote::Noted {
+  plist::Dictionary before, laid;
+
+  static Noted of(const plist::Dictionary& profile, const plist::Dictionary& domain) {
+    Noted noted;
+    for (const auto& [key, value] : prefs::domainLaidByLoad(profile, domain)) {
+      const plist::Value* old = domain.find(key);
+      if (equal(old, &value) && prefs::key::profileactive != std::string_view(key)) continue;
+      if (old) noted.before.set(key, *old);
+      noted.laid.set(key, value);
+    }
+    return noted;
+  }
+  static std::optional<Noted> read(const foundation::DeviceRoot& state) {
+    const auto record = readRecord(state, kNote);
+    if (!record) return std::nullopt;
+    const plist::Value* before = record->find(kBefore);
+    const plist::Value* laid = record->find(kLaid);
+    if (!before || !before->dictionary() || !laid || !laid->dictionary()) return std::nullopt;
+    return Noted{*before->dictionary(), *laid->dictionary()};
+  }
+};
+
+// Other processes may have changed some of the values since; the rest show how far the load went.
+LoadNote::Progress LoadNote::progressOf(const Noted& noted) {
+  const plist::Dictionary domain = prefs::wholeDomainRead(store_);
+  int laid = 0, before = 0;
+  for (const auto& [key, value] : noted.laid) {
+    laid += equal(domain.find(key), &value);
+    before += equal(domain.find(key), noted.before.find(key));
+  }
+  if (laid <= before) return Progress::None;
+  const plist::Value* active = noted.laid.find(prefs::key::profileactive);
+  return active && equal(active, domain.find(prefs::key::profileactive)) ? Progress::Half
+                                                                         : Progress::Whole;
+}
+
+Result<std::shared_ptr<void>> LoadNote::begin(const std::string& profilePath,
+                                              std::chrono::milliseconds patience) {
+  const auto profile = prefs::readProfile(environment_, profilePath);
+  if (!profile && profile.error().code != ENOENT) return std::shared_ptr<void>();
+  if (const auto readable = store_.refresh(prefs::kDomain); !readable)
+    return std::shared_ptr<void>();
+  auto locked = lockLoads(state_, patience);
+  if (!locked) return locked.error();
+  Noted noted = Noted::of(profile ? *profile : plist::Dictionary(), prefs::wholeDomainRead(store_));
+  const auto written = writeRecord(
+      state_, kNote, {{std::string(kBefore), noted.before}, {std::string(kLaid), noted.laid}});
+  if (!written) return written.error();
+  // The lock is held until then, and by no one but a living process.
+  return std::shared_ptr<void>(
+      new Noted(std::move(noted)),
+      [this, lock = std::make_shared<foundation::Descriptor>(std::move(*locked))](Noted* begun) {
+        if (progressOf(*begun) != Progress::Half) static_cast<void>(state_.remove(kNote));
+        delete begun;
+      });
+}
+
+Result<Done> LoadNote::finish() {
+  if (!state_.hasEntry(kNote)) return Done{};
+  const auto locked = lockLoads(state_, std::chrono::milliseconds(0));
+  if (!locked) return Done{};
+  const auto noted = Noted::read(state_);
+  if (noted) {
+    if (const auto readable = store_.refresh(prefs::kDomain); !readable) return readable.error();
+    const Progress progress = progressOf(*noted);
+    if (progress == Progress::Half) {
+      const plist::Value& active = *noted->laid.find(prefs::key::profileactive);
+      const plist::Value switched(foundation::boolValue(active) ? 1.0f : 0.0f);
+      const auto finished = store_.exchange(
+          {{std::string(prefs::key::profileactive), active, switched}}, prefs::kDomain);
+      if (!finished) return finished.error();
+      if (const auto flushed = store_.finish(); !flushed) return flushed.error();
+    }
+    if (progress != Progress::None) environment_.darwinCenter.post(prefs::kPrefsNotification);
+  }
+  return state_.remove(kNote);
+}
+
+}  // namespace host

@@ -1,0 +1,150 @@
+#include "host/record_folder.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+
+#include "host/text.h"
+#include "platform/foundation/file_lock.h"
+
+namespace host {
+namespace {
+
+using platform::Done;
+using platform::Error;
+using platform::Result;
+
+constexpr std::string_view kRecord = "record", kChecksum = "checksum";
+constexpr const char* kLockedName = "records";
+constexpr int kAttempts = 100;
+
+Result<std::vector<std::uint8_t>> encodeRecord(const plist::Dictionary& record) {
+  auto inner = plist::writeBinary(record);
+  if (!inner) return Error(inner.error());
+  const std::uint64_t checksum = checksumOf(*inner);
+  auto outer = plist::writeBinary(plist::Dictionary{
+      {std::string(kChecksum), checksum}, {std::string(kRecord), plist::Data{std::move(*inner)}}});
+  if (!outer) return Error(outer.error());
+  return std::move(*outer);
+}
+
+std::optional<plist::Dictionary> decodeRecord(plist::Bytes bytes) {
+  const auto outer = plist::readBinary(bytes);
+  if (!outer || !outer->dictionary()) return std::nullopt;
+  const plist::Value* record = outer->dictionary()->find(kRecord);
+  const plist::Value* checksum = outer->dictionary()->find(kChecksum);
+  if (!record || !record->data() || !checksum) return std::nullopt;
+  if (checksum->unsignedInteger() != checksumOf(record->data()->bytes)) return std::nullopt;
+  auto inner = plist::readBinary(record->data()->bytes);
+  if (!inner || !inner->dictionary()) return std::nullopt;
+  return std::move(*inner->dictionary());
+}
+
+// The place on this machine of a path below the state.
+Error located(const foundation::DeviceRoot& state, Error error) {
+  if (error.path.starts_with('/') && !error.path.starts_with(state.directory()))
+    error.path = state.directory() + error.path;
+  return error;
+}
+
+}  // namespace
+
+std::uint64_t checksumOf(plist::Bytes bytes) {
+  std::uint64_t sum = 0xcbf29ce484222325;
+  for (const std::uint8_t byte : bytes) sum = (sum ^ byte) * 0x100000001b3;
+  return sum;
+}
+
+Result<plist::Dictionary> readRecord(const foundation::DeviceRoot& state, const std::string& path) {
+  const auto bytes = state.read(path, foundation::Links::Refuse);
+  if (!bytes) return located(state, bytes.error());
+  auto record = decodeRecord(*bytes);
+  if (!record) return Error{state.directory() + path, 0, "damaged"};
+  return std::move(*record);
+}
+
+Result<Done> writeRecord(foundation::DeviceRoot& state, const std::string& path,
+                         const plist::Dictionary& record) {
+  const auto bytes = encodeRecord(record);
+  if (!bytes) return bytes.error();
+  const auto written = state.writeDurably(path, *bytes);
+  if (!written) return located(state, written.error());
+  return Done{};
+}
+
+RecordFolder::RecordFolder(foundation::DeviceRoot& state, std::string path, std::size_t kept,
+                           std::uintmax_t largest)
+    : state_(state), path_(std::move(path)), kept_(kept), largest_(largest) {}
+
+std::vector<int> RecordFolder::numbers() const {
+  std::vector<int> found;
+  const auto names = state_.contentsOfDirectory(path_);
+  if (!names) return found;
+  for (const std::string& name : *names)
+    if (const auto number = numberIn<int>(name); number && std::to_string(*number) == name)
+      found.push_back(*number);
+  std::ranges::sort(found);
+  return found;
+}
+
+Result<plist::Dictionary> RecordFolder::read(int number) const {
+  return readRecord(state_, fileOf(number));
+}
+
+Result<int> RecordFolder::addDurably(const plist::Dictionary& record) {
+  const auto made = state_.createDirectory(path_);
+  if (!made) return located(state_, made.error());
+  const auto folder = state_.openDirectory(path_);
+  if (!folder) return located(state_, folder.error());
+  const auto locked = foundation::takeLock(*folder, kLockedName, foundation::kLockPatience);
+  if (!locked) return located(state_, locked.error());
+  const auto taken = numbers();
+  const int number = taken.empty() ? 1 : taken.back() + 1;
+  const auto written = writeRecord(state_, fileOf(number), record);
+  if (!written) return written.error();
+  removeOld();
+  return number;
+}
+
+Result<int> RecordFolder::add(const plist::Dictionary& record) {
+  const auto bytes = encodeRecord(record);
+  if (!bytes) return bytes.error();
+  const auto taken = numbers();
+  const int first = taken.empty() ? 1 : taken.back() + 1;
+  for (int number = first; number < first + kAttempts; ++number) {
+    const auto created = state_.create(fileOf(number), *bytes);
+    if (!created && created.error().code == EEXIST) continue;
+    if (!created) return located(state_, created.error());
+    if (taken.size() >= kept_ || bytes->size() > largest_ / kept_) removeOld();
+    return number;
+  }
+  return Error{state_.directory() + path_, EEXIST, "create"};
+}
+
+// The newest stays in any case.
+void RecordFolder::removeOld() {
+  auto found = numbers();
+  std::ranges::reverse(found);
+  std::uintmax_t together = 0;
+  for (std::size_t i = 0; i < found.size(); ++i) {
+    std::error_code none;
+    const auto size = std::filesystem::file_size(state_.directory() + fileOf(found[i]), none);
+    if (!none) together += size;
+    if (i > 0 && (i >= kept_ || together > largest_))
+      std::filesystem::remove(state_.directory() + fileOf(found[i]), none);
+  }
+}
+
+Result<Done> RecordFolder::remove(int number) {
+  const auto removed = state_.remove(fileOf(number));
+  if (!removed) return located(state_, removed.error());
+  return Done{};
+}
+
+void RecordFolder::clear() {
+  std::error_code none;
+  for (const int number : numbers())
+    std::filesystem::remove(state_.directory() + fileOf(number), none);
+}
+
+}  // namespace host

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/foundation/device_root.h"
+#include "platform/plist/value.h"
+
+namespace host {
+
+// 64 bits of FNV-1a. Any change of a single byte changes it.
+std::uint64_t checksumOf(plist::Bytes bytes);
+
+// Numbered files in a folder of the host's own state, mode 0600 in folders of 0700, the newest with
+// the highest number. Each holds a dictionary and its checksum, so that one that was cut short or
+// damaged is an error and never taken for another.
+class RecordFolder {
+ public:
+  // `path` is below `state`, with a slash at both ends. Only the newest `kept` stay, and of those
+  // no more than come to `largest` bytes together.
+  RecordFolder(foundation::DeviceRoot& state, std::string path, std::size_t kept,
+               std::uintmax_t largest);
+
+  std::vector<int> numbers() const;  // ascending; empty where there is no folder
+  platform::Result<plist::Dictionary> read(int number) const;
+
+  // Both give its number, and leave nothing behind when they fail. The first is durable, and
+  // written under the folder's lock; the second outlives this process, but not a power cut.
+  platform::Result<int> addDurably(const plist::Dictionary& record);
+  platform::Result<int> add(const plist::Dictionary& record);
+
+  platform::Result<platform::Done> remove(int number);
+  void clear();
+
+ private:
+  std::string fileOf(int number) const { return path_ + std::to_string(number); }
+  void removeOld();
+
+  foundation::DeviceRoot& state_;
+  std::string path_;
+  std::size_t kept_;
+  std::uintmax_t largest_;
+};
+
+// A single record of that path, in the same form and durable. Errors name the file's place on this
+// machine.
+platform::Result<plist::Dictionary> readRecord(const foundation::DeviceRoot& state,
+                                               const std::string& path);
+platform::Result<platform::Done> writeRecord(foundation::DeviceRoot& state, const std::string& path,
+                                             const plist::Dictionary& record);
+
+}  // namespace host

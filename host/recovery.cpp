@@ -1,0 +1,172 @@
+#include "host/recovery.h"
+
+#include <ranges>
+
+#include "host/undo.h"
+#include "prefs/core/archive_file.h"
+#include "prefs/core/names.h"
+#include "prefs/core/preference_store.h"
+
+namespace host {
+namespace {
+
+using platform::Done;
+using platform::Error;
+
+Failure failure(Failure::Reason reason, std::string words) {
+  return {reason, {.source = Source::Backups, .words = std::move(words)}};
+}
+
+Failure failed(const Error& error) {
+  return failureOf(Source::Backups, error);
+}
+
+foundation::KeyChanges strictDifferences(const plist::Dictionary& from,
+                                         const plist::Dictionary& to) {
+  foundation::KeyChanges changes;
+  for (const auto& [key, value] : from) {
+    const plist::Value* now = to.find(key);
+    if (!now) changes.push_back({key, value, std::nullopt});
+    if (now && !(*now == value)) changes.push_back({key, value, *now});
+  }
+  for (const auto& [key, value] : to)
+    if (!from.find(key)) changes.push_back({key, std::nullopt, value});
+  return changes;
+}
+
+std::vector<FileChange> fileDifferences(const Files& from, const Files& to) {
+  std::vector<FileChange> changes;
+  const std::string folder(prefs::kDocuments);
+  for (const auto& [name, bytes] : from) {
+    const auto now = to.find(name);
+    if (now == to.end()) changes.push_back({folder + name, bytes, std::nullopt});
+    if (now != to.end() && now->second != bytes)
+      changes.push_back({folder + name, bytes, now->second});
+  }
+  for (const auto& [name, bytes] : to)
+    if (!from.contains(name)) changes.push_back({folder + name, std::nullopt, bytes});
+  return changes;
+}
+
+}  // namespace
+
+Recovery::State Recovery::state() {
+  State state;
+  state.damage = backups_.store().damage(prefs::kDomain);
+  state.settings = prefs::wholeDomainRead(backups_.store()).size();
+  state.seen = backups_.lastSeen().read();
+  state.changedOutside = state.seen && state.seen->checksum != checksumOf(backups_.domainBytes());
+  return state;
+}
+
+std::vector<Recovery::Entry> Recovery::snapshots() {
+  std::vector<Entry> entries;
+  for (const int number : backups_.snapshots().numbers())
+    if (const auto snapshot = backups_.snapshots().read(number))
+      entries.push_back({number, snapshot->time, snapshot->before});
+  return entries;
+}
+
+std::optional<Recovery::Entry> Recovery::lastGood() {
+  for (const Entry& entry : std::views::reverse(snapshots()))
+    if (settingsOf(entry.number)) return entry;
+  return std::nullopt;
+}
+
+Attempt<Snapshot> Recovery::read(int number) {
+  const auto numbers = backups_.snapshots().numbers();
+  if (std::ranges::find(numbers, number) == numbers.end())
+    return failure(Failure::NotFound, "no snapshot " + std::to_string(number) +
+                                          "; quorvantis snapshot list lists them");
+  auto snapshot = backups_.snapshots().read(number);
+  if (!snapshot) return failed(snapshot.error());
+  return std::move(*snapshot);
+}
+
+Attempt<plist::Dictionary> Recovery::settingsIn(const Snapshot& snapshot) {
+  if (!snapshot.domain) return plist::Dictionary();
+  auto settings = foundation::decodeDomain(
+      *snapshot.domain, [this](plist::Bytes bytes) { return environment_.xml.read(bytes); });
+  if (!settings) return failed(settings.error());
+  return std::move(*settings);
+}
+
+Attempt<plist::Dictionary> Recovery::settingsOf(int number) {
+  const auto snapshot = read(number);
+  if (!snapshot) return snapshot.error();
+  return settingsIn(*snapshot);
+}
+
+Attempt<Done> Recovery::replace(const plist::Dictionary& settings, const std::string& before) {
+  if (!backups_.store().damage(prefs::kDomain)) backups_.keepOrWarn(before);
+  const auto replaced = backups_.store().replaceDomain(settings, prefs::kDomain);
+  if (replaced || replaced.error().kind == platform::ErrorKind::Unconfirmed)
+    environment_.darwinCenter.post(prefs::kPrefsNotification);
+  if (!replaced) return failed(replaced.error());
+  return Done{};
+}
+
+Attempt<Recovery::Entry> Recovery::restoreLast() {
+  const auto last = lastGood();
+  if (!last)
+    return failure(Failure::Failed,
+                   "there is no snapshot to restore; quorvantis repair --start-anew begins without "
+                   "settings");
+  const auto settings = settingsOf(last->number);
+  if (!settings) return settings.error();
+  const auto replaced = replace(*settings, "restore");
+  if (!replaced) return replaced.error();
+  return *last;
+}
+
+Attempt<Done> Recovery::startAnew() {
+  return replace({}, "start anew");
+}
+
+Attempt<Change> Recovery::changeTo(const Snapshot& snapshot) {
+  const auto settings = settingsIn(snapshot);
+  if (!settings) return settings.error();
+  if (const auto damage = backups_.store().damage(prefs::kDomain)) return failed(*damage);
+  const auto files = readProfileFiles(environment_.root);
+  if (!files) return failed(files.error());
+  const plist::Dictionary domain = prefs::wholeDomainRead(backups_.store());
+  return Change{.settings = strictDifferences(domain, *settings),
+                .files = fileDifferences(*files, snapshot.profiles)};
+}
+
+Attempt<std::vector<prefs::Difference>> Recovery::changesOfRestore(int number) {
+  const auto snapshot = read(number);
+  if (!snapshot) return snapshot.error();
+  auto change = changeTo(*snapshot);
+  if (!change) return change.error();
+  std::vector<prefs::Difference> differences;
+  for (auto& [key, from, to] : change->settings)
+    if (!from || !to || !plist::equalByValue(*from, *to))
+      differences.push_back({key, std::move(from), std::move(to)});
+  const auto content = [this](const FileChange::Bytes& bytes) -> std::optional<plist::Value> {
+    if (!bytes) return std::nullopt;
+    auto profile = prefs::unarchive(*bytes, environment_.xml);
+    return profile && profile->dictionary() ? plist::storable(std::move(*profile))
+                                            : plist::Value(plist::Data{*bytes});
+  };
+  for (const auto& [path, from, to] : change->files)
+    differences.push_back({path, content(from), content(to)});
+  return differences;
+}
+
+Attempt<std::vector<std::string>> Recovery::restore(int number) {
+  const auto snapshot = read(number);
+  if (!snapshot) return snapshot.error();
+  backups_.prepare();
+  auto change = changeTo(*snapshot);
+  if (!change) return change.error();
+  backups_.keepOrWarn("restore");
+  change->what = "restore " + std::to_string(number);
+  auto left = apply(environment_, backups_, *change);
+  if (left) backups_.remember(std::move(*change), *left);
+  if (!left && left.error().reason == Failure::Unconfirmed)
+    backups_.remember(std::move(*change), {});
+  return left;
+}
+
+}  // namespace host

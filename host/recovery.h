@@ -1,0 +1,61 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/backups.h"
+#include "host/problem.h"
+#include "prefs/profiles/profile_snapshot.h"
+
+namespace host {
+
+// Whether the settings can be read; if not, the two ways out; and what snapshots hold.
+class Recovery {
+ public:
+  Recovery(preferences::Environment& environment, Backups& backups)
+      : environment_(environment), backups_(backups) {}
+
+  struct State {
+    std::optional<platform::Error> damage{};  // why the settings can't be read, if they can't
+    std::size_t settings = 0;                 // how many there are
+    std::optional<LastSeen::Sighting> seen{};
+    bool changedOutside = false;  // since then
+  };
+  State state();
+
+  // A snapshot that can be used: its number, when and before what it was taken.
+  struct Entry {
+    int number = 0;
+    plist::Date time{};
+    std::string before{};
+  };
+  std::vector<Entry> snapshots();  // the oldest first
+  std::optional<Entry> lastGood();
+
+  // The two ways out. Settings that can't be read are kept aside, as DomainFile::replace does it;
+  // of others a snapshot is taken before. Only the settings change, not the profiles. The first
+  // gives the snapshot that was put in place; NotFound where there is none.
+  Attempt<Entry> restoreLast();
+  Attempt<platform::Done> startAnew();
+
+  // The settings of a snapshot. NotFound: no such snapshot.
+  Attempt<plist::Dictionary> settingsOf(int number);
+  // What a restore would change: settings by their keys, then profiles by their paths, with the
+  // dictionaries that they hold (data where it is none).
+  Attempt<std::vector<prefs::Difference>> changesOfRestore(int number);
+  // Settings and profiles become what they were. Gives those that another program has changed at
+  // the same moment, and which are left. A snapshot is taken before, and it can be undone.
+  Attempt<std::vector<std::string>> restore(int number);
+
+ private:
+  Attempt<Snapshot> read(int number);
+  Attempt<plist::Dictionary> settingsIn(const Snapshot& snapshot);
+  Attempt<platform::Done> replace(const plist::Dictionary& settings, const std::string& before);
+  Attempt<Change> changeTo(const Snapshot& snapshot);
+
+  preferences::Environment& environment_;
+  Backups& backups_;
+};
+
+}  // namespace host

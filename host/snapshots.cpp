@@ -1,0 +1,80 @@
+#include "host/snapshots.h"
+
+#include <cerrno>
+
+#include "platform/foundation/text.h"
+#include "prefs/core/names.h"
+
+namespace host {
+namespace {
+
+using platform::Error;
+using platform::Result;
+
+constexpr std::string_view kTime = "time", kBefore = "before", kDomainBytes = "domain",
+                           kProfiles = "profiles";
+
+bool namesAProfile(const std::string& name) {
+  return foundation::pathExtension(name) == prefs::kProfileExtension &&
+         name.find('/') == std::string::npos;
+}
+
+}  // namespace
+
+std::string domainPath() {
+  return "/var/mobile/Library/Preferences/" + std::string(prefs::kDomain) + ".plist";
+}
+
+Result<Files> readProfileFiles(const foundation::DeviceRoot& root) {
+  Files files;
+  const std::string folder(prefs::kDocuments);
+  const auto names = root.contentsOfDirectory(folder);
+  if (!names && names.error().code == ENOENT) return files;
+  if (!names) return names.error();
+  std::size_t together = 0;
+  for (const std::string& name : *names) {
+    if (!namesAProfile(name)) continue;
+    auto bytes = root.read(folder + name, foundation::Links::Refuse);
+    // A folder, a link or a device of such a name is no file of the user's settings.
+    if (!bytes && (bytes.error().code == 0 || bytes.error().code == EISDIR ||
+                   bytes.error().code == ELOOP || bytes.error().code == ENXIO))
+      continue;
+    if (!bytes) return bytes.error();
+    together += bytes->size();
+    if (together > kLargestSnapshot) return Error{folder, EFBIG};
+    files.emplace(name, std::move(*bytes));
+  }
+  return files;
+}
+
+Result<int> Snapshots::add(const Snapshot& snapshot) {
+  plist::Dictionary profiles;
+  for (const auto& [name, bytes] : snapshot.profiles) profiles.set(name, plist::Data{bytes});
+  plist::Dictionary record{{std::string(kTime), snapshot.time},
+                           {std::string(kBefore), snapshot.before},
+                           {std::string(kProfiles), std::move(profiles)}};
+  if (snapshot.domain) record.set(kDomainBytes, plist::Data{*snapshot.domain});
+  return records_.addDurably(record);
+}
+
+Result<Snapshot> Snapshots::read(int number) const {
+  const auto record = records_.read(number);
+  if (!record) return record.error();
+  const Error foreign{.what = "snapshot " + std::to_string(number) + " is not a snapshot"};
+  const plist::Value* time = record->find(kTime);
+  const plist::Value* before = record->find(kBefore);
+  const plist::Value* domain = record->find(kDomainBytes);
+  const plist::Value* profiles = record->find(kProfiles);
+  if (!time || !time->date() || !before || !before->text() || (domain && !domain->data()) ||
+      !profiles || !profiles->dictionary())
+    return foreign;
+  Snapshot snapshot{*time->date(), *before->text(), {}, {}};
+  if (domain) snapshot.domain = domain->data()->bytes;
+  for (const auto& [name, bytes] : *profiles->dictionary()) {
+    if (!namesAProfile(name) || !bytes.data()) return foreign;
+    snapshot.profiles.emplace(name, bytes.data()->bytes);
+  }
+  return snapshot;
+}
+
+}  // namespace host

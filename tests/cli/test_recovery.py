@@ -1,0 +1,231 @@
+import plistlib
+import stat
+import subprocess
+
+from keyed_archive import archive
+from program import DOCUMENTS, DOMAIN, PROGRAM, TIMEOUT_SECONDS, ProgramTest
+
+PROFILE = f"{DOCUMENTS}/profile_20.qvx"
+
+
+class RecoveryTest(ProgramTest):
+    def setUp(self):
+        super().setUp()
+        self.state = self.scratch / "state"
+        self.env["XDG_STATE_HOME"] = str(self.state)
+
+    def befores(self):
+        return [each["before"] for each in self.document("snapshot", "list")]
+
+    def write_profile(self, values):
+        self.write(PROFILE, archive({"profilepercentage": "20"} | values))
+
+    def typed_domain(self):
+        return {key: (type(value), value) for key, value in self.domain().items()}
+
+    def damage(self):
+        self.write(DOMAIN, b"garbage")
+
+
+class Snapshots(RecoveryTest):
+    def test_one_is_kept_before_each_change_of_many_values(self):
+        self.output("set", "wifi", "1")
+        self.output("profile", "save", "20")
+        self.output("profile", "load", "20")
+        self.output("profile", "save", "20", "--overwrite")
+        self.output("profile", "export", "20", "20.plist")
+        self.output("profile", "delete", "20")
+        self.output("profile", "import", "20.plist")
+        self.assertEqual(self.befores(), ["daily", "load 20", "overwrite 20", "delete 20", "import"])
+        self.assertEqual([each["number"] for each in self.document("snapshot", "list")],
+                         [1, 2, 3, 4, 5])
+        self.assertRegex(self.output("snapshot", "list").splitlines()[1],
+                         r"^2  \d{4}-\d\d-\d\d \d\d:\d\d:\d\d UTC  before load 20$")
+
+    def test_its_settings_are_shown_and_compared_and_restored(self):
+        self.write_domain({"wifi": 1, "vpn": 2})
+        self.output("set", "wifi", "2")
+        self.assertEqual(self.document("snapshot", "show", "1"), {"wifi": 1, "vpn": 2})
+        self.assertEqual(self.output("snapshot", "show", "1"), "vpn = 2\nwifi = 1\n")
+        self.assertEqual(self.document("snapshot", "diff", "1"),
+                         [{"key": "wifi", "from": 2, "to": 1}])
+        self.output("snapshot", "restore", "1")
+        self.assertEqual(self.domain(), {"wifi": 1, "vpn": 2})
+        self.assertEqual(self.befores(), ["daily", "restore"])
+
+    def test_a_restore_brings_profiles_back(self):
+        self.write_profile({"wifi": 2})
+        before = (self.root / PROFILE).read_bytes()
+        self.output("profile", "delete", "20")
+        self.output("snapshot", "restore", "2")
+        self.assertEqual((self.root / PROFILE).read_bytes(), before)
+
+    def test_one_that_is_not_there(self):
+        for command in ("show", "diff", "restore"):
+            self.assertIn("no snapshot 7", self.refuse(3, "snapshot", command, "7"))
+        self.refuse(2, "snapshot", "show", "x")
+
+    def test_other_users_cannot_read_them(self):
+        self.output("set", "wifi", "1")
+        for path in (self.state / "quorvantis").rglob("*"):
+            self.assertEqual(stat.S_IMODE(path.stat().st_mode), 0o700 if path.is_dir() else 0o600)
+
+    def test_reading_leaves_no_trace(self):
+        self.write_domain({"wifi": 1})
+        for command in (["get", "wifi"], ["page", "PowerSavingListController"], ["defaults", "read"],
+                        ["profile", "list"]):
+            self.output(*command)
+        self.assertFalse(self.state.exists())
+
+    def test_get_looks_for_none(self):
+        self.output("set", "wifi", "1")
+        log = self.scratch / "log"
+        subprocess.run(["strace", "-f", "-o", log, PROGRAM, "get", "wifi"], env=self.env, check=True,
+                       stdout=subprocess.DEVNULL)
+        self.assertNotIn(str(self.state), log.read_text(errors="replace"))
+
+    def test_a_load_goes_through_where_none_can_be_kept(self):
+        self.state.write_text("a file")
+        self.write_profile({"wifi": 2})
+        done = self.run_program("profile", "load", "20")
+        self.assertEqual(done.returncode, 0)
+        self.assertIn(b'no snapshot was kept before "load 20"', done.stderr)
+        self.assertEqual(self.domain()["wifi"], 2)
+
+    def test_without_a_home_nothing_is_kept_and_that_is_said(self):
+        self.write_profile({"wifi": 2})
+        del self.env["HOME"], self.env["XDG_STATE_HOME"]
+        done = self.run_program("profile", "load", "20")
+        self.assertEqual(done.returncode, 0)
+        self.assertIn(b"neither XDG_STATE_HOME nor HOME is set", done.stderr)
+        self.refuse(1, "snapshot", "list")
+
+    def test_home_is_the_place_where_no_other_is_named(self):
+        self.env["XDG_STATE_HOME"] = "relative"
+        self.output("set", "wifi", "1")
+        self.assertTrue((self.scratch / ".local/state/quorvantis").is_dir())
+        self.assertFalse((self.scratch / "relative").exists())
+
+
+class Undo(RecoveryTest):
+    def test_of_a_set(self):
+        self.write_domain({"wifi": 1})
+        self.output("set", "wifi", "2")
+        self.assertEqual(self.output("undo"), "undone: set wifi\n")
+        self.assertEqual(self.domain(), {"wifi": 1})
+        self.assertEqual(self.output("redo"), "done again: set wifi\n")
+        self.assertEqual(self.domain(), {"wifi": 2})
+
+    def test_of_nothing(self):
+        self.assertIn("nothing to undo", self.refuse(3, "undo"))
+        self.assertIn("nothing to redo", self.refuse(3, "redo"))
+
+    def test_of_a_load(self):
+        self.write_domain({"wifi": 1, "profileactive": 0.0})
+        self.write_profile({"wifi": 2})
+        before = self.typed_domain()
+        self.output("profile", "load", "20")
+        self.output("undo")
+        self.assertEqual(self.typed_domain(), before)
+
+    def test_of_a_delete_and_an_overwriting_import_byte_for_byte(self):
+        self.write_profile({"wifi": 2})
+        before = (self.root / PROFILE).read_bytes()
+        (self.scratch / "20.plist").write_bytes(
+            plistlib.dumps({"profilepercentage": "20", "wifi": 1}))
+        for command in (["delete", "20"], ["import", "20.plist", "--overwrite"]):
+            self.output("profile", *command)
+            self.output("undo")
+            self.assertEqual((self.root / PROFILE).read_bytes(), before)
+
+    def test_leaves_what_another_process_has_changed_and_names_it(self):
+        self.output("set", "wifi", "2")
+        self.output("defaults", "write", "wifi", "-int", "1")
+        done = self.run_program("undo")
+        self.assertEqual(done.returncode, 0)
+        self.assertIn(b"wifi stays as it is", done.stderr)
+        self.assertEqual(self.domain(), {"wifi": 1})
+
+    def test_defaults_write_is_another_process(self):
+        self.output("defaults", "write", "wifi", "-int", "1")
+        self.refuse(3, "undo")
+
+    def test_a_refused_set_is_not_remembered(self):
+        self.refuse(2, "set", "wifi", "77")
+        self.refuse(3, "undo")
+
+
+class Repair(RecoveryTest):
+    def test_nothing_is_wrong(self):
+        self.assertEqual(self.output("repair"), "the settings can be read: 0 values\n")
+
+    def test_a_change_from_outside_is_said(self):
+        self.output("set", "wifi", "1")
+        self.assertNotIn("outside", self.output("repair"))
+        data = (self.root / DOMAIN).read_bytes()
+        self.write(DOMAIN, data.replace(b"wifi", b"wiwi"))
+        self.assertIn("\nchanged outside since ", self.output("repair"))
+        self.output("set", "wifi", "1")
+        self.assertIn("\nchanged outside between ", self.output("repair"))
+
+    def test_damage_is_said_with_the_ways_out(self):
+        self.damage()
+        message = self.refuse(1, "repair")
+        self.assertIn("com.zorvek.quorvantis.plist", message)
+        self.assertNotIn("--restore", message)
+        self.assertIn("quorvantis repair --start-anew", message)
+
+    def test_restore(self):
+        self.write_domain({"wifi": 1})
+        self.output("set", "wifi", "2")
+        self.damage()
+        self.assertIn("quorvantis repair --restore", self.refuse(1, "repair"))
+        self.output("repair", "--restore")
+        self.assertEqual(self.domain(), {"wifi": 1})
+        self.assertEqual((self.root / (DOMAIN + ".unreadable-1")).read_bytes(), b"garbage")
+        self.output("repair")
+
+    def test_restore_without_a_snapshot(self):
+        self.damage()
+        self.assertIn("--start-anew", self.refuse(1, "repair", "--restore"))
+
+    def test_start_anew(self):
+        self.damage()
+        self.output("repair", "--start-anew")
+        self.assertEqual(self.document("defaults", "read"), {})
+        self.assertEqual((self.root / (DOMAIN + ".unreadable-1")).read_bytes(), b"garbage")
+        self.output("set", "wifi", "2")
+        self.assertEqual(self.domain(), {"wifi": 2})
+
+    def test_both_ways_at_once(self):
+        self.damage()
+        self.refuse(2, "repair", "--restore", "--start-anew")
+
+
+class StoppedLoad(RecoveryTest):
+    def load_killed_at(self, call, time):
+        """Whether it was."""
+        ended = subprocess.run(
+            ["strace", "-f", "-o", "/dev/null", "-e", f"inject={call}:signal=KILL:when={time}",
+             PROGRAM, "profile", "load", "20"], env=self.env, timeout=TIMEOUT_SECONDS, check=False,
+            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        return ended.returncode in (-9, 137)
+
+    def test_is_finished_or_never_was(self):
+        self.write_profile({"wifi": 2})
+        before = {"wifi": (int, 1), "profileactive": (float, 0.0)}
+        halves, time = 0, 0
+        while True:
+            time += 1
+            self.write_domain({key: value for key, (_, value) in before.items()})
+            if not self.load_killed_at("renameat,rename,renameat2", time):
+                break
+            halves += self.typed_domain().get("profileactive") == (int, 1)
+            self.output("set", "ringer", "1")
+            found = self.typed_domain()
+            del found["ringer"]
+            if found != before:
+                self.assertEqual(found["wifi"], (int, 2), time)
+                self.assertEqual(found["profileactive"], (float, 1.0), time)
+        self.assertGreater(halves, 0)
+        self.assertEqual(list(self.state.rglob("load")), [])

@@ -1,0 +1,201 @@
+#include "tests/host_recovery/backed_up_device.h"
+
+namespace {
+
+using namespace recovery_test;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class HostHistory : public testing::Test {
+ protected:
+  host::Undone undo() { return result(host::undo(device.environment, *device.backups)); }
+  host::Undone redo() { return result(host::redo(device.environment, *device.backups)); }
+  host::Undone result(const host::Attempt<host::Undone>& attempt) {
+    EXPECT_TRUE(attempt) << attempt.error().problem.message();
+    return attempt ? *attempt : host::Undone();
+  }
+  bool nothingToUndo() {
+    const auto undone = host::undo(device.environment, *device.backups);
+    return !undone && undone.error().reason == host::Failure::NotFound;
+  }
+
+  BackedUpDevice device;
+};
+
+TEST_F(HostHistory, UndoesAndRedoesInOrder) {
+  device.set("wifi", 1);
+  device.set("wifi", 2.0f);
+  device.set("vpn", true);
+  EXPECT_EQ(undo().what, "set vpn");
+  EXPECT_EQ(device.stored("vpn"), std::nullopt);
+  EXPECT_EQ(undo().what, "set wifi");
+  EXPECT_EQ(device.stored("wifi"), Value(1));
+  EXPECT_EQ(redo().what, "set wifi");
+  EXPECT_EQ(device.stored("wifi"), Value(2.0f));
+  undo();
+  undo();
+  EXPECT_TRUE(device.domain().empty());
+  EXPECT_TRUE(nothingToUndo());
+}
+
+TEST_F(HostHistory, OutlivesTheProgram) {
+  device.set("wifi", 1);
+  device.startAnew();
+  EXPECT_EQ(undo().what, "set wifi");
+  device.startAnew();
+  EXPECT_EQ(redo().what, "set wifi");
+}
+
+TEST_F(HostHistory, ANewChangeForgetsWhatWasUndone) {
+  device.set("wifi", 1);
+  undo();
+  device.set("vpn", 1);
+  EXPECT_FALSE(host::redo(device.environment, *device.backups));
+  EXPECT_EQ(undo().what, "set vpn");
+  EXPECT_TRUE(nothingToUndo());
+}
+
+TEST_F(HostHistory, ALoadIsUndoneWhole) {
+  device.store("wifi", 2);
+  device.save("20");
+  device.store("wifi", 1);
+  device.store("tapaction", 201);
+  const auto before = device.domain();
+  device.load("20");
+  EXPECT_EQ(device.stored("wifi"), Value(2));
+  device.events.clear();
+  EXPECT_THAT(undo().left, IsEmpty());
+  EXPECT_EQ(Value(device.domain()), Value(before));
+  EXPECT_EQ(device.events, (Names{"darwin com.zorvek.quorvantis.prefs"}));
+  redo();
+  EXPECT_EQ(device.stored("profileactive"), Value(1.0f));
+}
+
+TEST_F(HostHistory, WhatAnotherProcessHasChangedStaysAndIsNamed) {
+  device.store("wifi", 1);
+  device.save("20");
+  device.store("wifi", 2);
+  device.store("vpn", 2);
+  device.load("20");
+  device.store("wifi", 7);
+  EXPECT_THAT(undo().left, ElementsAre("wifi"));
+  EXPECT_EQ(device.stored("wifi"), Value(7));
+  EXPECT_EQ(device.stored("vpn"), Value(2));
+}
+
+TEST_F(HostHistory, WhatIsUndoneAlreadyIsNotNamed) {
+  device.store("wifi", 1);
+  device.set("wifi", 2);
+  device.store("wifi", 1);
+  EXPECT_THAT(undo().left, IsEmpty());
+}
+
+TEST_F(HostHistory, AnotherKindOfNumberIsAnotherProcessesChange) {
+  device.set("wifi", 1);
+  device.store("wifi", 1.0f);
+  EXPECT_THAT(undo().left, ElementsAre("wifi"));
+}
+
+TEST_F(HostHistory, ADeletedProfileComesBackByteForByte) {
+  seed::write(device, "profile_20.qvx", {'j', 'u', 'n', 'k'});
+  device.remove("20");
+  undo();
+  EXPECT_EQ(device.file(prefs::profilePath(20)), (std::vector<std::uint8_t>{'j', 'u', 'n', 'k'}));
+  redo();
+  EXPECT_FALSE(device.root.hasEntry(prefs::profilePath(20)));
+}
+
+TEST_F(HostHistory, AnOverwrittenProfileComesBackByteForByte) {
+  seed::profile(device, "20", "Old");
+  const auto before = device.file(prefs::profilePath(20));
+  device.save("20");
+  const auto after = device.file(prefs::profilePath(20));
+  undo();
+  EXPECT_EQ(device.file(prefs::profilePath(20)), before);
+  EXPECT_EQ(device.stored("profilepercentage"), std::nullopt);
+  redo();
+  EXPECT_EQ(device.file(prefs::profilePath(20)), after);
+}
+
+TEST_F(HostHistory, ASavedProfileIsRemoved) {
+  device.save("20");
+  undo();
+  EXPECT_FALSE(device.root.hasEntry(prefs::profilePath(20)));
+}
+
+TEST_F(HostHistory, AProfileThatAnotherProcessHasWrittenStaysAndIsNamed) {
+  device.save("20");
+  seed::write(device, "profile_20.qvx", {'n', 'e', 'w'});
+  EXPECT_THAT(undo().left, ElementsAre(prefs::profilePath(20)));
+  EXPECT_EQ(device.file(prefs::profilePath(20)), (std::vector<std::uint8_t>{'n', 'e', 'w'}));
+}
+
+TEST_F(HostHistory, WhenTheSettingsCannotBeChangedNoProfileIs) {
+  device.save("20");
+  const auto saved = device.file(prefs::profilePath(20));
+  const auto lock = device.at("/var/mobile/Library/Preferences/.com.zorvek.quorvantis.plist.lock");
+  std::filesystem::remove(lock);
+  std::filesystem::create_directories(lock);
+  EXPECT_FALSE(host::undo(device.environment, *device.backups));
+  EXPECT_EQ(device.file(prefs::profilePath(20)), saved);
+  std::filesystem::remove(lock);
+  EXPECT_EQ(undo().what, "save 20");
+}
+
+TEST_F(HostHistory, AChangeThatFailedIsNotInIt) {
+  std::filesystem::create_directories(device.at(prefs::profilePath(20)));
+  {
+    const host::UserChange change(device.backups.get(), "save 20");
+    EXPECT_FALSE(device.profiles.save(device.trigger("20"), host::Profiles::Existing::Overwrite));
+  }
+  EXPECT_TRUE(nothingToUndo());
+}
+
+TEST_F(HostHistory, AChangeToTheSameValueIsNotInIt) {
+  device.store("wifi", 1);
+  device.set("wifi", 1);
+  EXPECT_TRUE(nothingToUndo());
+}
+
+TEST_F(HostHistory, WhatIsNotTheUsersIsNotInIt) {
+  EXPECT_TRUE(device.preferences.setAppValue("wifi", 1, prefs::kDomain));
+  EXPECT_TRUE(nothingToUndo());
+}
+
+TEST_F(HostHistory, TheLatestTwoHundredStay) {
+  for (int i = 0; i <= 205; ++i) device.set("wifi", i);
+  for (int i = 0; i < 200; ++i) undo();
+  EXPECT_TRUE(nothingToUndo());
+  EXPECT_EQ(device.stored("wifi"), Value(5));
+}
+
+TEST_F(HostHistory, FourMegabytesStay) {
+  const auto size = [&] {
+    std::uintmax_t together = 0;
+    for (const auto& file : std::filesystem::directory_iterator(device.stateFolder() / "history"))
+      together += file.file_size();
+    return together;
+  };
+  for (int i = 0; i < 5; ++i)
+    device.set("msgtext", std::string(1 << 20, static_cast<char>('a' + i)));
+  EXPECT_LE(size(), host::History::kLargest);
+  EXPECT_GT(size(), 1u << 20);
+  undo();
+  EXPECT_EQ(device.stored("msgtext")->text()->front(), 'd');
+}
+
+TEST_F(HostHistory, WhatIsTooLargeToBeUndoneIsSaid) {
+  seed::write(device, "profile_20.qvx", std::vector<std::uint8_t>(5 << 20));
+  device.remove("20");
+  EXPECT_THAT(device.warnings, ElementsAre(testing::HasSubstr("too large")));
+}
+
+TEST_F(HostHistory, ADamagedEntryIsPassedOver) {
+  device.set("wifi", 1);
+  device.set("vpn", 1);
+  std::filesystem::resize_file(device.stateFolder() / "history" / "2", 40);
+  EXPECT_EQ(undo().what, "set wifi");
+  EXPECT_EQ(device.stored("vpn"), Value(1));
+}
+
+}  // namespace
