@@ -14,6 +14,8 @@ HUNG = -1  # in place of an exit code
 class Target:
     """`folder` holds the root, and home and state of the program's user."""
 
+    runs = 0  # of the program, by all targets
+
     def __init__(self, program, folder):
         self.program, self.folder = str(program), Path(folder)
         self.folder.mkdir(mode=0o700, parents=True, exist_ok=True)
@@ -33,6 +35,7 @@ class Target:
         options.setdefault("stdin", None if "input" in options else subprocess.DEVNULL)
         if options["stdin"] is None:
             del options["stdin"]
+        Target.runs += 1
         try:
             return subprocess.run(line, env=self.env, cwd=self.folder, capture_output=True,
                                   timeout=timeout, check=False, **options)
