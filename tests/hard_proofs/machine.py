@@ -22,8 +22,9 @@ from target import DOCUMENTS, DOMAIN, whole
 
 import plistlib
 
-BOOTS = 4
+BOOTS = 50
 BOOT_SECONDS = {"kvm": 20, "tcg": 300}
+WRITING_SECONDS = {"kvm": 2, "tcg": 10}  # at most
 MODULES = ["virtio_pci", "virtio_blk", "ext4", "xfs"]
 PATH = os.environ["PATH"] + ":/usr/sbin:/sbin"
 SEED = 50
@@ -192,7 +193,7 @@ def prove(setting):
             machine = Boot(image, system, number, files, how)
             found = machine.until_begins()
             faults += [f"{system}, boot {boot}: {loss}" for loss in losses(found, confirmed)]
-            time.sleep(chosen.uniform(0.1, 2))
+            time.sleep(chosen.uniform(0.1, WRITING_SECONDS[how]))
             last = machine.end()
             for what, value in last.items():
                 confirmed[what] = max(confirmed[what], value)
