@@ -1,6 +1,7 @@
 #include "host/describe.h"
 #include "host/describe_control.h"
 #include "platform/foundation/text.h"
+#include "platform/preferences/row_value.h"
 #include "prefs/colorpicker/ZorvekColorPickerQuorvantisLinkCell.h"
 #include "prefs/colorpicker/palettes.h"
 #include "prefs/pages/DependentListController.h"
@@ -98,6 +99,32 @@ void describeColor(const ZorvekColorPickerQuorvantisLinkCell& cell, RowView& row
   row.shown = colorText(cell.selectedColor.value_or(""));
 }
 
+namespace {
+
+// An empty text field is one that was never filled in, and a switch without a value is off.
+bool sameSetting(RowKind kind, const plist::Value& a, const plist::Value& b) {
+  if (kind == RowKind::Switch) return foundation::boolValue(a) == foundation::boolValue(b);
+  const plist::Value empty("");
+  const auto orEmpty = [&](const plist::Value& value) -> const plist::Value& {
+    return value.isNothing() ? empty : value;
+  };
+  return plist::equalByValue(orEmpty(a), orEmpty(b));
+}
+
+void describeValue(PSListController& page, PSSpecifier& row, RowView& view) {
+  view.standard = preferences::defaultValue(row.properties());
+  if (auto* color = dynamic_cast<ZorvekColorPickerQuorvantisLinkCell*>(row.cellObject())) {
+    describeColor(*color, view);
+  } else {
+    view.value = row.isBuilt() ? shownValue(row, view.control) : page.valueOf(row);
+    view.shown = shownText(view, row);
+  }
+  view.changed = !view.key.empty() && !sameSetting(view.kind, view.value, view.standard);
+  if (view.kind == RowKind::Color && view.built) view.value = row.propertyForKey("value");
+}
+
+}  // namespace
+
 RowView describeRow(PSListController& page, PSSpecifier& row) {
   constexpr std::string_view kColorCell = "ZorvekColorPickerQuorvantisLinkCell";
   RowView view;
@@ -112,13 +139,7 @@ RowView describeRow(PSListController& page, PSSpecifier& row) {
   view.destructive = row.boolForKey("isDestructive", false);
   if (row.isBuilt()) describeCell(page, row, view);
   view.control = describeControl(row);
-  if (auto* color = dynamic_cast<ZorvekColorPickerQuorvantisLinkCell*>(row.cellObject())) {
-    describeColor(*color, view);
-    view.value = row.propertyForKey("value");
-    return view;
-  }
-  view.value = row.isBuilt() ? shownValue(row, view.control) : page.valueOf(row);
-  view.shown = shownText(view, row);
+  describeValue(page, row, view);
   return view;
 }
 

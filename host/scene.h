@@ -141,8 +141,10 @@ struct RowView {
   // The same, human-readable: a choice's title, "on", "System Blue, #007AFF", "None". Empty for
   // Nothing.
   std::string shown;
-  std::string footer;  // of a group
-  double height = 0;   // 0: the face's own
+  plist::Value standard;  // the row's default, as its control would show it; Nothing without one
+  bool changed = false;   // it is a setting, and shows something else than its default
+  std::string footer;     // of a group
+  double height = 0;      // 0: the face's own
   bool destructive = false;
 
   bool built = false;

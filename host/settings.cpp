@@ -6,7 +6,7 @@
 #include "host/color_choice.h"
 #include "host/describe.h"
 #include "host/text.h"
-#include "platform/foundation/text.h"
+#include "platform/preferences/row_value.h"
 #include "prefs/core/preference_store.h"
 
 namespace host {
@@ -68,17 +68,6 @@ class Reading {
   const std::string& text_;
 };
 
-plist::Value storedOrDefault(foundation::Preferences& preferences, const Setting& setting) {
-  const plist::Value* standard = setting.row.find("default");
-  plist::Value value = standard ? *standard : plist::Value();
-  if (!setting.text("key").empty() && !setting.text("defaults").empty())
-    if (auto stored = preferences.copyAppValue(setting.text("key"), setting.text("defaults")))
-      value = std::move(*stored);
-  const plist::Value* negate = setting.row.find("negate");
-  const bool negated = negate && foundation::boolValue(*negate);
-  return negated ? plist::Value(!foundation::boolValue(value)) : value;
-}
-
 }  // namespace
 
 Attempt<Setting> Settings::find(std::string_view key) const {
@@ -115,7 +104,8 @@ Attempt<std::vector<PageView>> Settings::pages() {
 Attempt<plist::Value> Settings::value(std::string_view key) {
   const auto setting = find(key);
   if (!setting) return setting.error();
-  if (setting->text("get").empty()) return storedOrDefault(environment_.preferences, *setting);
+  if (setting->text("get").empty())
+    return preferences::storedOrDefault(setting->row, environment_.preferences);
   const auto application = open(setting->page->name);
   if (!application) return application.error();
   const auto row = (*application)->row(std::string(setting->id()));

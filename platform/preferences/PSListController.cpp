@@ -1,6 +1,7 @@
 #include "platform/preferences/PSListController.h"
 
 #include "platform/foundation/text.h"
+#include "platform/preferences/row_value.h"
 #include "platform/preferences/specifier_list.h"
 
 namespace preferences {
@@ -114,13 +115,8 @@ void PSListController::setPreferenceValueSpecifier(const plist::Value& value,
 }
 
 plist::Value PSListController::readPreferenceValue(PSSpecifier* specifier) {
-  if (!specifier) return {};
-  auto key = specifier->textForKey("key"), domain = specifier->textForKey("defaults");
-  plist::Value value = specifier->propertyForKey("default");
-  if (!key.empty() && !domain.empty())
-    if (auto stored = environment().preferences.copyAppValue(key, domain)) value = *stored;
-  bool negated = specifier->boolForKey("negate", false);
-  return negated ? plist::Value(!foundation::boolValue(value)) : value;
+  return specifier ? storedOrDefault(specifier->properties(), environment().preferences)
+                   : plist::Value();
 }
 
 plist::Value PSListController::valueOf(PSSpecifier& specifier) {

@@ -28,6 +28,7 @@ class PSSpecifier : public foundation::Object {
   const std::string& name() const;        // "label"
   const std::string& identifier() const;  // "id", else "key", else "label"
 
+  const plist::Dictionary& properties() const { return properties_; }
   // Any property of the list, and "value" once the row has been read. Nothing when absent.
   const plist::Value& propertyForKey(std::string_view key) const;
   void setPropertyForKey(plist::Value value, std::string_view key);

@@ -76,6 +76,17 @@ class Drive(ProgramTest):
             with self.subTest(seconds=seconds):
                 self.assertEqual(self.error({"do": "advance", "seconds": seconds}), "bad_value")
 
+    def test_time_moves_on_by_the_nearest_nanosecond(self):
+        def usable(seconds):
+            page = self.converse({"do": "launch"},
+                                 {"do": "open", "page": "PowerSavingListController"},
+                                 {"do": "advance", "seconds": seconds}, {"do": "page"})[-1]["page"]
+            return next(row["interaction"] for row in page["rows"] if row["id"] == "custbright")
+
+        self.assertTrue(usable(0.0999999994))
+        self.assertTrue(usable(0.099999999))
+        self.assertFalse(usable(0.0999999996))
+
     def test_before_a_launch(self):
         for request in ({"do": "page"}, {"do": "back"}, {"do": "scroll", "first": 0},
                         {"do": "open", "page": "ExtrasListController"}, {"do": "reload"},

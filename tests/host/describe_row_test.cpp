@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "host/settings.h"
 #include "host/text.h"
 #include "tests/host/described_page.h"
 
@@ -59,6 +60,45 @@ TEST(DescribeRow, HasTheNamesOfItsList) {
   EXPECT_EQ(button.height, 60);
 }
 
+TEST(DescribeRow, OnlyARowThatSaysSoIsDestructive) {
+  Shown shown({row("PSButtonCell", "button")});
+  EXPECT_FALSE(shown.row("button").destructive);
+}
+
+TEST(DescribeRow, IsChangedWhileItShowsSomethingElseThanItsDefault) {
+  Shown shown({row("PSSwitchCell", "on", {{"default", 1}}), row("PSSwitchCell", "off"),
+               row("PSSwitchCell", "turned", {{"default", true}, {"negate", true}}),
+               row("PSEditTextCell", "text"), row("PSButtonCell", "button")});
+  const auto changed = [&](const char* id) { return shown.row(id).changed; };
+  for (const char* id : {"on", "off", "turned", "text", "button"}) EXPECT_FALSE(changed(id)) << id;
+  EXPECT_EQ(shown.row("on").standard, Value(1));
+  EXPECT_EQ(shown.row("turned").standard, Value(false));
+  EXPECT_EQ(shown.row("text").standard, Value());
+
+  for (const auto& [id, value] : {std::pair<const char*, Value>("on", false),
+                                  {"off", true},
+                                  {"turned", true},
+                                  {"text", "words"}}) {
+    ASSERT_TRUE(shown.application.perform(host::Set{id, value}));
+    EXPECT_TRUE(changed(id)) << id;
+  }
+  for (const auto& [id, value] : {std::pair<const char*, Value>("on", true),
+                                  {"off", false},
+                                  {"turned", false},
+                                  {"text", ""}}) {
+    ASSERT_TRUE(shown.application.perform(host::Set{id, value}));
+    EXPECT_FALSE(changed(id)) << id;
+  }
+}
+
+TEST(DescribeRow, WithAGetterOfItsOwnShowsWhatThatGives) {
+  Shown shown({row("PSEditTextCell", "text", {{"get", "shout:"}, {"default", "Hello"}})});
+  EXPECT_EQ(shown.row("text").value, Value("Hello!"));
+  host::Settings settings(shown.environment, shown.queue,
+                          [] { return host::Settings::Problems(); });
+  EXPECT_EQ(*settings.value("text"), Value("Hello!"));
+}
+
 TEST(DescribeRow, SwitchIsOnOrOff) {
   Shown shown({row("PSSwitchCell", "switch", {{"default", true}})});
   EXPECT_TRUE(shown.control<host::SwitchView>("switch").on);
@@ -107,6 +147,18 @@ TEST(DescribeRow, SliderHasItsRangeAlsoBeforeItIsBuilt) {
     EXPECT_TRUE(view.showsValue);
     EXPECT_EQ(shown.row("slider").value, Value(20));
   }
+}
+
+TEST(DescribeRow, SliderHasNoStopsUnlessItsListCountsThem) {
+  Shown shown({row("PSSliderCell", "slider", {{"isSegmented", true}})});
+  EXPECT_EQ(shown.control<host::SliderView>("slider").stops, 0);
+}
+
+TEST(DescribeRow, SliderHasTheRangeThatItWasGivenSince) {
+  Shown shown({row("PSSliderCell", "slider", {{"min", 0}, {"max", 10}})});
+  dynamic_cast<uikit::Slider&>(*shown.specifier("slider").control()).setRange(2, 8);
+  EXPECT_EQ(shown.control<host::SliderView>("slider").minimum, 2);
+  EXPECT_EQ(shown.control<host::SliderView>("slider").maximum, 8);
 }
 
 TEST(DescribeRow, SegmentsAndListsShareTheChoicesOfTheirRow) {
@@ -159,6 +211,18 @@ TEST(DescribeRow, TextHasWhatItsKeyboardIs) {
   EXPECT_EQ(text("mail").keyboard, host::Keyboard::Email);
   EXPECT_FALSE(text("mail").correction);
   EXPECT_FALSE(text("exact").correction);
+}
+
+TEST(DescribeRow, TextTakesLinesAndTabsOnlyWhereItsRowHoldsLines) {
+  Shown shown({row("PSEditTextCell", "line"), row("PSEditTextViewCell", "lines")});
+  const auto takes = [&](const char* id, const char* text) {
+    return static_cast<bool>(shown.application.perform(host::Set{id, Value(text)}));
+  };
+  EXPECT_TRUE(takes("line", "one ~ \u0080"));
+  for (const char* text : {"\n", "\t", "\x01", "\x1f", "\x7f"}) EXPECT_FALSE(takes("line", text));
+  EXPECT_TRUE(takes("lines", "one\ntwo\tthree"));
+  for (const char* text : {"\r", "\x01", "\x1f", "\x7f"}) EXPECT_FALSE(takes("lines", text));
+  EXPECT_EQ(shown.row("lines").value, Value("one\ntwo\tthree"));
 }
 
 TEST(DescribeRow, OffScreenAColorHasItsNameAndATextStaysAsItIs) {

@@ -14,10 +14,11 @@ plist::Value row(std::string_view cell, std::string_view id,
   return sample::row(cell, id, std::move(properties));
 }
 
-const preferences::Operations Page::ownOperations{[]() -> preferences::OperationTable {
-                                                    return {{"numbers:", &Page::numbers}};
-                                                  },
-                                                  &DependentListController::ownOperations};
+const preferences::Operations Page::ownOperations{
+    []() -> preferences::OperationTable {
+      return {{"numbers:", &Page::numbers}, {"shout:", &Page::shout}};
+    },
+    &DependentListController::ownOperations};
 
 std::span<const prefs::DependencyRule> Page::rules() const {
   static constexpr prefs::DependencyRule kRules[] = {

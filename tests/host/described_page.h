@@ -23,6 +23,9 @@ class Page : public prefs::DependentListController {
   std::string_view className() const override { return "Page"; }
   std::span<const prefs::DependencyRule> rules() const override;
   plist::Array numbers(preferences::PSSpecifier*) { return values; }
+  plist::Value shout(preferences::PSSpecifier* row) {
+    return *readPreferenceValue(row).text() + "!";
+  }
 
   plist::Array values{1, 2};
 

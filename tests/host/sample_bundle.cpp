@@ -61,7 +61,7 @@ void ListPage::viewWillAppear(bool animated) {
 }
 
 void ListPage::viewWillDisappear(bool animated) {
-  note("viewWillDisappear");
+  note(animated ? "viewWillDisappear" : "viewWillDisappear at once");
   DependentListController::viewWillDisappear(animated);
 }
 
