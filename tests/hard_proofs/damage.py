@@ -7,9 +7,9 @@ from proof import Outcome
 from target import DOMAIN, HUNG, Target
 
 SEED = 20
-SHORT_FLIPS, SHORT_CUTS = 150, 25
+SHORT_FLIPS, SHORT_CUTS = 100, 15
 # Most of a run may be spent on waiting for a writer that is not there.
-THREADS = 16
+THREADS = 48
 DONE, FAILED = 0, 1
 TRIGGER = "20"
 SET = ["set", "enabled", "false"]
