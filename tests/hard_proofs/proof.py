@@ -16,6 +16,10 @@ class Setting:
     scratch: Path   # a folder in memory where there is one, so that a flush takes no time
     helper: object  # helper("inject") is the path of a compiled helper
 
+    def instrumented(self):
+        """Whether it has a sanitizer, which reserves more memory than there is."""
+        return any(name in self.program.read_bytes() for name in (b"__asan_init", b"__tsan_init"))
+
     def each(self, work, items, threads=os.cpu_count()):
         """The results of work(item), in order."""
         with concurrent.futures.ThreadPoolExecutor(threads) as pool:
