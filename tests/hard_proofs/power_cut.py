@@ -152,11 +152,13 @@ def one(disk, program, chosen, system, number):
                    for work in (cycle.write, cycle.flush_another, cycle.converse)]
         for thread in threads:
             thread.start()
-        time.sleep(chosen.uniform(0.02, 0.4))
-        disk.cut(how)
-        cycle.ended.set()
-        for thread in threads:
-            thread.join()
+        try:
+            time.sleep(chosen.uniform(0.02, 0.4))
+            disk.cut(how)
+        finally:
+            cycle.ended.set()
+            for thread in threads:
+                thread.join()
     with disk:
         return [f"{system}, cut {number}: {loss}" for loss in losses(cycle)], cycle.stored, cycle.saved
 
