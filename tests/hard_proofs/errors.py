@@ -3,9 +3,9 @@ the new ones, byte for byte, and what the program says is true."""
 import errno
 import itertools
 
-from killed import NEXT_START, same
+from killed import after_next_start
 from operations import Prepared, operations
-from proof import Outcome
+from proof import Outcome, some
 from target import HUNG, Target
 
 NUMBERS = ["EIO", "ENOSPC", "EDQUOT", "EROFS", "EACCES", "EMFILE"]
@@ -19,6 +19,7 @@ FAILURES = [
     ("half a transfer", "short"),
     ("half a transfer from there on", "short-forever"),
 ]
+SHORT_POINTS = 60  # of an operation, at most
 TRANSFERS = ("read", "pread64", "write", "pwrite64")
 DONE, FAILED, UNCONFIRMED = 0, 1, 5
 
@@ -47,18 +48,22 @@ def points_of(setting, calls):
               if call in TRANSFERS or not failure[1].startswith("short")]
     if setting.long:
         return points
-    # One failure a call, another one for each: a seventh of them is coprime to their number.
-    by_call = itertools.groupby(points, key=lambda point: point[0])
+    # One failure a call, another one for each.
+    by_call = [list(group) for _, group in itertools.groupby(points, key=lambda point: point[0])]
     return [options[number * 5 % len(options)]
-            for number, options in ((number, list(group)) for number, group in by_call)]
+            for number, options in enumerate(some(by_call, SHORT_POINTS))]
 
 
 def prove(setting):
     there, lacking = operations(setting)
     faults, tried = [], 0
     for operation in there:
-        prepared = Prepared(setting, operation, Target(setting.program,
-                                                       setting.scratch / operation.name))
+        try:
+            prepared = Prepared(setting, operation, Target(setting.program,
+                                                           setting.scratch / operation.name))
+        except RuntimeError as error:
+            faults.append(f"{operation.name}, undisturbed: {error}")
+            continue
 
         def fail(point, prepared=prepared):
             number, call, (what, action) = point
@@ -70,8 +75,7 @@ def prove(setting):
             found = copy.state()
             if prepared.operation.steps and "forever" in action and found not in (prepared.before, prepared.after):
                 # What can't be undone while each try fails is undone by the next start.
-                copy.run(*NEXT_START)
-                found = next((known for known in (prepared.before, prepared.after) if same(copy.state(), known)), found)
+                found = after_next_start(prepared, copy)
             fault = lie(prepared, done, found)
             copy.remove()
             report.unlink()

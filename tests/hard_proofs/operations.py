@@ -3,7 +3,7 @@ import dataclasses
 import plistlib
 from collections.abc import Callable
 
-from target import has_command
+from target import Target, has_command
 
 TRIGGER = "20"
 PROFILE = f"profile_{TRIGGER}.qvx"
@@ -58,6 +58,7 @@ class Operation:
     needs: str = ""         # a command of the program that not every build has
     steps: bool = False     # changes several files or one twice: the next start finishes or undoes it
     again: bool = True      # done once more it ends the same
+    remembers: bool = False # depends on what the host keeps elsewhere of this very root
     long: bool = False      # in the long form only
 
 
@@ -94,9 +95,10 @@ OPERATIONS = [
               again=False, long=True),
     Operation("import", importable, ["import", "in.plist"], "import", steps=True),
     Operation("reset", changed, ["reset", "custbright"], "reset", long=True),
-    Operation("repair --restore", damaged, ["repair", "--restore"], "repair", steps=True, again=False),
+    Operation("repair --restore", damaged, ["repair", "--restore"], "repair", steps=True, again=False,
+              remembers=True),
     Operation("repair --start-anew", damaged, ["repair", "--start-anew"], "repair", again=False),
-    Operation("undo", changed, ["undo"], "undo", again=False),
+    Operation("undo", changed, ["undo"], "undo", again=False, remembers=True),
 ]
 
 
@@ -114,7 +116,7 @@ class Prepared:
         self.setting, self.operation, self.template = setting, operation, target
         operation.prepare(target)
         self.before = target.state()
-        done = target.copy(target.folder.with_name(target.folder.name + " done"))
+        done = self.fresh("done")
         done.do(*operation.command)
         self.after, self.names = done.state(), done.names()
         done.remove()
@@ -128,8 +130,13 @@ class Prepared:
                 "--report", str(report), *map(str, options)], report
 
     def fresh(self, number):
-        return self.template.copy(self.template.folder.with_name(
-            f"{self.template.folder.name} {number}"))
+        """Another target in the state before."""
+        folder = self.template.folder.with_name(f"{self.template.folder.name} {number}")
+        if not self.operation.remembers:
+            return self.template.copy(folder)
+        target = Target(self.template.program, folder)
+        self.operation.prepare(target)
+        return target
 
     def calls(self, *options):
         """The kinds of its system calls in order."""

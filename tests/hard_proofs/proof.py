@@ -31,3 +31,10 @@ class Outcome:
     tried: str           # what, and how many points
     faults: list[str]    # one text for each
     fault: str = "lost"  # what a fault is called
+
+
+def some(items, most):
+    """At most so many of them, spread evenly, with the first and the last."""
+    if len(items) <= most:
+        return items
+    return [items[number * (len(items) - 1) // (most - 1)] for number in range(most)]
