@@ -42,7 +42,9 @@ def damaged(target):
 def importable(target):
     saved(small)(target)
     (target.folder / "in.plist").write_bytes(
-        plistlib.dumps({"profilepercentage": "30", "wifi": 5, "custbrightenabled": False}))
+        plistlib.dumps({"profilepercentage": "30", "wifi": 2, "custbrightenabled": False}))
+    (target.folder / "settings.plist").write_bytes(
+        plistlib.dumps({"wifi": 1, "custbrightenabled": False, "alertmsg": "imported"}))
 
 
 def changed(target):
@@ -93,7 +95,7 @@ OPERATIONS = [
               ["profile", "import", "in.plist"], again=False),
     Operation("profile copy", saved(small), ["profile", "copy", TRIGGER, "30"], "profile copy",
               again=False, long=True),
-    Operation("import", importable, ["import", "in.plist"], "import", steps=True),
+    Operation("import", importable, ["import", "settings.plist"], "import"),
     Operation("reset", changed, ["reset", "custbright"], "reset", long=True),
     Operation("repair --restore", damaged, ["repair", "--restore"], "repair", steps=True, again=False,
               remembers=True),
