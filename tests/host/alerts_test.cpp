@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "platform/uikit/alert_view.h"
-#include "tests/host/sample_bundle.h"
+#include "tests/host/sample_settings.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "platform/preferences/PSListItemsController.h"
-#include "tests/host/sample_bundle.h"
+#include "tests/host/sample_settings.h"
 
 namespace {
 
@@ -58,6 +58,7 @@ TEST(Navigation, SecondLaunchStartsAnew) {
   ASSERT_TRUE(settings.application.perform(host::Launch{}));
   EXPECT_EQ(settings.application.pages().size(), 1u);
   EXPECT_NE(settings.application.shownPage(), before);
+  EXPECT_THAT(events, testing::Contains("Second viewWillDisappear at once"));
 }
 
 TEST(Navigation, LinkRowPushesItsPageWhichIsLoadedBeforeTheOldOneDisappears) {

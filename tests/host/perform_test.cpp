@@ -47,6 +47,13 @@ TEST(Perform, ChecksModalThenRowThenBuiltThenUsableThenValue) {
   }
 }
 
+TEST(Perform, RefusalNamesTheSwitchThatDimsTheRow) {
+  Shown shown(rows());
+  shown.applyRules();
+  EXPECT_EQ(shown.application.perform(host::Set{"whileon", true}).error().message,
+            "row \"whileon\" is dimmed by \"switch\"");
+}
+
 TEST(Perform, UnderAnAlertWhatTouchesThePageIsModalAndNothingElse) {
   Shown shown(rows());
   present(shown);

@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "tests/host/sample_bundle.h"
+#include "tests/host/sample_settings.h"
 
 namespace {
 

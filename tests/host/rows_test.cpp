@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "tests/host/sample_bundle.h"
+#include "tests/host/sample_settings.h"
 
 namespace {
 
@@ -18,7 +18,7 @@ T& control(Settings& settings, const std::string& id) {
 TEST(Rows, OnlyRowsOnScreenAreBuilt) {
   Settings settings(3);
   const auto& rows = settings.application.shownList()->specifiers();
-  ASSERT_EQ(rows.size(), 14u);
+  ASSERT_EQ(rows.size(), 19u);
   for (std::size_t i = 0; i < rows.size(); ++i) EXPECT_EQ(rows[i]->isBuilt(), i < 3) << i;
 }
 
@@ -33,19 +33,19 @@ TEST(Rows, ScrollingBuildsWhatComesOnScreenAndKeepsTheRest) {
 
 TEST(Rows, ScrollEventFollowsOnceTheRowsAreBuilt) {
   Settings settings(3);
-  ASSERT_TRUE(settings.application.perform(host::Scroll{11}));
+  ASSERT_TRUE(settings.application.perform(host::Scroll{16}));
   EXPECT_THAT(events, ElementsAre("First scrolled, last row built"));
 }
 
 TEST(Rows, ScrollNeverShowsLessThanAScreenful) {
   Settings settings(3);
-  ASSERT_TRUE(settings.application.perform(host::Scroll{13}));
-  EXPECT_EQ(settings.application.firstShown(), 11);
+  ASSERT_TRUE(settings.application.perform(host::Scroll{18}));
+  EXPECT_EQ(settings.application.firstShown(), 16);
 }
 
 TEST(Rows, ScrollToAnEntryThatIsNotThere) {
   Settings settings(3);
-  EXPECT_EQ(refusalOf(settings.application.perform(host::Scroll{14})), RefusalCode::BadValue);
+  EXPECT_EQ(refusalOf(settings.application.perform(host::Scroll{19})), RefusalCode::BadValue);
   EXPECT_EQ(refusalOf(settings.application.perform(host::Scroll{-1})), RefusalCode::BadValue);
   EXPECT_THAT(events, ElementsAre());
 }
@@ -71,7 +71,7 @@ TEST(Rows, ByIdAndByIndex) {
   EXPECT_EQ((*settings.application.row(1))->identifier(), "switch");
   EXPECT_EQ(*settings.application.row("switch"), *settings.application.row(1));
   EXPECT_EQ(refusalOf(settings.application.row("nothing")), RefusalCode::NoRow);
-  EXPECT_EQ(refusalOf(settings.application.row(14)), RefusalCode::NoRow);
+  EXPECT_EQ(refusalOf(settings.application.row(19)), RefusalCode::NoRow);
   EXPECT_EQ(refusalOf(settings.application.row(-1)), RefusalCode::NoRow);
 }
 
@@ -88,12 +88,6 @@ TEST(Rows, ChecksInOrder) {
             RefusalCode::BadValue);
   EXPECT_EQ(refusalOf(settings.application.perform(host::Tap{"nothing"})), RefusalCode::NoRow);
   EXPECT_EQ(refusalOf(settings.application.perform(host::Tap{"dimmed"})), RefusalCode::Disabled);
-}
-
-TEST(Rows, DimmedRowNamesItsSwitch) {
-  Settings settings;
-  EXPECT_EQ(settings.application.perform(host::Set{"dimmed", true}).error().message,
-            "row \"dimmed\" is dimmed by \"switch\"");
 }
 
 TEST(Rows, SwitchIsMovedStoredAndAnnounced) {

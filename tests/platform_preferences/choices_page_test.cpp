@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/preferences/PSListItemsController.h"
-#include "tests/platform_preferences/sample_page.h"
+#include "tests/platform_preferences/sample_device.h"
 
 namespace {
 
@@ -18,7 +18,7 @@ class ChoicesPage : public testing::Test {
   }
 
   sample::Device device;
-  std::shared_ptr<sample::Page> page = device.page();
+  std::shared_ptr<sample::ListPage> page = device.page();
   std::shared_ptr<preferences::PSListItemsController> choices =
       std::make_shared<preferences::PSListItemsController>(device.environment);
 };
@@ -46,7 +46,7 @@ TEST_F(ChoicesPage, StoresTheChosenEntryInItsOwnKindAndStays) {
   EXPECT_EQ(device.preferences.copyAppValue("list", "test.domain"), plist::Value(1));
   EXPECT_EQ(accessory(0), uikit::Accessory::Checkmark);
   EXPECT_EQ(accessory(1), uikit::Accessory::None);
-  EXPECT_EQ(page->specifierForID("list")->cellObject()->detailTextLabel.text, "one");
+  EXPECT_EQ(page->specifierForID("list")->cellObject()->detailTextLabel.text, "number 1");
 }
 
 }  // namespace

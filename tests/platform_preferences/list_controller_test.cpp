@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
 #include "platform/preferences/control_cells.h"
-#include "tests/platform_preferences/sample_page.h"
+#include "tests/platform_preferences/sample_device.h"
 
 namespace {
 
-using sample::Page;
+using Page = sample::NamedPage<"First">;
 
 class ListController : public testing::Test {
  protected:
@@ -19,14 +19,14 @@ class ListController : public testing::Test {
   }
 
   sample::Device device;
-  std::shared_ptr<Page> page = device.page();
+  std::shared_ptr<sample::ListPage> page = device.page();
 };
 
 TEST_F(ListController, LoadsItsListOnce) {
   auto* first = page->specifiers()[1].get();
   EXPECT_EQ(page->specifiers()[1].get(), first);
-  EXPECT_EQ(page->specifiers().size(), 10u);
-  EXPECT_EQ(page->title, "Sample");
+  EXPECT_EQ(page->specifiers().size(), 19u);
+  EXPECT_EQ(page->title, "First Page");
 }
 
 TEST_F(ListController, IsTitledByTheRowThatOpenedIt) {
@@ -37,11 +37,11 @@ TEST_F(ListController, IsTitledByTheRowThatOpenedIt) {
 }
 
 TEST_F(ListController, HasNoRowsWithoutAList) {
-  preferences::Bundle empty{"Page", {}, {}, {}};
+  preferences::Bundle empty{"First", {}, {}, {}};
   testing_support::TestDevice bare(empty);
   Page lost(bare.environment);
   EXPECT_TRUE(lost.specifiers().empty());
-  EXPECT_EQ(lost.loadError(), "Page: no such specifier list");
+  EXPECT_EQ(lost.loadError(), "First: no such specifier list");
 }
 
 TEST_F(ListController, FindsARowByIdentifierElseNothing) {
@@ -59,15 +59,15 @@ TEST_F(ListController, MakesNoRowBeforeItIsOnScreen) {
 }
 
 TEST_F(ListController, ShowsTheDefaultWhileTheStoreHasNone) {
-  EXPECT_TRUE(static_cast<uikit::Switch*>(built("switch").control())->isOn());
+  EXPECT_TRUE(static_cast<uikit::Switch*>(built("on").control())->isOn());
   EXPECT_EQ(static_cast<uikit::Slider*>(built("slider").control())->value(), 50);
-  EXPECT_FALSE(stored("switch")) << "a default is not written";
+  EXPECT_FALSE(stored("on")) << "a default is not written";
 }
 
 TEST_F(ListController, ShowsTheStoredValue) {
-  (void)device.preferences.setAppValue("switch", false, "test.domain");
-  EXPECT_FALSE(static_cast<uikit::Switch*>(built("switch").control())->isOn());
-  EXPECT_EQ(row("switch").propertyForKey("value"), plist::Value(false));
+  (void)device.preferences.setAppValue("on", false, "test.domain");
+  EXPECT_FALSE(static_cast<uikit::Switch*>(built("on").control())->isOn());
+  EXPECT_EQ(row("on").propertyForKey("value"), plist::Value(false));
 }
 
 TEST_F(ListController, StoresThenPostsTheRowsNotification) {
@@ -83,9 +83,9 @@ TEST_F(ListController, PostsNothingForARowThatNamesNoNotification) {
 }
 
 TEST_F(ListController, StoresNothingWithoutKeyAndDefaults) {
-  page->setPreferenceValueSpecifier(false, &row("nowhere"));
-  EXPECT_FALSE(stored("nowhere"));
-  EXPECT_EQ(page->readPreferenceValue(&row("nowhere")), plist::Value(true));
+  page->setPreferenceValueSpecifier(false, &row("unstored"));
+  EXPECT_FALSE(stored("unstored"));
+  EXPECT_EQ(page->readPreferenceValue(&row("unstored")), plist::Value(true));
 }
 
 TEST_F(ListController, StoresTheNegationOfANegatedRow) {
@@ -105,17 +105,17 @@ TEST_F(ListController, SendsAUsersChangeThroughTheRowsSetter) {
 }
 
 TEST_F(ListController, ReadsARowThroughItsGetter) {
-  EXPECT_EQ(static_cast<uikit::TextField*>(built("text").control())->text, "hey!");
-  EXPECT_EQ(static_cast<uikit::TextField*>(row("text").control())->placeholder, "type");
+  EXPECT_EQ(static_cast<uikit::TextField*>(built("loud").control())->text, "hey!");
+  EXPECT_EQ(static_cast<uikit::TextField*>(row("loud").control())->placeholder, "type");
 }
 
 TEST_F(ListController, RedrawsABuiltRowAndLeavesAnUnbuiltOne) {
-  auto* before = built("switch").cellObject();
+  auto* before = built("on").cellObject();
   before->setAlpha(0.3f);
-  (void)device.preferences.setAppValue("switch", false, "test.domain");
-  page->reloadSpecifier(&row("switch"));
-  EXPECT_EQ(row("switch").cellObject()->alpha(), 1.0);
-  EXPECT_FALSE(static_cast<uikit::Switch*>(row("switch").control())->isOn());
+  (void)device.preferences.setAppValue("on", false, "test.domain");
+  page->reloadSpecifier(&row("on"));
+  EXPECT_EQ(row("on").cellObject()->alpha(), 1.0);
+  EXPECT_FALSE(static_cast<uikit::Switch*>(row("on").control())->isOn());
   page->reloadSpecifier(&row("slider"));
   EXPECT_FALSE(row("slider").isBuilt());
   page->reloadSpecifier(nullptr);
@@ -131,15 +131,15 @@ TEST_F(ListController, DropsAllRowsOnReload) {
 
 TEST_F(ListController, AsksDataSourcesAtEachBuildOfTheList) {
   EXPECT_EQ(page->asked, 1);
-  EXPECT_EQ(row("list").titles(), (std::vector<std::string>{"one", "two"}));
-  page->numberValues = {7, 8};
+  EXPECT_EQ(row("list").titles(), (std::vector<std::string>{"number 1", "number 2"}));
+  page->choiceValues = {7, 8};
   page->reloadSpecifiers();
   EXPECT_EQ(page->asked, 2);
   EXPECT_EQ(row("list").values(), (plist::Array{7, 8}));
 }
 
 TEST_F(ListController, DataSourceThatAsksForRowsSeesThoseLoadedSoFar) {
-  page->whenAsked = [this](Page& asked) {
+  page->whenAsked = [this](sample::ListPage& asked) {
     EXPECT_TRUE(asked.specifiers().empty());
     EXPECT_NE(asked.specifierForID("switch"), nullptr);
     EXPECT_NE(asked.specifierForID("list"), nullptr);
@@ -148,23 +148,24 @@ TEST_F(ListController, DataSourceThatAsksForRowsSeesThoseLoadedSoFar) {
   };
   page->reloadSpecifiers();
   EXPECT_EQ(page->asked, 2) << "once at first, once for the reload";
-  EXPECT_EQ(page->specifiers().size(), 10u);
+  EXPECT_EQ(page->specifiers().size(), 19u);
   EXPECT_EQ(row("list").values(), (plist::Array{1, 2}));
   EXPECT_NE(page->specifierForID("button"), nullptr);
 }
 
 TEST_F(ListController, DropsChoicesWithoutAPartner) {
-  page->numberValues = {7, 8, 9};
+  page->choiceValues = {7, 8, 9};
+  page->choiceTitles = {"one", "two"};
   page->loadChoices(row("list"));
   EXPECT_EQ(row("list").values().size(), 2u);
-  page->numberValues = {7};
+  page->choiceValues = {7};
   page->loadChoices(row("list"));
   EXPECT_EQ(row("list").titles(), std::vector<std::string>{"one"});
 }
 
 TEST_F(ListController, ShowsTheTitleOfTheChosenValueComparingNumbersByValue) {
   (void)device.preferences.setAppValue("list", 1.0, "test.domain");
-  EXPECT_EQ(built("list").cellObject()->detailTextLabel.text, "one");
+  EXPECT_EQ(built("list").cellObject()->detailTextLabel.text, "number 1");
   EXPECT_EQ(row("list").indexOfValue(plist::Value("1")), -1) << "text never equals a number";
 }
 

@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
-#include "tests/platform_preferences/sample_page.h"
+#include "tests/platform_preferences/sample_device.h"
 
 namespace {
 
@@ -62,9 +62,9 @@ TEST_F(OperationsTest, RunNothingWithWrongArguments) {
 }
 
 TEST_F(OperationsTest, AreFoundInTheBaseClassToo) {
-  EXPECT_NE(sample::Page::ownOperations.find("act"), nullptr);
-  EXPECT_NE(sample::Page::ownOperations.find("reloadSpecifiers"), nullptr);
-  EXPECT_EQ(sample::Page::ownOperations.find("absent"), nullptr);
+  EXPECT_NE(sample::ListPage::ownOperations.find("act"), nullptr);
+  EXPECT_NE(sample::ListPage::ownOperations.find("reloadSpecifiers"), nullptr);
+  EXPECT_EQ(sample::ListPage::ownOperations.find("absent"), nullptr);
 }
 
 TEST_F(OperationsTest, RunOnANotification) {
@@ -73,7 +73,7 @@ TEST_F(OperationsTest, RunOnANotification) {
   device.center.addObserver(*page, "act", "ping", nullptr);
   device.center.addObserver(*page, "actFor:", "ping", nullptr);
   device.center.postNotificationName("ping", nullptr);
-  EXPECT_EQ(page->acted, 1);
+  EXPECT_THAT(sample::events, testing::ElementsAre("First act", "First actFor nobody"));
 }
 
 TEST_F(OperationsTest, OfTwoArgumentsAreGivenNilForBothOnANotification) {
@@ -81,7 +81,7 @@ TEST_F(OperationsTest, OfTwoArgumentsAreGivenNilForBothOnANotification) {
   auto page = device.page();
   device.center.addObserver(*page, "act:with:", "ping", nullptr);
   device.center.postNotificationName("ping", nullptr);
-  EXPECT_EQ(page->acted, 1);
+  EXPECT_THAT(sample::events, testing::ElementsAre("First act with nil twice"));
 }
 
 // What a selector says, by its colons, is what its operation takes.

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/preferences/specifier_list.h"
-#include "tests/platform_preferences/sample_page.h"
+#include "tests/support/sample_bundle.h"
 
 namespace {
 
@@ -26,15 +26,15 @@ std::vector<std::string> wrongIn(Dictionary row) {
   auto list = readSpecifierList(listOf({std::move(row)}));
   EXPECT_TRUE(list) << list.error().what;
   std::vector<std::string> wrong;
-  for (auto& error : preferences::validate(*list, sample::Page::ownOperations, kNoBundle))
+  for (auto& error : preferences::validate(*list, sample::ListPage::ownOperations, kNoBundle))
     wrong.push_back(error.what);
   return wrong;
 }
 
 TEST(SpecifierList, KeepsRowsInOrderAndTheTitle) {
-  auto list = readSpecifierList(sample::everyRow());
+  auto list = readSpecifierList(sample::firstList());
   ASSERT_TRUE(list);
-  EXPECT_EQ(list->title, "Sample");
+  EXPECT_EQ(list->title, "First Page");
   EXPECT_EQ(list->specifiers[1]->identifier(), "switch");
   EXPECT_EQ(list->specifiers[0]->cellType(), preferences::CellType::PSGroupCell);
 }
@@ -92,9 +92,10 @@ TEST(SpecifierList, KeepsUnknownKeysReadable) {
 }
 
 TEST(Validation, FindsNothingWrongWithTheSample) {
-  auto list = readSpecifierList(sample::everyRow());
+  auto list = readSpecifierList(sample::everyKindOfRow());
   ASSERT_TRUE(list);
-  for (auto& error : preferences::validate(*list, sample::Page::ownOperations, kNoBundle))
+  for (auto& error :
+       preferences::validate(*list, sample::ListPage::ownOperations, sample::bundle()))
     ADD_FAILURE() << error.row << ": " << error.what;
 }
 
@@ -157,7 +158,7 @@ TEST(Validation, WantsKeyAndDefaultsTogetherAndIdsUnique) {
   EXPECT_THAT(wrongIn({{"cell", "PSSwitchCell"}}), Contains("id is missing"));
   auto list = readSpecifierList(
       listOf({sample::row("PSSwitchCell", "a"), sample::row("PSSwitchCell", "a")}));
-  auto errors = preferences::validate(*list, sample::Page::ownOperations, kNoBundle);
+  auto errors = preferences::validate(*list, sample::ListPage::ownOperations, kNoBundle);
   ASSERT_EQ(errors.size(), 1u);
   EXPECT_EQ(errors[0].row, 1);
   EXPECT_EQ(errors[0].what, "a second row of id \"a\"");

@@ -4,7 +4,7 @@
 
 #include "prefs/core/names.h"
 #include "tests/platform_foundation/system_calls.h"
-#include "tests/platform_preferences/sample_page.h"
+#include "tests/platform_preferences/sample_device.h"
 
 namespace {
 
@@ -29,13 +29,13 @@ TEST_F(PreferenceStore, PageWriteStoresPostsRedrawsAndFlushes) {
   auto& calls = foundation::test::systemCalls();
   calls.log.clear();
   calls.atNextFsync = [&] { EXPECT_EQ(row->cellObject()->tag, 0) << "redrawn before the flush"; };
-  pageWrite(*page, device.preferences, false, row);
+  pageWrite(*page, device.preferences, true, row);
   EXPECT_EQ(calls.log, (std::vector<std::string>{"rename * test.domain.plist",
                                                  "fsync test.domain.plist", "fsync Preferences"}));
-  EXPECT_EQ(onDisk("switch", "test.domain"), plist::Value(false));
+  EXPECT_EQ(onDisk("switch", "test.domain"), plist::Value(true));
   EXPECT_EQ(device.darwin.posted, std::vector<std::string>{"changed"});
   EXPECT_EQ(row->cellObject()->tag, 0) << "the row was made anew";
-  EXPECT_FALSE(static_cast<uikit::Switch*>(row->control())->isOn());
+  EXPECT_TRUE(static_cast<uikit::Switch*>(row->control())->isOn());
 }
 
 TEST_F(PreferenceStore, SingleValueReadSynchronisesFirst) {

@@ -7,7 +7,7 @@
 
 #include "apps/window/qt_main_queue.h"
 #include "platform/preferences/environment.h"
-#include "tests/window/sample_bundle.h"
+#include "tests/support/sample_bundle.h"
 
 // A device of a test's own: an empty root, the sample bundle, services that do nothing.
 class Device : platform::DarwinNotificationCenter,

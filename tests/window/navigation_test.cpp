@@ -67,7 +67,7 @@ TEST_F(Navigation, TheListIsWhereItWasAfterGoingBack) {
 TEST_F(Navigation, APageThatCantBeShownSaysWhy) {
   driver->click("A page that can't be shown");
   EXPECT_TRUE(driver->shows("This page can't be shown"));
-  EXPECT_TRUE(driver->shows("BrokenListController: row 0: unknown cell type \"PSNoSuchCell\""));
+  EXPECT_TRUE(driver->shows("Broken: row 0: unknown cell type \"PSNoSuchCell\""));
   driver->click("Back", kButton);
   EXPECT_EQ(title(), "Sample");
 }

@@ -16,7 +16,7 @@ class SampleWindow : public WindowTest {
  protected:
   SampleWindow() {
     auto launched = std::make_unique<host::Application>(device.environment, 40);
-    EXPECT_TRUE(launched->perform(host::Launch{}));
+    EXPECT_TRUE(launched->perform(host::Launch{"Sample"}));
     show(std::move(launched), device.queue, 390, 2000);
     driver->until([this] { return !row("level").usable; });
   }
