@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "host/problem.h"
 #include "platform/result.h"
 
 namespace host {
@@ -26,6 +27,13 @@ struct Refusal {
 
 inline Refusal noPage() {
   return {RefusalCode::NoPage, "no page is shown; launch comes first"};
+}
+
+// A page or a row that isn't there is NotFound.
+inline Failure failureOf(const Refusal& refusal) {
+  const bool unknown = refusal.code == RefusalCode::NoPage || refusal.code == RefusalCode::NoRow;
+  return {unknown ? Failure::NotFound : Failure::Refused,
+          {.source = Source::Settings, .words = refusal.message}};
 }
 
 template <class T>

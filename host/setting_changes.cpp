@@ -18,11 +18,6 @@ Failure failure(Failure::Reason reason, std::string words) {
   return {reason, {.source = Source::Settings, .words = std::move(words)}};
 }
 
-Failure failureOf(const Refusal& refusal) {
-  const bool unknown = refusal.code == RefusalCode::NoPage || refusal.code == RefusalCode::NoRow;
-  return failure(unknown ? Failure::NotFound : Failure::Refused, refusal.message);
-}
-
 bool hasChoices(const RowView& row) {
   const auto* link = std::get_if<LinkView>(&row.control);
   return (link && link->choices) || std::holds_alternative<SegmentsView>(row.control);

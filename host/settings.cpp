@@ -20,11 +20,6 @@ Failure failure(Failure::Reason reason, std::string words) {
   return {reason, {.source = Source::Settings, .words = std::move(words)}};
 }
 
-Failure failureOf(const Refusal& refusal) {
-  const bool unknown = refusal.code == RefusalCode::NoPage || refusal.code == RefusalCode::NoRow;
-  return failure(unknown ? Failure::NotFound : Failure::Refused, refusal.message);
-}
-
 std::string rangeOf(const SliderView& slider) {
   return "; it takes a number from " + numberText(slider.minimum) + " to " +
          numberText(slider.maximum);

@@ -7,6 +7,10 @@
 
 namespace host {
 
+std::string ValueWatch::path() {
+  return foundation::domainPath(prefs::kDomain);
+}
+
 Attempt<std::vector<prefs::Difference>> ValueWatch::look() {
   const auto readable = preferences_.refresh(prefs::kDomain);
   if (!readable) return failureOf(Source::Settings, readable.error());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "host/problem.h"
@@ -12,6 +13,8 @@ namespace host {
 class ValueWatch {
  public:
   explicit ValueWatch(foundation::Preferences& preferences) : preferences_(preferences) {}
+
+  static std::string path();  // the platform path of the file that they are in
 
   // What has changed since the last look; the first one finds nothing.
   Attempt<std::vector<prefs::Difference>> look();

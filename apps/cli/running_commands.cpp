@@ -7,6 +7,7 @@
 #include <csignal>
 #include <cstdio>
 #include <thread>
+#include <utility>
 
 #include "apps/cli/command.h"
 #include "drive/driver.h"
@@ -20,6 +21,7 @@ namespace {
 
 constexpr auto kPause = std::chrono::milliseconds(200);
 constexpr auto kPauseOfValues = std::chrono::milliseconds(20);
+constexpr int kPausesBetweenLooks = 50;  // at most
 constexpr int kDefaultViewport = 12;
 
 // What was printed is always written at once, so an interruption finds nothing to be done.
@@ -28,9 +30,9 @@ void endOnInterruption() {
 }
 
 // Which file it is and which state of it; all 0 when there is none.
-std::array<std::int64_t, 5> stampOfLog(Session& session) {
+std::array<std::int64_t, 5> stampOf(Session& session, std::string_view path) {
   struct stat status {};
-  const auto file = session.device().root().open(host::batteryLogPath(), O_PATH);
+  const auto file = session.device().root().open(path, O_PATH);
   if (!file || fstat(file->number(), &status) != 0) return {};
   return {static_cast<std::int64_t>(status.st_ino), status.st_size, status.st_mtim.tv_sec,
           status.st_mtim.tv_nsec, status.st_ctim.tv_nsec};
@@ -43,11 +45,11 @@ std::string lineOf(const Session& session, const plist::Value& entry) {
 
 // A log that can't be read may be in the middle of being written by one that doesn't replace it.
 Outcome<Done> follow(Session& session, plist::Array entries) {
-  for (auto stamp = stampOfLog(session);;) {
+  for (auto stamp = stampOf(session, host::batteryLogPath());;) {
     const auto flushed = session.flush();
     if (!flushed) return flushed;
     std::this_thread::sleep_for(kPause);
-    const auto current = stampOfLog(session);
+    const auto current = stampOf(session, host::batteryLogPath());
     if (current == stamp) continue;
     auto log = host::readBatteryLog(session.device().environment());
     if (!log) continue;
@@ -58,12 +60,17 @@ Outcome<Done> follow(Session& session, plist::Array entries) {
   }
 }
 
-// Settings that can't be read for now don't end it: the store reports them once.
+// Settings that can't be read for now don't end it: the store reports them once. A file that was
+// rewritten within a tick of the file system's clock may have an equal stamp.
 Outcome<Done> watchValues(Session& session, const std::vector<std::string>& keys) {
   host::ValueWatch values(session.device().preferences());
+  auto stamp = stampOf(session, host::ValueWatch::path());
   if (const auto first = values.look(); !first) return failureOf(first.error());
-  while (true) {
+  for (int pauses = 1;; ++pauses) {
+    if (const auto flushed = session.flush(); !flushed) return flushed;
     std::this_thread::sleep_for(kPauseOfValues);
+    const auto current = stampOf(session, host::ValueWatch::path());
+    if (std::exchange(stamp, current) == current && pauses % kPausesBetweenLooks != 0) continue;
     const auto changes = values.look();
     for (const host::Problem& problem : session.takeWarnings()) complain(problem.message());
     if (!changes) continue;
@@ -75,7 +82,6 @@ Outcome<Done> watchValues(Session& session, const std::vector<std::string>& keys
       else
         session.print(key + ": " + drive::textOf(before) + " -> " + drive::textOf(after));
     }
-    if (const auto flushed = session.flush(); !flushed) return flushed;
   }
 }
 

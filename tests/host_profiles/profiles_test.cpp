@@ -38,6 +38,9 @@ TEST_F(HostProfiles, FindsATriggerByIDOrTitle) {
   EXPECT_EQ(host::triggers().size(), 108u);
   EXPECT_EQ(trigger("101").title, "Charging started");
   EXPECT_EQ(trigger("Battery 7%").path, prefs::profilePath(7));
+  for (const char* name : {"20%", "battery 20%", "/var/mobile/Documents/Quorvantis/profile_20.qvx"})
+    EXPECT_EQ(host::findTrigger(name), host::findTrigger("20")) << name;
+  EXPECT_EQ(host::findTrigger("101%"), std::nullopt) << "an event has no level";
   EXPECT_EQ(host::findTrigger("103"), std::nullopt);
   EXPECT_EQ(host::findTrigger(""), std::nullopt);
 }
@@ -55,9 +58,8 @@ TEST_F(HostProfiles, ASaveWritesTheDomainOnceAfterTheFile) {
   device.store("wifi", 2);
   calls().log.clear();
   EXPECT_TRUE(profiles.save(trigger("7"), Existing::Keep));
-  EXPECT_EQ(calls().log, (Calls{"fsync *", "rename * profile_7.qvx", "fsync Quorvantis",
-                                "fsync *", "rename * com.zorvek.quorvantis.plist",
-                                "fsync Preferences"}));
+  EXPECT_EQ(calls().log, (Calls{"fsync *", "rename * profile_7.qvx", "fsync Quorvantis", "fsync *",
+                                "rename * com.zorvek.quorvantis.plist", "fsync Preferences"}));
 }
 
 TEST_F(HostProfiles, ASaveOfWhatCannotBeReadChangesNothing) {

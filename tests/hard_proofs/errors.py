@@ -1,0 +1,89 @@
+"""Fails every system call on a file of every operation that writes: the files are the old ones or
+the new ones, byte for byte, and what the program says is true."""
+import errno
+import itertools
+
+from killed import after_next_start
+from operations import Prepared, operations
+from proof import Outcome, some
+from target import HUNG, Target
+
+NUMBERS = ["EIO", "ENOSPC", "EDQUOT", "EROFS", "EACCES", "EMFILE"]
+# A call is interrupted again and again, but not for ever.
+INTERRUPTIONS = 100
+FAILURES = [
+    *((f"{name} once", f"error:{getattr(errno, name)}") for name in NUMBERS),
+    *((f"{name} from there on", f"forever:{getattr(errno, name)}") for name in NUMBERS),
+    ("EINTR once", f"error:{errno.EINTR}"),
+    (f"EINTR {INTERRUPTIONS} times", f"forever:{errno.EINTR}:{INTERRUPTIONS}"),
+    ("half a transfer", "short"),
+    ("half a transfer from there on", "short-forever"),
+]
+SHORT_POINTS = 60  # of an operation, at most
+TRANSFERS = ("read", "pread64", "write", "pwrite64")
+DONE, FAILED, UNCONFIRMED = 0, 1, 5
+
+
+def lie(prepared, done, found):
+    """What the exit code says about the files, and whether stderr has its line."""
+    old, new = found == prepared.before, found == prepared.after
+    code, said = done.returncode, done.stderr.decode(errors="replace").strip()
+    if code == HUNG:
+        return "hangs"
+    if code not in (DONE, FAILED, UNCONFIRMED):
+        return f"exit {code}: {said}"
+    if not old and not new:
+        return f"exit {code}, and the files are neither old nor new"
+    if code == FAILED and not old:
+        return f"exit 1, and the new state is stored: {said}"
+    if code != FAILED and not new:
+        return f"exit {code}, and nothing is stored"
+    if code != DONE and (len(said.splitlines()) != 1 or not said.startswith("quorvantis: ")):
+        return f"exit {code} with {len(said.splitlines())} lines on stderr: {said!r}"
+    return ""
+
+
+def points_of(setting, calls):
+    points = [(number, call, failure) for number, call in enumerate(calls, 1) for failure in FAILURES
+              if call in TRANSFERS or not failure[1].startswith("short")]
+    if setting.long:
+        return points
+    # One failure a call, another one for each.
+    by_call = [list(group) for _, group in itertools.groupby(points, key=lambda point: point[0])]
+    return [options[number * 5 % len(options)]
+            for number, options in enumerate(some(by_call, SHORT_POINTS))]
+
+
+def prove(setting):
+    there, lacking = operations(setting)
+    faults, tried = [], 0
+    for operation in there:
+        try:
+            prepared = Prepared(setting, operation, Target(setting.program,
+                                                           setting.scratch / operation.name))
+        except RuntimeError as error:
+            faults.append(f"{operation.name}, undisturbed: {error}")
+            continue
+
+        def fail(point, prepared=prepared):
+            number, call, (what, action) = point
+            name = f"{number} {what}"
+            copy = prepared.fresh(name)
+            before, report = prepared.inject(copy, "--at", number, action)
+            done = copy.run(*prepared.operation.command, before=before)
+            hit = "hit" in report.read_text()
+            found = copy.state()
+            if prepared.operation.steps and "forever" in action and found not in (prepared.before, prepared.after):
+                # What can't be undone while each try fails is undone by the next start.
+                found = after_next_start(prepared, copy)
+            fault = lie(prepared, done, found)
+            copy.remove()
+            report.unlink()
+            return hit, fault and f"{prepared.operation.name}, call {number} ({call}) {what}: {fault}"
+
+        results = setting.each(fail, points_of(setting, prepared.calls()))
+        tried += sum(hit for hit, _ in results)
+        faults += [fault for _, fault in results if fault]
+        prepared.template.remove()
+    lack = f" (this build lacks {', '.join(lacking)})" if lacking else ""
+    return Outcome(f"{tried:,} failures of {len(there)} operations{lack}", faults, "untrue or torn")

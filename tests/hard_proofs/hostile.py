@@ -1,0 +1,60 @@
+"""Builds the fuzz targets with the address and undefined-behavior sanitizers and lets each run for 20 million
+executions, or 10 million where one takes over 100 microseconds. What it finds is kept in build/hard-findings."""
+import os
+import re
+import shutil
+import subprocess
+from pathlib import Path
+
+from proof import Outcome, Skipped
+
+SOURCE = Path(__file__).resolve().parents[2]
+EXECUTIONS, SLOW_EXECUTIONS = 20_000_000, 10_000_000
+SLOW_SECONDS = 100e-6
+TRIAL = 20_000
+FINDINGS = SOURCE / "build" / "hard-findings"
+
+
+def build():
+    if not shutil.which("clang++-14"):
+        raise Skipped("needs the packages clang-14 and libclang-rt-14-dev")
+    for command in (["cmake", "--preset", "fuzz"], ["cmake", "--build", "--preset", "fuzz"]):
+        done = subprocess.run(command, cwd=SOURCE, capture_output=True, text=True, check=False)
+        if done.returncode != 0:
+            raise RuntimeError(f"{' '.join(command)}: {done.stdout[-2000:]}{done.stderr[-2000:]}")
+    return sorted((SOURCE / "build" / "fuzz" / "bin").glob("fuzz_*"))
+
+
+def run(target, corpus, executions):
+    """Executions, seconds, and the report of what it found. The corpus grows."""
+    findings = FINDINGS / target.name
+    findings.mkdir(parents=True, exist_ok=True)
+    done = subprocess.run(
+        [target, f"-runs={executions}", "-print_final_stats=1", "-verbosity=1", "-timeout=10", "-rss_limit_mb=2048",
+         f"-artifact_prefix={findings}/", corpus], capture_output=True, text=True, errors="replace", check=False,
+        env=os.environ | {"UBSAN_OPTIONS": "print_stacktrace=1:halt_on_error=1"})
+    if done.returncode != 0:
+        lines = [line for line in done.stderr.splitlines()
+                 if re.search(r"ERROR: |runtime error|SUMMARY|Test unit written", line)]
+        return 0, 0, " | ".join(lines or done.stderr.splitlines()[-3:])
+    count, seconds = re.search(r"Done (\d+) runs in (\d+) second", done.stderr).groups()
+    return int(count), int(seconds), ""
+
+
+def fuzz(setting, target):
+    corpus = setting.scratch / target.name
+    shutil.copytree(SOURCE / "fuzz" / "corpus" / target.name.removeprefix("fuzz_"), corpus)
+    count, seconds, found = run(target, corpus, TRIAL)
+    if not found:
+        slow = seconds / max(count, 1) > SLOW_SECONDS
+        count, seconds, found = run(target, corpus, SLOW_EXECUTIONS if slow else EXECUTIONS)
+    text = f"{target.name}: {count:,} executions, {seconds:,} s, {found or 'nothing found'}"
+    print(f"  {text}", flush=True)
+    return count, found and text
+
+
+def prove(setting):
+    targets = build()
+    results = setting.each(lambda target: fuzz(setting, target), targets)
+    return Outcome(f"{sum(count for count, _ in results):,} executions of {len(targets)} fuzz targets",
+                   [found for _, found in results if found], "found")
