@@ -11,6 +11,7 @@
 namespace host {
 namespace {
 
+using platform::Done;
 using platform::Error;
 using platform::Result;
 
@@ -19,10 +20,10 @@ constexpr std::string_view kDayNumber = "day";
 constexpr std::chrono::seconds kReferenceDate{978307200};  // 2001-01-01, since 1970
 
 // A folder for each root, whatever links lead to it.
-std::string folderFor(const std::string& root) {
+Result<std::string> folderFor(const std::string& root) {
   std::error_code unresolved;
-  auto path = std::filesystem::weakly_canonical(root, unresolved).string();
-  if (unresolved) path = root;
+  const auto path = std::filesystem::weakly_canonical(root, unresolved).string();
+  if (unresolved) return Error{root, unresolved.value()};
   const auto* bytes = reinterpret_cast<const std::uint8_t*>(path.data());
   const std::uint64_t sum = checksumOf({bytes, path.size()});
   std::string name;
@@ -81,11 +82,24 @@ Backups::Backups(preferences::Environment& environment, std::string state,
 
 Backups::~Backups() = default;
 
+Result<Done> Backups::open() {
+  if (state_) return Done{};
+  const auto name = folderFor(environment_.root.directory());
+  if (!name) return name.error();
+  state_ = std::make_unique<State>(folder_ + "/" + *name);
+  state_->load = std::make_unique<LoadNote>(environment_, store_, state_->folder);
+  return Done{};
+}
+
+bool Backups::isOpen() {
+  const auto opened = open();
+  if (!opened && !std::exchange(warned_, true))
+    warn("nothing is kept of what this changes", opened.error());
+  return static_cast<bool>(opened);
+}
+
 Backups::State& Backups::state() {
-  if (!state_) {
-    state_ = std::make_unique<State>(folder_ + "/" + folderFor(environment_.root.directory()));
-    state_->load = std::make_unique<LoadNote>(environment_, store_, state_->folder);
-  }
+  static_cast<void>(open());
   return *state_;
 }
 
@@ -116,6 +130,7 @@ std::vector<std::uint8_t> Backups::domainBytes() const {
 }
 
 Result<int> Backups::keep(const std::string& before) {
+  if (const auto opened = open(); !opened) return opened.error();
   if (auto damage = store_.damage(prefs::kDomain)) return *damage;
   Snapshot snapshot{now(), before, {}, {}};
   const auto domain = environment_.root.read(foundation::domainPath(prefs::kDomain));
@@ -147,6 +162,7 @@ void Backups::takeDailySnapshot() {
 }
 
 void Backups::prepare() {
+  if (!isOpen()) return;
   takeDailySnapshot();
   if (std::exchange(loadsFinished_, true)) return;
   const auto finished = state().load->finish();
@@ -160,6 +176,7 @@ std::shared_ptr<void> Backups::guard(const preferences::ProfileStep& step) {
   // A load's note takes the place of one that another process has left since.
   if (step.what == ProfileStep::Load) loadsFinished_ = false;
   prepare();
+  if (!isOpen()) return nullptr;
   const std::string id = idOf(step.path);
   switch (step.what) {
     case ProfileStep::Load: {
@@ -209,7 +226,7 @@ void Backups::remember(Change change, const std::vector<std::string>& left) {
   };
   std::erase_if(change.settings, [&](const auto& each) { return isLeft(each.key); });
   std::erase_if(change.files, [&](const auto& each) { return isLeft(each.path); });
-  if (change.empty()) return;
+  if (change.empty() || !isOpen()) return;
   change.time = now();
   const auto added = state().history.add(change);
   if (!added) warn("\"" + change.what + "\" can't be undone", added.error());
@@ -218,14 +235,14 @@ void Backups::remember(Change change, const std::vector<std::string>& left) {
 void Backups::willChange(std::string_view domain) {
   if (domain != prefs::kDomain) return;
   prepare();
-  state().lastSeen.willChange(domainBytes(), now());
+  if (isOpen()) state().lastSeen.willChange(domainBytes(), now());
 }
 
 void Backups::didChange(std::string_view domain, const foundation::KeyChanges& changes) {
   if (domain != prefs::kDomain) return;
   if (change_) merge(changes, change_->settings);
   // Whoever reads it next is not misled: at worst it says that another program has changed it.
-  static_cast<void>(state().lastSeen.changed(domainBytes(), now()));
+  if (isOpen()) static_cast<void>(state().lastSeen.changed(domainBytes(), now()));
 }
 
 }  // namespace host

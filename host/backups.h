@@ -34,6 +34,11 @@ class Backups : public foundation::ChangeObserver {
   // Likewise, with a warning for an error.
   void keepOrWarn(const std::string& before);
 
+  // Finds the folder; an error where the root's real path can't be told. Everything does it when it
+  // needs it, and nothing is kept where it fails, but the three that follow presuppose that it has
+  // succeeded.
+  platform::Result<platform::Done> open();
+
   Snapshots& snapshots();
   History& history();
   LastSeen& lastSeen();
@@ -62,6 +67,7 @@ class Backups : public foundation::ChangeObserver {
  private:
   struct State;
   State& state();
+  bool isOpen();  // else it warns, once
   plist::Date now() const;
   void takeDailySnapshot();
   void warn(std::string what, const platform::Error& cause) const;
@@ -75,7 +81,7 @@ class Backups : public foundation::ChangeObserver {
   std::unique_ptr<State> state_;
   std::optional<Change> change_;  // that has been begun
   std::int64_t day_ = -1;         // when the day's snapshot was looked for last, since 1970
-  bool loadsFinished_ = false;
+  bool loadsFinished_ = false, warned_ = false;
 };
 
 // A change of this user's, from the one brace to the other; `backups` may be null.

@@ -1,6 +1,6 @@
 #include "host/history.h"
 
-#include <cerrno>
+#include <ranges>
 #include <utility>
 
 namespace host {
@@ -88,24 +88,30 @@ Result<Done> History::add(const Change& change) {
   return Done{};
 }
 
-std::optional<Change> History::newest(const RecordFolder& records) {
+History::Latest History::newest(const RecordFolder& records) {
   const auto numbers = records.numbers();
-  for (auto number = numbers.rbegin(); number != numbers.rend(); ++number)
-    if (const auto record = records.read(*number))
-      if (auto change = changeIn(*record)) return change;
-  return std::nullopt;
+  if (!numbers) return numbers.error();
+  for (const int number : std::views::reverse(*numbers)) {
+    const auto record = records.read(number);
+    if (!record && !isLost(record.error())) return record.error();
+    if (!record) continue;
+    if (auto change = changeIn(*record)) return change;
+  }
+  return std::optional<Change>();
 }
 
 // Put there first: one that stands on both sides is only found done already.
 Result<Done> History::moveNewest(RecordFolder& from, RecordFolder& to) {
   const auto numbers = from.numbers();
-  for (auto number = numbers.rbegin(); number != numbers.rend(); ++number) {
-    const auto record = from.read(*number);
+  if (!numbers) return numbers.error();
+  for (const int number : std::views::reverse(*numbers)) {
+    const auto record = from.read(number);
+    if (!record && !isLost(record.error())) return record.error();
     if (record && changeIn(*record)) {
       if (const auto added = to.add(*record); !added) return added.error();
-      return from.remove(*number);
+      return from.remove(number);
     }
-    if (const auto removed = from.remove(*number); !removed) return removed;
+    if (const auto removed = from.remove(number); !removed) return removed;
   }
   return Done{};
 }

@@ -40,15 +40,16 @@ class History {
   // Forgets what was undone. A change of more than kLargest is an error.
   platform::Result<platform::Done> add(const Change& change);
 
-  // What an undo, or a redo, is about.
-  std::optional<Change> lastDone() const { return newest(done_); }
-  std::optional<Change> lastUndone() const { return newest(undone_); }
+  // What an undo, or a redo, is about; nothing: there is none.
+  using Latest = platform::Result<std::optional<Change>>;
+  Latest lastDone() const { return newest(done_); }
+  Latest lastUndone() const { return newest(undone_); }
   // Moves that one to the other side.
   platform::Result<platform::Done> setUndone() { return moveNewest(done_, undone_); }
   platform::Result<platform::Done> setRedone() { return moveNewest(undone_, done_); }
 
  private:
-  static std::optional<Change> newest(const RecordFolder& records);
+  static Latest newest(const RecordFolder& records);
   static platform::Result<platform::Done> moveNewest(RecordFolder& from, RecordFolder& to);
 
   RecordFolder done_, undone_;

@@ -72,13 +72,18 @@ Result<Done> writeRecord(foundation::DeviceRoot& state, const std::string& path,
   return Done{};
 }
 
+bool isLost(const Error& error) {
+  return error.code == 0 || error.code == ENOENT;
+}
+
 RecordFolder::RecordFolder(foundation::DeviceRoot& state, std::string path, std::size_t kept,
                            std::uintmax_t largest)
     : state_(state), path_(std::move(path)), kept_(kept), largest_(largest) {}
 
-std::vector<int> RecordFolder::numbers() const {
+Result<std::vector<int>> RecordFolder::numbers() const {
   std::vector<int> found;
   const auto names = state_.contentsOfDirectory(path_);
+  if (!names && names.error().code != ENOENT) return located(state_, names.error());
   if (!names) return found;
   for (const std::string& name : *names)
     if (const auto number = numberIn<int>(name); number && std::to_string(*number) == name)
@@ -99,7 +104,8 @@ Result<int> RecordFolder::addDurably(const plist::Dictionary& record) {
   const auto locked = foundation::takeLock(*folder, kLockedName, foundation::kLockPatience);
   if (!locked) return located(state_, locked.error());
   const auto taken = numbers();
-  const int number = taken.empty() ? 1 : taken.back() + 1;
+  if (!taken) return taken.error();
+  const int number = taken->empty() ? 1 : taken->back() + 1;
   const auto written = writeRecord(state_, fileOf(number), record);
   if (!written) return written.error();
   removeOld();
@@ -110,12 +116,13 @@ Result<int> RecordFolder::add(const plist::Dictionary& record) {
   const auto bytes = encodeRecord(record);
   if (!bytes) return bytes.error();
   const auto taken = numbers();
-  const int first = taken.empty() ? 1 : taken.back() + 1;
+  if (!taken) return taken.error();
+  const int first = taken->empty() ? 1 : taken->back() + 1;
   for (int number = first; number < first + kAttempts; ++number) {
     const auto created = state_.create(fileOf(number), *bytes);
     if (!created && created.error().code == EEXIST) continue;
     if (!created) return located(state_, created.error());
-    if (taken.size() >= kept_ || bytes->size() > largest_ / kept_) removeOld();
+    if (taken->size() >= kept_ || bytes->size() > largest_ / kept_) removeOld();
     return number;
   }
   return Error{state_.directory() + path_, EEXIST, "create"};
@@ -123,8 +130,9 @@ Result<int> RecordFolder::add(const plist::Dictionary& record) {
 
 // The newest stays in any case.
 void RecordFolder::removeOld() {
-  auto found = numbers();
-  std::ranges::reverse(found);
+  const auto numbered = numbers();
+  if (!numbered) return;
+  const std::vector<int> found(numbered->rbegin(), numbered->rend());
   std::uintmax_t together = 0;
   for (std::size_t i = 0; i < found.size(); ++i) {
     std::error_code none;
@@ -143,7 +151,9 @@ Result<Done> RecordFolder::remove(int number) {
 
 void RecordFolder::clear() {
   std::error_code none;
-  for (const int number : numbers())
+  const auto found = numbers();
+  if (!found) return;
+  for (const int number : *found)
     std::filesystem::remove(state_.directory() + fileOf(number), none);
 }
 

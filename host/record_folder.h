@@ -23,7 +23,7 @@ class RecordFolder {
   RecordFolder(foundation::DeviceRoot& state, std::string path, std::size_t kept,
                std::uintmax_t largest);
 
-  std::vector<int> numbers() const;  // ascending; empty where there is no folder
+  platform::Result<std::vector<int>> numbers() const;  // ascending; none where there is no folder
   platform::Result<plist::Dictionary> read(int number) const;
 
   // Both give its number, and leave nothing behind when they fail. The first is durable, and
@@ -50,5 +50,9 @@ platform::Result<plist::Dictionary> readRecord(const foundation::DeviceRoot& sta
                                                const std::string& path);
 platform::Result<platform::Done> writeRecord(foundation::DeviceRoot& state, const std::string& path,
                                              const plist::Dictionary& record);
+
+// Whether it couldn't be read since it is damaged, or gone by now; else the system failed, and it
+// may well be there.
+bool isLost(const platform::Error& error);
 
 }  // namespace host

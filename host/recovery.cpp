@@ -59,23 +59,35 @@ Recovery::State Recovery::state() {
   return state;
 }
 
-std::vector<Recovery::Entry> Recovery::snapshots() {
+Attempt<std::vector<Recovery::Entry>> Recovery::snapshots() {
+  const auto numbers = backups_.snapshots().numbers();
+  if (!numbers) return failed(numbers.error());
   std::vector<Entry> entries;
-  for (const int number : backups_.snapshots().numbers())
-    if (const auto snapshot = backups_.snapshots().read(number))
+  for (const int number : *numbers) {
+    const auto snapshot = backups_.snapshots().read(number);
+    if (snapshot)
       entries.push_back({number, snapshot->time, snapshot->before});
+    else if (!isLost(snapshot.error()))
+      return failed(snapshot.error());
+  }
   return entries;
 }
 
-std::optional<Recovery::Entry> Recovery::lastGood() {
-  for (const Entry& entry : std::views::reverse(snapshots()))
-    if (settingsOf(entry.number)) return entry;
-  return std::nullopt;
+Attempt<std::optional<Recovery::Entry>> Recovery::lastGood() {
+  const auto entries = snapshots();
+  if (!entries) return entries.error();
+  for (const Entry& entry : std::views::reverse(*entries)) {
+    const auto snapshot = backups_.snapshots().read(entry.number);
+    if (!snapshot) return failed(snapshot.error());
+    if (settingsIn(*snapshot)) return std::optional(entry);
+  }
+  return std::optional<Entry>();
 }
 
 Attempt<Snapshot> Recovery::read(int number) {
   const auto numbers = backups_.snapshots().numbers();
-  if (std::ranges::find(numbers, number) == numbers.end())
+  if (!numbers) return failed(numbers.error());
+  if (std::ranges::find(*numbers, number) == numbers->end())
     return failure(Failure::NotFound, "no snapshot " + std::to_string(number) +
                                           "; quorvantis snapshot list lists them");
   auto snapshot = backups_.snapshots().read(number);
@@ -108,15 +120,16 @@ Attempt<Done> Recovery::replace(const plist::Dictionary& settings, const std::st
 
 Attempt<Recovery::Entry> Recovery::restoreLast() {
   const auto last = lastGood();
-  if (!last)
+  if (!last) return last.error();
+  if (!*last)
     return failure(Failure::Failed,
                    "there is no snapshot to restore; quorvantis repair --start-anew begins without "
                    "settings");
-  const auto settings = settingsOf(last->number);
+  const auto settings = settingsOf((*last)->number);
   if (!settings) return settings.error();
   const auto replaced = replace(*settings, "restore");
   if (!replaced) return replaced.error();
-  return *last;
+  return **last;
 }
 
 Attempt<Done> Recovery::startAnew() {

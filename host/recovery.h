@@ -30,8 +30,8 @@ class Recovery {
     plist::Date time{};
     std::string before{};
   };
-  std::vector<Entry> snapshots();  // the oldest first
-  std::optional<Entry> lastGood();
+  Attempt<std::vector<Entry>> snapshots();  // the oldest first; without those that are damaged
+  Attempt<std::optional<Entry>> lastGood();
 
   // The two ways out. Settings that can't be read are kept aside, as DomainFile::replace does it;
   // of others a snapshot is taken before. Only the settings change, not the profiles. The first

@@ -37,7 +37,8 @@ class Snapshots {
   // Whole or not at all; gives its number.
   platform::Result<int> add(const Snapshot& snapshot);
 
-  std::vector<int> numbers() const { return records_.numbers(); }  // ascending
+  // Ascending.
+  platform::Result<std::vector<int>> numbers() const { return records_.numbers(); }
   platform::Result<Snapshot> read(int number) const;
 
  private:

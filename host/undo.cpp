@@ -104,15 +104,17 @@ Attempt<std::vector<std::string>> apply(preferences::Environment& environment, B
 Attempt<Undone> undo(preferences::Environment& environment, Backups& backups) {
   backups.prepare();
   const auto last = backups.history().lastDone();
-  if (!last) return failure(Failure::NotFound, Source::Backups, "there is nothing to undo");
-  return make(environment, backups, reversed(*last), &History::setUndone);
+  if (!last) return failureOf(Source::Backups, last.error());
+  if (!*last) return failure(Failure::NotFound, Source::Backups, "there is nothing to undo");
+  return make(environment, backups, reversed(**last), &History::setUndone);
 }
 
 Attempt<Undone> redo(preferences::Environment& environment, Backups& backups) {
   backups.prepare();
   const auto last = backups.history().lastUndone();
-  if (!last) return failure(Failure::NotFound, Source::Backups, "there is nothing to redo");
-  return make(environment, backups, *last, &History::setRedone);
+  if (!last) return failureOf(Source::Backups, last.error());
+  if (!*last) return failure(Failure::NotFound, Source::Backups, "there is nothing to redo");
+  return make(environment, backups, **last, &History::setRedone);
 }
 
 }  // namespace host

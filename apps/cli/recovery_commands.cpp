@@ -51,9 +51,9 @@ Outcome<Done> goBack(Session& session, Way way, const std::string& done) {
 
 std::string wayOut(host::Recovery& recovery) {
   const auto last = recovery.lastGood();
-  if (!last) return "; quorvantis repair --start-anew begins without settings";
-  return "; quorvantis repair --restore puts back the snapshot of " + timeOf(last->time) +
-         " (before \"" + last->before +
+  if (!last || !*last) return "; quorvantis repair --start-anew begins without settings";
+  return "; quorvantis repair --restore puts back the snapshot of " + timeOf((*last)->time) +
+         " (before \"" + (*last)->before +
          "\"), quorvantis repair --start-anew begins without settings";
 }
 
@@ -76,8 +76,10 @@ Outcome<Done> showState(Session& session, host::Recovery& recovery) {
 Outcome<Done> listSnapshots(Session& session, const Arguments&) {
   auto recovery = recoveryOf(session);
   if (!recovery) return recovery.error();
+  const auto snapshots = recovery->snapshots();
+  if (!snapshots) return failureOf(snapshots.error());
   Listing listing;
-  for (const auto& [number, time, before] : recovery->snapshots())
+  for (const auto& [number, time, before] : *snapshots)
     listing.add({{"number", number}, {"time", toJson(time)}, {"before", before}},
                 {std::to_string(number), timeOf(time), "before " + before});
   session.print(listing);

@@ -47,7 +47,11 @@ host::Settings Session::settings() {
 }
 
 Outcome<host::Backups*> Session::backups() {
-  if (host::Backups* backups = device().backups()) return backups;
+  host::Backups* const backups = device().backups();
+  if (backups) {
+    if (const auto opened = backups->open(); !opened) return failureOf(opened.error());
+    return backups;
+  }
   return Failure{ExitCode::Failed, "nothing is kept: neither XDG_STATE_HOME nor HOME is set"};
 }
 

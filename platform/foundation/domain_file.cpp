@@ -59,18 +59,20 @@ Result<Done> checkName(const std::string& name, const std::string& path) {
   return Done{};
 }
 
-// Whether it was another value.
-bool apply(const std::string& key, const plist::Value* value, plist::Dictionary& entries,
+bool equal(const plist::Value* a, const plist::Value* b) {
+  return a && b ? *a == *b : a == b;
+}
+
+void apply(const std::string& key, const plist::Value* value, plist::Dictionary& entries,
            KeyChanges& changes) {
   const plist::Value* old = entries.find(key);
-  if (old && value ? *old == *value : old == value) return false;
+  if (equal(old, value)) return;
   changes.push_back({key, old ? std::optional(*old) : std::nullopt,
                      value ? std::optional(*value) : std::nullopt});
   if (value)
     entries.set(key, *value);
   else
     entries.remove(key);
-  return true;
 }
 
 const plist::Value* pointerTo(const std::optional<plist::Value>& value) {
@@ -174,22 +176,25 @@ Result<KeyChanges> DomainFile::change(const plist::Dictionary& set,
   return changes;
 }
 
-Result<KeyChanges> DomainFile::exchange(const KeyChanges& wanted,
-                                        std::chrono::milliseconds patience) {
+Result<DomainFile::Exchange> DomainFile::exchange(const KeyChanges& wanted,
+                                                  std::chrono::milliseconds patience) {
   const auto locked = lock(patience);
   if (!locked) return locked.error();
   auto old = readUnless(FileStamp{});
   if (!old) return old.error();
   plist::Dictionary entries = std::move((*old)->entries);
-  KeyChanges changes;
+  Exchange exchange;
   for (const auto& [key, from, to] : wanted) {
     const plist::Value* now = entries.find(key);
-    if (now && from ? *now == *from : !now && !from) apply(key, pointerTo(to), entries, changes);
+    if (equal(now, pointerTo(from)))
+      apply(key, pointerTo(to), entries, exchange.made);
+    else if (!equal(now, pointerTo(to)))
+      exchange.left.push_back(key);
   }
-  if (changes.empty()) return changes;
+  if (exchange.made.empty()) return exchange;
   const auto stored = putOrRemove(locked->folder, entries);
   if (!stored) return stored.error();
-  return changes;
+  return exchange;
 }
 
 Result<Done> DomainFile::putOrRemove(const Directory& folder, const plist::Dictionary& entries) {

@@ -69,10 +69,14 @@ class DomainFile {
                                       const std::vector<std::string>& remove,
                                       std::chrono::milliseconds patience);
 
-  // Likewise, makes those changes whose key holds the value `from` then. Gives those that it made;
-  // what holds another value keeps it.
-  platform::Result<KeyChanges> exchange(const KeyChanges& changes,
-                                        std::chrono::milliseconds patience);
+  // Likewise, makes those changes whose key holds the value `from` then. What holds neither that
+  // nor `to` keeps its value.
+  struct Exchange {
+    KeyChanges made;
+    std::vector<std::string> left;  // the keys of what keeps its value
+  };
+  platform::Result<Exchange> exchange(const KeyChanges& changes,
+                                      std::chrono::milliseconds patience);
 
   // Makes these the domain's only entries, under the lock, whatever stands there, durably. A
   // damaged file gets a second name before, DOMAIN.plist.unreadable-1, -2, …, and keeps that; of

@@ -186,17 +186,18 @@ Result<std::vector<std::string>> Preferences::exchange(const KeyChanges& changes
                                                        std::string_view domain) {
   Domain& target = this->domain(domain);
   willChange(target);
-  const auto made = target.file.exchange(changes, lockPatience_);
-  if (!made) return failed(target, made.error());
-  if (!made->empty()) didChange(target, *made);
-  if (unfinishedHandler_ && unfinished()) unfinishedHandler_();
-  if (const auto seen = refresh(target); !seen) return seen.error();
-  std::vector<std::string> left;
-  for (const auto& [key, from, to] : changes) {
-    const plist::Value* now = target.entries.find(key);
-    if (now && to ? !(*now == *to) : now || to) left.push_back(key);
+  const auto exchanged = target.file.exchange(changes, lockPatience_);
+  if (!exchanged) return failed(target, exchanged.error());
+  if (!exchanged->made.empty()) didChange(target, exchanged->made);
+  for (const auto& [key, from, to] : exchanged->made) {
+    if (!target.loaded) break;
+    if (to)
+      target.entries.set(key, *to);
+    else
+      target.entries.remove(key);
   }
-  return left;
+  if (unfinishedHandler_ && unfinished()) unfinishedHandler_();
+  return exchanged->left;
 }
 
 Result<Done> Preferences::synchronize() {

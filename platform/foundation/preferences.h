@@ -73,7 +73,7 @@ class Preferences {
                                                std::string_view domain);
 
   // Makes those of the changes whose key has the value `from` in the file, at once and as one
-  // change, and sees what is on disk then. Gives the keys that have neither that nor the value
+  // change. Gives the keys that have neither that nor the value
   // `to`, and keep theirs.
   platform::Result<std::vector<std::string>> exchange(const KeyChanges& changes,
                                                       std::string_view domain);

@@ -63,7 +63,10 @@ class BackedUpDevice : public profiles_test::ProfilesDevice {
   // What each snapshot was taken before.
   Names snapshots() {
     Names names;
-    for (const auto& entry : recovery().snapshots()) names.push_back(entry.before);
+    const auto entries = recovery().snapshots();
+    EXPECT_TRUE(entries);
+    if (!entries) return names;
+    for (const auto& entry : *entries) names.push_back(entry.before);
     return names;
   }
   host::Recovery recovery() { return {environment, *backups}; }

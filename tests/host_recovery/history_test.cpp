@@ -193,6 +193,15 @@ TEST_F(HostHistory, WhatIsTooLargeToBeUndoneIsSaid) {
   EXPECT_THAT(device.warnings, ElementsAre(testing::HasSubstr("too large")));
 }
 
+TEST_F(HostHistory, OneThatCannotBeReadIsAnErrorAndNotEmpty) {
+  device.set("wifi", 1);
+  std::filesystem::remove_all(device.stateFolder() / "history");
+  std::ofstream(device.stateFolder() / "history") << "a file";
+  const auto undone = host::undo(device.environment, *device.backups);
+  ASSERT_FALSE(undone);
+  EXPECT_EQ(undone.error().reason, host::Failure::Failed);
+}
+
 TEST_F(HostHistory, ADamagedEntryIsPassedOver) {
   device.set("wifi", 1);
   device.set("vpn", 1);

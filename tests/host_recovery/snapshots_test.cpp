@@ -9,7 +9,7 @@ using testing::ElementsAre;
 
 struct HostSnapshots : testing::Test {
   host::Snapshot newest() {
-    return *device.backups->snapshots().read(device.backups->snapshots().numbers().back());
+    return *device.backups->snapshots().read(device.backups->snapshots().numbers()->back());
   }
   BackedUpDevice device;
 };
@@ -81,7 +81,7 @@ TEST_F(HostSnapshots, OfSettingsThatCannotBeReadAreNotTaken) {
 
 TEST_F(HostSnapshots, TheLatestTwentyStay) {
   for (int i = 1; i <= 23; ++i) ASSERT_TRUE(device.backups->keep("reset"));
-  const auto numbers = device.backups->snapshots().numbers();
+  const auto numbers = *device.backups->snapshots().numbers();
   EXPECT_EQ(numbers.size(), 20u);
   EXPECT_EQ(numbers.front(), 4);
   EXPECT_EQ(numbers.back(), 23);
@@ -101,7 +101,7 @@ TEST_F(HostSnapshots, TwoRootsDoNotMix) {
   ASSERT_TRUE(device.backups->keep("reset"));
   BackedUpDevice other;
   host::Backups shared(other.environment, device.state.path(), foundation::kLockPatience, {});
-  EXPECT_TRUE(shared.snapshots().numbers().empty());
+  EXPECT_TRUE(shared.snapshots().numbers()->empty());
 }
 
 TEST_F(HostSnapshots, ALinkToTheRootIsTheSameRoot) {
@@ -114,7 +114,7 @@ TEST_F(HostSnapshots, ALinkToTheRootIsTheSameRoot) {
                                          device.urls,    device.addressBook,  device.sounds,
                                          device.realXml, prefs::bundle()};
   host::Backups same(environment, device.state.path(), foundation::kLockPatience, {});
-  EXPECT_EQ(same.snapshots().numbers().size(), 1u);
+  EXPECT_EQ(same.snapshots().numbers()->size(), 1u);
 }
 
 TEST_F(HostSnapshots, AChangeIsMadeThoughNothingCanBeKept) {
@@ -132,6 +132,17 @@ TEST_F(HostSnapshots, AChangeIsMadeThoughNothingCanBeKept) {
                                        "no snapshot was kept before \"load 55\": ");
                                  }),
             device.warnings.end());
+}
+
+TEST_F(HostSnapshots, OnesThatCannotBeListedAreAnErrorAndNotNone) {
+  ASSERT_TRUE(device.backups->keep("reset"));
+  std::filesystem::remove_all(device.stateFolder() / "snapshots");
+  std::ofstream(device.stateFolder() / "snapshots") << "a file";
+  EXPECT_FALSE(device.recovery().snapshots());
+  EXPECT_FALSE(device.recovery().lastGood());
+  const auto read = device.recovery().settingsOf(1);
+  ASSERT_FALSE(read);
+  EXPECT_EQ(read.error().reason, host::Failure::Failed);
 }
 
 TEST_F(HostSnapshots, EachBitFlipIsFound) {
