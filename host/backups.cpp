@@ -157,6 +157,8 @@ std::shared_ptr<void> Backups::guard(const preferences::ProfileStep& step) {
   using preferences::ProfileStep;
   const bool exists = environment_.root.hasEntry(step.path);
   if (step.what == ProfileStep::Delete && !exists) return nullptr;
+  // A load's note takes the place of one that another process has left since.
+  if (step.what == ProfileStep::Load) loadsFinished_ = false;
   prepare();
   const std::string id = idOf(step.path);
   switch (step.what) {

@@ -21,10 +21,6 @@ bool namesAProfile(const std::string& name) {
 
 }  // namespace
 
-std::string domainPath() {
-  return "/var/mobile/Library/Preferences/" + std::string(prefs::kDomain) + ".plist";
-}
-
 Result<Files> readProfileFiles(const foundation::DeviceRoot& root) {
   Files files;
   const std::string folder(prefs::kDocuments);

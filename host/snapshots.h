@@ -21,8 +21,6 @@ struct Snapshot {
   Files profiles;
 };
 
-// Where the domain's file is, as a platform path.
-std::string domainPath();
 // Every regular file of the documents folder whose extension is a profile's, whatever it holds. An
 // error when one can't be read, or when they come to more than kLargestSnapshot.
 platform::Result<Files> readProfileFiles(const foundation::DeviceRoot& root);

@@ -21,7 +21,9 @@ Outcome<int> numberIn(const std::string& text) {
 
 // "2026-01-31 12:00:00 UTC"
 std::string timeOf(const plist::Date& date) {
-  std::string text = toJson(date).begin()->get<std::string>();
+  const Json json = toJson(date);
+  if (!json.is_object() || !json.front().is_string()) return "an unknown time";
+  std::string text = json.front().get<std::string>();
   text.replace(text.find('T'), 1, " ");
   return text.replace(text.find('Z'), 1, " UTC");
 }

@@ -77,6 +77,19 @@ TEST_F(HalfLoad, ThatHasNotBegunIsForgotten) {
   EXPECT_FALSE(noted());
 }
 
+TEST_F(HalfLoad, IsFinishedBeforeAnotherLoadByAnOlderProcess) {
+  seed::archive(device, "profile_30.qvx",
+                plist::Dictionary{{"profilepercentage", "30"}, {"profileactive", 0}});
+  host::Backups older(device.environment, device.state.path(), foundation::kLockPatience, {});
+  older.prepare();
+  begin();
+  laySettings();
+  keepNote();
+  kill();
+  older.guard({::preferences::ProfileStep::Load, prefs::profilePath(30)});
+  EXPECT_EQ(device.stored("profileactive"), Value(1.0f));
+}
+
 TEST_F(HalfLoad, OfALivingProcessIsLeftToIt) {
   begin();
   laySettings();
