@@ -19,7 +19,7 @@ namespace services {
 // The version of all that passes between a module and the program: the interfaces of services and
 // the types in them. To be raised with every change of one of these; the program refuses a module
 // of another version.
-inline constexpr int kModuleAbi = 1;
+inline constexpr int kModuleAbi = 2;
 
 using ServiceAbi = int (*)();
 using ServiceFactory = void* (*)(std::string& reason);

@@ -114,9 +114,17 @@ class Line(ProgramTest):
             resource.setrlimit(resource.RLIMIT_AS, (1 << 26, 1 << 26))
         if any(name.endswith("SAN_OPTIONS") for name in self.env):
             self.skipTest("an instrumented program needs more memory")
-        done = self.run_program("profile", "import", "/dev/zero", preexec_fn=limit_memory)
+        with open("/dev/zero", "rb") as endless:
+            done = self.run_program("profile", "import", "-", stdin=endless,
+                                    preexec_fn=limit_memory)
         self.assertEqual(done.returncode, 1)
-        self.assertEqual(done.stderr, b"quorvantis: unexpected: std::bad_alloc\n")
+        self.assertEqual(done.stderr, b"quorvantis: out of memory\n")
+
+    def test_input_without_end_is_refused(self):
+        with open("/dev/zero", "rb") as endless:
+            done = self.run_program("profile", "import", "-", stdin=endless)
+        self.assertEqual(done.returncode, 1)
+        self.assertRegex(done.stderr.decode(), "^quorvantis: standard input: .*(large|67108864).*\n$")
 
     def run_into(self, file, *arguments):
         import subprocess
