@@ -107,7 +107,7 @@ Result<std::optional<DomainFile::Reading>> DomainFile::look(const FileStamp& kno
   if (!file && file.error().code == ENOENT) return std::optional<Reading>(Reading{});
   if (!file) return file.error();
   const auto status = statRegular(*file, path_);
-  if (!status && status.error().code == EISDIR) return status.error();
+  if (!status && status.error().code != 0 && status.error().code != EFBIG) return status.error();
   if (!status) return Error(status.error()).as(ErrorKind::Damaged);
   stamp = stampOf(*status);
   if (known.stable && known.sameFile(stamp)) return std::optional<Reading>();

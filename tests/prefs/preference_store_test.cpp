@@ -28,10 +28,13 @@ TEST_F(PreferenceStore, PageWriteStoresPostsRedrawsAndFlushes) {
   (void)device.preferences.setAppValue("another", 1, "test.domain");
   auto& calls = foundation::test::systemCalls();
   calls.log.clear();
-  calls.atNextFsync = [&] { EXPECT_EQ(row->cellObject()->tag, 0) << "redrawn before the flush"; };
+  calls.atNextFsync = [&] {
+    EXPECT_EQ(row->cellObject()->tag, 77) << "stored before it is redrawn";
+    calls.atNextFsync = [&] { EXPECT_EQ(row->cellObject()->tag, 0) << "redrawn before the flush"; };
+  };
   pageWrite(*page, device.preferences, true, row);
-  EXPECT_EQ(calls.log, (std::vector<std::string>{"rename * test.domain.plist",
-                                                 "fsync test.domain.plist", "fsync Preferences"}));
+  EXPECT_EQ(calls.log, (std::vector<std::string>{"fsync *", "rename * test.domain.plist",
+                                                 "fsync Preferences"}));
   EXPECT_EQ(onDisk("switch", "test.domain"), plist::Value(true));
   EXPECT_EQ(device.darwin.posted, std::vector<std::string>{"changed"});
   EXPECT_EQ(row->cellObject()->tag, 0) << "the row was made anew";
@@ -115,7 +118,7 @@ TEST_F(SingleValueWriteTest, FlushesBeforeItsTwoPosts) {
   log.clear();
   singleValueWriteWithNotification(environment, {"color", "test.domain", "preview", "post"},
                                    "none");
-  EXPECT_EQ(log, (std::vector<std::string>{"rename * test.domain.plist", "fsync test.domain.plist",
+  EXPECT_EQ(log, (std::vector<std::string>{"fsync *", "rename * test.domain.plist",
                                            "fsync Preferences", "local preview", "darwin post"}));
 }
 

@@ -289,7 +289,7 @@ TEST_F(RootPage, StopsObservingWhenItIsDestroyed) {
 }
 
 TEST_F(RootPage, DoesNotObserveBeforeItIsLoaded) {
-  page->specifiers();
+  EXPECT_TRUE(page->specifierForID("savedprofiles")->titles().empty());
   seed::profile(device, "5");
   device.center.postNotificationName(kReloadSpecifiersNotification, nullptr);
   EXPECT_TRUE(page->specifierForID("savedprofiles")->titles().empty());

@@ -230,8 +230,7 @@ TEST_F(PickerChoice, SynchronisesTheDomainEvenWithoutAKey) {
   auto& calls = foundation::test::systemCalls();
   calls.log.clear();
   tap(kSystemBlue);
-  EXPECT_EQ(calls.log,
-            (std::vector<std::string>{"fsync com.zorvek.quorvantis.plist", "fsync Preferences"}));
+  EXPECT_EQ(calls.log, std::vector<std::string>{"fsync Preferences"});
 }
 
 TEST_F(PickerChoice, IsStoredAndNotAnnouncedWithoutNotifications) {

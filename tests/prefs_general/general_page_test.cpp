@@ -125,7 +125,9 @@ TEST_F(GeneralPage, NeitherRedrawsNorFlushesAfterAChange) {
   calls.log.clear();
   page->userChanged(*row, false);
   EXPECT_EQ(device.stored("enabled"), Value(false));
-  EXPECT_EQ(calls.log, std::vector<std::string>{"rename * com.zorvek.quorvantis.plist"});
+  EXPECT_EQ(calls.log,
+            (std::vector<std::string>{"fsync *", "rename * com.zorvek.quorvantis.plist"}))
+      << "the folder is flushed later";
   EXPECT_EQ(row->cellObject(), cell);
 }
 
