@@ -1,6 +1,5 @@
 #include "host/history.h"
 
-#include <ranges>
 #include <utility>
 
 namespace host {
@@ -91,8 +90,8 @@ Result<Done> History::add(const Change& change) {
 History::Latest History::newest(const RecordFolder& records) {
   const auto numbers = records.numbers();
   if (!numbers) return numbers.error();
-  for (const int number : std::views::reverse(*numbers)) {
-    const auto record = records.read(number);
+  for (auto number = numbers->rbegin(); number != numbers->rend(); ++number) {
+    const auto record = records.read(*number);
     if (!record && !isLost(record.error())) return record.error();
     if (!record) continue;
     if (auto change = changeIn(*record)) return change;
@@ -104,14 +103,14 @@ History::Latest History::newest(const RecordFolder& records) {
 Result<Done> History::moveNewest(RecordFolder& from, RecordFolder& to) {
   const auto numbers = from.numbers();
   if (!numbers) return numbers.error();
-  for (const int number : std::views::reverse(*numbers)) {
-    const auto record = from.read(number);
+  for (auto number = numbers->rbegin(); number != numbers->rend(); ++number) {
+    const auto record = from.read(*number);
     if (!record && !isLost(record.error())) return record.error();
     if (record && changeIn(*record)) {
       if (const auto added = to.add(*record); !added) return added.error();
-      return from.remove(number);
+      return from.remove(*number);
     }
-    if (const auto removed = from.remove(number); !removed) return removed;
+    if (const auto removed = from.remove(*number); !removed) return removed;
   }
   return Done{};
 }

@@ -1,7 +1,5 @@
 #include "host/last_seen.h"
 
-#include <ranges>
-
 namespace host {
 namespace {
 
@@ -18,8 +16,8 @@ std::optional<plist::Date> dateIn(const plist::Dictionary& record, std::string_v
 std::optional<LastSeen::Sighting> LastSeen::read() const {
   const auto numbers = records_.numbers();
   if (!numbers) return std::nullopt;
-  for (const int number : std::views::reverse(*numbers)) {
-    const auto record = records_.read(number);
+  for (auto number = numbers->rbegin(); number != numbers->rend(); ++number) {
+    const auto record = records_.read(*number);
     if (!record) continue;
     const auto time = dateIn(*record, kTime);
     const plist::Value* checksum = record->find(kChecksum);

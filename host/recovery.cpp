@@ -1,6 +1,6 @@
 #include "host/recovery.h"
 
-#include <ranges>
+#include <algorithm>
 
 #include "host/undo.h"
 #include "prefs/core/archive_file.h"
@@ -76,10 +76,10 @@ Attempt<std::vector<Recovery::Entry>> Recovery::snapshots() {
 Attempt<std::optional<Recovery::Entry>> Recovery::lastGood() {
   const auto entries = snapshots();
   if (!entries) return entries.error();
-  for (const Entry& entry : std::views::reverse(*entries)) {
-    const auto snapshot = backups_.snapshots().read(entry.number);
+  for (auto entry = entries->rbegin(); entry != entries->rend(); ++entry) {
+    const auto snapshot = backups_.snapshots().read(entry->number);
     if (!snapshot) return failed(snapshot.error());
-    if (settingsIn(*snapshot)) return std::optional(entry);
+    if (settingsIn(*snapshot)) return std::optional(*entry);
   }
   return std::optional<Entry>();
 }
