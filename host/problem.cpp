@@ -5,8 +5,7 @@ namespace {
 
 constexpr char kWayOut[] =
     "; \"quorvantis repair --restore\" puts the last good settings in its place, \"quorvantis "
-    "repair "
-    "--start-anew\" none";
+    "repair --start-anew\" begins without any";
 constexpr char kUnconfirmed[] = "stored, but not confirmed on disk: ";
 
 }  // namespace

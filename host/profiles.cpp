@@ -106,11 +106,14 @@ bool Profiles::restore(const Trigger& trigger,
   return restored || restored.error().kind == platform::ErrorKind::Unconfirmed;
 }
 
-bool Profiles::restore(const plist::Dictionary& domain) {
-  std::vector<std::string> added;
-  for (const std::string& key : environment_.preferences.copyKeyList(prefs::kDomain))
-    if (!domain.find(key)) added.push_back(key);
-  return static_cast<bool>(environment_.preferences.setMultiple(domain, added, prefs::kDomain));
+bool Profiles::takeBack(const plist::Dictionary& profile, const plist::Dictionary& before) {
+  foundation::KeyChanges changes;
+  for (const auto& [key, laid] : prefs::domainLaidByLoad(profile, before)) {
+    const plist::Value* old = before.find(key);
+    if (!old || *old != laid)
+      changes.push_back({key, laid, old ? std::optional(*old) : std::nullopt});
+  }
+  return static_cast<bool>(environment_.preferences.exchange(changes, prefs::kDomain));
 }
 
 platform::Result<Done> Profiles::checkWritable() {
@@ -152,7 +155,8 @@ Attempt<Done> Profiles::save(const Trigger& trigger, Existing existing) {
 
 Attempt<Done> Profiles::load(const Trigger& trigger) {
   foundation::Preferences& preferences = environment_.preferences;
-  if (const auto profile = read(trigger); !profile) return profile.error();
+  const auto profile = read(trigger);
+  if (!profile) return profile.error();
   if (const auto writable = checkWritable(); !writable)
     return notDone("not loaded", writable.error());
   if (const auto readable = preferences.refresh(prefs::kDomain); !readable)
@@ -165,7 +169,7 @@ Attempt<Done> Profiles::load(const Trigger& trigger) {
   if (!loaded) return failureOf(trigger, loaded.error());
   if (loaded->unstored) return notDone("not loaded", *loaded->unstored);
   if (const auto failed = preferences.takeFailedSet()) {
-    if (!restore(before))
+    if (!takeBack(*profile, before))
       return halfDone("loaded, but Profile Active isn't stored: " +
                       problemOf(Source::Settings, *failed).message());
     environment_.darwinCenter.post(prefs::kPrefsNotification);

@@ -67,7 +67,9 @@ class Profiles {
   Attempt<Done> checkFree(const Trigger& trigger, Existing existing) const;
   // Whether the file is again what it was.
   bool restore(const Trigger& trigger, const platform::Result<std::vector<std::uint8_t>>& before);
-  bool restore(const plist::Dictionary& domain);
+  // Whether the settings are again what they were before the profile was laid over them, but for
+  // what another process has changed since.
+  bool takeBack(const plist::Dictionary& profile, const plist::Dictionary& before);
   // Takes the lock and reads the settings, and changes nothing.
   platform::Result<Done> checkWritable();
   Attempt<Done> finish();
