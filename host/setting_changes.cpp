@@ -52,7 +52,7 @@ Attempt<Done> Settings::setOne(const std::string& key, const std::string& text) 
   const RowView view = describeRow(*application.shownList(), **row);
   const bool isShown = namesShownValue(view, text);
   if (leadsToColorPicker(setting->text("detail"))) {
-    if (isShown) return Done{};
+    if (isShown && view.usable) return Done{};
     const auto chosen = chooseColor(application, view.id, text);
     if (!chosen) return failureOf(chosen.error());
     return Done{};

@@ -56,6 +56,8 @@ Outcome<Done> saveProfile(Session& session, const Arguments& arguments) {
 
 Outcome<Done> loadProfile(Session& session, const Arguments& arguments) {
   if (arguments.has("--dry-run")) return compareProfiles(session, arguments);
+  if (arguments.has("--stored"))
+    return Failure{ExitCode::WrongUse, "--stored belongs to --dry-run"};
   const auto trigger = orFailure(host::profileNamed(arguments[0]));
   if (!trigger) return trigger.error();
   const host::UserChange change(session.device().backups(), "load " + trigger->profileID);

@@ -133,6 +133,10 @@ Outcome<Done> repair(Session& session, const Arguments& arguments) {
   const bool restored = arguments.has("--restore"), anew = arguments.has("--start-anew");
   if (restored && anew)
     return Failure{ExitCode::WrongUse, "--restore and --start-anew can't be had together"};
+  if ((restored || anew) && !recovery->state().damage)
+    return Failure{ExitCode::WrongUse,
+                   "the settings can be read, there is nothing to repair; quorvantis snapshot "
+                   "restore N goes back, quorvantis reset --all begins anew"};
   if (restored) {
     const auto last = recovery->restoreLast();
     if (!last) return failureOf(last.error());

@@ -160,6 +160,19 @@ plist::Dictionary Preferences::copyMultiple(const std::vector<std::string>& keys
   return values;
 }
 
+// A whole-domain write sets keys to what they are; kept, these would undo what other processes set
+// before it can be stored.
+void Preferences::keepChangesOnly(Domain& domain, const plist::Dictionary& before) {
+  if (!domain.loaded) return;
+  plist::Dictionary changes;
+  for (const auto& [key, value] : domain.kept) {
+    const plist::Value* known = domain.entries.find(key);
+    const bool same = known ? *known == value : value.isNothing();
+    if (before.find(key) || !same) changes.set(key, value);
+  }
+  domain.kept = std::move(changes);
+}
+
 Result<Done> Preferences::setMultiple(const plist::Dictionary& values,
                                       const std::vector<std::string>& remove,
                                       std::string_view domain) {
@@ -177,6 +190,7 @@ Result<Done> Preferences::setMultiple(const plist::Dictionary& values,
     if (!failedSet_) failedSet_ = error;
     const bool keep = failedSets_ == FailedSets::Keep && error.kind == ErrorKind::Failed;
     if (!keep && error.kind != ErrorKind::Damaged) target.kept = before;
+    if (keep) keepChangesOnly(target, before);
   }
   if (unfinishedHandler_ && unfinished()) unfinishedHandler_();
   return stored;

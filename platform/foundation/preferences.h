@@ -73,8 +73,7 @@ class Preferences {
                                                std::string_view domain);
 
   // Makes those of the changes whose key has the value `from` in the file, at once and as one
-  // change. Gives the keys that have neither that nor the value
-  // `to`, and keep theirs.
+  // change. Gives the keys that have neither that nor the value `to`, and keep theirs.
   platform::Result<std::vector<std::string>> exchange(const KeyChanges& changes,
                                                       std::string_view domain);
 
@@ -139,6 +138,7 @@ class Preferences {
 
   Domain& domain(std::string_view name);
   Domain& loadedDomain(std::string_view name);
+  static void keepChangesOnly(Domain& domain, const plist::Dictionary& before);
   static const plist::Value* find(const Domain& domain, std::string_view key);
   platform::Result<platform::Done> refresh(Domain& domain);
   platform::Result<platform::Done> store(Domain& domain, std::chrono::milliseconds patience);

@@ -28,6 +28,18 @@ class RecoveryTest(ProgramTest):
 
 
 class Snapshots(RecoveryTest):
+    def test_a_refused_change_keeps_none(self):
+        self.output("set", "wifi", "1")
+        kept = self.document("snapshot", "list")
+        self.write("wrong.plist", b"{}")
+        for code, command in ((3, ["reset", "nosuchkey"]), (3, ["reset", "--page", "Nowhere"]),
+                              (2, ["reset", "custbright"]),
+                              (1, ["import", str(self.root / "wrong.plist")])):
+            with self.subTest(command=command):
+                self.refuse(code, *command)
+        self.output("reset", "bluetooth")  # has its default
+        self.assertEqual(self.document("snapshot", "list"), kept)
+
     def test_one_is_kept_before_each_change_of_many_values(self):
         self.output("set", "wifi", "1")
         self.output("profile", "save", "20")
@@ -188,6 +200,13 @@ class Repair(RecoveryTest):
     def test_restore_without_a_snapshot(self):
         self.damage()
         self.assertIn("--start-anew", self.refuse(1, "repair", "--restore"))
+
+    def test_nothing_is_repaired_that_can_be_read(self):
+        self.output("set", "wifi", "1")
+        domain = self.domain()
+        for way in ("--restore", "--start-anew"):
+            self.assertIn("nothing to repair", self.refuse(2, "repair", way))
+        self.assertEqual(self.domain(), domain)
 
     def test_start_anew(self):
         self.damage()

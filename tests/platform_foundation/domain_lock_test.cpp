@@ -108,6 +108,19 @@ TEST_F(KeptSet, IsShownByReadsAndStoredWhenTheLockIsFree) {
   EXPECT_THAT(problems, testing::IsEmpty());
 }
 
+TEST_F(KeptSet, LeavesWhatItOnlyRepeatsToOtherProcesses) {
+  EXPECT_EQ(keeping.copyAppValue("a", kDomain), Value(1));
+  holdElsewhere(1h);
+  EXPECT_FALSE(keeping.setMultiple({{"a", 1}, {"b", 3}}, {"c"}, kDomain));
+  stopHolder();
+  Preferences another{root};
+  ASSERT_TRUE(another.setMultiple({{"a", 5}, {"c", 6}}, {}, kDomain));
+  EXPECT_TRUE(keeping.finish(0ms));
+  EXPECT_EQ(stored("a"), Value(5));
+  EXPECT_EQ(stored("b"), Value(3));
+  EXPECT_EQ(stored("c"), Value(6));
+}
+
 TEST_F(KeptSet, IsStoredWithTheNextOne) {
   holdElsewhere(1h);
   EXPECT_FALSE(keeping.setAppValue("a", 2, kDomain));
