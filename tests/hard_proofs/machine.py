@@ -31,14 +31,14 @@ SEED = 50
 
 INIT = f"""#!/bin/busybox sh
 /bin/busybox --install -s /bin
-export PATH=/bin QUORVANTIS_ROOT=/disk/root XDG_STATE_HOME=/disk/state HOME=/disk
+export PATH=/bin QUORVANTIS_ROOT=/disk/device XDG_STATE_HOME=/disk/state HOME=/disk
 mkdir -p /proc /dev /disk /tmp
 mount -t proc proc /proc
 mount -t devtmpfs devtmpfs /dev
 for module in /modules/*; do insmod "$module"; done
 mount -t "$hardsystem" /dev/vda /disk || echo "nothing mounted"
 for file in "{DOMAIN}" "{DOCUMENTS}/profile_{TRIGGER}.qvx"; do
-  if [ -e "/disk/root/$file" ]; then echo "$file $(base64 "/disk/root/$file" | tr -d '\\n')"; fi
+  if [ -e "/disk/device/$file" ]; then echo "$file $(base64 "/disk/device/$file" | tr -d '\\n')"; fi
 done
 echo "begins"
 while :; do echo x >>/disk/another; sync /disk/another; usleep 3000; done &
