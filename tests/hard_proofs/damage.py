@@ -1,5 +1,6 @@
 """Flips every bit of a settings file and of a profile of about 2 KB, and cuts them at every length:
-no crash; what can't be read is refused and left as it is; what can be read loses nothing."""
+no crash; what can't be read is refused and left as it is; what can be read loses nothing, and `repair`
+says that another program than this one has changed it."""
 import json
 import random
 
@@ -13,6 +14,7 @@ THREADS = 48
 DONE, FAILED = 0, 1
 TRIGGER = "20"
 SET = ["set", "enabled", "false"]
+OUTSIDE = b"changed outside since"
 
 
 def filled(target):
@@ -52,10 +54,14 @@ def crash(target, *arguments):
 
 
 def domain_fault(target, data):
+    target.domain.unlink(missing_ok=True)
+    target.do(*SET)  # so that the program has made the last change before the damage
     target.domain.write_bytes(data)
     read, fault = crash(target, "defaults", "read", "--json")
     if fault:
         return fault
+    if read.returncode == DONE and OUTSIDE not in target.do("repair"):
+        return "repair doesn't say that it was changed outside"
     for command in (["page", "PowerSavingListController"], ["profile", "list"], ["get", "enabled"]):
         _, fault = crash(target, *command)
         if fault:

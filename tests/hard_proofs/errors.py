@@ -4,9 +4,9 @@ import errno
 import itertools
 
 from killed import after_next_start
-from operations import Prepared, operations
+from operations import try_points
 from proof import Outcome, some
-from target import HUNG, Target
+from target import HUNG
 
 NUMBERS = ["EIO", "ENOSPC", "EDQUOT", "EROFS", "EACCES", "EMFILE"]
 # A call is interrupted again and again, but not for ever.
@@ -65,36 +65,22 @@ def points_of(setting, calls):
             for number, options in enumerate(some(by_call, SHORT_POINTS))]
 
 
+def fail(prepared, point):
+    number, call, (what, action) = point
+    copy = prepared.fresh(f"{number} {what}")
+    before, report = prepared.inject(copy, "--at", number, action)
+    done = copy.run(*prepared.operation.command, before=before)
+    hit = "hit" in report.read_text()
+    found = copy.state()
+    if prepared.operation.steps and "forever" in action and found not in (prepared.before, prepared.after):
+        # What can't be undone while each try fails is undone by the next start.
+        found = after_next_start(prepared, copy)
+    fault = lie(prepared, done, found)
+    copy.remove()
+    report.unlink()
+    return hit, fault and f"call {number} ({call}) {what}: {fault}"
+
+
 def prove(setting):
-    there, lacking = operations(setting)
-    faults, tried = [], 0
-    for operation in there:
-        try:
-            prepared = Prepared(setting, operation, Target(setting.program,
-                                                           setting.scratch / operation.name))
-        except RuntimeError as error:
-            faults.append(f"{operation.name}, undisturbed: {error}")
-            continue
-
-        def fail(point, prepared=prepared):
-            number, call, (what, action) = point
-            name = f"{number} {what}"
-            copy = prepared.fresh(name)
-            before, report = prepared.inject(copy, "--at", number, action)
-            done = copy.run(*prepared.operation.command, before=before)
-            hit = "hit" in report.read_text()
-            found = copy.state()
-            if prepared.operation.steps and "forever" in action and found not in (prepared.before, prepared.after):
-                # What can't be undone while each try fails is undone by the next start.
-                found = after_next_start(prepared, copy)
-            fault = lie(prepared, done, found)
-            copy.remove()
-            report.unlink()
-            return hit, fault and f"{prepared.operation.name}, call {number} ({call}) {what}: {fault}"
-
-        results = setting.each(fail, points_of(setting, prepared.calls()))
-        tried += sum(hit for hit, _ in results)
-        faults += [fault for _, fault in results if fault]
-        prepared.template.remove()
-    lack = f" (this build lacks {', '.join(lacking)})" if lacking else ""
-    return Outcome(f"{tried:,} failures of {len(there)} operations{lack}", faults, "untrue or torn")
+    tried, what, faults = try_points(setting, lambda prepared: points_of(setting, prepared.calls()), fail)
+    return Outcome(f"{tried:,} failures of {what}", faults, "untrue or torn")

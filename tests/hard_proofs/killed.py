@@ -2,9 +2,9 @@
 the old files or the new ones, whole; the same command succeeds then, and leaves nothing behind."""
 import plistlib
 
-from operations import DAMAGE, Prepared, operations
+from operations import DAMAGE, try_points
 from proof import Outcome, some
-from target import Target, whole
+from target import whole
 
 KILLED = 137
 SHORT_POINTS = 40  # of an operation, at most
@@ -116,33 +116,21 @@ def points_of(setting, calls):
 
 
 def prove(setting):
-    there, lacking = operations(setting)
-    faults, tried = [], 0
     every = ["--all"] if setting.long else []
-    for operation in there:
-        try:
-            prepared = Prepared(setting, operation, Target(setting.program,
-                                                           setting.scratch / operation.name))
-        except RuntimeError as error:
-            faults.append(f"{operation.name}, undisturbed: {error}")
-            continue
 
-        def kill(point, prepared=prepared):
-            number, call = point
-            copy = prepared.fresh(number)
-            before, report = prepared.inject(copy, *every, "--at", number, "kill")
-            done = copy.run(*prepared.operation.command, before=before)
-            if done.returncode != KILLED or "hit" not in report.read_text():
-                fault = f"not killed: {done.returncode}"
-            else:
-                fault = loss(prepared, copy)
-            copy.remove()
-            report.unlink()
-            return fault and f"{prepared.operation.name}, call {number} ({call}): {fault}"
+    def kill(prepared, point):
+        number, call = point
+        copy = prepared.fresh(number)
+        before, report = prepared.inject(copy, *every, "--at", number, "kill")
+        done = copy.run(*prepared.operation.command, before=before)
+        if done.returncode != KILLED or "hit" not in report.read_text():
+            fault = f"not killed: {done.returncode}"
+        else:
+            fault = loss(prepared, copy)
+        copy.remove()
+        report.unlink()
+        return True, fault and f"call {number} ({call}): {fault}"
 
-        points = points_of(setting, prepared.calls(*every))
-        tried += len(points)
-        faults += [fault for fault in setting.each(kill, points) if fault]
-        prepared.template.remove()
-    lack = f" (this build lacks {', '.join(lacking)})" if lacking else ""
-    return Outcome(f"{tried:,} points of {len(there)} operations{lack}", faults)
+    tried, what, faults = try_points(
+        setting, lambda prepared: points_of(setting, prepared.calls(*every)), kill)
+    return Outcome(f"{tried:,} points of {what}", faults)

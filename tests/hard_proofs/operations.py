@@ -2,6 +2,7 @@
 import dataclasses
 import plistlib
 from collections.abc import Callable
+from functools import partial
 
 from target import Target, has_command
 
@@ -151,3 +152,23 @@ class Prepared:
         if done.returncode != 0 or not lines:
             raise RuntimeError(f"{self.operation.name} under the tracer: {done}")
         return [line.split(" ", 1)[1] for line in lines]
+
+
+def try_points(setting, points_of, attempt):
+    """attempt(prepared, point) gives whether the point was reached, and what is wrong or nothing. How many
+    were reached of all points_of(prepared), of how many operations, and all that is wrong."""
+    there, lacking = operations(setting)
+    tried, faults = 0, []
+    for operation in there:
+        try:
+            prepared = Prepared(setting, operation, Target(setting.program,
+                                                           setting.scratch / operation.name))
+        except RuntimeError as error:
+            faults.append(f"{operation.name}, undisturbed: {error}")
+            continue
+        results = setting.each(partial(attempt, prepared), points_of(prepared))
+        tried += sum(reached for reached, _ in results)
+        faults += [f"{operation.name}, {fault}" for _, fault in results if fault]
+        prepared.template.remove()
+    lack = f" (this build lacks {', '.join(lacking)})" if lacking else ""
+    return tried, f"{len(there)} operations{lack}", faults
