@@ -40,6 +40,7 @@ std::size_t findIgnoringCase(string_view text, string_view what) {
 
 // What stands before the first colon outside quotes: name and parameters.
 std::optional<string_view> headerOf(string_view line) {
+  if (!line.empty() && isBlank(line.front())) return std::nullopt;
   bool quoted = false;
   for (std::size_t i = 0; i < std::min(line.size(), kLongestProperty); ++i) {
     if (line[i] == '"') quoted = !quoted;

@@ -22,8 +22,8 @@ using CardVisit = std::function<void(const std::string& card)>;
 // - Bytes outside ASCII are UTF-8, those that are not become U+FFFD, and so does a zero byte. Where
 //   the property names another CHARSET they are written quoted-printable, for the reader to
 //   convert.
-// - A property without a colon is left out, and one of more than 1,024 bytes: readers take time in
-//   the square of its length.
+// - A property without a colon is left out, one that begins with a blank (it continues an empty
+//   line), and one of more than 1,024 bytes: readers take time in the square of its length.
 void splitCards(std::string_view file, const CardVisit& visit);
 
 }  // namespace services

@@ -97,6 +97,9 @@ TEST(VCardSplitter, NamesMayBeInAnyCaseAndGrouped) {
 TEST(VCardSplitter, ALineWithoutAColonIsLeftOut) {
   EXPECT_EQ(propertiesOf("TEL\nTEL;HOME\nTEL;X=\":1\"\nTEL:2\n"), "TEL:2\r\n");
 }
+TEST(VCardSplitter, APropertyThatContinuesAnEmptyLineCostsOnlyItself) {
+  EXPECT_EQ(propertiesOf("\n  TEL:1\r\nTEL:2\r\n"), "TEL:2\r\n");
+}
 TEST(VCardSplitter, AColonInQuotesIsPartOfTheParameter) {
   EXPECT_EQ(propertiesOf("TEL;LABEL=\"a:b\":1\n"), "TEL;LABEL=\"a:b\":1\r\n");
 }
