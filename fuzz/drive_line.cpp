@@ -1,4 +1,5 @@
-// Lines of the protocol from any bytes: each is answered with one line, whatever it asks for.
+// Lines of the protocol from any bytes: each is answered with one line, whatever it asks for. A page
+// takes milliseconds with sanitizers, so only the first lines of an input are answered.
 #include <unistd.h>
 
 #include <cstdlib>
@@ -7,6 +8,8 @@
 #include "drive/driver.h"
 
 namespace {
+
+constexpr int kMostLines = 4;
 
 // In memory where that is possible: a flush to a disk takes longer than all the rest.
 struct Folder {
@@ -28,13 +31,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   options.root = folder.path;
   drive::Driver driver(options, 12, [](const host::Problem&) {});
   std::string_view left(reinterpret_cast<const char*>(bytes), size);
-  while (!left.empty()) {
+  for (int lines = 0; lines < kMostLines && !left.empty(); ++lines) {
     const std::string_view line = left.substr(0, left.find('\n'));
     left.remove_prefix(std::min(line.size() + 1, left.size()));
     const std::string answer = driver.answer(line);
-    if (drive::Json::parse(answer, nullptr, false).is_discarded() ||
-        answer.find('\n') != std::string::npos)
-      std::abort();
+    if (!drive::Json::accept(answer) || answer.find('\n') != std::string::npos) std::abort();
   }
   return 0;
 }
