@@ -1,6 +1,7 @@
 #include "host/closest.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace host {
 namespace {
@@ -57,15 +58,17 @@ std::optional<std::string> closest(std::string_view text, const std::vector<std:
   if (text.empty() || text.size() > kLongest) return std::nullopt;
   const std::string lowered = lowerCase(text);
   const std::string* best = nullptr;
-  std::size_t fewest = 0;
+  auto fewest = std::pair<std::size_t, bool>();  // typos, and whether its beginning differs
   for (const std::string& each : among) {
     if (each.empty() || each.size() > kLongest) continue;
-    const bool begins = text.size() >= kShortestBeginning && lowerCase(each).starts_with(lowered);
-    const std::size_t typos = begins ? 1 : typosBetween(text, each);
+    const bool begins = lowerCase(each).starts_with(lowered);
+    const std::size_t typos =
+        begins && text.size() >= kShortestBeginning ? 1 : typosBetween(text, each);
     const std::size_t most = std::max<std::size_t>(1, std::min(text.size(), each.size()) / 3);
-    if (typos > most || typos >= each.size() || (best && typos >= fewest)) continue;
+    const std::pair distance(typos, !begins);
+    if (typos > most || typos >= each.size() || (best && distance >= fewest)) continue;
     best = &each;
-    fewest = typos;
+    fewest = distance;
   }
   return best ? std::optional(*best) : std::nullopt;
 }

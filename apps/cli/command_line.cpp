@@ -128,7 +128,7 @@ Outcome<Done> checkArguments(const Command& command, const Arguments& given) {
   if (!words.empty()) return wrongUse("unexpected argument \"" + words[0] + "\"");
   for (const auto& [name, value] : given.options)
     if (!optionNamed(kCommonOptions, name) && !optionNamed(command.options, name))
-      return wrongUse(std::string(command.name) + " has no option " + std::string(name));
+      return wrongUse(nameOf(command) + " has no option " + std::string(name));
   return Done{};
 }
 
@@ -150,9 +150,9 @@ const std::string& Arguments::operator[](std::size_t index) const {
 }
 
 std::optional<std::string> Arguments::value(std::string_view option) const {
-  for (const auto& [name, value] : options)
-    if (name == option) return value;
-  return std::nullopt;
+  const auto given = std::find_if(options.rbegin(), options.rend(),
+                                  [&](const auto& each) { return each.first == option; });
+  return given == options.rend() ? std::nullopt : std::optional(given->second);
 }
 
 const Option* anyOptionNamed(std::string_view name) {
@@ -162,6 +162,10 @@ const Option* anyOptionNamed(std::string_view name) {
   for (const Command& command : commands())
     if (const Option* own = optionNamed(command.options, name)) return own;
   return nullptr;
+}
+
+std::string nameOf(const Command& command) {
+  return (*command.group ? std::string(command.group) + " " : "") + command.name;
 }
 
 const Group* groupNamed(std::string_view name) {

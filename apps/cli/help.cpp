@@ -5,10 +5,6 @@
 namespace cli {
 namespace {
 
-std::string nameOf(const Command& command) {
-  return (*command.group ? std::string(command.group) + " " : "") + command.name;
-}
-
 void addOptions(std::span<const Option> options, Columns& columns) {
   for (const Option& option : options)
     if (option.name)

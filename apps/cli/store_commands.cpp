@@ -45,7 +45,9 @@ Outcome<plist::Value> valueOf(const Arguments& arguments) {
   const Kind* named = nullptr;
   for (const Kind& kind : kKinds) {
     if (!arguments.has(kind.option)) continue;
-    if (named) return Failure{ExitCode::WrongUse, "more than one kind is named"};
+    if (named)
+      return Failure{ExitCode::WrongUse,
+                     "more than one kind is named; a text that begins with \"-\" follows after --"};
     named = &kind;
   }
   const std::string& text = arguments[1];

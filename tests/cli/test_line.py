@@ -42,6 +42,15 @@ class Line(ProgramTest):
         self.refuse(2, "get", "--bogus", "custbright")
         self.refuse(2, "pages", "-x")
 
+    def test_an_option_of_other_commands_names_the_command(self):
+        self.assertEqual(self.refuse(2, "profile", "list", "--overwrite"),
+                         "profile list has no option --overwrite")
+
+    def test_the_last_value_of_an_option_counts(self):
+        self.write_domain({"custbright": 12.5})
+        self.assertEqual(
+            self.output("--root", "/nowhere", "get", "custbright", "--root", str(self.root)), "12.5\n")
+
     def test_option_without_its_value(self):
         for words in (["get", "custbright", "--root"], ["--root", "", "get", "custbright"],
                       ["--root=", "get", "custbright"], ["pages", "--contacts"],

@@ -23,6 +23,7 @@ TEST(Closest, IsTheNearestIfOneIsNear) {
   EXPECT_EQ(closest("vibrte", keys), "vibrate");
   EXPECT_EQ(closest("VPM", keys), "vpn");
   EXPECT_EQ(closest("bluet", {"vpn", "bluetooth"}), "bluetooth") << "begins so";
+  EXPECT_EQ(closest("of", {"On", "Off"}), "Off") << "begins so, of two as near";
   EXPECT_EQ(closest("xyz", keys), std::nullopt);
   EXPECT_EQ(closest("", keys), std::nullopt);
   EXPECT_EQ(closest("a", {"b"}), std::nullopt) << "nothing of it is left";
