@@ -92,7 +92,7 @@ class Examples(ExampleTest):
     def test_profile_in_python(self):
         profile = self.save_profile()
         shown = self.shown(self.example("read_profile.py"), profile)
-        values = {key: str(True if value is True else value)
+        values = {key: str(value)
                   for key, value in self.document("profile", "show", "20").items()}
         self.assertEqual(dict(line.split(" ", 1) for line in shown.splitlines()), values)
 
