@@ -1,4 +1,4 @@
-"""docs/drive.md: its conversation is what the program answers, and it names all that can be said."""
+"""docs/drive.md: its conversation is what the program answers, and it names all that there is."""
 import json
 import re
 
