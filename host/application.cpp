@@ -40,9 +40,20 @@ Application::~Application() {
 
 Outcome<plist::Value> Application::perform(const Request& request) {
   if (const auto refused = refusal(request)) return *refused;
+  record_.begin(request, labelOf(request));
   auto result = std::visit([this](const auto& each) { return run(each); }, request);
+  record_.end(request);
   if (result) buildVisibleRows();
   return result;
+}
+
+// A page of choices or colors is about the row that opened it.
+std::string Application::labelOf(const Request& request) const {
+  if (const RowReference* operated = operatedRow(request)) return (*row(*operated))->name();
+  const preferences::PSViewController* page = shownPage();
+  if (!page) return {};
+  const PSSpecifier* opener = page->specifier();
+  return shownTable() && opener && !opener->name().empty() ? opener->name() : page->title;
 }
 
 std::optional<Refusal> Application::refusal(const Request& request) const {

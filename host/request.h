@@ -28,8 +28,10 @@ struct Tap {
 struct Set {  // moves the row's control, edits its text or picks a value of its choices
   RowReference row;
   plist::Value value;
+  bool held = false;  // the control is still held: a drag, which ends with another request
 };
-struct Scroll {  // the screen shows the entries from `first` on, and a scroll event follows
+struct Release {};  // of a control that was held
+struct Scroll {     // the screen shows the entries from `first` on, and a scroll event follows
   int first = 0;
   int entries = 0;  // so many from now on; 0: as many as before
 };
@@ -59,7 +61,7 @@ struct Call {  // runs the shown page's operation of that selector; Nothing is n
   std::vector<plist::Value> arguments{};
 };
 
-using Request = std::variant<Launch, Open, Back, Tap, Set, Scroll, Resize, Select, Drag, Bar, Press,
-                             Pick, Activate, Layout, Reload, Call>;
+using Request = std::variant<Launch, Open, Back, Tap, Set, Release, Scroll, Resize, Select, Drag,
+                             Bar, Press, Pick, Activate, Layout, Reload, Call>;
 
 }  // namespace host

@@ -127,6 +127,10 @@ Application::Result Application::run(const Set& request) {
   return Value();
 }
 
+Application::Result Application::run(const Release&) {
+  return Value();
+}
+
 Outcome<std::shared_ptr<const preferences::Choices>> Application::choices(
     const RowReference& reference) {
   const auto found = row(reference);
