@@ -4,6 +4,7 @@
 #include "prefs/colorpicker/ZorvekColorPickerQuorvantis.h"
 #include "prefs/colorpicker/ZorvekColorPickerQuorvantisLinkCell.h"
 #include "prefs/colorpicker/palettes.h"
+#include "prefs/keys.h"
 
 namespace host {
 namespace {
@@ -56,6 +57,15 @@ std::vector<SectionView> sectionsOf(uikit::TableView& table) {
   return sections;
 }
 
+// A chosen contact is stored in the row of the recipient; its own row keeps no value.
+int chosenIn(PSListItemsController& page) {
+  const preferences::PSSpecifier& row = *page.specifier();
+  if (std::string_view(row.identifier()) != prefs::key::adressbook) return page.selectedRow();
+  auto* list = dynamic_cast<preferences::PSListController*>(page.parent());
+  auto* recipient = list ? list->specifierForID(prefs::key::msgrecipient) : nullptr;
+  return recipient ? row.indexOfValue(list->valueOf(*recipient)) : -1;
+}
+
 // The opener's own cell is off screen, and shows the color of its last layout.
 std::optional<RowView> describeOpener(const ZorvekColorPickerQuorvantis& picker) {
   preferences::PSSpecifier* row = picker.specifier();
@@ -84,7 +94,7 @@ void describeTable(preferences::PSViewController& page, int first, int entries, 
       view.tableRows.emplace(i, describeCell(*cell));
   if (auto* choices = dynamic_cast<PSListItemsController*>(&page)) {
     view.choices = choices->specifier()->choices();
-    view.chosen = choices->selectedRow();
+    view.chosen = chosenIn(*choices);
   } else if (auto* picker = dynamic_cast<ZorvekColorPickerQuorvantis*>(&page)) {
     view.sections[prefs::kCustomSection].mixes = true;
     view.opener = describeOpener(*picker);

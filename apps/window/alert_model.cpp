@@ -74,6 +74,11 @@ int AlertModel::buttonWhere(bool AlertButton::*property) const {
   return -1;
 }
 
+int AlertModel::firstButton() const {
+  const int harmless = buttonWhere(&AlertButton::cancels);
+  return harmless >= 0 ? harmless : std::max(0, buttonWhere(&AlertButton::preferred));
+}
+
 void AlertModel::press(int button) {
   if (isTopmost()) bridge_.perform(host::Press{button});
 }

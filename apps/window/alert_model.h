@@ -38,6 +38,7 @@ class AlertModel : public QObject {
   Q_PROPERTY(bool sheet READ sheet CONSTANT)
   Q_PROPERTY(QVariantList buttons MEMBER buttons_ CONSTANT)  // of AlertButton
   Q_PROPERTY(bool cancels READ cancels CONSTANT)             // has a button that cancels
+  Q_PROPERTY(int firstButton READ firstButton CONSTANT)      // has the keyboard first
   Q_PROPERTY(bool picks READ picks CONSTANT)                 // has a picker
   Q_PROPERTY(QStringList choices MEMBER choices_ NOTIFY choicesChanged)  // of the picker
   Q_PROPERTY(int chosen READ chosen NOTIFY chosenChanged)                // -1: none
@@ -52,6 +53,8 @@ class AlertModel : public QObject {
   QString message() const { return toQString(view_.message); }
   bool sheet() const { return view_.style == host::AlertStyle::Sheet; }
   bool cancels() const { return buttonWhere(&AlertButton::cancels) >= 0; }
+  // The one that changes nothing, else the one that Return presses.
+  int firstButton() const;
   bool picks() const { return view_.picker.has_value(); }
   int chosen() const { return view_.picker ? view_.picker->selected : -1; }
   bool atBarButton() const { return view_.atBarButton; }

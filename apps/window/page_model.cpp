@@ -39,8 +39,14 @@ bool PageModel::isShown() const {
   return !left_ && bridge_.shown() == this;
 }
 
-void PageModel::perform(const host::Request& request, const QString& badValue) {
-  if (isShown()) bridge_.perform(request, badValue);
+bool PageModel::perform(const host::Request& request, const QString& badValue) {
+  return isShown() && bridge_.perform(request, badValue);
+}
+
+bool PageModel::performOn(int row, const host::Request& request, const QString& badValue) {
+  if (row < 0 || row >= std::ssize(view_.rows)) return false;
+  if (!view_.rows[row].built) emit rowWanted(row);
+  return perform(request, badValue);
 }
 
 void PageModel::show(int first, int count) {
@@ -55,40 +61,41 @@ void PageModel::show(int first, int count) {
 }
 
 void PageModel::tap(int row) {
-  perform(host::Tap{row});
+  performOn(row, host::Tap{row});
 }
 
 void PageModel::setOn(int row, bool on) {
-  perform(host::Set{row, on});
+  performOn(row, host::Set{row, on});
 }
 
 void PageModel::setNumber(int row, double number, bool held) {
-  perform(host::Set{row, number, held});
+  performOn(row, host::Set{row, number, held});
 }
 
 void PageModel::release() {
   perform(host::Release{});
 }
 
-void PageModel::setTypedNumber(int row, const QString& text) {
-  if (row < 0 || row >= std::ssize(view_.rows)) return;
+bool PageModel::setTypedNumber(int row, const QString& text) {
+  if (row < 0 || row >= std::ssize(view_.rows)) return false;
   const Row slider(view_.rows[row]);
   bool isNumber = false;
   const double number = QString(text).replace(',', '.').toDouble(&isNumber);
-  perform(host::Set{row, isNumber ? plist::Value(number) : plist::Value(text.toStdString())},
-          tr("%1 takes a number from %2 to %3.")
-              .arg(slider.label, Row::numberText(slider.minimum), Row::numberText(slider.maximum)));
+  return performOn(
+      row, host::Set{row, isNumber ? plist::Value(number) : plist::Value(text.toStdString())},
+      tr("%1 takes a number from %2 to %3.")
+          .arg(slider.label, Row::numberText(slider.minimum), Row::numberText(slider.maximum)));
 }
 
 void PageModel::setText(int row, const QString& text) {
-  perform(host::Set{row, text.toStdString()});
+  performOn(row, host::Set{row, text.toStdString()});
 }
 
 void PageModel::choose(int row, int choice) {
   if (row < 0 || row >= std::ssize(view_.rows)) return;
   const auto* segments = std::get_if<host::SegmentsView>(&view_.rows[row].control);
   if (!segments || choice < 0 || choice >= std::ssize(segments->choices->values)) return;
-  perform(host::Set{row, segments->choices->values[choice]});
+  performOn(row, host::Set{row, segments->choices->values[choice]});
 }
 
 void PageModel::select(int entry) {

@@ -54,7 +54,7 @@ class PageModel : public QObject {
   Q_INVOKABLE void setOn(int row, bool on);
   Q_INVOKABLE void setNumber(int row, double number, bool held = false);  // held: by a drag
   Q_INVOKABLE void release();  // ends the drag of a row's slider
-  Q_INVOKABLE void setTypedNumber(int row, const QString& text);
+  Q_INVOKABLE bool setTypedNumber(int row, const QString& text);  // false: not a number in range
   Q_INVOKABLE void setText(int row, const QString& text);
   Q_INVOKABLE void choose(int row, int choice);  // on a page of rows
   Q_INVOKABLE void select(int entry);            // on a page of choices or colors
@@ -69,10 +69,13 @@ class PageModel : public QObject {
   void kindChanged();
   void previewChanged();
   void scrollWanted(int first);  // the view brings this entry to its top
+  void rowWanted(int row);       // the view brings this one on screen
 
  private:
   bool isShown() const;
-  void perform(const host::Request& request, const QString& badValue = {});
+  bool perform(const host::Request& request, const QString& badValue = {});
+  // On a row, which assistive technology may operate while it is off screen.
+  bool performOn(int row, const host::Request& request, const QString& badValue = {});
 
   SettingsBridge& bridge_;
   host::PageView view_;

@@ -1,5 +1,7 @@
 #include "apps/window/row.h"
 
+#include <algorithm>
+
 #include "apps/window/values.h"
 #include "host/text.h"
 
@@ -28,14 +30,31 @@ void take(const host::ControlLook& look, Row& row) {
   row.cornerRadius = look.cornerRadius.value_or(-1);
 }
 
+// What the control of a row that isn't built yet will show.
+bool comingOn(const plist::Value& value) {
+  return value.boolean().value_or(value.number().value_or(0) != 0);
+}
+
+double comingNumber(const plist::Value& value, const host::SliderView& view) {
+  return std::clamp<double>(value.number().value_or(view.minimum), view.minimum,
+                            std::max(view.minimum, view.maximum));
+}
+
+int comingSegment(const plist::Value& value, const preferences::Choices& choices) {
+  const auto found = std::ranges::find_if(
+      choices.values, [&](const plist::Value& choice) { return equalByValue(choice, value); });
+  return found == choices.values.end() ? -1 : static_cast<int>(found - choices.values.begin());
+}
+
 // What each kind of control adds to its row.
 struct TakeControl {
   Row& row;
+  const host::RowView& from;
 
   void operator()(std::monostate) const {}
   void operator()(const host::SwitchView& view) const {
     take(view.look, row);
-    row.on = view.on;
+    row.on = from.built ? view.on : comingOn(from.value);
     row.onTint = toQColor(view.onTint);
     row.value.clear();
   }
@@ -43,22 +62,25 @@ struct TakeControl {
     take(view.look, row);
     row.minimum = view.minimum;
     row.maximum = view.maximum;
-    row.number = view.value;
+    row.number = from.built ? view.value : comingNumber(from.value, view);
     row.continuous = view.continuous;
     row.stops = view.stops;
     if (view.minimumTrackTint) row.tint = toQColor(view.minimumTrackTint);
-    row.value = view.showsValue ? Row::numberText(view.value) : QString();
+    row.value = view.showsValue ? Row::numberText(row.number) : QString();
   }
   void operator()(const host::SegmentsView& view) const {
     take(view.look, row);
     if (view.choices)
       for (const std::string& title : view.choices->titles) row.titles << toQString(title);
-    row.selected = view.selected;
+    row.selected =
+        from.built || !view.choices ? view.selected : comingSegment(from.value, *view.choices);
+    row.spoken = row.titles.value(row.selected);
     row.value.clear();
   }
   void operator()(const host::TextView& view) const {
     take(view.look, row);
-    row.value = toQString(view.text);
+    row.value =
+        from.built ? toQString(view.text) : toQString(from.value.text() ? *from.value.text() : "");
     row.placeholder = toQString(view.placeholder);
     row.secret = view.secret;
     row.inputHints = inputHintsOf(view);
@@ -91,7 +113,7 @@ Row::Row(const host::RowView& view)
       opacity(view.alpha),
       ticked(view.ticked),
       destructive(view.destructive) {
-  std::visit(TakeControl{*this}, view.control);
+  std::visit(TakeControl{*this, view}, view.control);
 }
 
 }  // namespace window

@@ -73,7 +73,7 @@ bool areSameRows(const std::vector<Row>& a, const std::vector<Row>& b) {
 bool takesFocus(const Row& row) {
   constexpr RowKind kInert[] = {RowKind::Group, RowKind::Static, RowKind::Value, RowKind::Spinner,
                                 RowKind::Giant};
-  return row.usable && std::ranges::find(kInert, row.kind) == std::end(kInert);
+  return std::ranges::find(kInert, row.kind) == std::end(kInert);
 }
 
 }  // namespace
@@ -112,7 +112,7 @@ QHash<int, QByteArray> RowModel::roleNames() const {
   return {{KindRole, "kind"}, {EntryRole, "entry"}, {PageRole, "page"}};
 }
 
-int RowModel::nextUsable(int index, int direction) const {
+int RowModel::nextStop(int index, int direction) const {
   for (int i = index + direction; i >= 0 && i < rowCount(); i += direction)
     if (takesFocus(rows_[i])) return i;
   return -1;

@@ -27,9 +27,9 @@ class RowModel : public QAbstractListModel {
   QVariant data(const QModelIndex& index, int role) const override;
   QHash<int, QByteArray> roleNames() const override;
 
-  // The nearest row after `index`, or before it with a direction of -1, that the user can operate;
+  // The nearest row after `index`, or before it with a direction of -1, that takes the keyboard;
   // -1 when there is none.
-  Q_INVOKABLE int nextUsable(int index, int direction) const;
+  Q_INVOKABLE int nextStop(int index, int direction) const;
 
  private:
   PageModel* page_;

@@ -32,7 +32,6 @@ SettingsBridge::~SettingsBridge() {
 void SettingsBridge::refresh() {
   outdated_ = true;
   if (std::exchange(refreshing_, true)) return;
-  showRefusal({});
   while (std::exchange(outdated_, false)) show(host::describe(application_));
   refreshing_ = false;
 }
@@ -81,11 +80,16 @@ void SettingsBridge::announce() {
   for (AlertModel* alert : alerts_) emit alertShown(alert);
 }
 
-void SettingsBridge::perform(const host::Request& request, const QString& badValue) {
+bool SettingsBridge::perform(const host::Request& request, const QString& badValue) {
   const auto done = application_.perform(request);
-  if (done) return;
+  // Its own notice resizes the page.
+  const bool isScroll = std::holds_alternative<host::Scroll>(request) ||
+                        std::holds_alternative<host::Resize>(request);
+  if (done && !isScroll) showRefusal({});
+  if (done) return true;
   const bool ownWords = done.error().code == host::RefusalCode::BadValue && !badValue.isEmpty();
   showRefusal(ownWords ? badValue : toQString(done.error().message));
+  return false;
 }
 
 void SettingsBridge::showRefusal(const QString& refusal) {

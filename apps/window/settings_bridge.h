@@ -30,8 +30,9 @@ class SettingsBridge : public QObject {
   QStringList problems() const;
 
   void refresh();  // something on screen may have changed
-  // A refusal is a problem until the next refresh; in these words where the value can't be taken.
-  void perform(const host::Request& request, const QString& badValue = {});
+  // A refusal is a problem until something else is done; in these words where the value can't be
+  // taken.
+  bool perform(const host::Request& request, const QString& badValue = {});
 
   Q_INVOKABLE void announce();  // emits the pages and alerts that are there already
   Q_INVOKABLE void back();

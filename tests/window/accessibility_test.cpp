@@ -52,8 +52,9 @@ TEST_F(Accessibility, ASliderReportsItsRangeAndItsStepsStore) {
   EXPECT_EQ(slider->valueInterface()->minimumValue().toDouble(), 0);
   EXPECT_EQ(slider->valueInterface()->maximumValue().toDouble(), 100);
   EXPECT_EQ(slider->valueInterface()->currentValue().toDouble(), 50);
+  EXPECT_EQ(slider->valueInterface()->minimumStepSize().toDouble(), 1);
   ASSERT_TRUE(driver->act("Level", kSlider, kIncrease));
-  EXPECT_EQ(device.stored("level"), plist::Value(55.0));
+  EXPECT_EQ(device.stored("level"), plist::Value(51.0));
   ASSERT_TRUE(driver->act("Level", kSlider, kDecrease));
   EXPECT_EQ(device.stored("level"), plist::Value(50.0));
 }
@@ -100,6 +101,82 @@ TEST_F(Accessibility, AProblemIsAnAlert) {
   EXPECT_TRUE(driver->accessible("The disk is full.", QAccessible::AlertMessage));
   ASSERT_TRUE(driver->act("Dismiss", kButton, kPress));
   EXPECT_FALSE(driver->accessible("The disk is full."));
+}
+
+TEST_F(Accessibility, ADimmedRowIsUnavailableAndCanHaveTheKeyboard) {
+  QAccessibleInterface* dimmed = driver->accessible("Not available on this device", kCheckBox);
+  EXPECT_TRUE(dimmed->state().disabled);
+  EXPECT_TRUE(dimmed->state().focusable);
+  EXPECT_FALSE(driver->accessible("Custom level", kCheckBox)->state().disabled);
+  dimmed->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+  EXPECT_TRUE(dimmed->state().focused);
+  EXPECT_EQ(driver->focused(), "Not available on this device");
+}
+
+TEST_F(Accessibility, ADimmedSliderSaysItsValueAndRange) {
+  QAccessibleInterface* dimmed = driver->accessible("Level", kSlider);
+  EXPECT_TRUE(dimmed->state().disabled);
+  ASSERT_TRUE(dimmed->valueInterface());
+  EXPECT_EQ(dimmed->valueInterface()->currentValue().toDouble(), 50);
+  EXPECT_EQ(dimmed->valueInterface()->maximumValue().toDouble(), 100);
+}
+
+TEST_F(Accessibility, TheKeyboardStaysOnARowThatIsDimmedAndUsableAgain) {
+  set("custom", true);
+  driver->find("Level", kSlider)->forceActiveFocus();
+  for (const bool on : {false, true}) {
+    set("custom", on);
+    driver->waitUntilIdle();
+    EXPECT_EQ(driver->focused(), "Level");
+    EXPECT_EQ(driver->accessible("Level", kSlider)->state().disabled, !on);
+  }
+}
+
+TEST_F(Accessibility, AGroupOfSegmentsSaysWhichIsChosen) {
+  EXPECT_EQ(driver->accessible("When", QAccessible::Grouping)->text(QAccessible::Description),
+            "Above");
+}
+
+// What assistive technology reads of each row.
+QStringList read(const Driver& driver) {
+  QStringList all;
+  for (QQuickItem* item : driver.items()) {
+    QAccessibleInterface* found = QAccessible::queryAccessibleInterface(item);
+    if (!found || found->text(QAccessible::Name).isEmpty() || !item->isVisible()) continue;
+    QString line = QString("%1 \"%2\" %3")
+                       .arg(found->role())
+                       .arg(found->text(QAccessible::Name), found->text(QAccessible::Description));
+    if (found->state().checked) line += ", checked";
+    if (auto* value = found->valueInterface()) line += ", " + value->currentValue().toString();
+    if (auto* text = found->textInterface()) line += ", " + text->text(0, text->characterCount());
+    all << line;
+  }
+  return all;
+}
+
+TEST_F(Accessibility, RowsThatAreOffScreenReadLikeRowsOnScreen) {
+  set("when", "at");
+  set("name", "Ann");
+  set("stubborn", true);
+  driver->resize(390, 2000);
+  const QStringList whole = read(*driver);
+  EXPECT_GT(whole.size(), 20);
+  close();
+  openWindow(390, 600);
+  ASSERT_FALSE(row("secret").built);
+  driver->until([&] { return read(*driver) == whole; });  // rows are made one after another
+  EXPECT_EQ(read(*driver), whole);
+}
+
+TEST_F(Accessibility, ARowThatIsOffScreenIsBroughtOnScreenToBeOperated) {
+  close();
+  openWindow(390, 600);
+  ASSERT_FALSE(row("press").built);
+  ASSERT_TRUE(driver->until([this] { return driver->find("Press me", kButton); }));
+  ASSERT_TRUE(driver->act("Press me", kButton, kPress));
+  EXPECT_EQ(device.stored("pressed"), plist::Value("yes"));
+  const QRectF place = driver->place(driver->find("Press me", kButton));
+  EXPECT_LE(place.bottom(), 600);
 }
 
 }  // namespace

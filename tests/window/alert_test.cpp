@@ -40,7 +40,7 @@ TEST_F(AlertWindow, ASheetIsAPopoverBelowItsBarButtonInAWideWindow) {
   EXPECT_LT(dialog().top(), button.bottom() + 30);
   EXPECT_LE(dialog().right(), 820);
   EXPECT_GT(dialog().right(), button.left());
-  EXPECT_LT(dialog().width(), 500);
+  EXPECT_LT(dialog().width(), 820 * 0.7);
 }
 
 TEST_F(AlertWindow, ASheetIsAPopoverAtTheRowThatOpenedIt) {
@@ -48,7 +48,7 @@ TEST_F(AlertWindow, ASheetIsAPopoverAtTheRowThatOpenedIt) {
   driver->click("Profile Manager", kButton);
   QRectF row = driver->place(driver->find("Profile Manager", kButton));
   EXPECT_GE(dialog().top(), row.bottom());
-  EXPECT_LT(dialog().top(), row.bottom() + 60);
+  EXPECT_LT(dialog().top(), row.bottom() + 100);  // the footer is between
 }
 
 TEST_F(AlertWindow, ASheetFollowsTheWindowsWidth) {
@@ -85,19 +85,20 @@ TEST_F(AlertWindow, DestructiveButtonsLookSo) {
 
 TEST_F(AlertWindow, ArrowsMoveWithinASheetAndReturnPresses) {
   openSheet(390);
-  EXPECT_EQ(driver->focused(), "Load");
+  for (const char* next : {"Delete", "Save", "Load"}) {
+    driver->key(Qt::Key_Up);
+    EXPECT_EQ(driver->focused(), next);
+  }
   driver->key(Qt::Key_Down);
   EXPECT_EQ(driver->focused(), "Save");
   driver->key(Qt::Key_Up);
-  EXPECT_EQ(driver->focused(), "Load");
   driver->key(Qt::Key_Return);
   EXPECT_EQ(alerts().back().title, "Error");
 }
 
 TEST_F(AlertWindow, TabStaysWithinTheAlert) {
   openSheet(390);
-  ASSERT_EQ(driver->focused(), "Load");
-  for (const char* next : {"Save", "Delete", "Cancel", "Load", "Save"}) {
+  for (const char* next : {"Load", "Save", "Delete", "Cancel", "Load"}) {
     driver->key(Qt::Key_Tab);
     EXPECT_EQ(driver->focused(), next);
   }
@@ -110,23 +111,42 @@ TEST_F(AlertWindow, EscCancelsASheetAndStaysOnThePage) {
   EXPECT_EQ(scene().pages.size(), 2u);
 }
 
-TEST_F(AlertWindow, ReturnPressesTheButtonThatConfirms) {
+TEST_F(AlertWindow, TheFirstFocusOfASheetCancelsAndShowsARingAfterAKey) {
+  open("ProfilesListController", 390);
+  driver->key(Qt::Key_End);
+  while (driver->focused() != "Profile Manager") driver->key(Qt::Key_Up);
+  driver->key(Qt::Key_Return);
+  ASSERT_EQ(alerts().size(), 1u);
+  EXPECT_EQ(driver->focused(), "Cancel");
+  EXPECT_EQ(driver->rings(), 1);
+  driver->key(Qt::Key_Return);
+  EXPECT_TRUE(alerts().empty());
+}
+
+TEST_F(AlertWindow, TheFirstFocusHasNoRingAfterAClick) {
+  openSheet(390);
+  EXPECT_EQ(driver->focused(), "Cancel");
+  EXPECT_EQ(driver->rings(), 0);
+}
+
+TEST_F(AlertWindow, ReturnFirstPressesTheButtonThatChangesNothing) {
   open();
   alert("Question", {{"No", uikit::ButtonRole::Cancel, note("No")},
                      {"Erase", uikit::ButtonRole::Destructive, note("Erase")},
                      {"Keep", uikit::ButtonRole::Default, note("Keep")}});
   driver->key(Qt::Key_Return);
-  EXPECT_THAT(pressed, testing::ElementsAre("Keep"));
+  EXPECT_THAT(pressed, testing::ElementsAre("No"));
 }
 
 TEST_F(AlertWindow, ReturnPressesTheButtonThatHasTheKeyboard) {
   open();
   alert("Question", {{"No", uikit::ButtonRole::Cancel, note("No")},
                      {"Yes", uikit::ButtonRole::Default, note("Yes")}});
-  driver->key(Qt::Key_Tab);
-  ASSERT_EQ(driver->focused(), "No");
+  driver->key(Qt::Key_Right);
+  ASSERT_EQ(driver->focused(), "Yes");
+  EXPECT_EQ(driver->rings(), 1);
   driver->key(Qt::Key_Return);
-  EXPECT_THAT(pressed, testing::ElementsAre("No"));
+  EXPECT_THAT(pressed, testing::ElementsAre("Yes"));
 }
 
 TEST_F(AlertWindow, ReturnAndEscPressTheOnlyButtonThereIs) {

@@ -1,3 +1,4 @@
+#include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 
@@ -184,7 +185,7 @@ TEST_F(LargeFont, RowsThatMustBeDimmedAreInALowWindow) {
     EXPECT_FALSE(row(id).usable) << id;
   driver->scrollTo(300);
   for (const char* id : {"adressbook", "msgrecipient", "msgtext"})
-    EXPECT_FALSE(driver->find(labelOf(id))->isEnabled()) << id;
+    EXPECT_TRUE(driver->accessible(labelOf(id))->state().disabled) << id;
 }
 
 TEST_F(BundleWindow, ADimmedTextSaysWhichSwitchToTurnOn) {
@@ -215,6 +216,44 @@ TEST_F(BundleWindow, TheReasonShowsWhereThePointerRests) {
   }
   const QString reason = QString("dimmed: switch on %1 first").arg(labelOf("vibrate"));
   EXPECT_TRUE(driver->until([&] { return driver->shows(reason); }));
+}
+
+TEST_F(BundleWindow, TheReasonGoesWithThePointer) {
+  open("UserNotificationListController");
+  ASSERT_TRUE(driver->until([this] { return !row("vibrateduration").usable; }));
+  driver->waitUntilIdle();
+  const QString reason = QString("dimmed: switch on %1 first").arg(labelOf("vibrate"));
+  const QPoint slider = driver->place(driver->itemsOfType("SliderRow").front()).center().toPoint();
+  QTest::mouseClick(window, Qt::LeftButton, {}, slider);
+  ASSERT_TRUE(driver->until([&] { return driver->shows(reason); }));
+  QTest::mouseMove(window, QPoint(10, 10));
+  EXPECT_TRUE(driver->until([&] { return !driver->shows(reason); }));
+  QTest::mouseMove(window, slider);
+  ASSERT_TRUE(driver->until([&] { return driver->shows(reason); }));
+  QEvent leave(QEvent::Leave);
+  QCoreApplication::sendEvent(window, &leave);
+  EXPECT_TRUE(driver->until([&] { return !driver->shows(reason); }));
+}
+
+TEST_F(BundleWindow, AChosenContactIsTicked) {
+  const QString book = folder.path() + "/var/mobile/Library/AddressBook";
+  QDir().mkpath(book);
+  QFile card(book + "/ann.vcf");
+  ASSERT_TRUE(card.open(QFile::WriteOnly));
+  card.write("BEGIN:VCARD\r\nVERSION:3.0\r\nN:;Ann;;;\r\nFN:Ann\r\nTEL:12345\r\nEND:VCARD\r\n");
+  card.close();
+  open("UserNotificationListController");
+  set("sendmessage", true);
+  driver->until([this] { return row("adressbook").usable; });
+  driver->click(labelOf("adressbook"), kButton);
+  ASSERT_FALSE(page().choices->titles.empty());
+  const QString contact = QString::fromStdString(page().choices->titles.front());
+  ASSERT_TRUE(driver->find(contact, kRadioButton)) << title().toStdString();
+  EXPECT_FALSE(driver->accessible(contact, kRadioButton)->state().checked);
+  driver->click(contact, kRadioButton);
+  EXPECT_EQ(stored("msgrecipient"), plist::Value("12345"));
+  EXPECT_TRUE(driver->accessible(contact, kRadioButton)->state().checked);
+  EXPECT_TRUE(stored("adressbook").isNothing());
 }
 
 }  // namespace

@@ -8,7 +8,7 @@ class Colors : public BundleWindow {
  protected:
   Colors() { open("ExtrasListController"); }
 
-  void openPicker(const QString& setting, int height = 3400) {
+  void openPicker(const QString& setting, int height = 5000) {
     driver->resize(390, height);
     driver->click(setting);
     ASSERT_EQ(page().pageClass, "ZorvekColorPickerQuorvantis");

@@ -23,9 +23,17 @@ class Picker : public BundleWindow {
   }
 };
 
-TEST_F(Picker, OpensAtTheChosenRowWithTheKeyboard) {
+TEST_F(Picker, OpensAtTheChosenRowAndTheFirstFocusCancels) {
   EXPECT_EQ(picked(), 54);
   EXPECT_EQ(spoken(), "Battery 55%");
+  EXPECT_EQ(driver->focused(), "Cancel");
+  driver->key(Qt::Key_Return);
+  EXPECT_TRUE(alerts().empty());
+}
+
+TEST_F(Picker, AKeyThatTurnsItGivesItTheKeyboard) {
+  driver->key(Qt::Key_Down);
+  EXPECT_EQ(picked(), 55);
   EXPECT_EQ(driver->focused(), kWheel);
 }
 

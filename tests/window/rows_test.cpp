@@ -5,6 +5,14 @@ namespace {
 class Rows : public SampleWindow {
  protected:
   const QString kLevelField = "Level, as a number";
+
+  // So that this row is the first one in sight, as far as the page is long enough.
+  void scrollTo(const std::string& id) {
+    const std::vector<host::RowView> rows = page().rows;
+    const auto found = std::ranges::find(rows, id, &host::RowView::id);
+    emit bridge().shown()->scrollWanted(static_cast<int>(found - rows.begin()));
+    driver->waitUntilIdle();
+  }
 };
 
 TEST_F(Rows, ShowsEveryRowOfThePageByItsLabel) {
@@ -29,14 +37,14 @@ TEST_F(Rows, AGroupWithoutRowsHasItsFooter) {
 TEST_F(Rows, AClickOnASwitchStoresAndAppliesThePagesRules) {
   driver->click("Custom level");
   EXPECT_EQ(device.stored("custom"), plist::Value(true));
-  EXPECT_TRUE(driver->find("Level", kSlider)->isEnabled());
+  EXPECT_FALSE(driver->accessible("Level", kSlider)->state().disabled);
   driver->click("Custom level");
   EXPECT_EQ(device.stored("custom"), plist::Value(false));
-  EXPECT_FALSE(driver->find("Level", kSlider)->isEnabled());
+  EXPECT_TRUE(driver->accessible("Level", kSlider)->state().disabled);
 }
 
 TEST_F(Rows, TheRulesOfAPageShowByThemselvesAMomentAfterItAppears) {
-  EXPECT_FALSE(driver->find("Level", kSlider)->isEnabled());
+  EXPECT_TRUE(driver->accessible("Level", kSlider)->state().disabled);
 }
 
 TEST_F(Rows, ASwitchWhoseSetterRefusesSpringsBackEachTime) {
@@ -49,7 +57,8 @@ TEST_F(Rows, ASwitchWhoseSetterRefusesSpringsBackEachTime) {
 TEST_F(Rows, ADimmedRowIgnoresClicks) {
   driver->click("Not available on this device");
   EXPECT_TRUE(device.stored("off").isNothing());
-  EXPECT_FLOAT_EQ(driver->find("Not available on this device")->parentItem()->opacity(), 0.3f);
+  EXPECT_FLOAT_EQ(driver->find("Not available on this device")->childItems().first()->opacity(),
+                  0.3f);
 }
 
 TEST_F(Rows, ASliderStoresItsValueWhenItIsReleased) {
@@ -112,16 +121,26 @@ TEST_F(Rows, EscapeGivesBackTheValueThatWasThere) {
 
 TEST_F(Rows, WhatASliderCantTakeIsRefusedInWords) {
   driver->click("Custom level");
-  for (const char* typed : {"100.5", "-1", "ten", "nan", "inf", "1e3", "5 0"}) {
+  for (const char* typed : {"100.5", "-1", "172"}) {
     driver->click(kLevelField, kText);
     driver->type(typed);
     driver->key(Qt::Key_Return);
     EXPECT_TRUE(device.stored("level").isNothing()) << typed;
-    EXPECT_TRUE(driver->shows("50")) << typed;
     ASSERT_EQ(bridge().problems().size(), 1) << typed;
     EXPECT_EQ(bridge().problems().first(), "Level takes a number from 0 to 100.");
+    EXPECT_EQ(driver->focused(), kLevelField) << "stays in the editor";
+    driver->key(Qt::Key_Escape);
+    EXPECT_TRUE(driver->shows("50")) << typed;
     bridge().dismiss(0);
   }
+}
+
+TEST_F(Rows, LettersCantBeTypedAsAValue) {
+  driver->click("Custom level");
+  driver->click(kLevelField, kText);
+  driver->type("nan 4e2x");
+  driver->key(Qt::Key_Return);
+  EXPECT_EQ(device.stored("level"), plist::Value(42.0));
 }
 
 TEST_F(Rows, AValueOfADimmedSliderCantBeTyped) {
@@ -206,12 +225,12 @@ TEST_F(Rows, AButtonRunsItsAction) {
 TEST_F(Rows, ARowThatIsOffScreenIsMadeWhenItScrollsIn) {
   driver->resize(390, 700);
   driver->click("Choices");
-  driver->scrollTo(700);
+  scrollTo("long");
   driver->click("A long page");
   ASSERT_EQ(title(), "A long page");
   EXPECT_TRUE(row("row1").built);
   EXPECT_FALSE(row("row40").built);
-  driver->scrollTo(1700);
+  scrollTo("row39");
   EXPECT_TRUE(row("row40").built);
   EXPECT_FALSE(row("row59").built);
   driver->click("Row 40");
@@ -220,7 +239,7 @@ TEST_F(Rows, ARowThatIsOffScreenIsMadeWhenItScrollsIn) {
 
 TEST_F(Rows, ATallerWindowMakesMoreRows) {
   driver->resize(390, 700);
-  driver->scrollTo(700);
+  scrollTo("long");
   driver->click("A long page");
   EXPECT_FALSE(row("row30").built);
   driver->resize(390, 2000);

@@ -14,13 +14,16 @@ inline void PrintTo(const Value& value, std::ostream* out) {
 // The window on a page of the sample bundle.
 class SampleWindow : public WindowTest {
  protected:
-  SampleWindow() {
-    auto launched = std::make_unique<host::Application>(device.environment, 40);
+  SampleWindow() { openWindow(390, 2000); }
+  ~SampleWindow() override { close(); }
+
+  // Anew, after close().
+  void openWindow(int width, int height) {
+    auto launched = std::make_unique<host::Application>(device.environment, height / 50);
     EXPECT_TRUE(launched->perform(host::Launch{"Sample"}));
-    show(std::move(launched), device.queue, 390, 2000);
+    show(std::move(launched), device.queue, width, height);
     driver->until([this] { return !row("level").usable; });
   }
-  ~SampleWindow() override { close(); }
 
   Device device;
 };

@@ -15,6 +15,7 @@ T.Popup {
     focus: true
     // A click beside a sheet cancels it.
     closePolicy: alert.sheet && alert.cancels ? T.Popup.CloseOnReleaseOutside : T.Popup.NoAutoClose
+    onOpened: contentItem.forceActiveFocus(Qt.PopupFocusReason)
     onAboutToHide: if (alert.sheet) alert.cancel()
     padding: 0
     implicitHeight: contentHeight

@@ -53,6 +53,6 @@ T.AbstractButton {
         font.weight: button.strong ? Font.DemiBold : Font.Normal
     }
     FocusRing {
-        visible: button.visualFocus
+        of: button
     }
 }

@@ -15,7 +15,6 @@ AlertBase {
     y: parent ? Math.round((parent.height - height) / 2) : 0
     opacity: shown
     scale: 1.08 - 0.08 * shown
-    onOpened: wheel.visible ? wheel.forceActiveFocus(Qt.PopupFocusReason) : contentItem.forceActiveFocus(Qt.PopupFocusReason)
 
     background: Rectangle {
         radius: Theme.radius + 2
@@ -25,10 +24,21 @@ AlertBase {
     }
 
     contentItem: FocusScope { // qmllint disable deferred-property-id
+        id: frame
+
+        function step(key: int): bool {
+            const by = { [Qt.Key_Left]: -1, [Qt.Key_Up]: -1, [Qt.Key_Right]: 1, [Qt.Key_Down]: 1 }[key];
+            if (by !== undefined)
+                (Window.activeFocusItem ?? frame).nextItemInFocusChain(by > 0).forceActiveFocus(Qt.TabFocusReason);
+            return by !== undefined;
+        }
+
         implicitHeight: column.implicitHeight
         focus: true
         Keys.onReturnPressed: popup.confirm()
         Keys.onEnterPressed: popup.confirm()
+        // What turns the wheel does so from the buttons too.
+        Keys.onPressed: event => event.accepted = popup.alert.picks ? wheel.turn(event) : step(event.key)
         Keys.onEscapePressed: popup.alert.cancel()
         Keys.onBackPressed: popup.alert.cancel()
         Accessible.role: Accessible.Dialog
@@ -52,7 +62,6 @@ AlertBase {
                 width: parent.width - 2 * x
                 height: rowHeight * Math.max(1, Math.min(5, Math.floor((popup.heightForWheel - 14) / rowHeight)))
                 visible: popup.alert.picks
-                focus: visible
                 alert: popup.alert
             }
             Item {
@@ -74,6 +83,7 @@ AlertBase {
 
                         width: popup.sideBySide ? buttons.width / 2 : buttons.width
                         shown: modelData
+                        focus: index === popup.alert.firstButton
                         bar: popup.sideBySide && index === 1
                         onClicked: popup.press(index)
                     }

@@ -58,7 +58,7 @@ Rectangle {
             font.weight: Font.DemiBold
         }
         FocusRing {
-            visible: button.visualFocus
+            of: button
         }
     }
 }

@@ -3,15 +3,13 @@ import Quorvantis.Settings
 
 // One row of a card. Its first and last rows are round; below the last one stands the group's
 // footer. What a kind of row shows is its content.
-FocusScope {
+KeyRow {
     id: card
 
-    required property int index
     required property row entry
     required property PageModel page
 
-    property Item control: null    // what takes the keyboard
-    property bool ring: false      // it has it
+    property Item control: null  // what takes the keyboard
     property bool pressed: false
     property real contentHeight: Theme.rowHeight
     default property alias content: face.data
@@ -19,15 +17,15 @@ FocusScope {
     // What assistive technology says besides the name.
     readonly property string value: entry.spoken !== "" ? entry.spoken : entry.value
     readonly property string description: value === "" || entry.reason === "" ? value + entry.reason : value + ", " + entry.reason
+    readonly property bool usable: entry.usable
     readonly property real side: Theme.sideOf(width)
     readonly property real cardHeight: Math.max(entry.height, contentHeight)
 
-    function take(reason: int) {
-        if (control)
-            control.forceActiveFocus(reason);
+    function stops(): var {
+        return control ? [usable ? control : dimmed] : [];
     }
 
-    width: ListView.view ? ListView.view.width : 0
+    onUsableChanged: if (activeFocus) take(false)
     height: cardHeight + (footer.visible ? footer.height + 8 : 0)
 
     Item {
@@ -43,19 +41,29 @@ FocusScope {
             last: card.entry.last
             pressed: card.pressed
         }
-        Item {
-            id: face
+        DimmedRow {
+            id: dimmed
 
             anchors.fill: parent
-            opacity: card.entry.opacity
-            enabled: card.entry.usable
+            control: card.control
+            dimmed: !card.usable && card.control !== null
+            Accessible.ignored: !dimmed
+
+            Item {
+                id: face
+
+                anchors.fill: parent
+                opacity: card.entry.opacity
+                enabled: card.usable
+            }
         }
         FocusRing {
-            visible: card.ring
+            of: card
         }
         HoverHandler {
             id: pointer
             enabled: card.entry.reason !== ""
+            onHoveredChanged: if (!hovered) hint.rest()
         }
         TapHandler {
             enabled: card.entry.reason !== ""
@@ -64,7 +72,7 @@ FocusScope {
         Hint {
             id: hint
             text: card.entry.reason
-            wanted: pointer.hovered
+            wanted: pointer.hovered || (dimmed.activeFocus && KeyboardUse.active)
         }
     }
 

@@ -3,10 +3,9 @@ import QtQuick.Templates as T
 import Quorvantis.Settings
 
 // One entry of a list of choices.
-Item {
+KeyRow {
     id: entry
 
-    required property int index
     required property string title
     required property bool ticked
     required property int choice
@@ -15,14 +14,15 @@ Item {
     readonly property bool first: index === 0
     readonly property bool last: index === ListView.view.count - 1
 
+    function stops(): var {
+        return [button];
+    }
     // Shows again what the page has ticked: it may have refused.
     function pick() {
-        ListView.view.currentIndex = index;
         page.select(choice);
         button.checked = Qt.binding(() => entry.ticked);
     }
 
-    width: ListView.view ? ListView.view.width : 0
     height: Math.max(Theme.rowHeight, name.implicitHeight + 20)
 
     T.RadioButton {
@@ -32,11 +32,14 @@ Item {
         width: parent.width - 2 * x
         height: parent.height
         autoExclusive: false
-        focusPolicy: Qt.NoFocus
+        focusPolicy: Qt.ClickFocus
         text: entry.title
         checked: entry.ticked
         onClicked: entry.pick()
+        Keys.onReturnPressed: entry.pick()
+        Keys.onEnterPressed: entry.pick()
         Accessible.name: text
+        Accessible.focusable: true
         Accessible.onPressAction: entry.pick()
         Accessible.onToggleAction: entry.pick()
 
@@ -67,6 +70,9 @@ Item {
             anchors.rightMargin: Theme.inset
             anchors.verticalCenter: parent.verticalCenter
             visible: entry.ticked
+        }
+        FocusRing {
+            of: button
         }
     }
 }

@@ -2,18 +2,14 @@ import QtQuick
 import Quorvantis.Settings
 
 // The header of a group, and its footer when it has no rows.
-Item {
+KeyRow {
     id: group
 
-    required property int index
     required property row entry
     required property PageModel page
     readonly property real side: Theme.sideOf(width) + Theme.inset
     readonly property real gap: index === 0 ? 20 : 26
 
-    function take(reason: int) {}
-
-    width: ListView.view ? ListView.view.width : 0
     height: gap + (header.visible ? header.height + 8 : 0) + (footer.visible ? footer.height : 0)
 
     Text {

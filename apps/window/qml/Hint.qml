@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// A few words beside what the pointer rests on; after a tap for a moment.
+// A few words beside what the pointer rests on, until it leaves; after a tap for a moment.
 T.ToolTip {
     id: hint
 
@@ -9,6 +9,10 @@ T.ToolTip {
 
     function linger() {
         moment.restart();
+    }
+
+    function rest() {
+        moment.stop();
     }
 
     visible: text !== "" && (wanted || moment.running)

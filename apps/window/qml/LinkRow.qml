@@ -6,7 +6,6 @@ CardRow {
     id: card
 
     control: button
-    ring: button.visualFocus
     pressed: button.down
     contentHeight: Math.max(Theme.rowHeight, texts.implicitHeight + 20)
 
@@ -14,13 +13,14 @@ CardRow {
         id: button
 
         anchors.fill: parent
-        focusPolicy: Qt.StrongFocus
+        focusPolicy: Qt.ClickFocus
         text: card.entry.label
         onClicked: card.page.tap(card.index)
         Keys.onReturnPressed: clicked()
         Keys.onEnterPressed: clicked()
         Accessible.name: text
         Accessible.description: card.description
+        Accessible.focusable: true
         Accessible.onPressAction: clicked()
 
         LabelledValue {

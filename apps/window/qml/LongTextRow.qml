@@ -6,13 +6,10 @@ CardRow {
     id: card
 
     control: area
-    ring: area.activeFocus && area.byKeyboard
     contentHeight: Math.max(3 * Theme.rowHeight, area.implicitHeight)
 
     T.TextArea {
         id: area
-
-        readonly property bool byKeyboard: focusReason === Qt.TabFocusReason || focusReason === Qt.BacktabFocusReason
 
         function commit() {
             if (text !== card.entry.value)
@@ -25,8 +22,7 @@ CardRow {
         padding: 12
         leftPadding: Theme.inset
         rightPadding: Theme.inset
-        activeFocusOnTab: true
-        visible: card.entry.built
+        activeFocusOnTab: false
         text: card.entry.value
         placeholderText: card.entry.placeholder
         textFormat: TextEdit.PlainText
@@ -37,8 +33,8 @@ CardRow {
         selectByMouse: true
         font.pixelSize: Theme.body
         onActiveFocusChanged: if (!activeFocus) commit()
-        Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
-        Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+        Keys.onTabPressed: card.tabbed(1)
+        Keys.onBacktabPressed: card.tabbed(-1)
         Accessible.name: card.entry.label !== "" ? card.entry.label : card.entry.placeholder
         Accessible.description: card.entry.reason
 

@@ -22,7 +22,7 @@ ApplicationWindow {
         const view = stack.push("PageView.qml", {
             page: page,
             canGoBack: stack.depth > 0,
-            byKeyboard: activeFocusItem?.visualFocus ?? false
+            byKeyboard: KeyboardUse.active
         }, stack.depth > 0 ? StackView.PushTransition : StackView.Immediate);
         view.back.connect(back);
         view.forceActiveFocus();
@@ -46,19 +46,18 @@ ApplicationWindow {
             window.push(page);
         }
         function onAlertShown(alert) {
-            const reason = window.activeFocusItem?.visualFocus ? Qt.TabFocusReason : Qt.OtherFocusReason;
             window.commit();
             const popup = (alert.sheet ? sheet : plainAlert).createObject(window, { alert: alert });
             popup.closed.connect(() => {
                 if (window && !window.settings.alert)
-                    stack.currentItem.forceActiveFocus(reason);
+                    stack.currentItem.forceActiveFocus();
             });
             popup.open();
         }
         function onPopped(shown) {
             const view = stack.find(item => item.page === shown);
             stack.pop(view);
-            stack.currentItem.forceActiveFocus(Qt.TabFocusReason);
+            stack.currentItem.forceActiveFocus();
         }
     }
 

@@ -9,6 +9,10 @@ SwatchRow {
 
     readonly property real slidersLeft: Math.max(78 + textWidth, width - 2 * side - 300)
 
+    function parts(): var {
+        return Array.from({ length: repeater.count }, (_, i) => repeater.itemAt(i));
+    }
+
     textWidth: Math.round(72 * Theme.scale)
     footer: hint.height + 8
 
@@ -20,6 +24,8 @@ SwatchRow {
         topPadding: 5
 
         Repeater {
+            id: repeater
+
             model: row.entry.sliders.length
 
             PartSliderView {

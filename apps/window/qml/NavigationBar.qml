@@ -81,7 +81,7 @@ Rectangle {
             }
         }
         FocusRing {
-            visible: backButton.visualFocus
+            of: backButton
         }
     }
 
@@ -107,7 +107,7 @@ Rectangle {
             anchors.centerIn: parent
         }
         FocusRing {
-            visible: actionButton.visualFocus
+            of: actionButton
         }
     }
 

@@ -1,14 +1,19 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// A number that can be typed. Transparent above the number as shown until it is edited.
+// A number that can be typed, stored by Return or when the field is left. Transparent above the
+// number as shown until it is edited. Return with a number that the row can't take stays here.
 T.TextField {
     id: field
 
+    required property CardRow owner
     property string shown
 
-    signal typed(string typed)
     signal done
+
+    function store(): bool {
+        return text === shown || owner.page.setTypedNumber(owner.index, text);
+    }
 
     // Whether a key begins a number.
     function takes(key: KeyEvent): bool {
@@ -38,13 +43,15 @@ T.TextField {
     selectionColor: Theme.accent
     selectedTextColor: "#FFFFFF"
     font.pixelSize: Theme.body
-    onActiveFocusChanged: if (activeFocus) selectAll()
-    onEditingFinished: {
-        if (text !== shown)
-            typed(text);
-        text = Qt.binding(() => shown);
+    validator: RegularExpressionValidator {
+        regularExpression: /-?[0-9]*[.,]?[0-9]*/
+    }
+    onAccepted: store() ? done() : selectAll()
+    onActiveFocusChanged: {
         if (activeFocus)
-            done();
+            return selectAll();
+        store();
+        text = Qt.binding(() => shown);
     }
     Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Escape
     Keys.onEscapePressed: {

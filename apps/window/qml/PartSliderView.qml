@@ -33,7 +33,8 @@ T.Slider {
 
     onShownChanged: sync()
     Component.onCompleted: sync()
-    focusPolicy: Qt.StrongFocus
+    focusPolicy: Qt.ClickFocus
+    Accessible.focusable: true
     stepSize: 1
     snapMode: T.Slider.SnapAlways
     live: true
@@ -79,7 +80,11 @@ T.Slider {
         height: 20
         radius: 10
         color: slider.pressed ? Qt.darker(slider.tint, 1.15) : slider.tint
-        border.width: slider.visualFocus ? 3 : 1
-        border.color: slider.visualFocus ? Theme.accentText : Theme.dark ? Qt.lighter(slider.tint, 1.5) : Qt.darker(slider.tint, 1.4)
+        border.width: 1
+        border.color: Theme.dark ? Qt.lighter(slider.tint, 1.5) : Qt.darker(slider.tint, 1.4)
+    }
+    FocusRing {
+        anchors.margins: -1
+        of: slider
     }
 }

@@ -38,28 +38,31 @@ FocusScope {
         if (found >= 0)
             go(found);
     }
-
-    activeFocusOnTab: true
-    onValueChanged: if (value !== list.currentIndex) {
-        go(value);
-        value = Qt.binding(() => list.currentIndex);
-    }
-    Keys.onUpPressed: go(list.currentIndex - 1)
-    Keys.onDownPressed: go(list.currentIndex + 1)
-    Keys.onPressed: event => {
-        event.accepted = true;
+    // What a key does; it is then the wheel that has the keyboard. False: nothing.
+    function turn(event: KeyEvent): bool {
         switch (event.key) {
+        case Qt.Key_Up: go(list.currentIndex - 1); break;
+        case Qt.Key_Down: go(list.currentIndex + 1); break;
         case Qt.Key_Home: go(0); break;
         case Qt.Key_End: go(list.count - 1); break;
         case Qt.Key_PageUp: go(list.currentIndex - 5); break;
         case Qt.Key_PageDown: go(list.currentIndex + 5); break;
         default:
             const plain = event.text.length === 1 && event.text >= " " && !(event.modifiers & (Qt.ControlModifier | Qt.AltModifier));
-            event.accepted = plain && (event.text !== " " || search.typed !== "");
-            if (event.accepted)
-                seek(event.text);
+            if (!plain || (event.text === " " && search.typed === ""))
+                return false;
+            seek(event.text);
         }
+        forceActiveFocus(Qt.TabFocusReason);
+        return true;
     }
+
+    activeFocusOnTab: true
+    onValueChanged: if (value !== list.currentIndex) {
+        go(value);
+        value = Qt.binding(() => list.currentIndex);
+    }
+    Keys.onPressed: event => event.accepted = turn(event)
     Accessible.role: Accessible.SpinBox
     Accessible.name: alert.message
     Accessible.description: current
@@ -82,7 +85,7 @@ FocusScope {
         height: wheel.rowHeight
         radius: 8
         color: Theme.band
-        border.width: wheel.activeFocus && wheel.alert.picks ? 2 : 0
+        border.width: wheel.activeFocus && KeyboardUse.active ? 2 : 0
         border.color: Theme.accentText
     }
     Text {

@@ -1,85 +1,21 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Qt.labs.qmlmodels
 import Quorvantis.Settings
 
-// A page of rows.
-ListView {
+// A page of rows. All are made, so that assistive technology finds those that are off screen.
+KeyList {
     id: list
 
-    required property PageModel page
-    readonly property bool raised: !atYBeginning
-
-    // Which entries are on screen.
-    function report() {
-        if (count === 0)
-            return;
-        const first = Math.max(0, indexAt(1, Math.max(0, contentY)));
-        const last = indexAt(1, contentY + height - 1);
-        page.show(first, (last < 0 ? count - 1 : last) - first + 1);
-    }
-    // Gives the row at this index the keyboard focus.
-    function enter(index: int, reason: int): bool {
-        if (index < 0)
-            return false;
-        positionViewAtIndex(index, ListView.Contain);
-        const row = itemAtIndex(index) as CardRow;
-        if (row)
-            row.take(reason);
-        // Only now: the list would give its current row the keyboard for no reason, without a ring.
-        currentIndex = index;
-        return true;
-    }
-    function focusedIndex(): int {
-        for (let i = 0; i < count; ++i) {
-            const item = itemAtIndex(i);
-            if (item && item.activeFocus)
-                return i;
-        }
-        return -1;
-    }
-    function move(direction: int, reason: int): bool {
-        return enter(page.rows.nextUsable(focusedIndex(), direction), reason);
+    function stop(from: int, direction: int): int {
+        return page.rows.nextStop(from, direction);
     }
     function takeFocus() {
-        if (focusedIndex() < 0)
-            enter(page.rows.nextUsable(-1, 1), Qt.TabFocusReason);
+        if (focusedIndex < 0)
+            enter(1);
     }
 
-    focus: true
     model: page.rows
-    boundsBehavior: Flickable.StopAtBounds
-    cacheBuffer: 1200
-    clip: true
-    keyNavigationEnabled: false
-    currentIndex: -1
-    highlightFollowsCurrentItem: false
-    bottomMargin: 36
-    ScrollBar.vertical: ScrollBar {}
-
-    onContentYChanged: later.start()
-    onContentHeightChanged: later.start()
-    onHeightChanged: later.start()
-    onCountChanged: later.start()
-    StackView.onActivated: report()
-
-    Keys.onDownPressed: event => event.accepted = move(1, Qt.TabFocusReason)
-    Keys.onUpPressed: event => event.accepted = focusedIndex() > 0 && move(-1, Qt.BacktabFocusReason)
-    Keys.onTabPressed: event => event.accepted = move(1, Qt.TabFocusReason)
-    Keys.onBacktabPressed: event => event.accepted = focusedIndex() > 0 && move(-1, Qt.BacktabFocusReason)
-
-    Connections {
-        target: list.page
-
-        function onScrollWanted(first) {
-            list.positionViewAtIndex(first, ListView.Beginning);
-        }
-    }
-    Timer {
-        id: later
-        interval: 0
-        onTriggered: list.report()
-    }
+    cacheBuffer: 100000
 
     delegate: DelegateChooser {
         role: "kind"

@@ -20,7 +20,6 @@ CardRow {
     }
 
     control: bar
-    ring: bar.activeFocus && bar.byKeyboard
     contentHeight: (titled ? label.height + 10 : 0) + 10 + bar.height + 10
 
     Text {
@@ -40,8 +39,6 @@ CardRow {
     Rectangle {
         id: bar
 
-        property bool byKeyboard: false
-
         x: Theme.inset
         anchors.bottom: parent.bottom
         anchors.bottomMargin: 10
@@ -51,14 +48,12 @@ CardRow {
         color: Theme.groove
         border.width: card.tinted ? 1 : 0
         border.color: Theme.legible(card.entry.tint)
-        visible: card.entry.built
-        activeFocusOnTab: true
-        onActiveFocusChanged: if (!activeFocus) byKeyboard = false
-        Keys.onLeftPressed: { byKeyboard = true; card.move(-1); }
-        Keys.onRightPressed: { byKeyboard = true; card.move(1); }
+        Keys.onLeftPressed: card.move(-1)
+        Keys.onRightPressed: card.move(1)
         Accessible.role: Accessible.Grouping
         Accessible.name: card.entry.label
         Accessible.description: card.description
+        Accessible.focusable: true
 
         Row {
             anchors.fill: parent

@@ -25,7 +25,6 @@ AlertBase {
     x: Math.round(pointed ? Math.max(12, Math.min(parentWidth - 12 - width, anchor.x + anchor.width / 2 - width / 2)) : (parentWidth - width) / 2)
     y: Math.round(!wide ? parentHeight - height - 8 : !pointed ? (parentHeight - height) / 2 : below ? anchor.y + anchor.height + 14 : Math.max(12, anchor.y - 14 - height))
     opacity: wide ? shown : 1
-    onOpened: contentItem.nextItemInFocusChain(true).forceActiveFocus(Qt.PopupFocusReason)
 
     contentItem: FocusScope { // qmllint disable deferred-property-id
         id: frame
@@ -116,6 +115,7 @@ AlertBase {
                 width: buttons.width
                 implicitHeight: Theme.rowHeight + 6
                 visible: modelData.cancels === buttons.cancels
+                focus: modelData.cancels === buttons.cancels && index === popup.alert.firstButton
                 shown: modelData
                 strong: modelData.cancels
                 line: popup.wide || !buttons.cancels

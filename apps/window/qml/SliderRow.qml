@@ -9,13 +9,13 @@ CardRow {
     readonly property color trackColor: Theme.legible(Theme.given(entry.tint, Theme.accentText))
     readonly property bool titled: entry.label !== "" || entry.value !== ""
     readonly property real range: entry.maximum - entry.minimum
-    // What a key moves the slider by, and what a drag can aim at where the value is shown.
-    readonly property real step: entry.stops > 0 ? range / entry.stops : range >= 20 ? Math.max(1, Math.round(range / 20)) : range / 20
-    readonly property real grain: entry.value === "" ? 0 : range >= 20 ? 1 : range >= 2 ? 0.1 : 0.01
+    // What an arrow key moves the slider by; a drag too, where the value is shown.
+    readonly property bool snaps: entry.stops > 0 || entry.value !== ""
+    readonly property real step: entry.stops > 0 ? range / entry.stops : entry.value === "" ? range / 20 : range >= 20 ? 1 : range >= 2 ? 0.1 : 0.01
+    readonly property int far: Math.max(2, Math.min(10, Math.round(range / step / 10)))  // steps, with Shift
 
     onEntryChanged: slider.sync()
     control: slider
-    ring: slider.visualFocus
     contentHeight: titled ? texts.implicitHeight + 12 + 40 : Theme.rowHeight
 
     LabelledValue {
@@ -36,11 +36,11 @@ CardRow {
         anchors.right: parent.right
         anchors.rightMargin: Theme.inset - rightPadding
         anchors.verticalCenter: texts.verticalCenter
-        visible: card.entry.built && card.entry.value !== ""
+        visible: card.entry.value !== ""
+        owner: card
         shown: card.entry.value
         Accessible.name: qsTr("%1, as a number").arg(card.entry.label)
         Accessible.description: card.entry.reason
-        onTyped: typed => card.page.setTypedNumber(card.index, typed)
         onDone: slider.forceActiveFocus(Qt.TabFocusReason)
     }
 
@@ -77,10 +77,9 @@ CardRow {
         anchors.rightMargin: Theme.inset - 2
         anchors.bottom: parent.bottom
         height: card.titled ? 40 : parent.height
-        focusPolicy: Qt.StrongFocus
-        visible: card.entry.built
-        stepSize: card.entry.stops > 0 ? card.step : card.grain
-        snapMode: stepSize > 0 ? T.Slider.SnapAlways : T.Slider.NoSnap
+        focusPolicy: Qt.ClickFocus
+        stepSize: card.step
+        snapMode: card.snaps ? T.Slider.SnapAlways : T.Slider.NoSnap
         live: true
         onMoved: if (card.entry.continuous) card.page.setNumber(card.index, value, pressed)
         onPressedChanged: if (!pressed) {
@@ -89,17 +88,18 @@ CardRow {
         }
         onValueChanged: if (!pressed && !syncing) commit()
         Component.onCompleted: sync()
-        Keys.onLeftPressed: step(-1)
-        Keys.onRightPressed: step(1)
         Keys.onReturnPressed: number.edit("")
         Keys.onEnterPressed: number.edit("")
         Keys.onPressed: event => {
-            event.accepted = true;
-            switch (event.key) {
+            const steps = event.modifiers & Qt.ShiftModifier ? card.far : 1;
+            event.accepted = !(event.modifiers & (Qt.ControlModifier | Qt.AltModifier));
+            switch (event.accepted ? event.key : 0) {
+            case Qt.Key_Left: step(-steps); break;
+            case Qt.Key_Right: step(steps); break;
             case Qt.Key_Home: value = from; break;
             case Qt.Key_End: value = to; break;
-            case Qt.Key_PageUp: step(4); break;
-            case Qt.Key_PageDown: step(-4); break;
+            case Qt.Key_PageUp: step(2 * card.far); break;
+            case Qt.Key_PageDown: step(-2 * card.far); break;
             default:
                 event.accepted = number.takes(event);
                 if (event.accepted)
@@ -108,6 +108,7 @@ CardRow {
         }
         Accessible.name: card.entry.label
         Accessible.description: card.description
+        Accessible.focusable: true
         Accessible.onIncreaseAction: step(1)
         Accessible.onDecreaseAction: step(-1)
 

@@ -3,10 +3,9 @@ import QtQuick.Templates as T
 import Quorvantis.Settings
 
 // One color to choose: its patch, its name above its text, the tick.
-FocusScope {
+KeyRow {
     id: card
 
-    required property int index
     required property swatch entry
     required property PageModel page
     default property alias content: face.data  // beside the texts
@@ -16,10 +15,11 @@ FocusScope {
     readonly property real side: Theme.sideOf(width)
     readonly property bool headed: entry.heading !== ""
 
-    signal wanted(int to)  // another row is to have the keyboard focus
-
-    function take(reason: int) {
-        button.forceActiveFocus(reason);
+    function parts(): var {
+        return [];
+    }
+    function stops(): var {
+        return [button, ...parts()];
     }
     // Shows again what the page has ticked: it may have refused.
     function pick() {
@@ -27,11 +27,6 @@ FocusScope {
         button.checked = Qt.binding(() => card.entry.ticked);
     }
 
-    onActiveFocusChanged: {
-        if (activeFocus && ListView.view)
-            ListView.view.currentIndex = index;
-    }
-    width: ListView.view ? ListView.view.width : 0
     height: face.y + face.height + footer
 
     Text {
@@ -69,25 +64,15 @@ FocusScope {
 
             anchors.fill: parent
             autoExclusive: false
-            // Tab moves from the current row to the next of the table, and from its sliders out of it.
-            focusPolicy: card.ListView.isCurrentItem ? Qt.StrongFocus : Qt.ClickFocus
+            focusPolicy: Qt.ClickFocus
             text: card.entry.title
             checked: card.entry.ticked
             onClicked: card.pick()
             Keys.onReturnPressed: card.pick()
             Keys.onEnterPressed: card.pick()
-            Keys.onTabPressed: event => {
-                event.accepted = card.index < card.ListView.view.count - 1;
-                if (event.accepted)
-                    card.wanted(card.index + 1);
-            }
-            Keys.onBacktabPressed: event => {
-                event.accepted = card.index > 0;
-                if (event.accepted)
-                    card.wanted(card.index - 1);
-            }
             Accessible.name: text
             Accessible.description: card.entry.detail
+            Accessible.focusable: true
             Accessible.onPressAction: card.pick()
             Accessible.onToggleAction: card.pick()
 
@@ -133,7 +118,7 @@ FocusScope {
                 visible: card.entry.ticked
             }
             FocusRing {
-                visible: button.visualFocus
+                of: button
             }
         }
     }

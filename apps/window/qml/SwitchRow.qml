@@ -9,7 +9,6 @@ CardRow {
     readonly property color offColor: Theme.given(entry.background, Theme.track)
 
     control: button
-    ring: button.visualFocus
     contentHeight: Math.max(Theme.rowHeight, label.implicitHeight + 20)
 
     T.Switch {
@@ -22,7 +21,7 @@ CardRow {
         }
 
         anchors.fill: parent
-        focusPolicy: Qt.StrongFocus
+        focusPolicy: Qt.ClickFocus
         text: card.entry.label
         checked: card.entry.on
         onToggled: turn()
@@ -30,6 +29,7 @@ CardRow {
         Keys.onEnterPressed: { toggle(); turn(); }
         Accessible.name: text
         Accessible.description: card.description
+        Accessible.focusable: true
         Accessible.onToggleAction: { toggle(); turn(); }
         Accessible.onPressAction: { toggle(); turn(); }
 
@@ -59,7 +59,6 @@ CardRow {
             width: 51
             height: 31
             radius: card.entry.cornerRadius >= 0 ? Math.min(card.entry.cornerRadius, height / 2) : height / 2
-            visible: card.entry.built
             color: button.checked ? card.onColor : card.offColor
             border.width: outlined ? 2 : Theme.contrastOnCard(color) < 3 ? 1 : 0
             border.color: Theme.legible(outlined ? card.entry.tint : color)

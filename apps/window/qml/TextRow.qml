@@ -8,7 +8,6 @@ CardRow {
     readonly property bool titled: entry.label !== ""
 
     control: field
-    ring: field.activeFocus && field.byKeyboard
 
     Text {
         id: label
@@ -27,8 +26,6 @@ CardRow {
     T.TextField {
         id: field
 
-        readonly property bool byKeyboard: focusReason === Qt.TabFocusReason || focusReason === Qt.BacktabFocusReason
-
         function commit() {
             if (text !== card.entry.value)
                 card.page.setText(card.index, text);
@@ -41,8 +38,7 @@ CardRow {
         anchors.rightMargin: Theme.inset
         anchors.top: parent.top
         anchors.bottom: parent.bottom
-        visible: card.entry.built
-        activeFocusOnTab: true
+        activeFocusOnTab: false
         horizontalAlignment: card.titled ? TextInput.AlignRight : TextInput.AlignLeft
         verticalAlignment: TextInput.AlignVCenter
         text: card.entry.value
