@@ -171,7 +171,7 @@ void Backups::takeDailySnapshot() {
 // Finishing a load changes the settings, and so comes back here.
 void Backups::prepare() {
   if (preparing_ || !isOpen()) return;
-  preparing_ = true;
+  preparing_ = prepared_ = true;
   takeDailySnapshot();
   const auto finished = state().load->finish();
   if (!finished) warn("a load that was stopped half-way is not finished", finished.error());
@@ -223,6 +223,7 @@ void Backups::beginChange(std::string what, Label label) {
   endChange();
   change_ = Change{.what = std::move(what)};
   label_ = label;
+  prepared_ = false;
 }
 
 void Backups::endChange() noexcept try {
@@ -256,7 +257,8 @@ void Backups::remember(Change change, const std::vector<std::string>& left) {
 }
 
 void Backups::willChange(std::string_view domain) {
-  if (domain == prefs::kDomain) prepare();
+  // A change that takes back its own load must not find it finished.
+  if (domain == prefs::kDomain && !(change_ && prepared_)) prepare();
 }
 
 void Backups::didChange(std::string_view domain, const foundation::DomainChange& change) {

@@ -94,7 +94,7 @@ class Backups : public foundation::ChangeObserver {
   Label label_ = Label::Fixed;    // of it
   std::function<void(const std::string& what)> stepHandler_;
   std::int64_t day_ = -1;  // when the day's snapshot was looked for last, since 1970
-  bool preparing_ = false, warned_ = false;
+  bool preparing_ = false, prepared_ = false, warned_ = false;
 };
 
 // A change of this user's, from the one brace to the other; `backups` may be null.

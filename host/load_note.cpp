@@ -100,9 +100,11 @@ Result<std::shared_ptr<void>> LoadNote::begin(const std::string& profilePath,
       });
 }
 
-// Without memory the note stays, and the next process looks.
+// Where the settings can't be read now, or without memory, the note stays, and the next process
+// looks.
 void LoadNote::end(const Noted& noted) noexcept try {
-  if (progressOf(noted) != Progress::Half) static_cast<void>(state_.remove(kNote));
+  if (store_.refresh(prefs::kDomain) && progressOf(noted) != Progress::Half)
+    static_cast<void>(state_.remove(kNote));
 } catch (const std::bad_alloc&) {
 }
 

@@ -167,6 +167,31 @@ TEST_F(HalfLoad, WhoseSwitchFailedKeepsItsNote) {
   EXPECT_EQ(device.stored("profileactive"), Value(1.0f));
 }
 
+TEST_F(HalfLoad, IsNotFinishedByTheChangeThatTakesItBack) {
+  const host::UserChange change(device.backups.get(), "load 20");
+  begin();
+  laySettings();
+  guarded_.reset();
+  const auto left = device.preferences.exchange({{"profileactive", Value(1), Value(0.0f)}},
+                                                std::string(prefs::kDomain));
+  ASSERT_TRUE(left);
+  EXPECT_TRUE(left->empty());
+  EXPECT_EQ(device.stored("profileactive"), Value(0.0f));
+}
+
+TEST_F(HalfLoad, WhoseEndCannotBeReadKeepsItsNote) {
+  begin();
+  laySettings();
+  const auto settings = device.file(device.kDomainFile);
+  device.damageDomain();
+  guarded_.reset();
+  EXPECT_TRUE(noted());
+  overwrite(device.at(device.kDomainFile), std::string(settings.begin(), settings.end()));
+  device.startAnew();
+  device.backups->prepare();
+  EXPECT_EQ(device.stored("profileactive"), Value(1.0f));
+}
+
 TEST_F(HalfLoad, WithADamagedNoteIsForgotten) {
   begin();
   laySettings();
