@@ -29,6 +29,9 @@ struct Set {  // moves the row's control, edits its text or picks a value of its
   RowReference row;
   plist::Value value;
 };
+struct WayOut {  // turns the switch that dims this row, as its user would
+  RowReference row;
+};
 struct Scroll {  // the screen shows the entries from `first` on, and a scroll event follows
   int first = 0;
   int entries = 0;  // so many from now on; 0: as many as before
@@ -59,7 +62,7 @@ struct Call {  // runs the shown page's operation of that selector; Nothing is n
   std::vector<plist::Value> arguments{};
 };
 
-using Request = std::variant<Launch, Open, Back, Tap, Set, Scroll, Resize, Select, Drag, Bar, Press,
-                             Pick, Activate, Layout, Reload, Call>;
+using Request = std::variant<Launch, Open, Back, Tap, Set, WayOut, Scroll, Resize, Select, Drag,
+                             Bar, Press, Pick, Activate, Layout, Reload, Call>;
 
 }  // namespace host
