@@ -58,6 +58,10 @@ void PageModel::tap(int row) {
   perform(host::Tap{row});
 }
 
+void PageModel::takeWayOut(int row) {
+  perform(host::WayOut{row});
+}
+
 void PageModel::setOn(int row, bool on) {
   perform(host::Set{row, on});
 }

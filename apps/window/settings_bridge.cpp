@@ -19,7 +19,8 @@ qsizetype sameIn(const QList<Model*>& models, const std::vector<View>& views) {
 
 }  // namespace
 
-SettingsBridge::SettingsBridge(host::Application& application) : application_(application) {
+SettingsBridge::SettingsBridge(host::Application& application)
+    : application_(application), recovery_(this, application) {
   application_.setObserver([this] { refresh(); });
   refresh();
 }
@@ -32,7 +33,6 @@ SettingsBridge::~SettingsBridge() {
 void SettingsBridge::refresh() {
   outdated_ = true;
   if (std::exchange(refreshing_, true)) return;
-  showRefusal({});
   while (std::exchange(outdated_, false)) show(host::describe(application_));
   refreshing_ = false;
 }
@@ -40,6 +40,7 @@ void SettingsBridge::refresh() {
 void SettingsBridge::show(const host::Scene& scene) {
   showPages(scene.pages);
   showAlerts(scene.alerts);
+  recovery_.refresh(scene.damage);
   if (scene.problems == problems_) return;
   problems_ = scene.problems;
   emit problemsChanged();
@@ -83,7 +84,7 @@ void SettingsBridge::announce() {
 
 void SettingsBridge::perform(const host::Request& request, const QString& badValue) {
   const auto done = application_.perform(request);
-  if (done) return;
+  if (done) return showRefusal({});
   const bool ownWords = done.error().code == host::RefusalCode::BadValue && !badValue.isEmpty();
   showRefusal(ownWords ? badValue : toQString(done.error().message));
 }
@@ -96,7 +97,7 @@ void SettingsBridge::showRefusal(const QString& refusal) {
 
 QStringList SettingsBridge::problems() const {
   QStringList messages;
-  for (const host::Problem& problem : problems_) messages << toQString(problem.message());
+  for (const host::Problem& problem : problems_) messages << problemText(problem);
   if (!refusal_.isEmpty()) messages << refusal_;
   return messages;
 }
@@ -106,6 +107,7 @@ void SettingsBridge::back() {
 }
 
 void SettingsBridge::activate() {
+  application_.follow(host::Application::Lists::ReadAnew);
   perform(host::Activate{});
   // Other programs may have stored what cells show as they are laid out.
   perform(host::Layout{});

@@ -6,6 +6,7 @@
 
 #include "apps/window/alert_model.h"
 #include "apps/window/page_model.h"
+#include "apps/window/recovery_model.h"
 #include "host/application.h"
 
 namespace window {
@@ -18,6 +19,7 @@ class SettingsBridge : public QObject {
   QML_UNCREATABLE("made by the program")
   Q_PROPERTY(window::PageModel* shown READ shown NOTIFY shownChanged)
   Q_PROPERTY(window::AlertModel* alert READ alert NOTIFY alertChanged)  // the topmost
+  Q_PROPERTY(window::RecoveryModel* recovery READ recovery CONSTANT)
   Q_PROPERTY(QStringList problems READ problems NOTIFY problemsChanged)
 
  public:
@@ -27,10 +29,11 @@ class SettingsBridge : public QObject {
 
   PageModel* shown() const { return pages_.isEmpty() ? nullptr : pages_.last(); }
   AlertModel* alert() const { return alerts_.isEmpty() ? nullptr : alerts_.last(); }
+  RecoveryModel* recovery() { return &recovery_; }
   QStringList problems() const;
 
   void refresh();  // something on screen may have changed
-  // A refusal is a problem until the next refresh; in these words where the value can't be taken.
+  // A refusal is a problem until the next request; in these words where the value can't be taken.
   void perform(const host::Request& request, const QString& badValue = {});
 
   Q_INVOKABLE void announce();  // emits the pages and alerts that are there already
@@ -53,6 +56,7 @@ class SettingsBridge : public QObject {
   void showRefusal(const QString& refusal);
 
   host::Application& application_;
+  RecoveryModel recovery_;
   QList<PageModel*> pages_;
   QList<AlertModel*> alerts_;
   std::vector<host::Problem> problems_;

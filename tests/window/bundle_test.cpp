@@ -217,4 +217,32 @@ TEST_F(BundleWindow, TheReasonShowsWhereThePointerRests) {
   EXPECT_TRUE(driver->until([&] { return driver->shows(reason); }));
 }
 
+TEST_F(BundleWindow, TheReasonOffersTheWayOut) {
+  open("PowerSavingListController");
+  ASSERT_TRUE(driver->until([this] { return !row("custbright").usable; }));
+  driver->waitUntilIdle();
+  const QString offer = "Switch on " + labelOf("custbrightenabled");
+  EXPECT_FALSE(driver->find(offer, kButton));
+  driver->click(labelOf("custbright"));
+  ASSERT_TRUE(driver->until([&] { return driver->find(offer, kButton) != nullptr; }));
+  driver->waitUntilIdle();
+  driver->click(offer, kButton);
+  EXPECT_EQ(stored("custbrightenabled"), Value(true));
+  EXPECT_TRUE(row("custbright").usable);
+  EXPECT_TRUE(driver->until([&] { return !driver->find(offer, kButton); }));
+}
+
+TEST_F(BundleWindow, TheSwitchOfTheWayOutMayBeOffScreen) {
+  open("LowPowerListController", 390, 600);
+  set("lowpowermodeenabled", true);
+  driver->scrollTo(100000);
+  const auto rows = page().rows;
+  const auto last = std::ranges::find_if(rows.rbegin(), rows.rend(), [](const auto& each) {
+    return each.whyNot && !each.whyNot->wayOut().empty();
+  });
+  ASSERT_NE(last, rows.rend());
+  bridge().shown()->takeWayOut(static_cast<int>(rows.rend() - last) - 1);
+  EXPECT_EQ(stored("lowpowermodeenabled"), Value(false));
+}
+
 }  // namespace

@@ -71,6 +71,7 @@ int draw(const QCommandLineParser& options) {
   if (!launched) return complain(launched.error().message);
 
   window::SettingsWindow settings(application, queue);
+  settings.attach(device);
   QQuickWindow& window = *settings.quickWindow();
   Driver driver(window);
   driver.resize(size.width(), size.height());

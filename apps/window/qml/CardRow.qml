@@ -27,6 +27,12 @@ FocusScope {
             control.forceActiveFocus(reason);
     }
 
+    // What a row in use has accepted doesn't come here.
+    Keys.onReturnPressed: event => {
+        event.accepted = entry.wayOut !== "";
+        if (event.accepted)
+            page.takeWayOut(index);
+    }
     width: ListView.view ? ListView.view.width : 0
     height: cardHeight + (footer.visible ? footer.height + 8 : 0)
 
@@ -65,6 +71,8 @@ FocusScope {
             id: hint
             text: card.entry.reason
             wanted: pointer.hovered
+            action: card.entry.wayOut
+            onActed: card.page.takeWayOut(card.index)
         }
     }
 

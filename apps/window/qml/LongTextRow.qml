@@ -14,10 +14,13 @@ CardRow {
 
         readonly property bool byKeyboard: focusReason === Qt.TabFocusReason || focusReason === Qt.BacktabFocusReason
 
+        property string begun: card.entry.value  // what stood there when editing began
+
         function commit() {
-            if (text !== card.entry.value)
+            if (text !== begun)
                 card.page.setText(card.index, text);
-            text = Qt.binding(() => card.entry.value);
+            begun = Qt.binding(() => card.entry.value);
+            text = Qt.binding(() => begun);
         }
 
         anchors.fill: parent
@@ -27,7 +30,7 @@ CardRow {
         rightPadding: Theme.inset
         activeFocusOnTab: true
         visible: card.entry.built
-        text: card.entry.value
+        text: begun
         placeholderText: card.entry.placeholder
         textFormat: TextEdit.PlainText
         wrapMode: TextEdit.Wrap
@@ -36,7 +39,12 @@ CardRow {
         selectedTextColor: "#FFFFFF"
         selectByMouse: true
         font.pixelSize: Theme.body
-        onActiveFocusChanged: if (!activeFocus) commit()
+        onActiveFocusChanged: {
+            if (activeFocus)
+                begun = card.entry.value;
+            else
+                commit();
+        }
         Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
         Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
         Accessible.name: card.entry.label !== "" ? card.entry.label : card.entry.placeholder

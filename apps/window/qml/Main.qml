@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Quorvantis.Settings
 
 // The window: the shown page, those it slides over, and the problems to report.
@@ -73,41 +74,56 @@ ApplicationWindow {
 
         SheetPopup {
             page: stack.currentItem as PageView
+            top: above.height
         }
     }
     Component {
         id: plainAlert
 
-        AlertPopup {}
+        AlertPopup {
+            top: above.height
+        }
+    }
+    // Above what covers the window.
+    T.Popup {
+        id: above
+
+        parent: T.Overlay.overlay
+        z: 1
+        width: window.width
+        height: visible ? contentHeight : 0
+        padding: 0
+        visible: window.settings.alert !== null && window.settings.problems.length > 0
+        closePolicy: T.Popup.NoAutoClose
+
+        contentItem: Notices {
+            settings: window.settings
+        }
     }
 
     Item {
         id: nowhere
     }
-    Column {
+    RecoveryNotice {
+        id: recovery
+
+        width: parent.width
+        recovery: window.settings.recovery
+    }
+    Notices {
         id: banners
 
         anchors.bottom: parent.bottom
         width: parent.width
-
-        Repeater {
-            model: window.settings.problems
-
-            Banner {
-                required property int index
-                required property string modelData
-
-                width: banners.width
-                message: modelData
-                onDismissed: window.settings.dismiss(index)
-            }
-        }
+        visible: !above.visible
+        settings: window.settings
     }
 
     StackView {
         id: stack
 
         anchors.fill: parent
+        anchors.topMargin: recovery.height
         anchors.bottomMargin: banners.height
         focus: true
         clip: true

@@ -6,6 +6,7 @@ T.TextField {
     id: field
 
     property string shown
+    property string begun: shown  // what stood there when editing began
 
     signal typed(string typed)
     signal done
@@ -14,6 +15,13 @@ T.TextField {
     function takes(key: KeyEvent): bool {
         const command = Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier;
         return visible && (key.modifiers & command) === 0 && key.text.length === 1 && "0123456789.,-".includes(key.text);
+    }
+    function show() {
+        if (activeFocus)
+            begun = shown;
+        else
+            begun = Qt.binding(() => shown);
+        text = Qt.binding(() => begun);
     }
     // Begins with this text, or with the number that is shown.
     function edit(begin: string) {
@@ -33,22 +41,27 @@ T.TextField {
     activeFocusOnTab: false
     selectByMouse: true
     inputMethodHints: Qt.ImhFormattedNumbersOnly
-    text: shown
+    text: begun
     color: activeFocus ? Theme.text : "transparent"
     selectionColor: Theme.accent
     selectedTextColor: "#FFFFFF"
     font.pixelSize: Theme.body
-    onActiveFocusChanged: if (activeFocus) selectAll()
+    onActiveFocusChanged: {
+        if (!activeFocus)
+            return;
+        begun = shown;
+        selectAll();
+    }
     onEditingFinished: {
-        if (text !== shown)
+        if (text !== begun)
             typed(text);
-        text = Qt.binding(() => shown);
+        show();
         if (activeFocus)
             done();
     }
     Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Escape
     Keys.onEscapePressed: {
-        text = Qt.binding(() => shown);
+        show();
         done();
     }
 
