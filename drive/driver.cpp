@@ -62,6 +62,7 @@ Driver::Driver(const host::DeviceOptions& options, int viewport,
                host::Device::ProblemHandler complain)
     : device_(options), application_(device_.device().environment(), viewport) {
   device_.device().setProblemHandler(std::move(complain));
+  application_.record(device_.device().backups());
 }
 
 std::string Driver::answer(std::string_view line) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/describe.h"
 #include "platform/uikit/geometry.h"
 #include "prefs/profiles/ProfilesListController.h"
 
@@ -49,10 +50,26 @@ Outcome<plist::Value> Application::perform(const Request& request) {
   if (const auto refused = refusal(request)) return *refused;
   reported_.clear();
   const std::vector before(alerts().begin(), alerts().end());
+  record_.begin(request, labelOf(request));
   auto result = std::visit([this](const auto& each) { return run(each); }, request);
+  record_.end(request);
   noteFailures(before);
   if (result) buildVisibleRows();
   return result;
+}
+
+// A page of choices or colors is about the row that opened it.
+std::string Application::labelOf(const Request& request) const {
+  if (const RowReference* operated = operatedRow(request)) return (*row(*operated))->name();
+  if (const auto* wayOut = std::get_if<WayOut>(&request)) {
+    const auto dimmed = row(wayOut->row);
+    const auto whyNot = dimmed ? describeRow(*shownList(), **dimmed).whyNot : std::nullopt;
+    return whyNot ? whyNot->label : std::string();
+  }
+  const preferences::PSViewController* page = shownPage();
+  if (!page) return {};
+  const PSSpecifier* opener = page->specifier();
+  return shownTable() && opener && !opener->name().empty() ? opener->name() : page->title;
 }
 
 std::optional<Refusal> Application::refusal(const Request& request) const {

@@ -12,6 +12,7 @@
 #include "host/problem.h"
 #include "host/refusal.h"
 #include "host/request.h"
+#include "host/request_record.h"
 #include "platform/preferences/PSListController.h"
 #include "platform/preferences/environment.h"
 #include "platform/uikit/table_view.h"
@@ -48,6 +49,10 @@ class Application {
   //   dimmed;
   //   as what the request itself can't do, NoPage before a launch among it.
   Outcome<plist::Value> perform(const Request& request);
+
+  // From now on what a request of the user's changes enters the history, labelled after its row or
+  // page; null: it doesn't. It has to outlive this.
+  void record(Backups* backups) { record_.record(backups); }
 
   // What the row's data sources yield now; BadRequest for a row that has no choices.
   Outcome<std::shared_ptr<const preferences::Choices>> choices(const RowReference& reference);
@@ -101,6 +106,7 @@ class Application {
   Result run(const Tap& request);
   Result run(const Set& request);
   Result run(const WayOut& request);
+  Result run(const Release& request);
   Result run(const Scroll& request);
   Result run(const Resize& request);
   Result run(const Select& request);
@@ -113,6 +119,7 @@ class Application {
   Result run(const Reload& request);
   Result run(const Call& request);
 
+  std::string labelOf(const Request& request) const;
   std::optional<Refusal> refusal(const Request& request) const;
   void noteFailures(const std::vector<std::shared_ptr<uikit::Alert>>& before);
   bool opensProfileManager(const Request& request) const;
@@ -139,6 +146,7 @@ class Application {
   std::optional<Problem> damage_;
   std::function<void()> changed_;
   mutable Identities identities_;
+  RequestRecord record_;
 };
 
 }  // namespace host

@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <new>
 
+#include "host/triggers.h"
+#include "platform/foundation/checksum.h"
 #include "platform/foundation/text.h"
 #include "platform/plist/hexadecimal.h"
 #include "prefs/core/names.h"
@@ -25,7 +28,7 @@ Result<std::string> folderFor(const std::string& root) {
   const auto path = std::filesystem::weakly_canonical(root, unresolved).string();
   if (unresolved) return Error{root, unresolved.value()};
   const auto* bytes = reinterpret_cast<const std::uint8_t*>(path.data());
-  const std::uint64_t sum = checksumOf({bytes, path.size()});
+  const std::uint64_t sum = foundation::checksumOf({bytes, path.size()});
   std::string name;
   for (int shift = 56; shift >= 0; shift -= 8)
     plist::appendHex(name, static_cast<std::uint8_t>(sum >> shift));
@@ -41,8 +44,11 @@ std::string idOf(const std::string& path) {
   return name.substr(kPrefix.size(), dot - kPrefix.size());
 }
 
-FileChange::Bytes bytesOf(const Result<std::vector<std::uint8_t>>& read) {
-  return read ? std::optional(*read) : std::nullopt;
+// "load Battery 20%"
+std::string labelOf(const preferences::ProfileStep& step) {
+  constexpr std::string_view kVerbs[] = {"load ", "save ", "import ", "delete "};
+  const auto trigger = findTrigger(step.path);
+  return std::string(kVerbs[step.what]) + (trigger ? trigger->title : idOf(step.path));
 }
 
 // Of two changes of a key the first one's beginning and the second one's end.
@@ -59,11 +65,12 @@ void merge(const foundation::KeyChanges& later, foundation::KeyChanges& changes)
 }  // namespace
 
 struct Backups::State {
-  explicit State(const std::string& directory) : folder(directory) {}
+  State(const std::string& directory, std::chrono::milliseconds patience)
+      : folder(directory), snapshots(folder, patience), history(folder, patience) {}
 
   foundation::DeviceRoot folder;
-  Snapshots snapshots{folder};
-  History history{folder};
+  Snapshots snapshots;
+  History history;
   LastSeen lastSeen{folder};
   std::unique_ptr<LoadNote> load;
 };
@@ -86,7 +93,7 @@ Result<Done> Backups::open() {
   if (state_) return Done{};
   const auto name = folderFor(environment_.root.directory());
   if (!name) return name.error();
-  state_ = std::make_unique<State>(folder_ + "/" + *name);
+  state_ = std::make_unique<State>(folder_ + "/" + *name, lockPatience_);
   state_->load = std::make_unique<LoadNote>(environment_, store_, state_->folder);
   return Done{};
 }
@@ -124,9 +131,9 @@ void Backups::warn(std::string what, const Error& cause) const {
   if (warn_) warn_(Error{.what = std::move(what)}.because(cause));
 }
 
-std::vector<std::uint8_t> Backups::domainBytes() const {
-  auto bytes = environment_.root.read(foundation::domainPath(prefs::kDomain));
-  return bytes ? std::move(*bytes) : std::vector<std::uint8_t>();
+std::uint64_t Backups::domainChecksum() const {
+  const auto bytes = environment_.root.read(foundation::domainPath(prefs::kDomain));
+  return foundation::checksumOf(bytes ? plist::Bytes(*bytes) : plist::Bytes());
 }
 
 Result<int> Backups::keep(const std::string& before) {
@@ -136,7 +143,7 @@ Result<int> Backups::keep(const std::string& before) {
   const auto domain = environment_.root.read(foundation::domainPath(prefs::kDomain));
   if (!domain && domain.error().code != ENOENT) return domain.error();
   if (domain) snapshot.domain = *domain;
-  auto profiles = readProfileFiles(environment_.root);
+  auto profiles = readProfileFiles(environment_.root, domain ? domain->size() : 0);
   if (!profiles) return profiles.error();
   snapshot.profiles = std::move(*profiles);
   return state().snapshots.add(snapshot);
@@ -161,12 +168,14 @@ void Backups::takeDailySnapshot() {
   if (!noted) warn("the day's snapshot will be taken again", noted.error());
 }
 
+// Finishing a load changes the settings, and so comes back here.
 void Backups::prepare() {
-  if (!isOpen()) return;
+  if (preparing_ || !isOpen()) return;
+  preparing_ = true;
   takeDailySnapshot();
-  if (std::exchange(loadsFinished_, true)) return;
   const auto finished = state().load->finish();
   if (!finished) warn("a load that was stopped half-way is not finished", finished.error());
+  preparing_ = false;
 }
 
 std::shared_ptr<void> Backups::guard(const preferences::ProfileStep& step) {
@@ -174,9 +183,9 @@ std::shared_ptr<void> Backups::guard(const preferences::ProfileStep& step) {
   const bool exists = environment_.root.hasEntry(step.path);
   if (step.what == ProfileStep::Delete && !exists) return nullptr;
   // A load's note takes the place of one that another process has left since.
-  if (step.what == ProfileStep::Load) loadsFinished_ = false;
   prepare();
   if (!isOpen()) return nullptr;
+  if (change_ && label_ == Label::Default) change_->what = labelOf(step);
   const std::string id = idOf(step.path);
   switch (step.what) {
     case ProfileStep::Load: {
@@ -196,26 +205,39 @@ std::shared_ptr<void> Backups::guard(const preferences::ProfileStep& step) {
       keepOrWarn("delete " + id);
       break;
   }
-  if (!change_) return nullptr;
-  FileChange change{step.path, {}, {}};
-  change.from = bytesOf(environment_.root.read(step.path, foundation::Links::Refuse));
-  if (step.what != ProfileStep::Delete) change.to.emplace(step.written.begin(), step.written.end());
-  change_->files.push_back(std::move(change));
+  if (change_) noteFile(step);
   return nullptr;
 }
 
-void Backups::beginChange(std::string what) {
-  change_ = Change{.what = std::move(what)};
+void Backups::noteFile(const preferences::ProfileStep& step) {
+  const auto before = bytesOf(environment_.root, step.path);
+  const bool deleted = step.what == preferences::ProfileStep::Delete;
+  if (!before && deleted) warn("\"" + change_->what + "\" can't be undone", before.error());
+  if (!before) return;
+  FileChange change{step.path, *before, {}};
+  if (!deleted) change.to.emplace(step.written.begin(), step.written.end());
+  change_->files.push_back(std::move(change));
 }
 
-void Backups::endChange() {
-  if (!change_) return;
+void Backups::beginChange(std::string what, Label label) {
+  endChange();
+  change_ = Change{.what = std::move(what)};
+  label_ = label;
+}
+
+void Backups::endChange() noexcept try {
+  if (change_) recordChange();
+} catch (const std::bad_alloc&) {
+  change_.reset();
+}
+
+void Backups::recordChange() {
   Change change = *std::exchange(change_, std::nullopt);
   std::erase_if(change.settings, [](const auto& each) { return each.from == each.to; });
   // What failed, or was taken back, has not changed.
   std::erase_if(change.files, [&](const FileChange& each) {
-    const auto now = bytesOf(environment_.root.read(each.path, foundation::Links::Refuse));
-    return now != each.to || each.from == each.to;
+    const auto now = bytesOf(environment_.root, each.path);
+    return !now || *now != each.to || each.from == each.to;
   });
   remember(std::move(change), {});
 }
@@ -229,20 +251,19 @@ void Backups::remember(Change change, const std::vector<std::string>& left) {
   if (change.empty() || !isOpen()) return;
   change.time = now();
   const auto added = state().history.add(change);
-  if (!added) warn("\"" + change.what + "\" can't be undone", added.error());
+  if (!added) return warn("\"" + change.what + "\" can't be undone", added.error());
+  if (stepHandler_) stepHandler_(change.what);
 }
 
 void Backups::willChange(std::string_view domain) {
-  if (domain != prefs::kDomain) return;
-  prepare();
-  if (isOpen()) state().lastSeen.willChange(domainBytes(), now());
+  if (domain == prefs::kDomain) prepare();
 }
 
-void Backups::didChange(std::string_view domain, const foundation::KeyChanges& changes) {
+void Backups::didChange(std::string_view domain, const foundation::DomainChange& change) {
   if (domain != prefs::kDomain) return;
-  if (change_) merge(changes, change_->settings);
+  if (change_ && !preparing_) merge(change.keys, change_->settings);
   // Whoever reads it next is not misled: at worst it says that another program has changed it.
-  if (isOpen()) static_cast<void>(state().lastSeen.changed(domainBytes(), now()));
+  if (isOpen()) static_cast<void>(state().lastSeen.changed(change.before, change.after, now()));
 }
 
 }  // namespace host

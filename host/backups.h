@@ -44,25 +44,34 @@ class Backups : public foundation::ChangeObserver {
   LastSeen& lastSeen();
   // The settings as another process sees and changes them.
   foundation::Preferences& store() { return store_; }
-  // The settings file as it is; empty without one.
-  std::vector<std::uint8_t> domainBytes() const;
+  // checksumOf() the settings file as it is; of no bytes without one, or where it can't be read.
+  std::uint64_t domainChecksum() const;
 
   // Finishes a load that was stopped half-way, and takes the day's snapshot. Is done before each
-  // change; a window does it as it starts.
+  // change and is no part of it; a window does it as it starts.
   void prepare();
 
   // As preferences::ProfileGuard: a snapshot before a load, an import, an overwriting save and a
   // delete, and the note of a load.
   std::shared_ptr<void> guard(const preferences::ProfileStep& step);
 
-  // What happens in between is one change of this user's, and stands in the history afterwards.
-  void beginChange(std::string what);
-  void endChange();
+  // What happens in between is one change of this user's, and stands in the history afterwards, if
+  // anything has changed. One that was begun before ends. The label is `what`; with Label::Default
+  // a profile's step gives it another one ("load Battery 20%"). Without memory for it a change is
+  // forgotten.
+  enum class Label { Fixed, Default };
+  void beginChange(std::string what, Label label = Label::Fixed);
+  void endChange() noexcept;
+  bool isChanging() const { return change_.has_value(); }
   // Puts a change into the history that was made otherwise, without what was left out of it.
   void remember(Change change, const std::vector<std::string>& left);
+  // Is called with the label of each change that has entered the history.
+  void setStepHandler(std::function<void(const std::string& what)> handler) {
+    stepHandler_ = std::move(handler);
+  }
 
   void willChange(std::string_view domain) override;
-  void didChange(std::string_view domain, const foundation::KeyChanges& changes) override;
+  void didChange(std::string_view domain, const foundation::DomainChange& change) override;
 
  private:
   struct State;
@@ -70,6 +79,8 @@ class Backups : public foundation::ChangeObserver {
   bool isOpen();  // else it warns, once
   plist::Date now() const;
   void takeDailySnapshot();
+  void noteFile(const preferences::ProfileStep& step);
+  void recordChange();
   void warn(std::string what, const platform::Error& cause) const;
 
   preferences::Environment& environment_;
@@ -80,15 +91,18 @@ class Backups : public foundation::ChangeObserver {
   foundation::Preferences store_;
   std::unique_ptr<State> state_;
   std::optional<Change> change_;  // that has been begun
-  std::int64_t day_ = -1;         // when the day's snapshot was looked for last, since 1970
-  bool loadsFinished_ = false, warned_ = false;
+  Label label_ = Label::Fixed;    // of it
+  std::function<void(const std::string& what)> stepHandler_;
+  std::int64_t day_ = -1;  // when the day's snapshot was looked for last, since 1970
+  bool preparing_ = false, warned_ = false;
 };
 
 // A change of this user's, from the one brace to the other; `backups` may be null.
 class UserChange {
  public:
-  UserChange(Backups* backups, std::string what) : backups_(backups) {
-    if (backups_) backups_->beginChange(std::move(what));
+  UserChange(Backups* backups, std::string what, Backups::Label label = Backups::Label::Fixed)
+      : backups_(backups) {
+    if (backups_) backups_->beginChange(std::move(what), label);
   }
   ~UserChange() {
     if (backups_) backups_->endChange();

@@ -31,6 +31,7 @@ void withhold(RowView& row) {
   row.value = row.standard = plist::Value();
   row.shown = "unknown";
   row.changed = row.usable = false;
+  row.alpha = 1;
   row.control = std::monostate();
   row.whyNot = WhyNot{.instead = "the settings can't be read"};
 }

@@ -1,5 +1,6 @@
 #include "host/history.h"
 
+#include <cerrno>
 #include <utility>
 
 namespace host {
@@ -76,14 +77,19 @@ std::optional<Change> changeIn(const plist::Dictionary& record) {
 
 }  // namespace
 
+Result<FileChange::Bytes> bytesOf(const foundation::DeviceRoot& root, const std::string& path) {
+  auto bytes = root.read(path, foundation::Links::Refuse);
+  if (bytes) return FileChange::Bytes(std::move(*bytes));
+  if (bytes.error().code == ENOENT) return FileChange::Bytes();
+  return bytes.error();
+}
+
 Result<Done> History::add(const Change& change) {
-  std::uintmax_t files = 0;
-  for (const FileChange& file : change.files)
-    files += (file.from ? file.from->size() : 0) + (file.to ? file.to->size() : 0);
-  if (files > kLargest) return Error{.what = "\"" + change.what + "\" is too large to be undone"};
+  const auto locked = lock();
+  if (!locked) return locked.error();
+  undone_.clear();
   const auto added = done_.add(recordOf(change));
   if (!added) return added.error();
-  undone_.clear();
   return Done{};
 }
 
@@ -94,25 +100,17 @@ History::Latest History::newest(const RecordFolder& records) {
     const auto record = records.read(*number);
     if (!record && !isLost(record.error())) return record.error();
     if (!record) continue;
-    if (auto change = changeIn(*record)) return change;
+    if (auto change = changeIn(*record)) return std::optional(Entry{*number, std::move(*change)});
   }
-  return std::optional<Change>();
+  return std::optional<Entry>();
 }
 
 // Put there first: one that stands on both sides is only found done already.
-Result<Done> History::moveNewest(RecordFolder& from, RecordFolder& to) {
-  const auto numbers = from.numbers();
-  if (!numbers) return numbers.error();
-  for (auto number = numbers->rbegin(); number != numbers->rend(); ++number) {
-    const auto record = from.read(*number);
-    if (!record && !isLost(record.error())) return record.error();
-    if (record && changeIn(*record)) {
-      if (const auto added = to.add(*record); !added) return added.error();
-      return from.remove(*number);
-    }
-    if (const auto removed = from.remove(*number); !removed) return removed;
-  }
-  return Done{};
+Result<Done> History::move(int number, RecordFolder& from, RecordFolder& to) {
+  const auto record = from.read(number);
+  if (!record) return record.error();
+  if (const auto added = to.add(*record); !added) return added.error();
+  return from.remove(number);
 }
 
 Change reversed(Change change) {

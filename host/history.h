@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <optional>
 #include <string>
 #include <vector>
@@ -15,10 +16,13 @@ struct FileChange {
   std::string path;  // the platform's
   Bytes from, to;
 };
+// What `from` and `to` are of; links are refused.
+platform::Result<FileChange::Bytes> bytesOf(const foundation::DeviceRoot& root,
+                                            const std::string& path);
 
 // One change that this user made: a row, or all that a load has set.
 struct Change {
-  std::string what{};  // in words: "set wifi", "load 55"
+  std::string what{};  // in words, a verb first: "set wifi", "load 55"
   plist::Date time{};
   foundation::KeyChanges settings{};
   std::vector<FileChange> files{};
@@ -27,32 +31,46 @@ struct Change {
 };
 
 // This user's changes, by window or shell, in their order: those that can be undone, and those that
-// were undone and can be done again, until there is a new one. The newest 200 stay, or as many as
-// come to 4 MB. They outlive the program, but the latest need not outlive a power cut: no change
-// waits for the disk on their account. A damaged record counts as none.
+// were undone and can be done again, until there is a new one. The newest 200 of each stay, or as
+// many as come to 4 MB. They outlive the program, but the latest need not outlive a power cut: no
+// change waits for the disk on their account. A damaged record counts as none, and stays until it
+// is too old.
 class History {
  public:
-  explicit History(foundation::DeviceRoot& state)
-      : done_(state, "/history/", kKept, kLargest), undone_(state, "/undone/", kKept, kLargest) {}
+  // `patience`: how long another process that holds the history is waited for.
+  History(foundation::DeviceRoot& state, std::chrono::milliseconds patience)
+      : done_(state, "/history/", kCalled, kKept, kLargest),
+        undone_(state, "/undone/", kCalled, kKept, kLargest),
+        patience_(patience) {}
   static constexpr std::size_t kKept = 200;
-  static constexpr std::uintmax_t kLargest = 4 << 20;  // bytes
+  static constexpr std::uintmax_t kLargest = 4 << 20;  // bytes, of records
 
-  // Forgets what was undone. A change of more than kLargest is an error.
+  // Under the lock; forgets what was undone. A change whose record is larger than kLargest is an
+  // error.
   platform::Result<platform::Done> add(const Change& change);
 
+  // For the time from looking to moving: nobody adds or moves a change as long as it is held.
+  platform::Result<foundation::Descriptor> lock() { return done_.lock(patience_); }
+
+  struct Entry {
+    int number = 0;
+    Change change;
+  };
   // What an undo, or a redo, is about; nothing: there is none.
-  using Latest = platform::Result<std::optional<Change>>;
+  using Latest = platform::Result<std::optional<Entry>>;
   Latest lastDone() const { return newest(done_); }
   Latest lastUndone() const { return newest(undone_); }
   // Moves that one to the other side.
-  platform::Result<platform::Done> setUndone() { return moveNewest(done_, undone_); }
-  platform::Result<platform::Done> setRedone() { return moveNewest(undone_, done_); }
+  platform::Result<platform::Done> setUndone(int number) { return move(number, done_, undone_); }
+  platform::Result<platform::Done> setRedone(int number) { return move(number, undone_, done_); }
 
  private:
+  static constexpr std::string_view kCalled = "the history";
   static Latest newest(const RecordFolder& records);
-  static platform::Result<platform::Done> moveNewest(RecordFolder& from, RecordFolder& to);
+  static platform::Result<platform::Done> move(int number, RecordFolder& from, RecordFolder& to);
 
   RecordFolder done_, undone_;
+  std::chrono::milliseconds patience_;
 };
 
 // The change in the opposite direction.

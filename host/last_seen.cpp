@@ -28,17 +28,16 @@ std::optional<LastSeen::Sighting> LastSeen::read() const {
   return std::nullopt;
 }
 
-void LastSeen::willChange(plist::Bytes bytes, plist::Date now) {
-  before_ = read();
-  if (!before_ || before_->checksum == checksumOf(bytes)) return;
-  before_->outside = now;
-  before_->outsideSince = before_->time;
-}
-
-platform::Result<platform::Done> LastSeen::changed(plist::Bytes bytes, plist::Date now) {
-  plist::Dictionary record{{std::string(kTime), now}, {std::string(kChecksum), checksumOf(bytes)}};
-  if (before_ && before_->outside) record.set(kOutside, *before_->outside);
-  if (before_ && before_->outsideSince) record.set(kOutsideSince, *before_->outsideSince);
+platform::Result<platform::Done> LastSeen::changed(std::uint64_t before, std::uint64_t after,
+                                                   plist::Date now) {
+  auto last = read();
+  if (last && last->checksum != before) {
+    last->outside = now;
+    last->outsideSince = last->time;
+  }
+  plist::Dictionary record{{std::string(kTime), now}, {std::string(kChecksum), after}};
+  if (last && last->outside) record.set(kOutside, *last->outside);
+  if (last && last->outsideSince) record.set(kOutsideSince, *last->outsideSince);
   const auto added = records_.add(record);
   if (!added) return added.error();
   return platform::Done{};

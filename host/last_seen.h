@@ -19,16 +19,17 @@ class LastSeen {
     std::optional<plist::Date> outside{}, outsideSince{};
   };
 
-  explicit LastSeen(foundation::DeviceRoot& state) : records_(state, "/seen/", 2, 1 << 20) {}
+  explicit LastSeen(foundation::DeviceRoot& state)
+      : records_(state, "/seen/", "what was seen", 2, 1 << 20) {}
 
   std::optional<Sighting> read() const;
-  // The file is about to be changed, and then has been, by this program. Empty bytes: no file.
-  void willChange(plist::Bytes bytes, plist::Date now);
-  platform::Result<platform::Done> changed(plist::Bytes bytes, plist::Date now);
+  // This program has changed the file of the one checksum to that of the other. For one who holds
+  // the file's lock.
+  platform::Result<platform::Done> changed(std::uint64_t before, std::uint64_t after,
+                                           plist::Date now);
 
  private:
   RecordFolder records_;
-  std::optional<Sighting> before_;  // with what willChange has noticed
 };
 
 }  // namespace host

@@ -1,6 +1,7 @@
 #include "host/load_note.h"
 
 #include <cerrno>
+#include <new>
 
 #include "host/record_folder.h"
 #include "platform/foundation/file_lock.h"
@@ -19,6 +20,7 @@ using platform::Result;
 
 constexpr const char* kNote = "/load";
 constexpr const char* kLockedName = "load";
+constexpr std::string_view kCalled = "the loading of profiles";
 constexpr std::string_view kBefore = "before", kLaid = "laid";
 
 Result<foundation::Descriptor> lockLoads(foundation::DeviceRoot& state,
@@ -26,11 +28,12 @@ Result<foundation::Descriptor> lockLoads(foundation::DeviceRoot& state,
   if (const auto made = state.createDirectory("/"); !made) return made.error();
   const auto folder = state.openDirectory("/");
   if (!folder) return folder.error();
-  return foundation::takeLock(*folder, kLockedName, patience);
+  return foundation::takeLock(*folder, kLockedName, patience, kCalled);
 }
 
-bool equal(const plist::Value* a, const plist::Value* b) {
-  return a && b ? *a == *b : a == b;
+// What a load makes of the profile's switch at last.
+plist::Value switched(const plist::Value& active) {
+  return plist::Value(foundation::boolValue(active) ? 1.0f : 0.0f);
 }
 
 }  // namespace
@@ -41,12 +44,14 @@ struct LoadNote::Noted {
 
   static Noted of(const plist::Dictionary& profile, const plist::Dictionary& domain) {
     Noted noted;
-    for (const auto& [key, value] : prefs::domainLaidByLoad(profile, domain)) {
-      const plist::Value* old = domain.find(key);
-      if (equal(old, &value) && prefs::key::profileactive != std::string_view(key)) continue;
-      if (old) noted.before.set(key, *old);
-      noted.laid.set(key, value);
+    const auto laid = prefs::domainLaidByLoad(profile, domain);
+    for (const auto& [key, from, to] : foundation::changesBetween(domain, laid)) {
+      if (from) noted.before.set(key, *from);
+      noted.laid.set(key, *to);
     }
+    constexpr std::string_view kSwitch = prefs::key::profileactive;
+    if (const plist::Value* active = domain.find(kSwitch)) noted.before.set(kSwitch, *active);
+    if (const plist::Value* active = laid.find(kSwitch)) noted.laid.set(kSwitch, *active);
     return noted;
   }
   static std::optional<Noted> read(const foundation::DeviceRoot& state) {
@@ -64,13 +69,14 @@ LoadNote::Progress LoadNote::progressOf(const Noted& noted) {
   const plist::Dictionary domain = prefs::wholeDomainRead(store_);
   int laid = 0, before = 0;
   for (const auto& [key, value] : noted.laid) {
-    laid += equal(domain.find(key), &value);
-    before += equal(domain.find(key), noted.before.find(key));
+    laid += foundation::isSame(domain.find(key), &value);
+    before += foundation::isSame(domain.find(key), noted.before.find(key));
   }
   if (laid <= before) return Progress::None;
   const plist::Value* active = noted.laid.find(prefs::key::profileactive);
-  return active && equal(active, domain.find(prefs::key::profileactive)) ? Progress::Half
-                                                                         : Progress::Whole;
+  const bool isHalf = active && *active != switched(*active) &&
+                      foundation::isSame(active, domain.find(prefs::key::profileactive));
+  return isHalf ? Progress::Half : Progress::Whole;
 }
 
 Result<std::shared_ptr<void>> LoadNote::begin(const std::string& profilePath,
@@ -89,9 +95,15 @@ Result<std::shared_ptr<void>> LoadNote::begin(const std::string& profilePath,
   return std::shared_ptr<void>(
       new Noted(std::move(noted)),
       [this, lock = std::make_shared<foundation::Descriptor>(std::move(*locked))](Noted* begun) {
-        if (progressOf(*begun) != Progress::Half) static_cast<void>(state_.remove(kNote));
-        delete begun;
+        const std::unique_ptr<Noted> owned(begun);
+        end(*owned);
       });
+}
+
+// Without memory the note stays, and the next process looks.
+void LoadNote::end(const Noted& noted) noexcept try {
+  if (progressOf(noted) != Progress::Half) static_cast<void>(state_.remove(kNote));
+} catch (const std::bad_alloc&) {
 }
 
 Result<Done> LoadNote::finish() {
@@ -104,9 +116,8 @@ Result<Done> LoadNote::finish() {
     const Progress progress = progressOf(*noted);
     if (progress == Progress::Half) {
       const plist::Value& active = *noted->laid.find(prefs::key::profileactive);
-      const plist::Value switched(foundation::boolValue(active) ? 1.0f : 0.0f);
       const auto finished = store_.exchange(
-          {{std::string(prefs::key::profileactive), active, switched}}, prefs::kDomain);
+          {{std::string(prefs::key::profileactive), active, switched(active)}}, prefs::kDomain);
       if (!finished) return finished.error();
       if (const auto flushed = store_.finish(); !flushed) return flushed.error();
     }

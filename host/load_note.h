@@ -34,6 +34,7 @@ class LoadNote {
   struct Noted;
   enum class Progress { None, Half, Whole };
   Progress progressOf(const Noted& noted);
+  void end(const Noted& noted) noexcept;
 
   preferences::Environment& environment_;
   foundation::Preferences& store_;

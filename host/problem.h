@@ -45,7 +45,8 @@ struct Problem {
   std::string message() const { return path.empty() ? words : path + ": " + words; }
 };
 
-// Why something could not be done. Nothing has changed then, but where it is Unconfirmed.
+// Why something could not be done. Nothing has changed then, but where it is Unconfirmed or
+// PartlyDone.
 struct Failure {
   enum Reason {
     Failed,       // a file or the settings can't be read or written
@@ -54,6 +55,7 @@ struct Failure {
     Exists,       // and is not to be overwritten
     IsFolder,     // a folder stands in the place of a file
     Unconfirmed,  // it is stored, but the disk didn't confirm it
+    PartlyDone,   // a part of it stays, which the words name, since it couldn't be taken back
   };
   Reason reason = Failed;
   Problem problem;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/foundation/property_list.h"
 #include "prefs/core/archive_file.h"
 #include "prefs/core/names.h"
 #include "prefs/profiles/profile_settings.h"
@@ -14,7 +15,6 @@ namespace {
 using platform::Done;
 
 constexpr std::string_view kArchiver = "$archiver";  // in every keyed archive
-constexpr std::string_view kBinaryMagic = "bplist";
 
 Failure failure(Failure::Reason reason, std::string words) {
   return {reason, {.source = Source::Profiles, .words = std::move(words)}};
@@ -59,11 +59,7 @@ Attempt<Done> check(const plist::Dictionary& values, const std::vector<std::stri
 
 platform::Result<plist::Value> readPropertyList(plist::Bytes bytes,
                                                 platform::XmlPropertyLists& xml) {
-  const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
-  if (!text.starts_with(kBinaryMagic)) return xml.read(bytes);
-  auto list = plist::readBinary(bytes);
-  if (!list) return platform::Error(list.error());
-  return std::move(*list);
+  return foundation::readPropertyList(bytes, [&xml](plist::Bytes text) { return xml.read(text); });
 }
 
 Attempt<ImportedProfile> readImport(plist::Bytes bytes, platform::XmlPropertyLists& xml) {

@@ -49,22 +49,21 @@ Failure notDone(const std::string& what, const platform::Error& error) {
 }
 
 Failure halfDone(std::string message) {
-  return failure(Failure::Unconfirmed, "", std::move(message));
+  return failure(Failure::PartlyDone, "", std::move(message));
 }
 
-SavedProfile savedProfile(const std::string& path, const plist::Dictionary& profile) {
-  const auto valueOf = [&](std::string_view key) {
-    const plist::Value* value = profile.find(key);
-    return value ? *value : prefs::profileDefault(key).value_or(plist::Value());
+SavedProfile savedProfile(const prefs::ProfileFile& file) {
+  const auto orDefault = [](const plist::Value& value, std::string_view key) {
+    return value.isNothing() ? prefs::profileDefault(key).value_or(plist::Value()) : value;
   };
   SavedProfile saved;
-  saved.path = path;
-  const plist::Value trigger = valueOf(prefs::kProfilePercentage);
+  saved.path = file.path;
+  const plist::Value trigger = orDefault(file.trigger, prefs::kProfilePercentage);
   if (!trigger.isNothing()) saved.trigger = foundation::descriptionOf(trigger);
   saved.title = prefs::triggerTitle(foundation::descriptionOf(trigger));
-  const plist::Value description = valueOf(prefs::kProfileDescription);
+  const plist::Value description = orDefault(file.description, prefs::kProfileDescription);
   if (description.text()) saved.description = *description.text();
-  saved.active = foundation::boolValue(valueOf(prefs::key::profileactive));
+  saved.active = foundation::boolValue(orDefault(file.active, prefs::key::profileactive));
   return saved;
 }
 
@@ -75,12 +74,10 @@ std::string SavedProfile::longTitle() const {
 }
 
 Attempt<std::vector<SavedProfile>> Profiles::list() {
-  const auto saved = prefs::savedProfiles(environment_, prefs::TitleForm::WithDescription);
+  const auto saved = prefs::profileFiles(environment_);
   if (!saved.failure.empty()) return failed(saved.failure);
   std::vector<SavedProfile> profiles;
-  for (const std::string& path : saved.paths)
-    if (const auto profile = prefs::readProfile(environment_, path))
-      profiles.push_back(savedProfile(path, *profile));
+  for (const prefs::ProfileFile& file : saved.files) profiles.push_back(savedProfile(file));
   if (environment_.problemHandler)
     for (const platform::Error& error : saved.skipped) environment_.problemHandler(error);
   return profiles;
@@ -107,12 +104,7 @@ bool Profiles::restore(const Trigger& trigger,
 }
 
 bool Profiles::takeBack(const plist::Dictionary& profile, const plist::Dictionary& before) {
-  foundation::KeyChanges changes;
-  for (const auto& [key, laid] : prefs::domainLaidByLoad(profile, before)) {
-    const plist::Value* old = before.find(key);
-    if (!old || *old != laid)
-      changes.push_back({key, laid, old ? std::optional(*old) : std::nullopt});
-  }
+  const auto changes = foundation::changesBetween(prefs::domainLaidByLoad(profile, before), before);
   return static_cast<bool>(environment_.preferences.exchange(changes, prefs::kDomain));
 }
 

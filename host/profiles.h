@@ -38,11 +38,11 @@ class Profiles {
   Attempt<plist::Dictionary> read(const Trigger& trigger);
 
   // Saves the settings, and remembers the trigger in them. When the latter fails a file of that
-  // name is again what it was; where that fails too the failure is Unconfirmed.
+  // name is again what it was; where that fails too the failure is PartlyDone.
   Attempt<Done> save(const Trigger& trigger, Existing existing);
   // Through the profile page, with its announcements. It stores twice; when the second fails the
   // settings are made again what they were, with an announcement; where that fails too the failure
-  // is Unconfirmed, and only the kind of "profileactive" isn't what the load makes it.
+  // is PartlyDone, and only the kind of "profileactive" isn't what the load makes it.
   Attempt<Done> load(const Trigger& trigger);
   Attempt<Done> remove(const Trigger& trigger, Folders folders);
   // Binds a copy of one's profile to another trigger.
@@ -70,7 +70,8 @@ class Profiles {
   // Whether the settings are again what they were before the profile was laid over them, but for
   // what another process has changed since.
   bool takeBack(const plist::Dictionary& profile, const plist::Dictionary& before);
-  // Takes the lock and reads the settings, and changes nothing.
+  // Takes the lock and reads the settings, and changes nothing; without a settings file it finds
+  // out nothing.
   platform::Result<Done> checkWritable();
   Attempt<Done> finish();
 

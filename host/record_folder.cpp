@@ -2,14 +2,15 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <filesystem>
 
 #include "host/text.h"
+#include "platform/foundation/checksum.h"
 #include "platform/foundation/file_lock.h"
 
 namespace host {
 namespace {
 
+using foundation::checksumOf;
 using platform::Done;
 using platform::Error;
 using platform::Result;
@@ -49,12 +50,6 @@ Error located(const foundation::DeviceRoot& state, Error error) {
 
 }  // namespace
 
-std::uint64_t checksumOf(plist::Bytes bytes) {
-  std::uint64_t sum = 0xcbf29ce484222325;
-  for (const std::uint8_t byte : bytes) sum = (sum ^ byte) * 0x100000001b3;
-  return sum;
-}
-
 Result<plist::Dictionary> readRecord(const foundation::DeviceRoot& state, const std::string& path) {
   const auto bytes = state.read(path, foundation::Links::Refuse);
   if (!bytes) return located(state, bytes.error());
@@ -76,9 +71,9 @@ bool isLost(const Error& error) {
   return error.code == 0 || error.code == ENOENT;
 }
 
-RecordFolder::RecordFolder(foundation::DeviceRoot& state, std::string path, std::size_t kept,
-                           std::uintmax_t largest)
-    : state_(state), path_(std::move(path)), kept_(kept), largest_(largest) {}
+RecordFolder::RecordFolder(foundation::DeviceRoot& state, std::string path, std::string_view called,
+                           std::size_t kept, std::uintmax_t largest)
+    : state_(state), path_(std::move(path)), called_(called), kept_(kept), largest_(largest) {}
 
 Result<std::vector<int>> RecordFolder::numbers() const {
   std::vector<int> found;
@@ -96,65 +91,72 @@ Result<plist::Dictionary> RecordFolder::read(int number) const {
   return readRecord(state_, fileOf(number));
 }
 
-Result<int> RecordFolder::addDurably(const plist::Dictionary& record) {
+Result<foundation::Descriptor> RecordFolder::lock(std::chrono::milliseconds patience) {
   const auto made = state_.createDirectory(path_);
   if (!made) return located(state_, made.error());
   const auto folder = state_.openDirectory(path_);
   if (!folder) return located(state_, folder.error());
-  const auto locked = foundation::takeLock(*folder, kLockedName, foundation::kLockPatience);
+  auto locked = foundation::takeLock(*folder, kLockedName, patience, called_);
   if (!locked) return located(state_, locked.error());
-  const auto taken = numbers();
-  if (!taken) return taken.error();
-  const int number = taken->empty() ? 1 : taken->back() + 1;
-  const auto written = writeRecord(state_, fileOf(number), record);
-  if (!written) return written.error();
-  removeOld();
-  return number;
+  return locked;
+}
+
+Result<int> RecordFolder::addDurably(const plist::Dictionary& record) {
+  return add(record,
+             [](foundation::DeviceRoot& state, const std::string& path, plist::Bytes bytes) {
+               return state.writeDurably(path, bytes, foundation::Existing::Keep);
+             });
 }
 
 Result<int> RecordFolder::add(const plist::Dictionary& record) {
+  return add(record, [](foundation::DeviceRoot& state, const std::string& path,
+                        plist::Bytes bytes) { return state.create(path, bytes); });
+}
+
+// Whoever adds without the lock may take the number first.
+Result<int> RecordFolder::add(const plist::Dictionary& record, Place place) {
   const auto bytes = encodeRecord(record);
   if (!bytes) return bytes.error();
+  if (bytes->size() > largest_) return Error{.what = "too large to be kept"};
   const auto taken = numbers();
   if (!taken) return taken.error();
   const int first = taken->empty() ? 1 : taken->back() + 1;
   for (int number = first; number < first + kAttempts; ++number) {
-    const auto created = state_.create(fileOf(number), *bytes);
-    if (!created && created.error().code == EEXIST) continue;
-    if (!created) return located(state_, created.error());
+    const auto placed = place(state_, fileOf(number), *bytes);
+    if (!placed && placed.error().code == EEXIST) continue;
+    if (!placed) return located(state_, placed.error());
     if (taken->size() >= kept_ || bytes->size() > largest_ / kept_) removeOld();
     return number;
   }
   return Error{state_.directory() + path_, EEXIST, "create"};
 }
 
-// The newest stays in any case.
 void RecordFolder::removeOld() {
   const auto numbered = numbers();
-  if (!numbered) return;
+  const auto folder = state_.openDirectory(path_);
+  if (!numbered || !folder) return;
   const std::vector<int> found(numbered->rbegin(), numbered->rend());
   std::uintmax_t together = 0;
   for (std::size_t i = 0; i < found.size(); ++i) {
-    std::error_code none;
-    const auto size = std::filesystem::file_size(state_.directory() + fileOf(found[i]), none);
-    if (!none) together += size;
+    const std::string name = std::to_string(found[i]);
+    together += folder->size(name).value_or(0);
     if (i > 0 && (i >= kept_ || together > largest_))
-      std::filesystem::remove(state_.directory() + fileOf(found[i]), none);
+      static_cast<void>(folder->remove(name, foundation::Folders::Refuse));
   }
 }
 
 Result<Done> RecordFolder::remove(int number) {
-  const auto removed = state_.remove(fileOf(number));
-  if (!removed) return located(state_, removed.error());
+  const auto folder = state_.openDirectory(path_);
+  if (!folder) return located(state_, folder.error());
+  const int code = folder->remove(std::to_string(number), foundation::Folders::Refuse);
+  if (code != 0) return Error{state_.directory() + fileOf(number), code, "remove"};
   return Done{};
 }
 
 void RecordFolder::clear() {
-  std::error_code none;
   const auto found = numbers();
   if (!found) return;
-  for (const int number : *found)
-    std::filesystem::remove(state_.directory() + fileOf(number), none);
+  for (const int number : *found) static_cast<void>(remove(number));
 }
 
 }  // namespace host

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
-#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/foundation/device_root.h"
@@ -10,36 +11,44 @@
 
 namespace host {
 
-// 64 bits of FNV-1a. Any change of a single byte changes it.
-std::uint64_t checksumOf(plist::Bytes bytes);
-
 // Numbered files in a folder of the host's own state, mode 0600 in folders of 0700, the newest with
 // the highest number. Each holds a dictionary and its checksum, so that one that was cut short or
 // damaged is an error and never taken for another.
 class RecordFolder {
  public:
-  // `path` is below `state`, with a slash at both ends. Only the newest `kept` stay, and of those
-  // no more than come to `largest` bytes together.
-  RecordFolder(foundation::DeviceRoot& state, std::string path, std::size_t kept,
-               std::uintmax_t largest);
+  // `path` is below `state`, with a slash at both ends; `called` names the records in messages
+  // ("the history"). After each addition only the newest `kept` stay, and of those no more than
+  // come to `largest` bytes together, but always the newest.
+  RecordFolder(foundation::DeviceRoot& state, std::string path, std::string_view called,
+               std::size_t kept, std::uintmax_t largest);
 
   platform::Result<std::vector<int>> numbers() const;  // ascending; none where there is no folder
   platform::Result<plist::Dictionary> read(int number) const;
 
-  // Both give its number, and leave nothing behind when they fail. The first is durable, and
-  // written under the folder's lock; the second outlives this process, but not a power cut.
+  // Keeps other processes that take it from changing the folder, as long as it is held. Waited for
+  // no longer than `patience`.
+  platform::Result<foundation::Descriptor> lock(std::chrono::milliseconds patience);
+
+  // Both give its number, which is the next one above all others, and leave nothing behind when
+  // they fail; one that is larger than `largest` is an error. It is there whole or not at all. The
+  // first is durable, or there and the error of the kind Unconfirmed; the second outlives this
+  // process, but not a power cut.
   platform::Result<int> addDurably(const plist::Dictionary& record);
   platform::Result<int> add(const plist::Dictionary& record);
 
+  // Neither is durable.
   platform::Result<platform::Done> remove(int number);
   void clear();
 
  private:
+  using Place = platform::Result<platform::Done> (*)(foundation::DeviceRoot& state,
+                                                     const std::string& path, plist::Bytes bytes);
+  platform::Result<int> add(const plist::Dictionary& record, Place place);
   std::string fileOf(int number) const { return path_ + std::to_string(number); }
   void removeOld();
 
   foundation::DeviceRoot& state_;
-  std::string path_;
+  std::string path_, called_;
   std::size_t kept_;
   std::uintmax_t largest_;
 };

@@ -1,6 +1,7 @@
 #include "host/recovery.h"
 
 #include <algorithm>
+#include <cerrno>
 
 #include "host/undo.h"
 #include "prefs/core/archive_file.h"
@@ -19,19 +20,6 @@ Failure failure(Failure::Reason reason, std::string words) {
 
 Failure failed(const Error& error) {
   return failureOf(Source::Backups, error);
-}
-
-foundation::KeyChanges strictDifferences(const plist::Dictionary& from,
-                                         const plist::Dictionary& to) {
-  foundation::KeyChanges changes;
-  for (const auto& [key, value] : from) {
-    const plist::Value* now = to.find(key);
-    if (!now) changes.push_back({key, value, std::nullopt});
-    if (now && !(*now == value)) changes.push_back({key, value, *now});
-  }
-  for (const auto& [key, value] : to)
-    if (!from.find(key)) changes.push_back({key, std::nullopt, value});
-  return changes;
 }
 
 std::vector<FileChange> fileDifferences(const Files& from, const Files& to) {
@@ -55,31 +43,31 @@ Recovery::State Recovery::state() {
   state.damage = backups_.store().damage(prefs::kDomain);
   state.settings = prefs::wholeDomainRead(backups_.store()).size();
   state.seen = backups_.lastSeen().read();
-  state.changedOutside = state.seen && state.seen->checksum != checksumOf(backups_.domainBytes());
+  state.changedOutside = state.seen && state.seen->checksum != backups_.domainChecksum();
   return state;
 }
 
-Attempt<std::vector<Recovery::Entry>> Recovery::snapshots() {
+Attempt<Recovery::List> Recovery::snapshots() {
   const auto numbers = backups_.snapshots().numbers();
   if (!numbers) return failed(numbers.error());
-  std::vector<Entry> entries;
+  List list;
   for (const int number : *numbers) {
     const auto snapshot = backups_.snapshots().read(number);
     if (snapshot)
-      entries.push_back({number, snapshot->time, snapshot->before});
-    else if (!isLost(snapshot.error()))
-      return failed(snapshot.error());
+      list.entries.push_back({number, snapshot->time, snapshot->before});
+    else if (snapshot.error().code != ENOENT)
+      list.unreadable.push_back(problemOf(Source::Backups, snapshot.error()));
   }
-  return entries;
+  return list;
 }
 
 Attempt<std::optional<Recovery::Entry>> Recovery::lastGood() {
-  const auto entries = snapshots();
-  if (!entries) return entries.error();
-  for (auto entry = entries->rbegin(); entry != entries->rend(); ++entry) {
-    const auto snapshot = backups_.snapshots().read(entry->number);
-    if (!snapshot) return failed(snapshot.error());
-    if (settingsIn(*snapshot)) return std::optional(*entry);
+  const auto numbers = backups_.snapshots().numbers();
+  if (!numbers) return failed(numbers.error());
+  for (auto number = numbers->rbegin(); number != numbers->rend(); ++number) {
+    const auto snapshot = backups_.snapshots().read(*number);
+    if (snapshot && settingsIn(*snapshot))
+      return std::optional(Entry{*number, snapshot->time, snapshot->before});
   }
   return std::optional<Entry>();
 }
@@ -109,8 +97,15 @@ Attempt<plist::Dictionary> Recovery::settingsOf(int number) {
   return settingsIn(*snapshot);
 }
 
-Attempt<Done> Recovery::replace(const plist::Dictionary& settings, const std::string& before) {
-  if (!backups_.store().damage(prefs::kDomain)) backups_.keepOrWarn(before);
+Attempt<Done> Recovery::damaged() {
+  if (backups_.store().damage(prefs::kDomain)) return Done{};
+  return failure(
+      Failure::Refused,
+      "the settings can be read, there is nothing to repair; quorvantis snapshot restore "
+      "N returns to earlier ones, quorvantis reset --all to the defaults");
+}
+
+Attempt<Done> Recovery::replace(const plist::Dictionary& settings) {
   const auto replaced = backups_.store().replaceDomain(settings, prefs::kDomain);
   if (replaced || replaced.error().kind == platform::ErrorKind::Unconfirmed)
     environment_.darwinCenter.post(prefs::kPrefsNotification);
@@ -119,6 +114,7 @@ Attempt<Done> Recovery::replace(const plist::Dictionary& settings, const std::st
 }
 
 Attempt<Recovery::Entry> Recovery::restoreLast() {
+  if (const auto needed = damaged(); !needed) return needed.error();
   const auto last = lastGood();
   if (!last) return last.error();
   if (!*last)
@@ -127,13 +123,14 @@ Attempt<Recovery::Entry> Recovery::restoreLast() {
                    "settings");
   const auto settings = settingsOf((*last)->number);
   if (!settings) return settings.error();
-  const auto replaced = replace(*settings, "restore");
+  const auto replaced = replace(*settings);
   if (!replaced) return replaced.error();
   return **last;
 }
 
 Attempt<Done> Recovery::startAnew() {
-  return replace({}, "start anew");
+  if (const auto needed = damaged(); !needed) return needed;
+  return replace({});
 }
 
 Attempt<Change> Recovery::changeTo(const Snapshot& snapshot) {
@@ -143,7 +140,7 @@ Attempt<Change> Recovery::changeTo(const Snapshot& snapshot) {
   const auto files = readProfileFiles(environment_.root);
   if (!files) return failed(files.error());
   const plist::Dictionary domain = prefs::wholeDomainRead(backups_.store());
-  return Change{.settings = strictDifferences(domain, *settings),
+  return Change{.settings = foundation::changesBetween(domain, *settings),
                 .files = fileDifferences(*files, snapshot.profiles)};
 }
 

@@ -30,12 +30,17 @@ class Recovery {
     plist::Date time{};
     std::string before{};
   };
-  Attempt<std::vector<Entry>> snapshots();  // the oldest first; without those that are damaged
-  Attempt<std::optional<Entry>> lastGood();
+  struct List {
+    std::vector<Entry> entries{};       // the oldest first
+    std::vector<Problem> unreadable{};  // why others can't be
+  };
+  Attempt<List> snapshots();
+  Attempt<std::optional<Entry>> lastGood();  // the newest whose settings can be read
 
   // The two ways out. Settings that can't be read are kept aside, as DomainFile::replace does it;
-  // of others a snapshot is taken before. Only the settings change, not the profiles. The first
-  // gives the snapshot that was put in place; NotFound where there is none.
+  // others are not replaced (Refused). Only the settings change, not the profiles, and an undo
+  // doesn't take it back. The first gives the snapshot that was put in place; where there is none
+  // it fails.
   Attempt<Entry> restoreLast();
   Attempt<platform::Done> startAnew();
 
@@ -45,13 +50,15 @@ class Recovery {
   // dictionaries that they hold (data where it is none).
   Attempt<std::vector<prefs::Difference>> changesOfRestore(int number);
   // Settings and profiles become what they were. Gives those that another program has changed at
-  // the same moment, and which are left. A snapshot is taken before, and it can be undone.
+  // the same moment, and which are left; failures are those of host::apply. A snapshot is taken
+  // before, with a warning where that can't be, and it can be undone.
   Attempt<std::vector<std::string>> restore(int number);
 
  private:
   Attempt<Snapshot> read(int number);
   Attempt<plist::Dictionary> settingsIn(const Snapshot& snapshot);
-  Attempt<platform::Done> replace(const plist::Dictionary& settings, const std::string& before);
+  Attempt<platform::Done> damaged();  // or Refused
+  Attempt<platform::Done> replace(const plist::Dictionary& settings);
   Attempt<Change> changeTo(const Snapshot& snapshot);
 
   preferences::Environment& environment_;

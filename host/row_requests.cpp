@@ -141,6 +141,10 @@ Application::Result Application::run(const WayOut& request) {
   return run(Set{whyNot->by, whyNot->switchOn});
 }
 
+Application::Result Application::run(const Release&) {
+  return Value();
+}
+
 Outcome<std::shared_ptr<const preferences::Choices>> Application::choices(
     const RowReference& reference) {
   const auto found = row(reference);

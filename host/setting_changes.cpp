@@ -69,6 +69,7 @@ Attempt<Done> Settings::setOne(const std::string& key, const std::string& text) 
 }
 
 Attempt<Settings::Problems> Settings::set(const std::vector<KeyAndText>& texts) {
+  if (const auto read = readable(); !read) return read.error();
   return perform([&]() -> Attempt<Done> {
     for (const auto& [key, text] : texts)
       if (const auto done = setOne(key, text); !done) return done;
@@ -146,7 +147,6 @@ Attempt<std::vector<Settings::Difference>> Settings::changesOfReset(const Scope&
 
 Attempt<Settings::Problems> Settings::perform(const Change& change) {
   foundation::Preferences& preferences = environment_.preferences;
-  if (const auto read = readable(); !read) return read.error();
   preferences.hold();
   notifications_.hold();
   if (const auto changed = change(); !changed) {

@@ -14,6 +14,13 @@ using platform::Result;
 constexpr std::string_view kTime = "time", kBefore = "before", kDomainBytes = "domain",
                            kProfiles = "profiles";
 
+constexpr std::size_t kEntry = 32;  // what a file costs besides, at most
+
+Error tooLarge() {
+  return {.what = "settings and profiles come to more than " +
+                  std::to_string(kLargestSnapshot >> 20) + " MB, the most that a snapshot holds"};
+}
+
 bool namesAProfile(const std::string& name) {
   return foundation::pathExtension(name) == prefs::kProfileExtension &&
          name.find('/') == std::string::npos;
@@ -21,13 +28,14 @@ bool namesAProfile(const std::string& name) {
 
 }  // namespace
 
-Result<Files> readProfileFiles(const foundation::DeviceRoot& root) {
+Result<Files> readProfileFiles(const foundation::DeviceRoot& root, std::size_t domain) {
   Files files;
+  if (domain > kLargestSnapshot) return tooLarge();
   const std::string folder(prefs::kDocuments);
   const auto names = root.contentsOfDirectory(folder);
   if (!names && names.error().code == ENOENT) return files;
   if (!names) return names.error();
-  std::size_t together = 0;
+  std::size_t together = domain;
   for (const std::string& name : *names) {
     if (!namesAProfile(name)) continue;
     auto bytes = root.read(folder + name, foundation::Links::Refuse);
@@ -36,8 +44,8 @@ Result<Files> readProfileFiles(const foundation::DeviceRoot& root) {
                    bytes.error().code == ELOOP || bytes.error().code == ENXIO))
       continue;
     if (!bytes) return bytes.error();
-    together += bytes->size();
-    if (together > kLargestSnapshot) return Error{folder, EFBIG};
+    together += bytes->size() + name.size() + kEntry;
+    if (together > kLargestSnapshot) return tooLarge();
     files.emplace(name, std::move(*bytes));
   }
   return files;
@@ -50,6 +58,8 @@ Result<int> Snapshots::add(const Snapshot& snapshot) {
                            {std::string(kBefore), snapshot.before},
                            {std::string(kProfiles), std::move(profiles)}};
   if (snapshot.domain) record.set(kDomainBytes, plist::Data{*snapshot.domain});
+  const auto locked = records_.lock(patience_);
+  if (!locked) return locked.error();
   return records_.addDurably(record);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <map>
 #include <optional>
 #include <string>
@@ -21,20 +22,27 @@ struct Snapshot {
   Files profiles;
 };
 
+// What a snapshot holds at most, in bytes: settings, profiles and their names.
+inline constexpr std::size_t kLargestSnapshot = 32 << 20;
+
 // Every regular file of the documents folder whose extension is a profile's, whatever it holds. An
-// error when one can't be read, or when they come to more than kLargestSnapshot.
-platform::Result<Files> readProfileFiles(const foundation::DeviceRoot& root);
-inline constexpr std::size_t kLargestSnapshot = 32 << 20;  // bytes
+// error when one can't be read, or when they don't fit into a snapshot that holds `domain` bytes of
+// settings.
+platform::Result<Files> readProfileFiles(const foundation::DeviceRoot& root,
+                                         std::size_t domain = 0);
 
 // The newest 20 snapshots, kept in the host's own state and durable. A damaged one counts as none.
 class Snapshots {
  public:
   static constexpr std::size_t kKept = 20;
 
-  explicit Snapshots(foundation::DeviceRoot& state)
-      : records_(state, "/snapshots/", kKept, kKept * std::uintmax_t{kLargestSnapshot}) {}
+  // `patience`: how long another process that takes one is waited for.
+  Snapshots(foundation::DeviceRoot& state, std::chrono::milliseconds patience)
+      : records_(state, "/snapshots/", "the snapshots", kKept,
+                 kKept * std::uintmax_t{kLargestSnapshot}),
+        patience_(patience) {}
 
-  // Whole or not at all; gives its number.
+  // Whole or not at all, under their lock; gives its number.
   platform::Result<int> add(const Snapshot& snapshot);
 
   // Ascending.
@@ -43,6 +51,7 @@ class Snapshots {
 
  private:
   RecordFolder records_;
+  std::chrono::milliseconds patience_;
 };
 
 }  // namespace host

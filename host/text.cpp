@@ -46,6 +46,12 @@ bool isTypable(std::string_view text, bool lines) {
   });
 }
 
+std::string joined(const std::vector<std::string>& texts) {
+  std::string all;
+  for (const std::string& text : texts) (all += all.empty() ? "" : ", ") += text;
+  return all;
+}
+
 std::string oneLine(std::string_view text) {
   std::string line = foundation::replacingInvalidUtf8(text);
   std::ranges::replace_if(

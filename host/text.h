@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/foundation/text.h"
 #include "platform/plist/base64.h"
@@ -43,6 +44,9 @@ std::optional<std::string> namingText(const plist::Value& value);
 // Whether a text field can hold it: no control characters, but for line breaks and tabs where it
 // may hold `lines`.
 bool isTypable(std::string_view text, bool lines);
+
+// "one, two, three"
+std::string joined(const std::vector<std::string>& texts);
 
 // A text that may hold anything, as one line for a terminal: blanks in place of control characters,
 // U+FFFD in place of what is not UTF-8.

@@ -9,12 +9,11 @@
 namespace host {
 namespace {
 
-constexpr std::string_view kExtension = "qvx";
-
 bool isProfilePath(std::string_view text) {
   if (!text.starts_with(prefs::kDocuments)) return false;
   const std::string_view name = text.substr(prefs::kDocuments.size());
-  return name.find('/') == std::string_view::npos && foundation::pathExtension(name) == kExtension;
+  return name.find('/') == std::string_view::npos &&
+         foundation::pathExtension(name) == prefs::kProfileExtension;
 }
 
 bool isLevel(const Trigger& trigger, std::string_view text) {

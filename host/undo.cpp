@@ -1,7 +1,9 @@
 #include "host/undo.h"
 
-#include <cerrno>
+#include <algorithm>
+#include <utility>
 
+#include "host/text.h"
 #include "prefs/core/names.h"
 
 namespace host {
@@ -11,16 +13,14 @@ using platform::Done;
 using platform::Error;
 using platform::Result;
 
+enum class Direction { Undo, Redo };
+
 Failure failure(Failure::Reason reason, Source source, std::string words) {
   return {reason, {.source = source, .words = std::move(words)}};
 }
 
-// Nothing where there is no file; what can't be read is neither the one nor the other.
-Result<FileChange::Bytes> bytesNow(const foundation::DeviceRoot& root, const std::string& path) {
-  auto bytes = root.read(path, foundation::Links::Refuse);
-  if (bytes) return FileChange::Bytes(std::move(*bytes));
-  if (bytes.error().code == ENOENT) return FileChange::Bytes();
-  return bytes.error();
+bool isUnconfirmed(const Result<Done>& written) {
+  return !written && written.error().kind == platform::ErrorKind::Unconfirmed;
 }
 
 Result<Done> put(foundation::DeviceRoot& root, const std::string& path,
@@ -35,21 +35,25 @@ class FileChanges {
 
   // Whether the file was `from` or is `to` already.
   Result<bool> make(const FileChange& change) {
-    const auto now = bytesNow(root_, change.path);
+    const auto now = bytesOf(root_, change.path);
     if (now && *now == change.to) return true;
     if (!now || *now != change.from) return false;
     const auto written = put(root_, change.path, change.to);
-    const bool unconfirmed = !written && written.error().kind == platform::ErrorKind::Unconfirmed;
-    if (!written && !unconfirmed) return written.error();
-    if (unconfirmed) unconfirmed_ = written.error();
+    if (!written && !isUnconfirmed(written)) return written.error();
+    if (!written) unconfirmed_ = written.error();
     made_.push_back(&change);
     return true;
   }
   // What was made all the same.
   const std::optional<Error>& unconfirmed() const { return unconfirmed_; }
-  void takeBack() {
-    for (const FileChange* change : made_)
-      static_cast<void>(put(root_, change->path, change->from));
+  // Those that stay changed, since they can't be.
+  std::vector<std::string> takeBack() {
+    std::vector<std::string> stay;
+    for (const FileChange* change : made_) {
+      const auto back = put(root_, change->path, change->from);
+      if (!back && !isUnconfirmed(back)) stay.push_back(change->path);
+    }
+    return stay;
   }
 
  private:
@@ -58,18 +62,40 @@ class FileChanges {
   std::optional<Error> unconfirmed_;
 };
 
-using Move = Result<Done> (History::*)();
+Failure takenBack(FileChanges& files, Failure cause) {
+  const auto stay = files.takeBack();
+  if (stay.empty()) return cause;
+  return failure(Failure::PartlyDone, cause.problem.source,
+                 "not done: " + cause.problem.message() +
+                     "; changed all the same, since it can't be "
+                     "taken back: " +
+                     joined(stay));
+}
 
-Attempt<Undone> make(preferences::Environment& environment, Backups& backups, const Change& change,
-                     Move move) {
+Attempt<Undone> move(preferences::Environment& environment, Backups& backups, Direction direction) {
+  backups.endChange();
+  backups.prepare();
+  History& history = backups.history();
+  const auto locked = history.lock();
+  if (!locked) return failureOf(Source::Backups, locked.error());
+  const bool undoing = direction == Direction::Undo;
+  const auto last = undoing ? history.lastDone() : history.lastUndone();
+  if (!last) return failureOf(Source::Backups, last.error());
+  if (!*last)
+    return failure(Failure::NotFound, Source::Backups,
+                   undoing ? "there is nothing to undo" : "there is nothing to redo");
+  const auto& [number, recorded] = **last;
+  const Change change = undoing ? reversed(recorded) : recorded;
   auto left = apply(environment, backups, change);
   if (!left && left.error().reason != Failure::Unconfirmed) return left.error();
-  const auto moved = (backups.history().*move)();
+  const auto moved = undoing ? history.setUndone(number) : history.setRedone(number);
   if (!left) return left.error();
+  const bool done = left->size() < change.files.size() + change.settings.size();
   if (!moved)
-    return failure(Failure::Unconfirmed, Source::Backups,
-                   "done, but not remembered: " + moved.error().message());
-  return Undone{change.what, std::move(*left)};
+    return failure(done ? Failure::PartlyDone : Failure::Failed, Source::Backups,
+                   "\"" + change.what + "\" is " + (undoing ? "undone" : "done again") +
+                       ", but not remembered as such: " + moved.error().message());
+  return Undone{change.what, done, std::move(*left)};
 }
 
 }  // namespace
@@ -80,18 +106,12 @@ Attempt<std::vector<std::string>> apply(preferences::Environment& environment, B
   FileChanges files(environment.root);
   for (const FileChange& file : change.files) {
     const auto made = files.make(file);
-    if (!made) {
-      files.takeBack();
-      return failureOf(Source::Profiles, made.error());
-    }
+    if (!made) return takenBack(files, failureOf(Source::Profiles, made.error()));
     if (!*made) left.push_back(file.path);
   }
   if (!change.settings.empty()) {
     const auto exchanged = backups.store().exchange(change.settings, prefs::kDomain);
-    if (!exchanged) {
-      files.takeBack();
-      return failureOf(Source::Settings, exchanged.error());
-    }
+    if (!exchanged) return takenBack(files, failureOf(Source::Settings, exchanged.error()));
     left.insert(left.end(), exchanged->begin(), exchanged->end());
     const auto finished = backups.store().finish();
     environment.darwinCenter.post(prefs::kPrefsNotification);
@@ -102,19 +122,29 @@ Attempt<std::vector<std::string>> apply(preferences::Environment& environment, B
 }
 
 Attempt<Undone> undo(preferences::Environment& environment, Backups& backups) {
-  backups.prepare();
-  const auto last = backups.history().lastDone();
-  if (!last) return failureOf(Source::Backups, last.error());
-  if (!*last) return failure(Failure::NotFound, Source::Backups, "there is nothing to undo");
-  return make(environment, backups, reversed(**last), &History::setUndone);
+  return move(environment, backups, Direction::Undo);
 }
 
 Attempt<Undone> redo(preferences::Environment& environment, Backups& backups) {
-  backups.prepare();
-  const auto last = backups.history().lastUndone();
-  if (!last) return failureOf(Source::Backups, last.error());
-  if (!*last) return failure(Failure::NotFound, Source::Backups, "there is nothing to redo");
-  return make(environment, backups, **last, &History::setRedone);
+  return move(environment, backups, Direction::Redo);
+}
+
+Steps steps(Backups& backups) {
+  if (!backups.open()) return {};
+  const auto labelOf = [](const History::Latest& latest) {
+    return latest && *latest ? (*latest)->change.what : std::string();
+  };
+  return {labelOf(backups.history().lastDone()), labelOf(backups.history().lastUndone())};
+}
+
+std::string asDone(const std::string& what) {
+  constexpr std::pair<std::string_view, std::string_view> kVerbs[] = {
+      {"load", "loaded"},     {"save", "saved"},       {"delete", "deleted"},
+      {"import", "imported"}, {"restore", "restored"}, {"copy", "copied"}};
+  const std::size_t end = std::min(what.find(' '), what.size());
+  for (const auto& [verb, done] : kVerbs)
+    if (what.compare(0, end, verb) == 0) return std::string(done) + what.substr(end);
+  return what;
 }
 
 }  // namespace host

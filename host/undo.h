@@ -10,19 +10,31 @@ namespace host {
 
 // What was done, and what wasn't, since another program has changed it meanwhile.
 struct Undone {
-  std::string what;               // of the change: "set wifi"
+  std::string what;               // the label of the change: "set wifi"
+  bool done = true;               // false: nothing was done, all of it is left
   std::vector<std::string> left;  // keys of settings, paths of profiles
 };
 
 // Takes back the last change that this user made by window or shell, or makes the one that was
 // taken back last. What holds neither what the change has left nor what it was before stays as it
-// is. A profile's file becomes byte for byte what it was. The settings are announced as changed.
-// NotFound: there is none.
+// is. A profile's file becomes byte for byte what it was. The settings are announced as changed; a
+// page sees them once it reads the store anew (Activate). One of which all is left counts as
+// undone, or redone, so that the next one can be. NotFound: there is none.
 Attempt<Undone> undo(preferences::Environment& environment, Backups& backups);
 Attempt<Undone> redo(preferences::Environment& environment, Backups& backups);
 
+// The labels of what the two would be about now; empty where there is nothing.
+struct Steps {
+  std::string undo, redo;
+};
+Steps steps(Backups& backups);
+
+// What the label of a change says once it has been made: "loaded 55" of "load 55".
+std::string asDone(const std::string& what);
+
 // Makes a change: settings and files that are `from` become `to`. Gives those that are neither, and
-// are left. All files, then all settings, or nothing; where the failure is Unconfirmed, all.
+// are left. All files, then all settings, or nothing; where the failure is Unconfirmed, all; where
+// it is PartlyDone, the files that it names.
 Attempt<std::vector<std::string>> apply(preferences::Environment& environment, Backups& backups,
                                         const Change& change);
 

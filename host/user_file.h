@@ -4,7 +4,7 @@
 
 namespace host {
 
-using foundation::isRegularFile;
+using foundation::Existing;
 using foundation::kStandardStream;
 using foundation::readUserFile;
 using foundation::Stream;

@@ -9,6 +9,7 @@
 
 #include "apps/cli/session.h"
 #include "host/profiles.h"
+#include "host/user_file.h"
 
 namespace cli {
 
@@ -41,6 +42,7 @@ struct Arguments {
   const std::string& operator[](std::size_t index) const;
   bool has(std::string_view option) const { return value(option).has_value(); }
   std::optional<std::string> value(std::string_view option) const;
+  host::Existing existing() const;  // what --overwrite, or its absence, says
 };
 
 struct Command {

@@ -149,6 +149,10 @@ const std::string& Arguments::operator[](std::size_t index) const {
   return index < words.size() ? words[index] : kNone;
 }
 
+host::Existing Arguments::existing() const {
+  return has("--overwrite") ? host::Existing::Overwrite : host::Existing::Keep;
+}
+
 std::optional<std::string> Arguments::value(std::string_view option) const {
   for (const auto& [name, value] : options)
     if (name == option) return value;

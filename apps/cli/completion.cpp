@@ -25,17 +25,24 @@ struct Before {
   bool ended = false;                    // by "--"
 };
 
+void setRootOrContacts(const Option& option, const std::string& value, Session& session) {
+  if (option.name == kRoot) session.options.root = value;
+  if (option.name == kContacts) session.options.contacts = value;
+}
+
 Before sortBefore(std::span<const std::string> line, Session& session) {
   Before before;
   for (const std::string& word : line) {
     if (const Option* option = std::exchange(before.withoutValue, nullptr)) {
-      if (option->name == kRoot) session.options.root = word;
-      if (option->name == kContacts) session.options.contacts = word;
+      setRootOrContacts(*option, word, session);
       continue;
     }
-    const Option* option = before.ended ? nullptr : anyOptionNamed(word);
+    const std::size_t equals = word.find('=');
+    const Option* option = before.ended ? nullptr : anyOptionNamed(word.substr(0, equals));
     if (option) before.options.push_back(option);
-    if (option && option->value) before.withoutValue = option;
+    if (option && option->value && equals == std::string::npos) before.withoutValue = option;
+    if (option && option->value && equals != std::string::npos)
+      setRootOrContacts(*option, word.substr(equals + 1), session);
     if (!option && word == "--" && !before.ended)
       before.ended = true;
     else if (!option)

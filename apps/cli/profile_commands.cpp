@@ -16,10 +16,6 @@ Outcome<T> orFailure(host::Attempt<T> attempt) {
   return std::move(*attempt);
 }
 
-Profiles::Existing existing(const Arguments& arguments) {
-  return arguments.has("--overwrite") ? Profiles::Existing::Overwrite : Profiles::Existing::Keep;
-}
-
 // Against the settings as they are now, or against another profile.
 Outcome<std::vector<Profiles::Difference>> compare(Session& session, const Arguments& arguments) {
   const auto trigger = orFailure(host::profileNamed(arguments[0]));
@@ -51,7 +47,7 @@ Outcome<Done> saveProfile(Session& session, const Arguments& arguments) {
   const auto trigger = orFailure(host::triggerNamed(arguments[0]));
   if (!trigger) return trigger.error();
   const host::UserChange change(session.device().backups(), "save " + trigger->profileID);
-  return orFailure(profilesOf(session).save(*trigger, existing(arguments)));
+  return orFailure(profilesOf(session).save(*trigger, arguments.existing()));
 }
 
 Outcome<Done> loadProfile(Session& session, const Arguments& arguments) {
@@ -70,7 +66,7 @@ Outcome<Done> copyProfile(Session& session, const Arguments& arguments) {
   const auto to = orFailure(host::triggerNamed(arguments[1]));
   if (!to) return to.error();
   const host::UserChange change(session.device().backups(), "copy to " + to->profileID);
-  return orFailure(profilesOf(session).copy(*from, *to, existing(arguments)));
+  return orFailure(profilesOf(session).copy(*from, *to, arguments.existing()));
 }
 
 Outcome<Done> deleteProfile(Session& session, const Arguments& arguments) {

@@ -44,6 +44,13 @@ Outcome<Done> goBack(Session& session, Way way, const std::string& done) {
   if (!backups) return backups.error();
   const auto undone = way(session.device().environment(), **backups);
   if (!undone) return failureOf(undone.error());
+  const bool one = undone->left.size() == 1;
+  if (!undone->done)
+    return Failure{ExitCode::Failed, "nothing of \"" + undone->what + "\" is " + done + ": " +
+                                         host::joined(undone->left) +
+                                         (one ? " stays as it is" : " stay as they are") +
+                                         ", since another program has changed " +
+                                         (one ? "it" : "them")};
   session.print(done + ": " + undone->what);
   warnOfLeft(session, undone->left);
   return Done{};
@@ -79,10 +86,11 @@ Outcome<Done> listSnapshots(Session& session, const Arguments&) {
   const auto snapshots = recovery->snapshots();
   if (!snapshots) return failureOf(snapshots.error());
   Listing listing;
-  for (const auto& [number, time, before] : *snapshots)
+  for (const auto& [number, time, before] : snapshots->entries)
     listing.add({{"number", number}, {"time", toJson(time)}, {"before", before}},
                 {std::to_string(number), timeOf(time), "before " + before});
   session.print(listing);
+  session.warnings = snapshots->unreadable;
   return Done{};
 }
 
@@ -133,10 +141,6 @@ Outcome<Done> repair(Session& session, const Arguments& arguments) {
   const bool restored = arguments.has("--restore"), anew = arguments.has("--start-anew");
   if (restored && anew)
     return Failure{ExitCode::WrongUse, "--restore and --start-anew can't be had together"};
-  if ((restored || anew) && !recovery->state().damage)
-    return Failure{ExitCode::WrongUse,
-                   "the settings can be read, there is nothing to repair; quorvantis snapshot "
-                   "restore N goes back, quorvantis reset --all begins anew"};
   if (restored) {
     const auto last = recovery->restoreLast();
     if (!last) return failureOf(last.error());
@@ -148,6 +152,7 @@ Outcome<Done> repair(Session& session, const Arguments& arguments) {
   } else {
     return showState(session, *recovery);
   }
+  session.print("the damaged file is kept beside it; undo doesn't take this back");
   return Done{};
 }
 

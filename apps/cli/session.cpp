@@ -22,6 +22,7 @@ Failure failureOf(const host::Failure& failure) {
     case host::Failure::IsFolder:
       return {ExitCode::WrongUse, message + "; --recursive removes it with all that it holds"};
     case host::Failure::Unconfirmed:
+    case host::Failure::PartlyDone:
       return {ExitCode::Unconfirmed, message};
   }
   return {ExitCode::Failed, message};

@@ -20,7 +20,7 @@ enum class ExitCode {
   WrongUse = 2,     // also a value that a setting can't take, and a row that is dimmed
   NotFound = 3,     // no such key, page, trigger or profile
   Exists = 4,       // refused without --overwrite
-  Unconfirmed = 5,  // stored, but the disk didn't confirm it
+  Unconfirmed = 5,  // stored, but the disk didn't confirm it, or only a part is stored
 };
 
 // Why a command could not be done; nothing has changed then, unless it is Unconfirmed.

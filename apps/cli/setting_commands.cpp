@@ -58,6 +58,16 @@ host::Settings::Scope scopeOf(const Arguments& arguments) {
   return {arguments.words, arguments.value("--page").value_or(""), arguments.has("--all")};
 }
 
+// "wifi and 2 more"
+std::string andMore(const std::string& first, std::size_t count) {
+  return count > 1 ? first + " and " + std::to_string(count - 1) + " more" : first;
+}
+
+std::string nameOf(const host::Settings::Scope& scope) {
+  if (scope.all) return "all";
+  return scope.page.empty() ? andMore(scope.keys.front(), scope.keys.size()) : scope.page;
+}
+
 Outcome<Done> checkScope(const host::Settings::Scope& scope) {
   const int given = !scope.keys.empty() + !scope.page.empty() + scope.all;
   if (given == 1) return Done{};
@@ -79,7 +89,8 @@ Outcome<Done> setValues(Session& session, const Arguments& arguments) {
   std::vector<host::Settings::KeyAndText> texts;
   for (std::size_t i = 0; i + 1 < arguments.words.size(); i += 2)
     texts.emplace_back(arguments[i], arguments[i + 1]);
-  const host::UserChange change(session.device().backups(), "set " + arguments[0]);
+  const host::UserChange change(session.device().backups(),
+                                "set " + andMore(arguments[0], texts.size()));
   auto stored = session.settings().set(texts);
   if (!stored) {
     Failure failure = failureOf(stored.error());
@@ -106,7 +117,7 @@ Outcome<Done> resetValues(Session& session, const Arguments& arguments) {
   if (!changes) return failureOf(changes.error());
   host::Backups* const backups = session.device().backups();
   if (backups && !changes->empty()) backups->keepOrWarn("reset");
-  const host::UserChange change(backups, "reset");
+  const host::UserChange change(backups, "reset " + nameOf(scope));
   auto stored = settings.reset(scope);
   if (!stored) return failureOf(stored.error());
   session.warnings = std::move(*stored);

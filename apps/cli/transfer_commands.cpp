@@ -1,3 +1,5 @@
+#include <cerrno>
+
 #include "apps/cli/command.h"
 #include "host/settings_transfer.h"
 #include "host/user_file.h"
@@ -6,9 +8,12 @@
 namespace cli {
 namespace {
 
-Outcome<Done> writeOutput(Session& session, const std::string& file, plist::Bytes bytes) {
+Outcome<Done> writeOutput(Session& session, const std::string& file, plist::Bytes bytes,
+                          host::Existing existing) {
   if (file != host::kStandardStream) {
-    const auto written = host::writeUserFile(file, bytes);
+    const auto written = host::writeUserFile(file, bytes, existing);
+    if (!written && written.error().code == EEXIST)
+      return Failure{ExitCode::Exists, file + ": exists; --overwrite replaces it"};
     if (!written) return failureOf(written.error());
     return Done{};
   }
@@ -33,7 +38,7 @@ Outcome<Done> exportSettings(Session& session, const Arguments& arguments) {
   host::Settings settings = session.settings();
   const auto xml = host::exportSettings(settings, session.device().environment());
   if (!xml) return failureOf(xml.error());
-  return writeOutput(session, arguments[0], *xml);
+  return writeOutput(session, arguments[0], *xml, host::Existing::Overwrite);
 }
 
 Outcome<Done> importSettings(Session& session, const Arguments& arguments) {
@@ -61,19 +66,15 @@ Outcome<Done> exportProfile(Session& session, const Arguments& arguments) {
   if (!trigger) return failureOf(trigger.error());
   const auto xml = host::Profiles(session.device().environment()).exportXml(*trigger);
   if (!xml) return failureOf(xml.error());
-  const std::string& file = arguments[1];
-  if (file != host::kStandardStream && !arguments.has("--overwrite") && host::isRegularFile(file))
-    return Failure{ExitCode::Exists, file + ": exists; --overwrite replaces it"};
-  return writeOutput(session, file, *xml);
+  return writeOutput(session, arguments[1], *xml, arguments.existing());
 }
 
 Outcome<Done> importProfile(Session& session, const Arguments& arguments) {
   const auto bytes = host::readUserFile(arguments[0]);
   if (!bytes) return failureOf(bytes.error());
-  using Existing = host::Profiles::Existing;
-  const auto existing = arguments.has("--overwrite") ? Existing::Overwrite : Existing::Keep;
   const host::UserChange change(session.device().backups(), "import");
-  const auto imported = host::Profiles(session.device().environment()).import(*bytes, existing);
+  const auto imported =
+      host::Profiles(session.device().environment()).import(*bytes, arguments.existing());
   if (!imported) return failureOfImport(imported.error(), arguments[0]);
   return Done{};
 }

@@ -42,6 +42,7 @@ int run(const window::Options& options) {
   if (device.backups()) device.backups()->prepare();
   host::Application application(device.environment(), window::kGuessedEntries,
                                 window::kGuessedEntries);
+  application.record(device.backups());
   if (const auto launched = application.perform(host::Launch{options.page}); !launched)
     return complain(kNoPage, launched.error().message);
 

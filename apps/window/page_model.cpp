@@ -66,8 +66,12 @@ void PageModel::setOn(int row, bool on) {
   perform(host::Set{row, on});
 }
 
-void PageModel::setNumber(int row, double number) {
-  perform(host::Set{row, number});
+void PageModel::setNumber(int row, double number, bool held) {
+  perform(host::Set{row, number, held});
+}
+
+void PageModel::release() {
+  perform(host::Release{});
 }
 
 void PageModel::setTypedNumber(int row, const QString& text) {

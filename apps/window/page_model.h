@@ -53,7 +53,8 @@ class PageModel : public QObject {
   Q_INVOKABLE void tap(int row);
   Q_INVOKABLE void takeWayOut(int row);  // turns the switch that dims it
   Q_INVOKABLE void setOn(int row, bool on);
-  Q_INVOKABLE void setNumber(int row, double number);
+  Q_INVOKABLE void setNumber(int row, double number, bool held = false);  // held: by a drag
+  Q_INVOKABLE void release();  // ends the drag of a row's slider
   Q_INVOKABLE void setTypedNumber(int row, const QString& text);
   Q_INVOKABLE void setText(int row, const QString& text);
   Q_INVOKABLE void choose(int row, int choice);  // on a page of rows

@@ -123,38 +123,40 @@ Result<Done> DeviceRoot::createDirectory(std::string_view path) {
   return Done{};
 }
 
-Result<Done> DeviceRoot::writeDurably(std::string_view path, plist::Bytes bytes,
-                                      Existing existing) {
-  const Location at = locate(path);
+// The folder, made if need be and free of leftovers, and the name in it.
+struct DeviceRoot::Place {
+  Directory folder;
+  std::string name;
+};
+
+Result<DeviceRoot::Place> DeviceRoot::placeFor(std::string_view path) {
+  Location at = locate(path);
   if (!namesAnEntry(at.name)) return Error{std::string(path), EINVAL};
   const auto made = createDirectory(at.folder);
   if (!made) return made.error();
-  const auto folder = openDirectory(at.folder);
+  auto folder = openDirectory(at.folder);
   if (!folder) return folder.error();
   removeLeftovers(*folder);
-  auto pending = PendingFile::write(*folder, at.name, bytes);
+  return Place{std::move(*folder), std::move(at.name)};
+}
+
+Result<Done> DeviceRoot::writeDurably(std::string_view path, plist::Bytes bytes,
+                                      Existing existing) {
+  const auto place = placeFor(path);
+  if (!place) return place.error();
+  auto pending = PendingFile::write(place->folder, place->name, bytes);
   if (!pending) return pending.error();
-  const auto flushed = pending->flush();
-  if (!flushed) return flushed.error();
   const auto placed = pending->place(existing);
   if (!placed) return placed.error();
-  return flushFolder(*folder);
+  return flushFolder(place->folder);
 }
 
 Result<Done> DeviceRoot::create(std::string_view path, plist::Bytes bytes) {
-  const Location at = locate(path);
-  if (!namesAnEntry(at.name)) return Error{std::string(path), EINVAL};
-  const auto made = createDirectory(at.folder);
-  if (!made) return made.error();
-  const auto folder = openDirectory(at.folder);
-  if (!folder) return folder.error();
-  Descriptor file(openat(folder->descriptor(), at.name.c_str(),
-                         O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
-  if (!file) return Error{std::string(path), errno, "create"};
-  if (writeWhole(file.number(), bytes) && file.close()) return Done{};
-  const int code = errno;
-  unlinkat(folder->descriptor(), at.name.c_str(), 0);
-  return Error{std::string(path), code, "write"};
+  const auto place = placeFor(path);
+  if (!place) return place.error();
+  auto pending = PendingFile::write(place->folder, place->name, bytes);
+  if (!pending) return pending.error();
+  return pending->takeNameUnflushed();
 }
 
 Result<Done> DeviceRoot::remove(std::string_view path, Folders folders) {

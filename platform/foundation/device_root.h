@@ -52,8 +52,8 @@ class DeviceRoot {
   platform::Result<platform::Done> writeDurably(std::string_view path, plist::Bytes bytes,
                                                 Existing existing = Existing::Overwrite);
 
-  // A new file likewise, but EEXIST where the name is taken, and not durable: it outlives this
-  // process, but not a power cut, which may also leave a part of it.
+  // A new file likewise, whole or not at all, but EEXIST where the name is taken, and not durable:
+  // it outlives this process, but not a power cut, which may also leave a part of it.
   platform::Result<platform::Done> create(std::string_view path, plist::Bytes bytes);
 
   // A file or a link (not what it leads to), durably; a folder with all that it holds, or EISDIR.
@@ -64,6 +64,9 @@ class DeviceRoot {
   platform::Result<Descriptor> open(std::string_view path, int flags) const;
 
  private:
+  struct Place;
+  platform::Result<Place> placeFor(std::string_view path);  // of a new entry
+
   std::string directory_;
 };
 

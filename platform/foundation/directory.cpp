@@ -2,6 +2,7 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -50,6 +51,12 @@ platform::Result<plist::Bytes> Directory::read(const std::string& name) {
   const auto length = readWhole(file, static_cast<std::size_t>(status->st_size), buffer_, name);
   if (!length) return error(name, length.error().code, length.error().what);
   return plist::Bytes(buffer_.data(), *length);
+}
+
+std::optional<std::uint64_t> Directory::size(const std::string& name) const {
+  struct stat status {};
+  if (fstatat(descriptor(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) return std::nullopt;
+  return static_cast<std::uint64_t>(status.st_size);
 }
 
 int Directory::remove(const std::string& name, Folders folders) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,6 +30,9 @@ class Directory {
   // followed only while it stays inside the folder: one that leads out is an error (EXDEV), and so
   // are FIFOs, devices and folders, none of which blocks the call.
   platform::Result<plist::Bytes> read(const std::string& name);
+
+  // Of an entry, in bytes; nothing where there is none.
+  std::optional<std::uint64_t> size(const std::string& name) const;
 
   // Removes an entry of the folder: a file, a link (not what it leads to), or a folder with all
   // that it holds (EISDIR where folders are refused). 0, or the errno of the first entry that

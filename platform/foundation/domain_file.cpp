@@ -12,7 +12,6 @@
 #include "platform/foundation/durable_file.h"
 #include "platform/foundation/file_lock.h"
 #include "platform/foundation/file_reading.h"
-#include "platform/plist/binary.h"
 
 namespace foundation {
 namespace {
@@ -27,6 +26,7 @@ constexpr std::string_view kFolder = "/var/mobile/Library/Preferences";
 constexpr std::int64_t kStableAge = 3'000'000'000;
 constexpr int kLooksAgain = 3;
 constexpr std::chrono::milliseconds kPauseBetweenLooks{150};
+constexpr std::string_view kHeld = "the settings";
 constexpr std::int64_t kShortestPropertyList = 42;  // bytes, of a binary one
 
 std::int64_t nanoseconds(const timespec& time) {
@@ -42,16 +42,6 @@ FileStamp stampOf(const struct stat& status) {
           changed,        nanoseconds(now) - changed > kStableAge};
 }
 
-Result<plist::Value> readAnyForm(plist::Bytes bytes, const XmlReader& xml) {
-  constexpr std::string_view kBinary = "bplist";
-  const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
-  if (!text.starts_with(kBinary))
-    return xml ? xml(bytes) : Error{.what = "not a binary property list"};
-  auto read = plist::readBinary(bytes);
-  if (!read) return Error(read.error());
-  return std::move(*read);
-}
-
 Result<Done> checkName(const std::string& name, const std::string& path) {
   const bool oneComponent = name.find('/') == std::string::npos &&
                             name.find('\0') == std::string::npos && name != ".plist";
@@ -59,14 +49,10 @@ Result<Done> checkName(const std::string& name, const std::string& path) {
   return Done{};
 }
 
-bool equal(const plist::Value* a, const plist::Value* b) {
-  return a && b ? *a == *b : a == b;
-}
-
 void apply(const std::string& key, const plist::Value* value, plist::Dictionary& entries,
            KeyChanges& changes) {
   const plist::Value* old = entries.find(key);
-  if (equal(old, value)) return;
+  if (isSame(old, value)) return;
   changes.push_back({key, old ? std::optional(*old) : std::nullopt,
                      value ? std::optional(*value) : std::nullopt});
   if (value)
@@ -86,11 +72,12 @@ std::string domainPath(std::string_view domain) {
 }
 
 Result<plist::Dictionary> decodeDomain(plist::Bytes bytes, const XmlReader& xml) {
-  return readAnyForm(bytes, xml).and_then([](plist::Value&& value) -> Result<plist::Dictionary> {
-    auto kept = plist::storable(std::move(value));
-    if (!kept || !kept->dictionary()) return Error{.what = "its top is not a dictionary"};
-    return std::move(*kept->dictionary());
-  });
+  return readPropertyList(bytes, xml)
+      .and_then([](plist::Value&& value) -> Result<plist::Dictionary> {
+        auto kept = plist::storable(std::move(value));
+        if (!kept || !kept->dictionary()) return Error{.what = "its top is not a dictionary"};
+        return std::move(*kept->dictionary());
+      });
 }
 
 bool FileStamp::sameFile(const FileStamp& other) const {
@@ -115,8 +102,9 @@ Result<std::optional<DomainFile::Reading>> DomainFile::look(const FileStamp& kno
   std::vector<std::uint8_t> bytes;
   const auto length = readWhole(*file, static_cast<std::size_t>(status->st_size), bytes, path_);
   if (!length) return Error(length.error()).as(ErrorKind::Damaged);
-  auto entries = decodeDomain(plist::Bytes(bytes.data(), *length), xml_);
-  if (entries) return std::optional(Reading{std::move(*entries), stamp});
+  const plist::Bytes read(bytes.data(), *length);
+  auto entries = decodeDomain(read, xml_);
+  if (entries) return std::optional(Reading{std::move(*entries), stamp, checksumOf(read)});
   return Error{.path = path_, .what = "not a readable property list"}
       .because(entries.error())
       .as(ErrorKind::Damaged);
@@ -148,65 +136,73 @@ Result<DomainFile::Locked> DomainFile::lock(std::chrono::milliseconds patience) 
   if (!made) return made.error();
   auto folder = root_.openDirectory(kFolder);
   if (!folder) return folder.error();
-  auto lock = takeLock(*folder, name_, patience);
+  auto lock = takeLock(*folder, name_, patience, kHeld);
   if (!lock) return lock.error();
   if (!std::exchange(leftoversRemoved_, true)) removeLeftovers(*folder, name_);
   return Locked{std::move(*folder), std::move(*lock)};
 }
 
-Result<KeyChanges> DomainFile::change(const plist::Dictionary& set,
-                                      const std::vector<std::string>& remove,
-                                      std::chrono::milliseconds patience) {
+Result<DomainChange> DomainFile::change(const plist::Dictionary& set,
+                                        const std::vector<std::string>& remove,
+                                        std::chrono::milliseconds patience) {
+  DomainChange change{.before = checksumOf({}), .after = checksumOf({})};
   // There is nothing to remove from a domain without a file, and so no folder to make.
   if (set.empty()) {
     const auto file = root_.open(path_, O_PATH);
-    if (!file && file.error().code == ENOENT) return KeyChanges();
+    if (!file && file.error().code == ENOENT) return change;
   }
-  const auto locked = lock(patience);
+  auto locked = lock(patience);
   if (!locked) return locked.error();
   auto old = readUnless(FileStamp{});
   if (!old) return old.error();
   plist::Dictionary entries = std::move((*old)->entries);
-  KeyChanges changes;
-  for (const auto& [key, value] : set) apply(key, &value, entries, changes);
-  for (const std::string& key : remove) apply(key, nullptr, entries, changes);
-  if (set.empty() && changes.empty()) return changes;
+  change.before = change.after = (*old)->checksum;
+  change.lock = std::move(locked->lock);
+  for (const auto& [key, value] : set) apply(key, &value, entries, change.keys);
+  for (const std::string& key : remove) apply(key, nullptr, entries, change.keys);
+  if (set.empty() && change.keys.empty()) return change;
   const auto stored = putOrRemove(locked->folder, entries);
   if (!stored) return stored.error();
-  return changes;
+  change.after = *stored;
+  return change;
 }
 
 Result<DomainFile::Exchange> DomainFile::exchange(const KeyChanges& wanted,
                                                   std::chrono::milliseconds patience) {
-  const auto locked = lock(patience);
+  auto locked = lock(patience);
   if (!locked) return locked.error();
   auto old = readUnless(FileStamp{});
   if (!old) return old.error();
   plist::Dictionary entries = std::move((*old)->entries);
   Exchange exchange;
+  DomainChange& made = exchange.made;
+  made.before = made.after = (*old)->checksum;
+  made.lock = std::move(locked->lock);
   for (const auto& [key, from, to] : wanted) {
     const plist::Value* now = entries.find(key);
-    if (equal(now, pointerTo(from)))
-      apply(key, pointerTo(to), entries, exchange.made);
-    else if (!equal(now, pointerTo(to)))
+    if (isSame(now, pointerTo(from)))
+      apply(key, pointerTo(to), entries, made.keys);
+    else if (!isSame(now, pointerTo(to)))
       exchange.left.push_back(key);
   }
-  if (exchange.made.empty()) return exchange;
+  if (made.keys.empty()) return exchange;
   const auto stored = putOrRemove(locked->folder, entries);
   if (!stored) return stored.error();
+  made.after = *stored;
   return exchange;
 }
 
-Result<Done> DomainFile::putOrRemove(const Directory& folder, const plist::Dictionary& entries) {
+Result<std::uint64_t> DomainFile::putOrRemove(const Directory& folder,
+                                              const plist::Dictionary& entries) {
   if (!entries.empty()) return put(folder, entries);
   if (unlinkat(folder.descriptor(), name_.c_str(), 0) != 0)
     return folder.error(name_, errno, "remove");
   unflushed_ = true;
   flushFailed_ = false;
-  return Done{};
+  return checksumOf({});
 }
 
-Result<Done> DomainFile::put(const Directory& folder, const plist::Dictionary& entries) {
+Result<std::uint64_t> DomainFile::put(const Directory& folder, const plist::Dictionary& entries) {
   const auto bytes = plist::writeBinary(entries);
   if (!bytes)
     return Error{.path = path_, .what = "can't be stored"}
@@ -218,27 +214,25 @@ Result<Done> DomainFile::put(const Directory& folder, const plist::Dictionary& e
   if (!placed) return placed.error();
   unflushed_ = true;
   flushFailed_ = false;
-  return Done{};
+  return checksumOf(*bytes);
 }
 
-Result<Done> DomainFile::replace(const plist::Dictionary& entries,
-                                 std::chrono::milliseconds patience) {
-  const auto locked = lock(patience);
+Result<DomainChange> DomainFile::replace(const plist::Dictionary& entries,
+                                         std::chrono::milliseconds patience) {
+  auto locked = lock(patience);
   if (!locked) return locked.error();
   const auto old = readUnless(FileStamp{});
-  if (!old && old.error().kind != ErrorKind::Damaged) return old.error();
-  if (old) {
-    const auto stored = put(locked->folder, entries);
-    return stored ? flush(patience) : stored;
-  }
+  if (old) return Error{.path = path_, .what = "can be read and is not replaced"};
+  if (old.error().kind != ErrorKind::Damaged) return old.error();
   const auto aside = keepAside(locked->folder, name_);
   if (!aside) return aside.error();
-  if (const auto stored = put(locked->folder, entries); !stored) {
+  const auto stored = put(locked->folder, entries);
+  if (!stored) {
     unlinkat(locked->folder.descriptor(), aside->c_str(), 0);
-    return stored;
+    return stored.error();
   }
   removeOldest(locked->folder, name_);
-  return flush(patience);
+  return DomainChange{.after = *stored, .lock = std::move(locked->lock)};
 }
 
 Result<Done> DomainFile::writeAnew(std::chrono::milliseconds patience) {
@@ -247,7 +241,7 @@ Result<Done> DomainFile::writeAnew(std::chrono::milliseconds patience) {
   const auto now = readUnless(FileStamp{});
   if (!now) return now.error();
   if ((*now)->stamp.inode != 0) {
-    if (const auto written = put(locked->folder, (*now)->entries); !written) return written;
+    if (const auto written = put(locked->folder, (*now)->entries); !written) return written.error();
   } else {
     // The folder itself is to be written anew; a file that comes and goes does that.
     auto passing = PendingFile::write(locked->folder, name_, {});

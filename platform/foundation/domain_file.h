@@ -2,26 +2,26 @@
 
 #include <chrono>
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/foundation/checksum.h"
 #include "platform/foundation/device_root.h"
+#include "platform/foundation/key_changes.h"
+#include "platform/foundation/property_list.h"
 #include "platform/plist/value.h"
 
 namespace foundation {
 
-// Reads a property list that isn't binary, or says what is wrong with it.
-using XmlReader = std::function<platform::Result<plist::Value>(plist::Bytes)>;
-
-// What a key is changed from and to; nothing: it isn't there.
-struct KeyChange {
-  std::string key;
-  std::optional<plist::Value> from, to;
+// What was done to a domain's file.
+struct DomainChange {
+  KeyChanges keys{};  // whose values are others now
+  // checksumOf() what was read and what was left, of no bytes without a file; 0: it was damaged.
+  std::uint64_t before = 0, after = 0;
+  Descriptor lock{};  // of the file: nobody else changes it as long as this lives
 };
-using KeyChanges = std::vector<KeyChange>;
 
 // Where the domain's file is, and what its bytes hold.
 std::string domainPath(std::string_view domain);
@@ -56,6 +56,7 @@ class DomainFile {
   struct Reading {
     plist::Dictionary entries;
     FileStamp stamp;
+    std::uint64_t checksum = checksumOf({});  // of the bytes
   };
   // Nothing when the file is as it was at `known`. No file reads as no entries.
   platform::Result<std::optional<Reading>> readUnless(const FileStamp& known);
@@ -63,26 +64,26 @@ class DomainFile {
   // Sets and removes these keys in the domain as it is on disk, under the lock of takeLock, which
   // is waited for no longer than `patience`. Visible to every process when it returns, and durable
   // once `flush` has succeeded. Without a key left the file is removed. When nothing is set and
-  // none of the keys to remove is there, nothing is written. An error: nothing has changed. Gives
-  // the keys whose values are others now.
-  platform::Result<KeyChanges> change(const plist::Dictionary& set,
-                                      const std::vector<std::string>& remove,
-                                      std::chrono::milliseconds patience);
+  // none of the keys to remove is there, nothing is written. An error: nothing has changed.
+  platform::Result<DomainChange> change(const plist::Dictionary& set,
+                                        const std::vector<std::string>& remove,
+                                        std::chrono::milliseconds patience);
 
   // Likewise, makes those changes whose key holds the value `from` then. What holds neither that
   // nor `to` keeps its value.
   struct Exchange {
-    KeyChanges made;
+    DomainChange made;
     std::vector<std::string> left;  // the keys of what keeps its value
   };
   platform::Result<Exchange> exchange(const KeyChanges& changes,
                                       std::chrono::milliseconds patience);
 
-  // Makes these the domain's only entries, under the lock, whatever stands there, durably. A
-  // damaged file gets a second name before, DOMAIN.plist.unreadable-1, -2, …, and keeps that; of
-  // these the five latest stay. An error: nothing has changed, or it is of the kind Unconfirmed.
-  platform::Result<platform::Done> replace(const plist::Dictionary& entries,
-                                           std::chrono::milliseconds patience);
+  // Likewise, puts a file with just these entries in the place of a damaged one; durable once
+  // `flush` has succeeded. The damaged one gets a second name before, DOMAIN.plist.unreadable-1,
+  // -2, …, and keeps that; of these the five latest stay. A domain that can be read, or has no
+  // file, is an error, and stays.
+  platform::Result<DomainChange> replace(const plist::Dictionary& entries,
+                                         std::chrono::milliseconds patience);
 
   // Makes the changes durable. After a failure, of the kind Unconfirmed, what was written may never
   // reach the disk, whatever a later flush says: the next call writes the domain anew, under the
@@ -97,9 +98,10 @@ class DomainFile {
   };
   platform::Result<Locked> lock(std::chrono::milliseconds patience);
   platform::Result<std::optional<Reading>> look(const FileStamp& known, FileStamp& stamp) const;
-  platform::Result<platform::Done> put(const Directory& folder, const plist::Dictionary& entries);
-  platform::Result<platform::Done> putOrRemove(const Directory& folder,
-                                               const plist::Dictionary& entries);
+  // Both give the checksum of what is there then.
+  platform::Result<std::uint64_t> put(const Directory& folder, const plist::Dictionary& entries);
+  platform::Result<std::uint64_t> putOrRemove(const Directory& folder,
+                                              const plist::Dictionary& entries);
   platform::Result<platform::Done> writeAnew(std::chrono::milliseconds patience);
 
   DeviceRoot& root_;

@@ -132,6 +132,10 @@ Result<Done> PendingFile::replaceTarget() {
 Result<Done> PendingFile::takeName() {
   if (!flushed_)
     if (const auto flushed = flush(); !flushed) return flushed;
+  return takeNameUnflushed();
+}
+
+Result<Done> PendingFile::takeNameUnflushed() {
   const int folder = folder_->descriptor();
   int code = 0;
   if (renameat2(folder, temporary_.c_str(), folder, name_.c_str(), RENAME_NOREPLACE) != 0)

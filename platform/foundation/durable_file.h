@@ -14,8 +14,8 @@ enum class Existing { Keep, Overwrite };
 
 // The steps of replacing a file so that nobody ever sees half of it: it is written in full under
 // another name in the same folder, flushed, and then renamed over the old one: write, flush,
-// replaceTarget; it is durable once flushFolder has succeeded. No file is renamed that isn't
-// flushed: on some file systems a power cut would leave an empty one.
+// replaceTarget; it is durable once flushFolder has succeeded. But for takeNameUnflushed no file is
+// renamed that isn't flushed: on some file systems a power cut would leave an empty one.
 //
 // Each step's failure names the file and the step. After a flush that failed nothing says which
 // pages are on disk, so the file is given up. One that was not put in place is removed; a folder of
@@ -37,6 +37,9 @@ class PendingFile {
   // Where the name is free; else EEXIST, and what has it stays, whoever took it meanwhile.
   platform::Result<platform::Done> takeName();
   platform::Result<platform::Done> place(Existing existing);  // one of the two
+  // takeName without a flush: for a file that need not outlive a power cut, and whose reader
+  // recognizes one that was cut short.
+  platform::Result<platform::Done> takeNameUnflushed();
 
  private:
   PendingFile(const Directory& folder, std::string name);

@@ -62,7 +62,7 @@ Result<bool> isNamed(const Directory& folder, const std::string& name, const Des
 }  // namespace
 
 Result<Descriptor> takeLock(const Directory& folder, const std::string& name,
-                            std::chrono::milliseconds patience) {
+                            std::chrono::milliseconds patience, std::string_view what) {
   const std::string lock = "." + name + ".lock";
   const auto deadline = Clock::now() + patience;
   for (Clock::duration pause = kFirstPause;;
@@ -80,7 +80,7 @@ Result<Descriptor> takeLock(const Directory& folder, const std::string& name,
     }
     const auto left = deadline - Clock::now();
     if (left <= Clock::duration::zero())
-      return folder.error(name, 0, "another program holds the settings" + holderOf(file));
+      return folder.error(name, 0, "another program holds " + std::string(what) + holderOf(file));
     std::this_thread::sleep_for(std::min(pause, left));
   }
 }

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <string>
+#include <string_view>
 
 #include "platform/foundation/descriptor.h"
 #include "platform/foundation/directory.h"
@@ -17,9 +18,9 @@ inline constexpr std::chrono::milliseconds kLockPatience{5000};
 // is closed.
 //
 // A lock that another process holds is waited for no longer than `patience`; the error is then
-// "another program holds the settings", with the program's name and process id where /proc/locks
-// has them.
+// "another program holds " and `what` ("the settings"), with the program's name and process id
+// where /proc/locks has them.
 platform::Result<Descriptor> takeLock(const Directory& folder, const std::string& name,
-                                      std::chrono::milliseconds patience);
+                                      std::chrono::milliseconds patience, std::string_view what);
 
 }  // namespace foundation

@@ -10,8 +10,8 @@ using platform::Error;
 using platform::ErrorKind;
 using platform::Result;
 
-Result<KeyChanges> change(DomainFile& file, const plist::Dictionary& sets,
-                          std::chrono::milliseconds patience) {
+Result<DomainChange> change(DomainFile& file, const plist::Dictionary& sets,
+                            std::chrono::milliseconds patience) {
   plist::Dictionary values;
   std::vector<std::string> remove;
   for (const auto& [key, value] : sets) {
@@ -62,8 +62,8 @@ void Preferences::willChange(const Domain& domain) {
   if (observer_) observer_->willChange(domain.name);
 }
 
-void Preferences::didChange(const Domain& domain, const KeyChanges& changes) {
-  if (observer_) observer_->didChange(domain.name, changes);
+void Preferences::didChange(const Domain& domain, const DomainChange& change) {
+  if (observer_) observer_->didChange(domain.name, change);
 }
 
 Error Preferences::failed(Domain& domain, Error error, Repeated repeated) {
@@ -202,8 +202,8 @@ Result<std::vector<std::string>> Preferences::exchange(const KeyChanges& changes
   willChange(target);
   const auto exchanged = target.file.exchange(changes, lockPatience_);
   if (!exchanged) return failed(target, exchanged.error());
-  if (!exchanged->made.empty()) didChange(target, exchanged->made);
-  for (const auto& [key, from, to] : exchanged->made) {
+  if (!exchanged->made.keys.empty()) didChange(target, exchanged->made);
+  for (const auto& [key, from, to] : exchanged->made.keys) {
     if (!target.loaded) break;
     if (to)
       target.entries.set(key, *to);
@@ -276,20 +276,21 @@ Result<Done> Preferences::replaceDomain(const plist::Dictionary& entries, std::s
   Domain& target = this->domain(domain);
   const plist::Value storable = *plist::storable(entries);
   willChange(target);
-  const auto replaced = target.file.replace(*storable.dictionary(), lockPatience_);
-  if (!replaced && replaced.error().kind != ErrorKind::Unconfirmed)
-    return failed(target, replaced.error());
-  didChange(target, {});
+  {
+    const auto replaced = target.file.replace(*storable.dictionary(), lockPatience_);
+    if (!replaced) return failed(target, replaced.error());
+    didChange(target, *replaced);
+  }
   target.kept = {};
   target.entries = *storable.dictionary();
   target.stamp = {};
   target.loaded = true;
-  if (replaced) {
-    recovered(target);
-    return Done{};
+  if (const auto flushed = target.file.flush(lockPatience_); !flushed) {
+    if (unfinishedHandler_) unfinishedHandler_();
+    return failed(target, flushed.error());
   }
-  if (unfinishedHandler_) unfinishedHandler_();
-  return failed(target, replaced.error());
+  recovered(target);
+  return Done{};
 }
 
 std::optional<Error> Preferences::takeFailedSet() {

@@ -15,14 +15,15 @@
 
 namespace foundation {
 
-// Learns of changes of domains by this process, without the lock being held. `willChange` is called
-// also where the change then fails.
+// Learns of changes of domains by this process. `willChange` is called before the lock is taken,
+// also where the change then fails; `didChange` while it is held, so in the order of all processes'
+// changes.
 class ChangeObserver {
  public:
   virtual ~ChangeObserver() = default;
   virtual void willChange(std::string_view domain) = 0;
-  // The keys whose values are others now; none where the domain was replaced or stays equal.
-  virtual void didChange(std::string_view domain, const KeyChanges& changes) = 0;
+  // No keys where the domain was replaced or stays equal.
+  virtual void didChange(std::string_view domain, const DomainChange& change) = 0;
 };
 
 // The preference store: one binary property list per domain below the device root
@@ -36,8 +37,9 @@ class ChangeObserver {
 //
 // A domain file that can't be read or parsed is damaged: until `replaceDomain`, or until another
 // program has mended it, every change of it fails (ErrorKind::Damaged) and leaves it alone. Any
-// other error of a set means that it isn't stored, and any error of a flush is of the kind
-// Unconfirmed. Results say what failed; the pages ignore them, the host does not.
+// other error of a set means that it isn't stored. An error of a flush is of the kind Unconfirmed,
+// or Damaged where the domain had to be written anew and can't be read by now. Results say what
+// failed; the pages ignore them, the host does not.
 //
 // A set waits for another process that holds the lock, no longer than `lockPatience`.
 class Preferences {
@@ -96,7 +98,8 @@ class Preferences {
 
   // Why the domain can't be read now, if it can't.
   std::optional<platform::Error> damage(std::string_view domain);
-  // See DomainFile::replace. Drops sets that were kept.
+  // See DomainFile::replace. Durable, or the error is of the kind Unconfirmed. Drops sets that were
+  // kept.
   platform::Result<platform::Done> replaceDomain(const plist::Dictionary& entries,
                                                  std::string_view domain);
 
@@ -145,7 +148,7 @@ class Preferences {
   platform::Result<platform::Done> finish(Domain& domain, std::chrono::milliseconds patience);
   platform::Error failed(Domain& domain, platform::Error error, Repeated repeated = Repeated::Once);
   void willChange(const Domain& domain);
-  void didChange(const Domain& domain, const KeyChanges& changes);
+  void didChange(const Domain& domain, const DomainChange& change);
   void recovered(Domain& domain);
 
   DeviceRoot& root_;

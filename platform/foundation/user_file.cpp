@@ -6,7 +6,6 @@
 #include <cerrno>
 #include <filesystem>
 
-#include "platform/foundation/durable_file.h"
 #include "platform/foundation/file_reading.h"
 #include "platform/foundation/text.h"
 
@@ -25,7 +24,7 @@ Result<Done> overwrite(const std::string& path, plist::Bytes bytes) {
   return Done{};
 }
 
-Result<Done> replace(const std::filesystem::path& target, plist::Bytes bytes) {
+Result<Done> place(const std::filesystem::path& target, plist::Bytes bytes, Existing existing) {
   const std::string parent = target.parent_path();
   const Directory folder(Descriptor(open(parent.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)),
                          parent);
@@ -33,7 +32,7 @@ Result<Done> replace(const std::filesystem::path& target, plist::Bytes bytes) {
   removeLeftovers(folder, target.filename());
   auto pending = PendingFile::write(folder, target.filename(), bytes, 0666);
   if (!pending) return pending.error();
-  return pending->flush().and_then([&](Done) { return pending->replaceTarget(); });
+  return pending->place(existing);
 }
 
 Result<std::vector<std::uint8_t>> read(const Descriptor& file, const std::string& name) {
@@ -56,24 +55,20 @@ Result<std::vector<std::uint8_t>> readUserFile(const std::string& path) {
   return read(file, path);
 }
 
-Result<Done> writeUserFile(const std::string& path, plist::Bytes bytes) {
+Result<Done> writeUserFile(const std::string& path, plist::Bytes bytes, Existing existing) {
   struct stat status {};
   const bool exists = stat(path.c_str(), &status) == 0;
   if (!exists && errno != ENOENT) return Error{path, errno};
   if (exists && !S_ISREG(status.st_mode)) return overwrite(path, bytes);
+  if (exists && existing == Existing::Keep) return Error{path, EEXIST};
   std::error_code unresolved;
   const auto absolute = std::filesystem::absolute(path, unresolved);
   if (unresolved) return Error{path, unresolved.value()};
   const auto target = std::filesystem::weakly_canonical(absolute, unresolved);  // through links
   if (unresolved) return Error{path, unresolved.value()};
-  const auto replaced = replace(target, bytes);
-  if (!replaced) return Error{path, replaced.error().code, replaced.error().what};
+  const auto placed = place(target, bytes, existing);
+  if (!placed) return Error{path, placed.error().code, placed.error().what};
   return Done{};
-}
-
-bool isRegularFile(const std::string& path) {
-  struct stat status {};
-  return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
 std::string absolutePath(const std::string& path) {

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/foundation/durable_file.h"
 #include "platform/plist/binary.h"
 #include "platform/result.h"
 
@@ -17,12 +18,11 @@ namespace foundation {
 inline constexpr std::string_view kStandardStream = "-";
 platform::Result<std::vector<std::uint8_t>> readUserFile(const std::string& path);
 
-// A new file in place of the one that is there, which stays if that fails; what is not a regular
-// file is written to as it is.
-platform::Result<platform::Done> writeUserFile(const std::string& path, plist::Bytes bytes);
-
-// Whether there is one, or a link that leads to one.
-bool isRegularFile(const std::string& path);
+// A new file in place of the one that is there, which stays if that fails; with Existing::Keep one
+// that is there, whoever made it meanwhile, is an error (EEXIST). What is not a regular file is
+// written to as it is.
+platform::Result<platform::Done> writeUserFile(const std::string& path, plist::Bytes bytes,
+                                               Existing existing = Existing::Overwrite);
 
 // From the working folder on, without "." and ".."; links stay as they are. Empty for an empty one.
 std::string absolutePath(const std::string& path);

@@ -1,17 +1,12 @@
 #include "prefs/core/archive_file.h"
 
-#include <algorithm>
+#include "platform/foundation/property_list.h"
 
 namespace prefs {
 namespace {
 
 using platform::Error;
 using platform::Result;
-
-bool isBinary(plist::Bytes bytes) {
-  constexpr std::string_view kMagic = "bplist";
-  return bytes.size() >= kMagic.size() && std::equal(kMagic.begin(), kMagic.end(), bytes.begin());
-}
 
 Error notAnArchive(Error reason) {
   return Error{.what = "not a keyed archive"}.because(std::move(reason));
@@ -22,7 +17,7 @@ template <class Read>
 auto readArchive(plist::Bytes bytes, platform::XmlPropertyLists& xml, Read read)
     -> Result<std::remove_cvref_t<decltype(*read(bytes))>> {
   std::vector<std::uint8_t> converted;
-  if (!isBinary(bytes)) {
+  if (!foundation::isBinary(bytes)) {
     auto list = xml.read(bytes);
     if (!list) return notAnArchive(list.error());
     auto binary = plist::writeBinary(*list);

@@ -6,6 +6,7 @@
 #include "platform/foundation/text.h"
 #include "prefs/core/archive_file.h"
 #include "prefs/core/names.h"
+#include "prefs/keys.h"
 #include "prefs/profiles/triggers.h"
 
 namespace prefs {
@@ -13,11 +14,18 @@ namespace {
 
 using platform::Result;
 
-constexpr std::string_view kKeys[] = {kProfilePercentage, kProfileDescription};
+const std::string_view kKeys[] = {kProfilePercentage, kProfileDescription, key::profileactive};
 
-std::string titleOf(const archive::Lookup& profile, TitleForm form) {
-  std::string title = triggerTitle(foundation::descriptionOf(profile.values[0]));
-  const std::string* description = profile.values[1].text();
+struct Before {
+  platform::Collator& collator;
+  bool operator()(const std::string& a, const std::string& b) const {
+    return collator.compare(a, b) < 0;
+  }
+};
+
+std::string titleOf(const ProfileFile& profile, TitleForm form) {
+  std::string title = triggerTitle(foundation::descriptionOf(profile.trigger));
+  const std::string* description = profile.description.text();
   if (form == TitleForm::WithDescription && description && !description->empty())
     title += " - " + *description;
   return title;
@@ -33,8 +41,7 @@ Result<archive::Lookup> readProfile(foundation::Directory& folder, const std::st
 }  // namespace
 
 void sortLocalized(std::vector<std::string>& texts, platform::Collator& collator) {
-  std::ranges::stable_sort(
-      texts, [&](const auto& a, const auto& b) { return collator.compare(a, b) < 0; });
+  std::ranges::stable_sort(texts, Before{collator});
 }
 
 void sortTitles(std::vector<std::string>& titles, platform::Collator& collator) {
@@ -48,8 +55,8 @@ void sortTitles(std::vector<std::string>& titles, platform::Collator& collator) 
     if (eventOfTitle(title)) title = std::move(*next++);
 }
 
-SavedProfiles savedProfiles(const preferences::Environment& environment, TitleForm form) {
-  SavedProfiles profiles;
+ProfileFiles profileFiles(const preferences::Environment& environment) {
+  ProfileFiles profiles;
   auto folder = environment.root.openDirectory(kDocuments);
   if (!folder) {
     if (folder.error().code != ENOENT) profiles.failure = folder.error().message();
@@ -69,15 +76,24 @@ SavedProfiles savedProfiles(const preferences::Environment& environment, TitleFo
       profiles.skipped.back().path = std::move(path);
       continue;
     }
-    profiles.titles.push_back(titleOf(*profile, form));
-    profiles.paths.push_back(std::move(path));
+    auto& values = profile->values;
+    profiles.files.push_back(
+        {std::move(path), std::move(values[0]), std::move(values[1]), std::move(values[2])});
   }
-  sortLocalized(profiles.paths, environment.collator);
+  std::ranges::stable_sort(profiles.files, Before{environment.collator}, &ProfileFile::path);
+  std::ranges::sort(profiles.skipped, Before{environment.collator}, &platform::Error::path);
+  return profiles;
+}
+
+SavedProfiles savedProfiles(const preferences::Environment& environment, TitleForm form) {
+  SavedProfiles profiles;
+  ProfileFiles found = profileFiles(environment);
+  profiles.skipped = std::move(found.skipped);
+  for (ProfileFile& file : found.files) {
+    profiles.titles.push_back(titleOf(file, form));
+    profiles.paths.push_back(std::move(file.path));
+  }
   sortTitles(profiles.titles, environment.collator);
-  std::ranges::sort(
-      profiles.skipped,
-      [&](const auto& a, const auto& b) { return environment.collator.compare(a, b) < 0; },
-      &platform::Error::path);
   return profiles;
 }
 

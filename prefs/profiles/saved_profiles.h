@@ -13,18 +13,31 @@ enum class TitleForm {
   WithDescription,  // "Battery 20% - Night", where the profile has a description
 };
 
-// Full paths and titles, each sorted on its own with localizedStandardCompare:. No pairing is kept;
-// they line up because a profile's file is named after its trigger and both sort alike.
-struct SavedProfiles {
-  std::vector<std::string> paths, titles;
-  std::string failure;  // why the folder couldn't be listed; empty where it could
+// What a profile's file says of itself; Nothing for what it lacks.
+struct ProfileFile {
+  std::string path;
+  plist::Value trigger, description, active;
+};
+struct ProfileFiles {
+  std::vector<ProfileFile> files;  // sorted by their paths with localizedStandardCompare:
+  std::string failure;             // why the folder couldn't be listed; empty where it could
   // Why files that bear a profile's extension can't be one, in the order of their paths.
   std::vector<platform::Error> skipped;
 };
 
-// Every entry whose extension is exactly "qvx" and that holds a keyed archive; a folder that is
-// missing, or can't be listed, yields none. An archive without a dictionary or without a trigger is
-// listed as "Battery (null)%", a trigger that isn't text by its description.
+// Every entry whose extension is exactly "qvx" and that holds a keyed archive, each read once; a
+// folder that is missing, or can't be listed, yields none.
+ProfileFiles profileFiles(const preferences::Environment& environment);
+
+// Full paths and titles, each sorted on its own with localizedStandardCompare:. No pairing is kept;
+// they line up because a profile's file is named after its trigger and both sort alike.
+struct SavedProfiles {
+  std::vector<std::string> paths, titles;
+  std::vector<platform::Error> skipped;  // as in ProfileFiles
+};
+
+// Of profileFiles(). An archive without a dictionary or without a trigger is listed as
+// "Battery (null)%", a trigger that isn't text by its description.
 SavedProfiles savedProfiles(const preferences::Environment& environment, TitleForm form);
 
 // With localizedStandardCompare:; what compares equal stays in order.

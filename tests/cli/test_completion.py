@@ -71,6 +71,7 @@ class Asked(ProgramTest):
     def test_root_of_the_line_counts(self):
         self.output("profile", "save", "30", "--root", "other")
         self.assertEqual(self.names("--root", "other", "profile", "load", "3"), ["30"])
+        self.assertEqual(self.names("--root=other", "profile", "load", "3"), ["30"])
 
     def test_what_can_not_be_looked_up_is_silent(self):
         self.assertEqual(self.names("set", "nosuchkey", ""), [])

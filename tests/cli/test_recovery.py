@@ -1,3 +1,4 @@
+import json
 import plistlib
 import stat
 import subprocess
@@ -151,12 +152,36 @@ class Undo(RecoveryTest):
             self.assertEqual((self.root / PROFILE).read_bytes(), before)
 
     def test_leaves_what_another_process_has_changed_and_names_it(self):
-        self.output("set", "wifi", "2")
+        self.output("set", "wifi", "2", "vpn", "1")
         self.output("defaults", "write", "wifi", "-int", "1")
         done = self.run_program("undo")
         self.assertEqual(done.returncode, 0)
+        self.assertEqual(done.stdout, b"undone: set wifi and 1 more\n")
         self.assertIn(b"wifi stays as it is", done.stderr)
         self.assertEqual(self.domain(), {"wifi": 1})
+
+    def test_that_leaves_everything_says_so_and_fails(self):
+        self.output("set", "vpn", "1")
+        self.output("set", "wifi", "2")
+        self.output("defaults", "write", "wifi", "-int", "1")
+        self.assertIn('nothing of "set wifi" is undone: wifi stays as it is', self.refuse(1, "undo"))
+        self.assertEqual(self.domain(), {"vpn": 1, "wifi": 1})
+        self.assertEqual(self.output("undo"), "undone: set vpn\n")
+
+    def test_names_what_was_reset(self):
+        self.output("set", "wifi", "2", "vpn", "2")
+        self.output("reset", "wifi", "vpn")
+        self.assertEqual(self.output("undo"), "undone: reset wifi and 1 more\n")
+        self.output("reset", "--all")
+        self.assertEqual(self.output("undo"), "undone: reset all\n")
+
+    def test_of_a_change_that_drive_has_made(self):
+        lines = ['{"do":"launch"}', '{"do":"open","page":"PowerSavingListController"}',
+                 '{"do":"set","row":"wifi","value":2}', '{"do":"set","row":"wifi","value":2}']
+        self.assertEqual(self.run_program("drive", input="\n".join(lines).encode()).returncode, 0)
+        self.assertRegex(self.output("undo"), "^undone: set Wi-?Fi\n$")
+        self.assertEqual(self.document("defaults", "read"), {})
+        self.refuse(3, "undo")
 
     def test_defaults_write_is_another_process(self):
         self.output("defaults", "write", "wifi", "-int", "1")
@@ -196,6 +221,25 @@ class Repair(RecoveryTest):
         self.assertEqual(self.domain(), {"wifi": 1})
         self.assertEqual((self.root / (DOMAIN + ".unreadable-1")).read_bytes(), b"garbage")
         self.output("repair")
+
+    def test_says_that_undo_does_not_take_it_back(self):
+        self.damage()
+        self.assertIn("undo doesn't take this back", self.output("repair", "--start-anew"))
+
+    def test_restore_past_a_snapshot_that_can_not_be_read(self):
+        self.write_domain({"wifi": 1})
+        self.output("set", "wifi", "2")
+        self.output("reset", "wifi")
+        newest = max(self.state.rglob("snapshots/[0-9]*"))
+        with newest.open("r+b") as file:
+            file.truncate(1 << 30)
+        listed = self.run_program("snapshot", "list", "--json")
+        self.assertEqual(listed.returncode, 0)
+        self.assertIn(b"File too large", listed.stderr)
+        self.assertEqual([each["number"] for each in json.loads(listed.stdout)], [1])
+        self.damage()
+        self.output("repair", "--restore")
+        self.assertEqual(self.domain(), {"wifi": 1})
 
     def test_restore_without_a_snapshot(self):
         self.damage()

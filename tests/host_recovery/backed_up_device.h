@@ -63,10 +63,10 @@ class BackedUpDevice : public profiles_test::ProfilesDevice {
   // What each snapshot was taken before.
   Names snapshots() {
     Names names;
-    const auto entries = recovery().snapshots();
-    EXPECT_TRUE(entries);
-    if (!entries) return names;
-    for (const auto& entry : *entries) names.push_back(entry.before);
+    const auto list = recovery().snapshots();
+    EXPECT_TRUE(list);
+    if (!list) return names;
+    for (const auto& entry : list->entries) names.push_back(entry.before);
     return names;
   }
   host::Recovery recovery() { return {environment, *backups}; }

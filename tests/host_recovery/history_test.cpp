@@ -1,3 +1,5 @@
+#include <thread>
+
 #include "tests/host_recovery/backed_up_device.h"
 
 namespace {
@@ -17,6 +19,21 @@ class HostHistory : public testing::Test {
   bool nothingToUndo() {
     const auto undone = host::undo(device.environment, *device.backups);
     return !undone && undone.error().reason == host::Failure::NotFound;
+  }
+
+  // What a folder of the state holds, by name; hidden files left out.
+  Names names(const std::string& folder) {
+    Names found;
+    for (const auto& entry : std::filesystem::directory_iterator(device.stateFolder() / folder))
+      if (const auto name = entry.path().filename().string(); name.front() != '.')
+        found.push_back(name);
+    std::ranges::sort(found);
+    return found;
+  }
+  // A record like another one, as a process that knows no lock would add it.
+  void seedRecord(const std::string& name, const std::string& like) {
+    std::filesystem::copy_file(device.stateFolder() / "history" / like,
+                               device.stateFolder() / "history" / name);
   }
 
   BackedUpDevice device;
@@ -69,6 +86,98 @@ TEST_F(HostHistory, ALoadIsUndoneWhole) {
   EXPECT_EQ(device.events, (Names{"darwin com.zorvek.quorvantis.prefs"}));
   redo();
   EXPECT_EQ(device.stored("profileactive"), Value(1.0f));
+}
+
+TEST_F(HostHistory, AStepOfWhichAllIsLeftIsPassedOver) {
+  device.set("vpn", 1);
+  device.set("wifi", 1);
+  device.store("wifi", 7);
+  const auto undone = undo();
+  EXPECT_FALSE(undone.done);
+  EXPECT_EQ(undone.what, "set wifi");
+  EXPECT_THAT(undone.left, ElementsAre("wifi"));
+  EXPECT_EQ(undo().what, "set vpn");
+  EXPECT_EQ(device.stored("vpn"), std::nullopt);
+}
+
+// Just before it is put in place, another process has its say.
+TEST_F(HostHistory, AnUndoMovesTheStepThatItHasUndoneAndNoOther) {
+  device.set("wifi", 1);
+  const auto locked = device.backups->history().lock();
+  ASSERT_TRUE(locked);
+  host::Backups other(
+      device.environment, device.state.path(), std::chrono::milliseconds(0),
+      [&](const platform::Error& error) { device.warnings.push_back(error.message()); });
+  const auto last = device.backups->history().lastDone();
+  other.remember({.what = "set vpn", .settings = {{"vpn", {}, Value(1)}}}, {});
+  EXPECT_THAT(device.warnings,
+              ElementsAre(testing::HasSubstr("another program holds the history")));
+  seedRecord("2", "1");
+  EXPECT_TRUE(device.backups->history().setUndone((*last)->number));
+  EXPECT_EQ(names("undone"), (Names{"1"}));
+  EXPECT_EQ(names("history"), (Names{"2"}));
+}
+
+TEST_F(HostHistory, ProcessesThatAddAtOnceLoseNothing) {
+  device.set("wifi", 0);
+  std::vector<std::thread> writers;
+  for (int writer = 0; writer < 4; ++writer)
+    writers.emplace_back([&, writer] {
+      foundation::DeviceRoot state(device.stateFolder().string());
+      host::History history(state, foundation::kLockPatience);
+      for (int i = 0; i < 20; ++i)
+        EXPECT_TRUE(history.add({.what = "set " + std::to_string(writer),
+                                 .settings = {{"wifi", Value(i), Value(i + 1)}}}));
+    });
+  for (std::thread& writer : writers) writer.join();
+  EXPECT_EQ(names("history").size(), 81u);
+}
+
+TEST_F(HostHistory, ADamagedRecordStays) {
+  device.set("wifi", 1);
+  device.set("vpn", 1);
+  std::filesystem::resize_file(device.stateFolder() / "history" / "2", 40);
+  undo();
+  EXPECT_EQ(names("history"), (Names{"2"}));
+}
+
+TEST_F(HostHistory, WhatCannotBeTakenBackIsNamed) {
+  device.save("20");
+  device.save("30");
+  host::Change change{.what = "save both"};
+  for (const int id : {20, 30})
+    change.files.push_back({prefs::profilePath(id), device.file(prefs::profilePath(id)), {}});
+  change.settings = {{"wifi", {}, Value(1)}};
+  device.damageDomain();
+  // The name of the first one is taken as soon as it is free.
+  const std::string folder = device.at(prefs::profilePath(20)).string();
+  device.realXml.atNextRead = [&] { std::filesystem::create_directories(folder); };
+  const auto applied = host::apply(device.environment, *device.backups, change);
+  ASSERT_FALSE(applied);
+  EXPECT_EQ(applied.error().reason, host::Failure::PartlyDone);
+  EXPECT_THAT(applied.error().problem.message(),
+              testing::EndsWith("taken back: " + prefs::profilePath(20)));
+  EXPECT_TRUE(device.root.hasEntry(prefs::profilePath(30)));
+}
+
+TEST_F(HostHistory, StepsAreNamedForTheMenu) {
+  EXPECT_EQ(host::steps(*device.backups).undo, "");
+  device.set("wifi", 1);
+  device.set("vpn", 1);
+  undo();
+  EXPECT_EQ(host::steps(*device.backups).undo, "set wifi");
+  EXPECT_EQ(host::steps(*device.backups).redo, "set vpn");
+  EXPECT_EQ(host::asDone("load Battery 20%"), "loaded Battery 20%");
+  EXPECT_EQ(host::asDone("set WiFi"), "set WiFi");
+}
+
+TEST_F(HostHistory, AStepIsReportedOnceItIsThere) {
+  Names steps;
+  device.backups->setStepHandler([&](const std::string& what) { steps.push_back(what); });
+  device.set("wifi", 1);
+  device.set("wifi", 1);
+  undo();
+  EXPECT_THAT(steps, ElementsAre("set wifi"));
 }
 
 TEST_F(HostHistory, WhatAnotherProcessHasChangedStaysAndIsNamed) {
@@ -165,7 +274,7 @@ TEST_F(HostHistory, WhatIsNotTheUsersIsNotInIt) {
 TEST_F(HostHistory, TheLatestTwoHundredStay) {
   for (int i = 0; i <= 205; ++i) device.set("wifi", i);
   const auto folder = device.stateFolder() / "history";
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 200);
+  EXPECT_EQ(names("history").size(), 200u);
   EXPECT_TRUE(std::filesystem::exists(folder / "206"));
   EXPECT_FALSE(std::filesystem::exists(folder / "6"));
   undo();

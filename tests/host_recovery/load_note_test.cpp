@@ -90,6 +90,64 @@ TEST_F(HalfLoad, IsFinishedBeforeAnotherLoadByAnOlderProcess) {
   EXPECT_EQ(device.stored("profileactive"), Value(1.0f));
 }
 
+// By another process that was stopped after this one had looked for the first time.
+TEST_F(HalfLoad, ThatBeganLaterIsFinishedByAProcessThatRunsOn) {
+  device.set("ringer", 1);
+  host::Backups running(device.environment, device.state.path(), foundation::kLockPatience, {});
+  running.prepare();
+  begin();
+  laySettings();
+  keepNote();
+  kill();
+  ASSERT_TRUE(running.store().setAppValue("ringer", 2, prefs::kDomain));
+  running.prepare();
+  EXPECT_EQ(device.stored("profileactive"), Value(1.0f));
+  EXPECT_FALSE(noted());
+}
+
+TEST_F(HalfLoad, ThatCouldNotBeFinishedIsTriedAgain) {
+  begin();
+  laySettings();
+  keepNote();
+  kill();
+  const auto good = device.file(device.kDomainFile);
+  device.damageDomain();
+  device.backups->prepare();
+  EXPECT_TRUE(noted());
+  ASSERT_TRUE(device.root.writeDurably(device.kDomainFile, good));
+  device.backups->prepare();
+  EXPECT_EQ(device.stored("profileactive"), Value(1.0f));
+}
+
+TEST_F(HalfLoad, IsNoPartOfTheUsersChangeThatFinishesIt) {
+  begin();
+  laySettings();
+  keepNote();
+  kill();
+  const auto before = device.stored("ringer");
+  device.set("ringer", 77);
+  ASSERT_TRUE(host::undo(device.environment, *device.backups));
+  EXPECT_EQ(device.stored("ringer"), before);
+  EXPECT_EQ(device.stored("profileactive"), Value(1.0f));
+}
+
+// Its switch is what the load makes of it from the beginning.
+TEST_F(HalfLoad, AWholeOneOfAProfileWithTheSwitchsOwnFormLeavesNoNote) {
+  seed::archive(
+      device, "profile_20.qvx",
+      plist::Dictionary{{"profilepercentage", "20"}, {"wifi", 2}, {"profileactive", 1.0f}});
+  device.load("20");
+  EXPECT_FALSE(noted());
+  device.store("wifi", 1);
+  device.store("profileactive", 0.0f);
+  begin();
+  keepNote();
+  laySettings();
+  kill();
+  device.backups->prepare();
+  EXPECT_FALSE(noted());
+}
+
 TEST_F(HalfLoad, OfALivingProcessIsLeftToIt) {
   begin();
   laySettings();

@@ -100,12 +100,45 @@ TEST_F(HostRecovery, StartsAnew) {
   EXPECT_EQ(device.stored("wifi"), Value(1));
 }
 
-TEST_F(HostRecovery, GoodSettingsAreKeptBeforeTheyAreReplaced) {
+TEST_F(HostRecovery, GoodSettingsAreNotReplaced) {
   device.store("wifi", 1);
-  ASSERT_TRUE(device.recovery().startAnew());
-  EXPECT_THAT(device.snapshots(), testing::Contains("start anew"));
-  ASSERT_TRUE(device.recovery().restoreLast());
+  ASSERT_TRUE(device.backups->keep("reset"));
+  device.store("wifi", 2);
+  EXPECT_EQ(device.recovery().startAnew().error().reason, host::Failure::Refused);
+  EXPECT_EQ(device.recovery().restoreLast().error().reason, host::Failure::Refused);
+  EXPECT_EQ(device.stored("wifi"), Value(2));
+  EXPECT_TRUE(aside(1).empty());
+}
+
+TEST_F(HostRecovery, OneSnapshotThatCannotBeReadHidesNoOther) {
+  device.store("wifi", 1);
+  for (const char* before : {"reset", "import", "restore"})
+    ASSERT_TRUE(device.backups->keep(before));
+  const auto folder = device.stateFolder() / "snapshots";
+  std::filesystem::resize_file(folder / "1", std::uintmax_t{1} << 30);
+  std::filesystem::remove(folder / "3");
+  std::filesystem::create_directory(folder / "3");
+  device.damageDomain();
+  EXPECT_THAT(device.snapshots(), ElementsAre("import"));
+  const auto list = device.recovery().snapshots();
+  ASSERT_EQ(list->unreadable.size(), 2u);
+  EXPECT_THAT(list->unreadable.front().message(), testing::HasSubstr("snapshots/1: "));
+  const auto restored = device.recovery().restoreLast();
+  ASSERT_TRUE(restored);
+  EXPECT_EQ(restored->number, 2);
   EXPECT_EQ(device.stored("wifi"), Value(1));
+}
+
+// While another process holds the lock no change comes between one and its record.
+TEST_F(HostRecovery, ChangesOfTwoProcessesOfThisProgramAreNotFromOutside) {
+  BackedUpDevice* const one = &device;
+  host::Backups other(device.environment, device.state.path(), foundation::kLockPatience, {});
+  one->set("wifi", 1);
+  ASSERT_TRUE(other.store().setAppValue("wifi", 2, prefs::kDomain));
+  one->set("wifi", 3);
+  const auto state = one->recovery().state();
+  EXPECT_FALSE(state.changedOutside);
+  EXPECT_FALSE(state.seen->outside);
 }
 
 TEST_F(HostRecovery, RestoresASnapshotWhole) {

@@ -145,6 +145,41 @@ TEST_F(HostSnapshots, OnesThatCannotBeListedAreAnErrorAndNotNone) {
   EXPECT_EQ(read.error().reason, host::Failure::Failed);
 }
 
+TEST_F(HostSnapshots, LargerThanTheyCanBeAreRefusedInWordsAndDisableNoChange) {
+  device.store("msgtext", std::string(20 << 20, 'x'));
+  seed::write(device, "profile_7.qvx", std::vector<std::uint8_t>(13 << 20));
+  const auto kept = device.backups->keep("reset");
+  ASSERT_FALSE(kept);
+  EXPECT_EQ(kept.error().message(),
+            "settings and profiles come to more than 32 MB, the most that a snapshot holds");
+  device.set("wifi", 1);
+  device.set("wifi", 2);
+  EXPECT_EQ(device.stored("wifi"), Value(2));
+  EXPECT_THAT(device.warnings,
+              ElementsAre(testing::HasSubstr("no snapshot was kept before \"daily\"")));
+}
+
+TEST_F(HostSnapshots, OfTheLargestSizeCanBeReadAgain) {
+  device.store("wifi", 1);
+  seed::write(device, "profile_7.qvx", std::vector<std::uint8_t>((32 << 20) - 1000, 'x'));
+  ASSERT_TRUE(device.backups->keep("reset"));
+  EXPECT_EQ(newest().profiles.at("profile_7.qvx").size(), (32u << 20) - 1000);
+}
+
+TEST_F(HostSnapshots, AnotherProcessThatTakesOneIsWaitedForAsLongAsTheDeviceSaysAndIsNamed) {
+  ASSERT_TRUE(device.backups->keep("reset"));
+  const auto folder =
+      foundation::DeviceRoot(device.stateFolder().string()).openDirectory("/snapshots");
+  const auto held = foundation::takeLock(*folder, "records", 0ms, "");
+  ASSERT_TRUE(held);
+  host::Backups hasty(device.environment, device.state.path(), 20ms, {});
+  const auto begun = std::chrono::steady_clock::now();
+  const auto kept = hasty.keep("reset");
+  EXPECT_LT(std::chrono::steady_clock::now() - begun, 2s);
+  ASSERT_FALSE(kept);
+  EXPECT_THAT(kept.error().message(), testing::HasSubstr("another program holds the snapshots"));
+}
+
 TEST_F(HostSnapshots, EachBitFlipIsFound) {
   device.store("wifi", 2);
   ASSERT_TRUE(device.backups->keep("reset"));

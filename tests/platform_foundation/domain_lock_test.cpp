@@ -29,7 +29,7 @@ class DomainLock : public PreferencesTest {
     holder_ = startProcess([&] {
       prctl(PR_SET_NAME, "holder");
       const auto directory = root.openDirectory(kFolder);
-      const auto lock = takeLock(*directory, "com.zorvek.quorvantis.plist", 0ms);
+      const auto lock = takeLock(*directory, "com.zorvek.quorvantis.plist", 0ms, "the settings");
       if (!lock || write(ready[1], "", 1) != 1) return false;
       poll(nullptr, 0, static_cast<int>(time.count()));
       return true;

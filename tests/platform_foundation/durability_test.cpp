@@ -231,9 +231,18 @@ TEST_F(Durability, RemovalOfTheLastKeyIsFlushed) {
 }
 
 TEST_F(Durability, ReplacedDomainIsDurable) {
+  folder.write(kFile, "garbage");
+  takeLog();
   ASSERT_TRUE(preferences.replaceDomain({{"a", 1}}, kDomain));
   EXPECT_THAT(takeLog(),
               ElementsAre("fsync *", std::string("rename * ") + kFileName, "fsync Preferences"));
+}
+
+// So no reader sees half of it.
+TEST_F(Durability, CreatedFileIsPutInPlaceOnceItIsWhole) {
+  const std::uint8_t bytes[] = {'n', 'e', 'w'};
+  ASSERT_TRUE(root.create("/1", bytes));
+  EXPECT_THAT(takeLog(), ElementsAre("rename * 1"));
 }
 
 TEST_F(Durability, SetAsksOnceForItsFlush) {

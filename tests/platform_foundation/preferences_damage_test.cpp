@@ -163,13 +163,13 @@ TEST_F(DamagedDomain, KeepsItsOnlyNameWhenItCanNotBeReplaced) {
   EXPECT_THAT(otherNames(), IsEmpty());
 }
 
-TEST_F(PreferencesTest, ReplacedDomainHasJustTheGivenEntries) {
+TEST_F(PreferencesTest, AReadableDomainIsNotReplaced) {
+  EXPECT_FALSE(preferences.replaceDomain({{"b", 3}}, kDomain));
+  EXPECT_FALSE(root.exists(kFile));
   ASSERT_TRUE(preferences.setMultiple({{"a", 1}, {"b", 2}}, {}, kDomain));
-  ASSERT_TRUE(preferences.replaceDomain({{"b", 3}}, kDomain));
-  EXPECT_EQ(stored("a"), Value());
-  EXPECT_EQ(stored("b"), Value(3));
-  EXPECT_FALSE(preferences.copyAppValue("a", kDomain));
-  EXPECT_FALSE(preferences.unfinished());
+  EXPECT_FALSE(preferences.replaceDomain({{"b", 3}}, kDomain));
+  EXPECT_EQ(stored("a"), Value(1));
+  EXPECT_EQ(stored("b"), Value(2));
   EXPECT_THAT(otherNames(), IsEmpty());
 }
 

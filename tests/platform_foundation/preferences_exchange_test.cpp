@@ -66,13 +66,18 @@ struct Witness : ChangeObserver {
   void willChange(std::string_view domain) override {
     log.push_back("will " + std::string(domain));
   }
-  void didChange(std::string_view, const KeyChanges& changes) override {
+  void didChange(std::string_view, const DomainChange& change) override {
+    EXPECT_NE(change.after, change.before);
+    changes.push_back({change.before, change.after});
     std::string names = "did";
-    for (const auto& [key, from, to] : changes)
+    for (const auto& [key, from, to] : change.keys)
       names += " " + key + (from ? " from" : "") + (to ? " to" : "");
     log.push_back(names);
+    if (look) look();
   }
+  std::function<void()> look;
   std::vector<std::string> log;
+  std::vector<std::pair<std::uint64_t, std::uint64_t>> changes;  // checksums
 };
 
 struct ChangeObserverTest : PreferencesTest {
@@ -91,8 +96,39 @@ TEST_F(ChangeObserverTest, LearnsWhatASetChanges) {
 TEST_F(ChangeObserverTest, LearnsWhatAnExchangeAndAReplacementChange) {
   storeElsewhere("a", 1);
   ASSERT_TRUE(preferences.exchange({{"a", Value(1), Value(2)}}, kDomain));
+  folder.write(kFile, "garbage");
   ASSERT_TRUE(preferences.replaceDomain({}, kDomain));
   EXPECT_THAT(witness.log, ElementsAre(will, "did a from to", will, "did"));
+}
+
+// Another process may change the file as soon as the lock is free.
+TEST_F(ChangeObserverTest, LearnsTheChecksumsOfWhatWasReadAndLeft) {
+  const auto checksum = [&] {
+    const std::string bytes = folder.contents(kFile);
+    return checksumOf({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
+  };
+  ASSERT_TRUE(preferences.setAppValue("a", 1, kDomain));
+  const auto first = checksum();
+  ASSERT_TRUE(preferences.exchange({{"a", Value(1), Value(2)}}, kDomain));
+  const auto second = checksum();
+  ASSERT_TRUE(preferences.setAppValue("a", Value(), kDomain));
+  EXPECT_THAT(witness.changes,
+              ElementsAre(std::pair(checksumOf({}), first), std::pair(first, second),
+                          std::pair(second, checksumOf({}))));
+}
+
+TEST_F(ChangeObserverTest, LearnsOfAChangeWhileTheLockIsHeld) {
+  bool held = false;
+  witness.look = [&] {
+    const auto lock = takeLock(*root.openDirectory(kFolder), "com.zorvek.quorvantis.plist",
+                               std::chrono::milliseconds(0), "the settings");
+    held = !lock;
+  };
+  ASSERT_TRUE(preferences.setAppValue("a", 1, kDomain));
+  EXPECT_TRUE(held);
+  held = false;
+  ASSERT_TRUE(preferences.exchange({{"a", Value(1), Value(2)}}, kDomain));
+  EXPECT_TRUE(held);
 }
 
 TEST_F(ChangeObserverTest, LearnsNothingOfReadingAndOfLooking) {

@@ -82,8 +82,11 @@ CardRow {
         stepSize: card.entry.stops > 0 ? card.step : card.grain
         snapMode: stepSize > 0 ? T.Slider.SnapAlways : T.Slider.NoSnap
         live: true
-        onMoved: if (card.entry.continuous) card.page.setNumber(card.index, value)
-        onPressedChanged: if (!pressed) commit()
+        onMoved: if (card.entry.continuous) card.page.setNumber(card.index, value, pressed)
+        onPressedChanged: if (!pressed) {
+            commit();
+            card.page.release();
+        }
         onValueChanged: if (!pressed && !syncing) commit()
         Component.onCompleted: sync()
         Keys.onLeftPressed: step(-1)
