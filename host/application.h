@@ -76,6 +76,8 @@ class Application {
   void dismiss(const Problem& problem);
   void withdraw(const Problem& problem);  // it has gone: also from the alert it came with
   const std::vector<Problem>& problems() const { return problems_; }
+  // Those that were reported since the latest request began.
+  const std::vector<Problem>& latestProblems() const { return reported_; }
   // Those that were reported while the request was performed that brought up this alert.
   std::vector<Problem> failuresOf(const std::shared_ptr<uikit::Alert>& alert) const;
   // Why the settings can't be read, since `follow` was last called. While they can't, what would

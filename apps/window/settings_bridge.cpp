@@ -20,7 +20,7 @@ qsizetype sameIn(const QList<Model*>& models, const std::vector<View>& views) {
 }  // namespace
 
 SettingsBridge::SettingsBridge(host::Application& application)
-    : application_(application), recovery_(this, application) {
+    : application_(application), recovery_(this, application), undo_(this, application) {
   application_.setObserver([this] { refresh(); });
   refresh();
 }

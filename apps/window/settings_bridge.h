@@ -7,6 +7,7 @@
 #include "apps/window/alert_model.h"
 #include "apps/window/page_model.h"
 #include "apps/window/recovery_model.h"
+#include "apps/window/undo_model.h"
 #include "host/application.h"
 
 namespace window {
@@ -20,6 +21,7 @@ class SettingsBridge : public QObject {
   Q_PROPERTY(window::PageModel* shown READ shown NOTIFY shownChanged)
   Q_PROPERTY(window::AlertModel* alert READ alert NOTIFY alertChanged)  // the topmost
   Q_PROPERTY(window::RecoveryModel* recovery READ recovery CONSTANT)
+  Q_PROPERTY(window::UndoModel* undo READ undo CONSTANT)
   Q_PROPERTY(QStringList problems READ problems NOTIFY problemsChanged)
 
  public:
@@ -30,6 +32,7 @@ class SettingsBridge : public QObject {
   PageModel* shown() const { return pages_.isEmpty() ? nullptr : pages_.last(); }
   AlertModel* alert() const { return alerts_.isEmpty() ? nullptr : alerts_.last(); }
   RecoveryModel* recovery() { return &recovery_; }
+  UndoModel* undo() { return &undo_; }
   QStringList problems() const;
 
   void refresh();  // something on screen may have changed
@@ -57,6 +60,7 @@ class SettingsBridge : public QObject {
 
   host::Application& application_;
   RecoveryModel recovery_;
+  UndoModel undo_;
   QList<PageModel*> pages_;
   QList<AlertModel*> alerts_;
   std::vector<host::Problem> problems_;

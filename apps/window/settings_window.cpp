@@ -23,6 +23,7 @@ SettingsWindow::SettingsWindow(host::Application& application, QtMainQueue& queu
 
 void SettingsWindow::attach(host::Device& device) {
   bridge_.recovery()->setDevice(&device);
+  bridge_.undo()->setDevice(&device);
   following_ = std::make_unique<host::Following>(device.environment(), application_);
   bridge_.refresh();
   if (following_->descriptor() < 0) return;

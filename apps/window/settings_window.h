@@ -25,7 +25,7 @@ class SettingsWindow : public QObject {
 
   SettingsBridge& bridge() { return bridge_; }
   // From now on it shows what other processes change on this device, which has to outlive it, and
-  // offers ways out where its settings can't be read.
+  // offers to undo, and ways out where its settings can't be read.
   void attach(host::Device& device);
   // Reports a problem to the application; may be called from any thread while the window exists.
   void report(const host::Problem& problem);

@@ -60,7 +60,7 @@ TEST(Perform, TakesTheWayOutOfADimmedRow) {
   ASSERT_EQ(shown.row("whileon").whyNot->wayOut(), "Switch on [switch]");
   ASSERT_TRUE(shown.application.perform(host::WayOut{"whileon"}));
   EXPECT_EQ(shown.row("switch").value, plist::Value(true));
-  shown.applyRules();
+  ASSERT_TRUE(shown.application.perform(host::Activate{}));
   EXPECT_TRUE(shown.row("whileon").usable);
 }
 

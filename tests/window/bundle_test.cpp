@@ -10,7 +10,6 @@ using plist::Dictionary;
 using plist::Value;
 
 constexpr const char* kDocuments = "/var/mobile/Documents/Quorvantis/";
-constexpr const char* kStore = "/var/mobile/Library/Preferences/com.zorvek.quorvantis.plist";
 
 TEST_F(BundleWindow, TheFirstPageHasTheRowsOfItsList) {
   open();
@@ -59,18 +58,6 @@ TEST_F(BundleWindow, AnEmptyLogSaysThatItHasNoEntries) {
   open();
   driver->click("Battery Log");
   EXPECT_TRUE(driver->shows("No entries"));
-}
-
-TEST_F(BundleWindow, AStoreThatCantBeReadIsReportedOnScreen) {
-  foundation::DeviceRoot root(folder.path().toStdString());
-  std::string rubbish = "no property list";
-  ASSERT_TRUE(root.writeDurably(
-      kStore, plist::Bytes(reinterpret_cast<const std::uint8_t*>(rubbish.data()), rubbish.size())));
-  open();
-  driver->click("General");
-  driver->click("Enabled");
-  ASSERT_FALSE(driver->itemsOfType("Banner").empty());
-  EXPECT_TRUE(bridge().problems().first().contains("com.zorvek.quorvantis.plist"));
 }
 
 TEST_F(BundleWindow, AWriteThatFailsIsReportedOnScreen) {

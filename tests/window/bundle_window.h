@@ -33,6 +33,7 @@ class BundleWindow : public WindowTest {
     device = std::make_unique<host::Device>(options, std::move(owned));
     auto launched = std::make_unique<host::Application>(
         device->environment(), window::kGuessedEntries, window::kGuessedEntries);
+    launched->record(device->backups());
     ASSERT_TRUE(launched->perform(host::Launch{}));
     if (pageClass) {
       ASSERT_TRUE(launched->perform(host::Open{pageClass}));

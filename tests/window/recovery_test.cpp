@@ -102,6 +102,7 @@ class FailingWindow : public BundleWindow {
   // A folder in the place of the profile's file can't be replaced.
   void openProfiles() {
     QDir().mkpath(folder.path() + "/var/mobile/Documents/Quorvantis/profile_55.qvx");
+    options.state = state.path().toStdString();
     open("ProfilesListController");
   }
   void save() {
@@ -110,6 +111,8 @@ class FailingWindow : public BundleWindow {
     driver->click("Save", kButton);
     driver->click("Overwrite", kButton);
   }
+
+  QTemporaryDir state;
 };
 
 TEST_F(FailingWindow, AnAlertCarriesTheTruthWithIt) {
@@ -126,6 +129,12 @@ TEST_F(FailingWindow, AnAlertCarriesTheTruthWithIt) {
   const QString said =
       driver->accessible("Success", QAccessible::Dialog)->text(QAccessible::Description);
   EXPECT_TRUE(said.endsWith(truth)) << said.toStdString();
+}
+
+TEST_F(FailingWindow, NothingIsSaidToBeDone) {
+  openProfiles();
+  save();
+  EXPECT_EQ(bridge().undo()->text(), "");
 }
 
 TEST_F(FailingWindow, NoticesStandAboveAnAlert) {

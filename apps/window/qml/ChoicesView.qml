@@ -58,7 +58,6 @@ FocusScope {
         id: list
 
         property bool byKeyboard: false
-        property bool top: true  // what comes in at the beginning is to be seen
 
         function pick() {
             const row = currentItem as ChoiceRow;
@@ -89,8 +88,6 @@ FocusScope {
             if (currentIndex >= 0)
                 positionViewAtIndex(currentIndex, ListView.Center);
         }
-        onContentYChanged: top = atYBeginning
-        onCountChanged: if (top) Qt.callLater(positionViewAtBeginning)
         onActiveFocusChanged: if (!activeFocus) byKeyboard = false
 
         Keys.onDownPressed: go(currentIndex + 1)

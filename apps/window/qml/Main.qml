@@ -64,11 +64,21 @@ ApplicationWindow {
     }
 
     Shortcut {
-        sequences: ["Esc", "Backspace", "Alt+Left", "Back"]
+        sequences: (window.settings.undo.text === "" ? ["Esc"] : []).concat(["Backspace", "Alt+Left", "Back"])
         enabled: stack.depth > 1 && !window.settings.alert
         onActivated: window.back()
     }
 
+    Shortcut {
+        sequences: ["Ctrl+Z"]
+        enabled: !window.settings.alert
+        onActivated: window.settings.undo.undo()
+    }
+    Shortcut {
+        sequences: ["Ctrl+Shift+Z", "Ctrl+Y"]
+        enabled: !window.settings.alert
+        onActivated: window.settings.undo.redo()
+    }
     Component {
         id: sheet
 
@@ -116,7 +126,17 @@ ApplicationWindow {
         anchors.bottom: parent.bottom
         width: parent.width
         visible: !above.visible
+        height: visible ? implicitHeight : 0
         settings: window.settings
+    }
+
+    UndoBar {
+        id: undoBar
+
+        anchors.bottom: banners.top
+        width: parent.width
+        undo: window.settings.undo
+        covered: window.settings.alert !== null
     }
 
     StackView {
@@ -124,7 +144,7 @@ ApplicationWindow {
 
         anchors.fill: parent
         anchors.topMargin: recovery.height
-        anchors.bottomMargin: banners.height
+        anchors.bottomMargin: banners.height + undoBar.height
         focus: true
         clip: true
 
