@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "host/describe.h"
 #include "platform/uikit/geometry.h"
+#include "prefs/profiles/ProfilesListController.h"
 
 namespace host {
 namespace {
@@ -17,9 +19,15 @@ constexpr bool kIsOneOf = (std::is_same_v<T, Types> || ...);
 bool touchesPage(const Request& request) {
   return std::visit(
       []<class T>(const T&) {
-        return kIsOneOf<T, Open, Back, Tap, Set, Scroll, Select, Drag, Bar>;
+        return kIsOneOf<T, Open, Back, Tap, Set, WayOut, Scroll, Select, Drag, Bar>;
       },
       request);
+}
+
+// What an alert does is refused where it is done.
+bool changes(const Request& request) {
+  return std::visit([]<class T>(const T&) { return kIsOneOf<T, Set, WayOut, Select, Drag, Bar>; },
+                    request);
 }
 
 // The row that the user operates; null for a request that operates none.
@@ -40,9 +48,12 @@ Application::~Application() {
 
 Outcome<plist::Value> Application::perform(const Request& request) {
   if (const auto refused = refusal(request)) return *refused;
+  reported_.clear();
+  const std::vector before(alerts().begin(), alerts().end());
   record_.begin(request, labelOf(request));
   auto result = std::visit([this](const auto& each) { return run(each); }, request);
   record_.end(request);
+  noteFailures(before);
   if (result) buildVisibleRows();
   return result;
 }
@@ -50,6 +61,11 @@ Outcome<plist::Value> Application::perform(const Request& request) {
 // A page of choices or colors is about the row that opened it.
 std::string Application::labelOf(const Request& request) const {
   if (const RowReference* operated = operatedRow(request)) return (*row(*operated))->name();
+  if (const auto* wayOut = std::get_if<WayOut>(&request)) {
+    const auto dimmed = row(wayOut->row);
+    const auto whyNot = dimmed ? describeRow(*shownList(), **dimmed).whyNot : std::nullopt;
+    return whyNot ? whyNot->label : std::string();
+  }
   const preferences::PSViewController* page = shownPage();
   if (!page) return {};
   const PSSpecifier* opener = page->specifier();
@@ -59,8 +75,19 @@ std::string Application::labelOf(const Request& request) const {
 std::optional<Refusal> Application::refusal(const Request& request) const {
   if (touchesPage(request) && topmostAlert())
     return Refusal{RefusalCode::Modal, "an alert is on screen"};
+  if (damage_ && (changes(request) || opensProfileManager(request)))
+    return Refusal{RefusalCode::Disabled,
+                   "nothing can be changed while the settings can't be read"};
   const RowReference* row = operatedRow(request);
   return row ? rowRefusal(*row) : std::nullopt;
+}
+
+// The buttons of that page do nothing else.
+bool Application::opensProfileManager(const Request& request) const {
+  const auto* tap = std::get_if<Tap>(&request);
+  if (!tap || !dynamic_cast<prefs::ProfilesListController*>(shownPage())) return false;
+  const auto found = row(tap->row);
+  return found && (*found)->cellType() == preferences::CellType::PSButtonCell;
 }
 
 preferences::PSViewController* Application::shownPage() const {
@@ -130,7 +157,23 @@ void Application::fitToScreen() {
   }
 }
 
+void Application::noteFailures(const std::vector<std::shared_ptr<uikit::Alert>>& before) {
+  std::map<std::uint64_t, std::vector<Problem>> shown;
+  for (const auto& alert : alerts()) {
+    const bool isNew = std::ranges::find(before, alert) == before.end();
+    if (auto failures = isNew ? reported_ : failuresOf(alert); !failures.empty())
+      shown[numberOf(alert)] = std::move(failures);
+  }
+  failures_ = std::move(shown);
+}
+
+std::vector<Problem> Application::failuresOf(const std::shared_ptr<uikit::Alert>& alert) const {
+  const auto found = failures_.find(numberOf(alert));
+  return found == failures_.end() ? std::vector<Problem>() : found->second;
+}
+
 void Application::report(Problem problem) {
+  reported_.push_back(problem);
   if (std::ranges::find(problems_, problem) != problems_.end()) return;
   problems_.push_back(std::move(problem));
   if (changed_) changed_();
@@ -138,6 +181,11 @@ void Application::report(Problem problem) {
 
 void Application::dismiss(const Problem& problem) {
   if (std::erase(problems_, problem) > 0 && changed_) changed_();
+}
+
+void Application::withdraw(const Problem& problem) {
+  for (auto& [alert, failures] : failures_) std::erase(failures, problem);
+  dismiss(problem);
 }
 
 }  // namespace host

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -24,7 +26,7 @@ namespace host {
 // A page is created by its class's name, given the row that opened it, loaded (loadView,
 // viewDidLoad) and then shown: the page before it is notified that it disappears, and it that it
 // appears; only then are its rows made. Whatever other processes have stored is seen when a page is
-// created or reloaded and when the application becomes active.
+// created or reloaded, when the application becomes active, and by `follow`.
 class Application {
  public:
   using Page = std::shared_ptr<preferences::PSViewController>;
@@ -40,8 +42,9 @@ class Application {
 
   // Does what is asked, or refuses and changes nothing. The value is a Call's result; Nothing for
   // what has no such form, and for every other request. Refused, in this order:
-  //   as Modal, what touches the page (Open, Back, Tap, Set, Scroll, Select, Drag, Bar) while an
-  //   alert is on screen;
+  //   as Modal, what touches the page (Open, Back, Tap, Set, WayOut, Scroll, Select, Drag, Bar)
+  //   while an alert is on screen;
+  //   as Damaged, what would change something while the settings can't be read;
   //   as NoRow, NotBuilt or Disabled, a Tap or Set of a row that isn't there, is off screen or is
   //   dimmed;
   //   as what the request itself can't do, NoPage before a launch among it.
@@ -54,6 +57,13 @@ class Application {
   // What the row's data sources yield now; BadRequest for a row that has no choices.
   Outcome<std::shared_ptr<const preferences::Choices>> choices(const RowReference& reference);
 
+  // Sees what other processes have changed, on every page of the stack: the values of rows, ticks
+  // and colors are read anew, and where `lists` is set the choices that are read from profiles and
+  // battery log. Cells stay as they are otherwise. No rule is evaluated and nothing is announced;
+  // the observer isn't called.
+  enum class Lists { Keep, ReadAnew };
+  void follow(Lists lists = Lists::Keep);
+
   // Makes the rows that are on screen, as every request does; for what happened without one.
   void buildVisibleRows();
 
@@ -64,7 +74,15 @@ class Application {
   // performs.
   void report(Problem problem);
   void dismiss(const Problem& problem);
+  void withdraw(const Problem& problem);  // it has gone: also from the alert it came with
   const std::vector<Problem>& problems() const { return problems_; }
+  // Those that were reported since the latest request began.
+  const std::vector<Problem>& latestProblems() const { return reported_; }
+  // Those that were reported while the request was performed that brought up this alert.
+  std::vector<Problem> failuresOf(const std::shared_ptr<uikit::Alert>& alert) const;
+  // Why the settings can't be read, since `follow` was last called. While they can't, what would
+  // change settings or profiles is refused.
+  const std::optional<Problem>& damage() const { return damage_; }
 
   // What describe() reads. Pages from the first to the shown one; empty before a launch.
   const std::vector<Page>& pages() const { return pages_; }
@@ -89,6 +107,7 @@ class Application {
   Result run(const Back& request);
   Result run(const Tap& request);
   Result run(const Set& request);
+  Result run(const WayOut& request);
   Result run(const Release& request);
   Result run(const Scroll& request);
   Result run(const Resize& request);
@@ -104,6 +123,8 @@ class Application {
 
   std::string labelOf(const Request& request) const;
   std::optional<Refusal> refusal(const Request& request) const;
+  void noteFailures(const std::vector<std::shared_ptr<uikit::Alert>>& before);
+  bool opensProfileManager(const Request& request) const;
   std::optional<Refusal> rowRefusal(const RowReference& reference) const;
 
   Outcome<Page> load(std::string_view pageClass, Row opener, Page parent);
@@ -122,6 +143,9 @@ class Application {
   std::vector<Page> pages_;
   std::vector<int> firstRows_;  // of each page, the first entry on screen
   std::vector<Problem> problems_;
+  std::vector<Problem> reported_;                           // since the request began
+  std::map<std::uint64_t, std::vector<Problem>> failures_;  // by the number of the alert
+  std::optional<Problem> damage_;
   std::function<void()> changed_;
   mutable Identities identities_;
   RequestRecord record_;

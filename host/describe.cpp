@@ -25,6 +25,26 @@ void describeShown(const Application& application, PageView& view) {
   }
 }
 
+// What rows hold meanwhile are defaults, or what was true once.
+void withhold(RowView& row) {
+  row.kind = RowKind::Value;
+  row.value = row.standard = plist::Value();
+  row.shown = "unknown";
+  row.changed = row.usable = false;
+  row.alpha = 1;
+  row.control = std::monostate();
+  row.whyNot = WhyNot{.instead = "the settings can't be read"};
+}
+
+void withhold(PageView& page) {
+  page.barButton = false;
+  for (RowView& row : page.rows)
+    if (!row.key.empty()) withhold(row);
+  for (auto& [index, row] : page.tableRows) row.ticked = row.usable = false;
+  page.chosen = -1;
+  page.opener.reset();
+}
+
 }  // namespace
 
 Scene describe(const Application& application) {
@@ -35,8 +55,13 @@ Scene describe(const Application& application) {
   for (const auto& alert : application.alerts()) {
     scene.alerts.push_back(describeAlert(*alert, application.shownList()));
     scene.alerts.back().number = application.numberOf(alert);
+    scene.alerts.back().failures = application.failuresOf(alert);
   }
   scene.problems = application.problems();
+  scene.damage = application.damage();
+  if (!scene.damage) return scene;
+  if (!scene.pages.empty()) withhold(scene.pages.back());
+  std::erase_if(scene.problems, [](const Problem& problem) { return problem.damage; });
   return scene;
 }
 

@@ -60,7 +60,9 @@ std::optional<WhyNot> whyNotOf(PSListController& page, const PSSpecifier& row) {
   const PSSpecifier* by = id.empty() ? nullptr : page.specifierForID(id);
   if (!by) return WhyNot{};
   const uikit::Control* control = by->control();
-  return WhyNot{std::string(id), by->name(), lags, !(control && control->isOn())};
+  const preferences::PSTableCell* cell = by->cellObject();
+  const bool usable = !cell || (cell->userInteractionEnabled() && cell->enabled());
+  return WhyNot{std::string(id), by->name(), lags, !(control && control->isOn()), usable && !lags};
 }
 
 void describeCell(PSListController& page, const PSSpecifier& row, RowView& view) {
@@ -152,9 +154,14 @@ RowView describeRow(PSListController& page, PSSpecifier& row) {
 }
 
 std::string WhyNot::words() const {
+  if (!instead.empty()) return instead;
   if (by.empty()) return "dimmed";
   if (lags) return "dimmed until you come back to this page";
   return std::string("dimmed: switch ") + (switchOn ? "on " : "off ") + label + " first";
+}
+
+std::string WhyNot::wayOut() const {
+  return helps ? std::string("Switch ") + (switchOn ? "on " : "off ") + label : std::string();
 }
 
 }  // namespace host

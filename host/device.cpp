@@ -54,8 +54,9 @@ Device::Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQue
       } {
   preferences_.setXmlReader([this](plist::Bytes bytes) { return xml_.read(bytes); });
   preferences_.setProblemHandler(reportOf(Source::Settings, Severity::Failure));
-  preferences_.setRecoveryHandler(
-      [this](const platform::Error& error) { withdraw(problemOf(Source::Settings, error)); });
+  preferences_.setRecoveryHandler([this](const platform::Error& error) {
+    withdraw(problemOf(Source::Settings, error, root_));
+  });
   if (options.state) makeBackups(options);
   if (!options.realTime) return;
   preferences_.setUnfinishedHandler([this] { finishSoon(); });
@@ -88,7 +89,7 @@ Device::~Device() {
 
 platform::Report Device::reportOf(Source source, Severity severity) {
   return [this, source, severity](const platform::Error& error) {
-    Problem problem = problemOf(source, error);
+    Problem problem = problemOf(source, error, root_);
     if (severity == Severity::Warning) problem.severity = severity;
     report(problem);
   };

@@ -1,5 +1,9 @@
 #include "host/problem.h"
 
+#include <filesystem>
+
+#include "host/plain_words.h"
+
 namespace host {
 namespace {
 
@@ -12,11 +16,23 @@ constexpr char kUnconfirmed[] = "stored, but not confirmed on disk: ";
 
 Problem problemOf(Source source, const platform::Error& error) {
   Problem problem{source, Severity::Failure, error.path, error.words()};
-  if (error.kind == platform::ErrorKind::Damaged) problem.words += kWayOut;
+  problem.plain = plainWords(source, error);
+  problem.file = fileOf(error);
+  problem.damage = error.kind == platform::ErrorKind::Damaged;
+  if (problem.damage) problem.words += kWayOut;
   if (error.kind == platform::ErrorKind::Unconfirmed) {
     problem.severity = Severity::Warning;
     problem.words = kUnconfirmed + problem.words;
   }
+  return problem;
+}
+
+Problem problemOf(Source source, const platform::Error& error, const foundation::DeviceRoot& root) {
+  Problem problem = problemOf(source, error);
+  if (!problem.file.starts_with('/')) return problem;
+  std::error_code unresolved;
+  const auto folder = std::filesystem::weakly_canonical(root.directory(), unresolved).string();
+  problem.file = (unresolved ? root.directory() : folder) + problem.file;
   return problem;
 }
 

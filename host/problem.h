@@ -3,6 +3,7 @@
 #include <string>
 
 #include "platform/error.h"
+#include "platform/foundation/device_root.h"
 #include "platform/result.h"
 
 namespace host {
@@ -33,6 +34,11 @@ struct Problem {
   Severity severity = Severity::Failure;
   std::string path{};
   std::string words{};
+  // The same for a reader who doesn't know the system's words: "The profile was not saved: the disk
+  // is full." Empty where `words` do. `file` is the path of the file that lies behind it, if one
+  // does: on this machine where the problem came from a device, else the platform's.
+  std::string plain{}, file{};
+  bool damage = false;  // a domain file that can't be read or parsed
 
   bool operator==(const Problem&) const = default;
 
@@ -58,6 +64,7 @@ struct Failure {
 // A failure below the host, in its user's terms: with the way out where the settings can't be read,
 // and as a warning where it is stored but not confirmed on disk.
 Problem problemOf(Source source, const platform::Error& error);
+Problem problemOf(Source source, const platform::Error& error, const foundation::DeviceRoot& root);
 // Failed or Unconfirmed, and that problem; `before` stands before its words.
 Failure failureOf(Source source, const platform::Error& error, const std::string& before = {});
 

@@ -30,6 +30,9 @@ struct Set {  // moves the row's control, edits its text or picks a value of its
   plist::Value value;
   bool held = false;  // the control is still held: a drag, which ends with another request
 };
+struct WayOut {  // turns the switch that dims this row, as its user would
+  RowReference row;
+};
 struct Release {};  // of a control that was held
 struct Scroll {     // the screen shows the entries from `first` on, and a scroll event follows
   int first = 0;
@@ -61,7 +64,7 @@ struct Call {  // runs the shown page's operation of that selector; Nothing is n
   std::vector<plist::Value> arguments{};
 };
 
-using Request = std::variant<Launch, Open, Back, Tap, Set, Release, Scroll, Resize, Select, Drag,
-                             Bar, Press, Pick, Activate, Layout, Reload, Call>;
+using Request = std::variant<Launch, Open, Back, Tap, Set, Release, WayOut, Scroll, Resize, Select,
+                             Drag, Bar, Press, Pick, Activate, Layout, Reload, Call>;
 
 }  // namespace host

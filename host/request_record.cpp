@@ -14,7 +14,7 @@ bool isTheUsers(const Request& request) {
 
 // Whether it may change what is stored on the user's behalf.
 bool changes(const Request& request) {
-  return isOneOf<Back, Tap, Set, Select, Drag, Bar, Press, Pick, Call>(request);
+  return isOneOf<Back, Tap, Set, WayOut, Select, Drag, Bar, Press, Pick, Call>(request);
 }
 
 }  // namespace

@@ -127,6 +127,20 @@ Application::Result Application::run(const Set& request) {
   return Value();
 }
 
+// The switch may be off screen.
+Application::Result Application::run(const WayOut& request) {
+  PSListController* page = shownList();
+  const auto found = row(request.row);
+  if (!found) return found.error();
+  const auto whyNot = describeRow(*page, **found).whyNot;
+  if (!whyNot || !whyNot->helps)
+    return Refusal{RefusalCode::BadRequest,
+                   "no switch helps row \"" + (*found)->identifier() + "\" now"};
+  PSSpecifier& by = *page->specifierForID(whyNot->by);
+  if (!by.isBuilt()) page->buildRow(by);
+  return run(Set{whyNot->by, whyNot->switchOn});
+}
+
 Application::Result Application::run(const Release&) {
   return Value();
 }

@@ -116,15 +116,19 @@ enum class RowKind {
 
 // Why a row can't be operated.
 struct WhyNot {
-  std::string by;         // the id of the switch that dims the row; empty where no rule does
-  std::string label;      // of that switch
+  std::string by{};       // the id of the switch that dims the row; empty where no rule does
+  std::string label{};    // of that switch
   bool lags = false;      // that switch has been turned since: the page has to be opened again
   bool switchOn = false;  // turning it on would help, else turning it off
+  bool helps = false;     // that switch can be turned now, and isn't to be waited for
+  std::string instead{};  // words in place of those that follow
   bool operator==(const WhyNot&) const = default;
 
   // "dimmed: switch on Flash LED first", "dimmed: switch off …", "dimmed until you come back to
   // this page", "dimmed".
   std::string words() const;
+  // "Switch on Flash LED", "Switch off …"; empty where that is of no help.
+  std::string wayOut() const;
 };
 
 // One row of a page of rows. A row that isn't built yet has no state of a cell, and of its control
@@ -242,6 +246,8 @@ struct AlertView {
   std::vector<AlertButtonView> buttons;
   int tag = 0;
   std::optional<AlertPickerView> picker;
+  // What failed as it came up: its own words may promise what was not done.
+  std::vector<Problem> failures;
   // Where a sheet points to: the bar button, or a row of the page; else nowhere.
   bool atBarButton = false;
   std::optional<int> atRow;
@@ -252,6 +258,8 @@ struct Scene {
   std::vector<PageView> pages;    // the shown one last; empty before a launch
   std::vector<AlertView> alerts;  // the topmost last
   std::vector<Problem> problems;  // reported and not dismissed, each once
+  // The settings can't be read: rows have no values, and nothing can be changed.
+  std::optional<Problem> damage;
   bool operator==(const Scene&) const = default;
 
   const PageView* shown() const { return pages.empty() ? nullptr : &pages.back(); }

@@ -47,12 +47,19 @@ AlertModel::AlertModel(SettingsBridge& bridge, const host::AlertView& view)
 
 void AlertModel::refresh(const host::AlertView& view) {
   const host::AlertView before = std::exchange(view_, view);
+  if (view.failures != before.failures) emit failuresChanged();
   if (view.picker == before.picker) return;
   if (const QStringList now = choicesOf(view); now != choices_) {
     choices_ = now;
     emit choicesChanged();
   }
   emit chosenChanged();
+}
+
+QString AlertModel::failures() const {
+  QStringList texts;
+  for (const host::Problem& problem : view_.failures) texts << problemText(problem);
+  return texts.join("\n\n");
 }
 
 void AlertModel::leave() {

@@ -35,6 +35,8 @@ class AlertModel : public QObject {
   QML_UNCREATABLE("belongs to the application")
   Q_PROPERTY(QString title READ title CONSTANT)
   Q_PROPERTY(QString message READ message CONSTANT)
+  // What failed as it came up, though its message may promise it.
+  Q_PROPERTY(QString failures READ failures NOTIFY failuresChanged)
   Q_PROPERTY(bool sheet READ sheet CONSTANT)
   Q_PROPERTY(QVariantList buttons MEMBER buttons_ CONSTANT)  // of AlertButton
   Q_PROPERTY(bool cancels READ cancels CONSTANT)             // has a button that cancels
@@ -51,6 +53,7 @@ class AlertModel : public QObject {
 
   QString title() const { return toQString(view_.title); }
   QString message() const { return toQString(view_.message); }
+  QString failures() const;
   bool sheet() const { return view_.style == host::AlertStyle::Sheet; }
   bool cancels() const { return buttonWhere(&AlertButton::cancels) >= 0; }
   // The one that changes nothing, else the one that Return presses.
@@ -75,6 +78,7 @@ class AlertModel : public QObject {
   Q_INVOKABLE void viewGone();  // its view is destroyed
 
  signals:
+  void failuresChanged();
   void choicesChanged();
   void chosenChanged();
   void left();

@@ -23,17 +23,31 @@ ChoiceModel::ChoiceModel(PageModel* page) : QAbstractListModel(page), page_(page
 
 void ChoiceModel::refresh(host::ChoiceList list, int ticked) {
   if (list == list_ && ticked == ticked_) return;
-  const bool sameTitles = list == list_ || (list && list_ && list->titles == list_->titles);
   ticked_ = ticked;
-  if (!sameTitles) beginResetModel();
-  list_ = std::move(list);
-  if (sameTitles) {
-    if (count() > 0) emit dataChanged(index(0), index(count() - 1), {TickedRole});
-  } else {
-    matches_ = matches();
-    endResetModel();
-  }
+  if (list != list_) change(std::move(list));
+  if (count() > 0) emit dataChanged(index(0), index(count() - 1), {TickedRole, ChoiceRole});
   emit changed();
+}
+
+// The entries at both ends that have the same titles stay.
+void ChoiceModel::change(host::ChoiceList list) {
+  const std::vector<int> now = matchesIn(list);
+  const int most = static_cast<int>(std::min(matches_.size(), now.size()));
+  const auto same = [&](std::size_t before, std::size_t after) {
+    return list_->titles[matches_[before]] == list->titles[now[after]];
+  };
+  int head = 0, tail = 0;
+  while (head < most && same(head, head)) ++head;
+  while (tail < most - head && same(matches_.size() - 1 - tail, now.size() - 1 - tail)) ++tail;
+  const int gone = count() - head - tail, come = static_cast<int>(now.size()) - head - tail;
+  if (gone > 0) beginRemoveRows({}, head, head + gone - 1);
+  list_ = std::move(list);
+  matches_.assign(now.begin(), now.begin() + head);
+  matches_.insert(matches_.end(), now.end() - tail, now.end());
+  if (gone > 0) endRemoveRows();
+  if (come > 0) beginInsertRows({}, head, head + come - 1);
+  matches_ = now;
+  if (come > 0) endInsertRows();
 }
 
 bool ChoiceModel::filterable() const {
@@ -44,17 +58,17 @@ void ChoiceModel::setFilter(const QString& filter) {
   if (filter == filter_) return;
   beginResetModel();
   filter_ = filter;
-  matches_ = matches();
+  matches_ = matchesIn(list_);
   endResetModel();
   emit changed();
 }
 
-std::vector<int> ChoiceModel::matches() const {
+std::vector<int> ChoiceModel::matchesIn(const host::ChoiceList& list) const {
   std::vector<int> found;
-  if (filter_.isEmpty()) return found;
+  const int choices = list ? static_cast<int>(list->titles.size()) : 0;
   const QString wanted = filter_.normalized(QString::NormalizationForm_C);
-  for (int choice = 0; choice < total(); ++choice) {
-    const QString title = toQString(list_->titles[choice]);
+  for (int choice = 0; choice < choices; ++choice) {
+    const QString title = filter_.isEmpty() ? QString() : toQString(list->titles[choice]);
     if (title.contains(filter_, Qt::CaseInsensitive) ||
         asWritten(title).contains(wanted, Qt::CaseInsensitive))
       found.push_back(choice);
@@ -63,19 +77,17 @@ std::vector<int> ChoiceModel::matches() const {
 }
 
 int ChoiceModel::tickedPosition() const {
-  if (filter_.isEmpty()) return ticked_;
-  auto found = std::find(matches_.begin(), matches_.end(), ticked_);
+  const auto found = std::ranges::find(matches_, ticked_);
   return found == matches_.end() ? -1 : static_cast<int>(found - matches_.begin());
 }
 
 int ChoiceModel::rowCount(const QModelIndex& parent) const {
-  if (parent.isValid()) return 0;
-  return filter_.isEmpty() ? total() : static_cast<int>(matches_.size());
+  return parent.isValid() ? 0 : static_cast<int>(matches_.size());
 }
 
 QVariant ChoiceModel::data(const QModelIndex& index, int role) const {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
-  const int choice = choiceAt(index.row());
+  const int choice = matches_[index.row()];
   switch (role) {
     case TitleRole:
       return toQString(list_->titles[choice]);

@@ -27,6 +27,7 @@ class ChoiceModel : public QAbstractListModel {
 
   explicit ChoiceModel(PageModel* page);
 
+  // Of other choices only those that were not there come in, so that the view stays where it is.
   void refresh(host::ChoiceList list, int ticked);
 
   int total() const { return list_ ? static_cast<int>(list_->titles.size()) : 0; }
@@ -44,14 +45,14 @@ class ChoiceModel : public QAbstractListModel {
   void changed();
 
  private:
-  std::vector<int> matches() const;
-  int choiceAt(int position) const { return filter_.isEmpty() ? position : matches_[position]; }
+  std::vector<int> matchesIn(const host::ChoiceList& list) const;
+  void change(host::ChoiceList list);
 
   PageModel* page_;
   host::ChoiceList list_;
   int ticked_ = -1;
   QString filter_;
-  std::vector<int> matches_;  // while there is a filter
+  std::vector<int> matches_;  // the choices that are shown
 };
 
 }  // namespace window

@@ -45,9 +45,17 @@ class DimmedInterface : public QAccessibleObject, public QAccessibleActionInterf
     return isValue && control() ? control()->interface_cast(type) : nullptr;
   }
 
-  QStringList actionNames() const override { return {setFocusAction()}; }
+  QStringList actionNames() const override {
+    if (row().wayOut.isEmpty()) return {setFocusAction()};
+    return {pressAction(), setFocusAction()};
+  }
   void doAction(const QString& action) override {
     if (action == setFocusAction()) row().forceActiveFocus();
+    if (action == pressAction()) emit row().taken();
+  }
+  QString localizedActionDescription(const QString& action) const override {
+    if (action == pressAction()) return row().wayOut;
+    return QAccessibleActionInterface::localizedActionDescription(action);
   }
   QStringList keyBindingsForAction(const QString&) const override { return {}; }
 

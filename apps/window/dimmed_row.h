@@ -15,6 +15,8 @@ class DimmedRow : public QQuickItem {
   QML_ELEMENT
   Q_PROPERTY(QQuickItem* control READ control WRITE setControl NOTIFY controlChanged)
   Q_PROPERTY(bool dimmed READ dimmed WRITE setDimmed NOTIFY dimmedChanged)
+  // What assistive technology can do about it; empty: nothing.
+  Q_PROPERTY(QString wayOut MEMBER wayOut NOTIFY wayOutChanged)
 
  public:
   DimmedRow();
@@ -24,7 +26,11 @@ class DimmedRow : public QQuickItem {
   bool dimmed() const { return dimmed_; }
   void setDimmed(bool dimmed);
 
+  QString wayOut;
+
  signals:
+  void taken();  // the way out
+  void wayOutChanged();
   void controlChanged();
   void dimmedChanged();
 

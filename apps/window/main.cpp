@@ -50,6 +50,7 @@ int run(const window::Options& options) {
   if (!settings.quickWindow()) return complain(kFailed, "the window can't be made.");
   device.setProblemHandler([&](const host::Problem& problem) { settings.report(problem); },
                            [&](const host::Problem& problem) { settings.withdraw(problem); });
+  settings.attach(device);
   const int code = QGuiApplication::exec();
   device.setProblemHandler({});
   if (const auto finished = device.finish(); !finished)

@@ -64,6 +64,10 @@ void PageModel::tap(int row) {
   performOn(row, host::Tap{row});
 }
 
+void PageModel::takeWayOut(int row) {
+  perform(host::WayOut{row});
+}
+
 void PageModel::setOn(int row, bool on) {
   performOn(row, host::Set{row, on});
 }

@@ -51,6 +51,7 @@ class PageModel : public QObject {
   // The screen shows `count` entries from `first` on.
   Q_INVOKABLE void show(int first, int count);
   Q_INVOKABLE void tap(int row);
+  Q_INVOKABLE void takeWayOut(int row);  // turns the switch that dims it
   Q_INVOKABLE void setOn(int row, bool on);
   Q_INVOKABLE void setNumber(int row, double number, bool held = false);  // held: by a drag
   Q_INVOKABLE void release();  // ends the drag of a row's slider

@@ -107,6 +107,7 @@ Row::Row(const host::RowView& view)
       label(toQString(view.label)),
       value(toQString(view.shown)),
       reason(view.whyNot ? toQString(view.whyNot->words()) : QString()),
+      wayOut(view.whyNot ? toQString(view.whyNot->wayOut()) : QString()),
       height(view.height),
       built(view.built),
       usable(view.usable),

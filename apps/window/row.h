@@ -18,6 +18,7 @@ struct Row {
   Q_PROPERTY(QString value MEMBER value)
   Q_PROPERTY(QString spoken MEMBER spoken)
   Q_PROPERTY(QString reason MEMBER reason)
+  Q_PROPERTY(QString wayOut MEMBER wayOut)
   Q_PROPERTY(QString footer MEMBER footer)
   Q_PROPERTY(bool first MEMBER first)
   Q_PROPERTY(bool last MEMBER last)
@@ -56,6 +57,7 @@ struct Row {
   QString value;                     // what stands at the right
   QString spoken;                    // the value where assistive technology says another than that
   QString reason;                    // why the row can't be used; empty while it can
+  QString wayOut;                    // what would help: "Switch on Flash LED"; else empty
   QString footer;                    // of the group that ends with this row
   bool first = false, last = false;  // of its group
   double height = 0;                 // 0: the window's own

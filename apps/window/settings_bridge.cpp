@@ -19,7 +19,8 @@ qsizetype sameIn(const QList<Model*>& models, const std::vector<View>& views) {
 
 }  // namespace
 
-SettingsBridge::SettingsBridge(host::Application& application) : application_(application) {
+SettingsBridge::SettingsBridge(host::Application& application)
+    : application_(application), recovery_(this, application), undo_(this, application) {
   application_.setObserver([this] { refresh(); });
   refresh();
 }
@@ -39,6 +40,7 @@ void SettingsBridge::refresh() {
 void SettingsBridge::show(const host::Scene& scene) {
   showPages(scene.pages);
   showAlerts(scene.alerts);
+  recovery_.refresh(scene.damage);
   if (scene.problems == problems_) return;
   problems_ = scene.problems;
   emit problemsChanged();
@@ -100,7 +102,7 @@ void SettingsBridge::showRefusal(const QString& refusal) {
 
 QStringList SettingsBridge::problems() const {
   QStringList messages;
-  for (const host::Problem& problem : problems_) messages << toQString(problem.message());
+  for (const host::Problem& problem : problems_) messages << problemText(problem);
   if (!refusal_.isEmpty()) messages << refusal_;
   return messages;
 }
@@ -110,6 +112,7 @@ void SettingsBridge::back() {
 }
 
 void SettingsBridge::activate() {
+  application_.follow(host::Application::Lists::ReadAnew);
   perform(host::Activate{});
   // Other programs may have stored what cells show as they are laid out.
   perform(host::Layout{});

@@ -6,6 +6,8 @@
 
 #include "apps/window/alert_model.h"
 #include "apps/window/page_model.h"
+#include "apps/window/recovery_model.h"
+#include "apps/window/undo_model.h"
 #include "host/application.h"
 
 namespace window {
@@ -18,6 +20,8 @@ class SettingsBridge : public QObject {
   QML_UNCREATABLE("made by the program")
   Q_PROPERTY(window::PageModel* shown READ shown NOTIFY shownChanged)
   Q_PROPERTY(window::AlertModel* alert READ alert NOTIFY alertChanged)  // the topmost
+  Q_PROPERTY(window::RecoveryModel* recovery READ recovery CONSTANT)
+  Q_PROPERTY(window::UndoModel* undo READ undo CONSTANT)
   Q_PROPERTY(QStringList problems READ problems NOTIFY problemsChanged)
 
  public:
@@ -27,6 +31,8 @@ class SettingsBridge : public QObject {
 
   PageModel* shown() const { return pages_.isEmpty() ? nullptr : pages_.last(); }
   AlertModel* alert() const { return alerts_.isEmpty() ? nullptr : alerts_.last(); }
+  RecoveryModel* recovery() { return &recovery_; }
+  UndoModel* undo() { return &undo_; }
   QStringList problems() const;
 
   void refresh();  // something on screen may have changed
@@ -54,6 +60,8 @@ class SettingsBridge : public QObject {
   void showRefusal(const QString& refusal);
 
   host::Application& application_;
+  RecoveryModel recovery_;
+  UndoModel undo_;
   QList<PageModel*> pages_;
   QList<AlertModel*> alerts_;
   std::vector<host::Problem> problems_;

@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QQuickWindow>
+#include <QSocketNotifier>
 
 void qml_register_types_Quorvantis_Settings();
 
@@ -20,12 +21,22 @@ SettingsWindow::SettingsWindow(host::Application& application, QtMainQueue& queu
   engine_.load("qrc:/qt/qml/Quorvantis/Settings/Main.qml");
 }
 
+void SettingsWindow::attach(host::Device& device) {
+  bridge_.recovery()->setDevice(&device);
+  bridge_.undo()->setDevice(&device);
+  following_ = std::make_unique<host::Following>(device.environment(), application_);
+  bridge_.refresh();
+  if (following_->descriptor() < 0) return;
+  auto* notifier = new QSocketNotifier(following_->descriptor(), QSocketNotifier::Read, this);
+  connect(notifier, &QSocketNotifier::activated, this, [this] { following_->look(); });
+}
+
 void SettingsWindow::report(const host::Problem& problem) {
   QMetaObject::invokeMethod(&bridge_, [this, problem] { application_.report(problem); });
 }
 
 void SettingsWindow::withdraw(const host::Problem& problem) {
-  QMetaObject::invokeMethod(&bridge_, [this, problem] { application_.dismiss(problem); });
+  QMetaObject::invokeMethod(&bridge_, [this, problem] { application_.withdraw(problem); });
 }
 
 QQuickWindow* SettingsWindow::quickWindow() const {

@@ -5,6 +5,8 @@
 
 #include "apps/window/qt_main_queue.h"
 #include "apps/window/settings_bridge.h"
+#include "host/device.h"
+#include "host/following.h"
 
 class QQuickWindow;
 
@@ -22,6 +24,9 @@ class SettingsWindow : public QObject {
   SettingsWindow(host::Application& application, QtMainQueue& queue);
 
   SettingsBridge& bridge() { return bridge_; }
+  // From now on it shows what other processes change on this device, which has to outlive it, and
+  // offers to undo, and ways out where its settings can't be read.
+  void attach(host::Device& device);
   // Reports a problem to the application; may be called from any thread while the window exists.
   void report(const host::Problem& problem);
   void withdraw(const host::Problem& problem);  // once it has gone
@@ -30,6 +35,7 @@ class SettingsWindow : public QObject {
  private:
   host::Application& application_;
   SettingsBridge bridge_;
+  std::unique_ptr<host::Following> following_;
   QQmlApplicationEngine engine_;
 };
 

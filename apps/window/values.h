@@ -25,4 +25,10 @@ inline QColor borderColor(double width, const std::optional<uikit::Color>& color
   return width > 0 ? toQColor(color) : Qt::transparent;
 }
 
+// What failed and why, and below it the file.
+inline QString problemText(const host::Problem& problem) {
+  const QString words = toQString(problem.plain.empty() ? problem.words : problem.plain);
+  return problem.file.empty() ? words : words + '\n' + toQString(problem.file);
+}
+
 }  // namespace window

@@ -136,6 +136,10 @@ void PSListController::userChanged(PSSpecifier& specifier, const plist::Value& v
     return;
   }
   setPreferenceValueSpecifier(value, &specifier);
+  refreshRow(specifier);
+}
+
+void PSListController::refreshRow(PSSpecifier& specifier) {
   specifier.setPropertyForKey(valueOf(specifier), "value");
   if (PSTableCell* cell = specifier.cellObject()) cell->refreshCellContents();
 }

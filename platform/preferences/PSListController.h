@@ -49,6 +49,8 @@ class PSListController : public PSViewController {
   plist::Value valueOf(PSSpecifier& specifier);
   void userChanged(PSSpecifier& specifier, const plist::Value& value);
   void buildRow(PSSpecifier& specifier);  // makes the cell and control of a row come on screen
+  // Shows the value of now in the row's cell, which stays as it is otherwise.
+  void refreshRow(PSSpecifier& specifier);
   // Asks the row's data sources again.
   void loadChoices(PSSpecifier& specifier);
   // The table scrolled.

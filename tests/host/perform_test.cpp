@@ -54,6 +54,24 @@ TEST(Perform, RefusalNamesTheSwitchThatDimsTheRow) {
             "row \"whileon\" is dimmed by \"switch\"");
 }
 
+TEST(Perform, TakesTheWayOutOfADimmedRow) {
+  Shown shown(rows());
+  shown.applyRules();
+  ASSERT_EQ(shown.row("whileon").whyNot->wayOut(), "Switch on [switch]");
+  ASSERT_TRUE(shown.application.perform(host::WayOut{"whileon"}));
+  EXPECT_EQ(shown.row("switch").value, plist::Value(true));
+  ASSERT_TRUE(shown.application.perform(host::Activate{}));
+  EXPECT_TRUE(shown.row("whileon").usable);
+}
+
+TEST(Perform, ThereIsNoWayOutWhereNoSwitchWouldHelp) {
+  Shown shown(rows());
+  shown.applyRules();
+  EXPECT_EQ(shown.row("dimmed").whyNot->wayOut(), "");
+  for (const char* row : {"dimmed", "switch"})
+    EXPECT_EQ(ask(shown, host::WayOut{row}), RefusalCode::BadRequest) << row;
+}
+
 TEST(Perform, UnderAnAlertWhatTouchesThePageIsModalAndNothingElse) {
   Shown shown(rows());
   present(shown);

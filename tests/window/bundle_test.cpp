@@ -11,7 +11,6 @@ using plist::Dictionary;
 using plist::Value;
 
 constexpr const char* kDocuments = "/var/mobile/Documents/Quorvantis/";
-constexpr const char* kStore = "/var/mobile/Library/Preferences/com.zorvek.quorvantis.plist";
 
 TEST_F(BundleWindow, TheFirstPageHasTheRowsOfItsList) {
   open();
@@ -60,18 +59,6 @@ TEST_F(BundleWindow, AnEmptyLogSaysThatItHasNoEntries) {
   open();
   driver->click("Battery Log");
   EXPECT_TRUE(driver->shows("No entries"));
-}
-
-TEST_F(BundleWindow, AStoreThatCantBeReadIsReportedOnScreen) {
-  foundation::DeviceRoot root(folder.path().toStdString());
-  std::string rubbish = "no property list";
-  ASSERT_TRUE(root.writeDurably(
-      kStore, plist::Bytes(reinterpret_cast<const std::uint8_t*>(rubbish.data()), rubbish.size())));
-  open();
-  driver->click("General");
-  driver->click("Enabled");
-  ASSERT_FALSE(driver->itemsOfType("Banner").empty());
-  EXPECT_TRUE(bridge().problems().first().contains("com.zorvek.quorvantis.plist"));
 }
 
 TEST_F(BundleWindow, AWriteThatFailsIsReportedOnScreen) {
@@ -254,6 +241,34 @@ TEST_F(BundleWindow, AChosenContactIsTicked) {
   EXPECT_EQ(stored("msgrecipient"), plist::Value("12345"));
   EXPECT_TRUE(driver->accessible(contact, kRadioButton)->state().checked);
   EXPECT_TRUE(stored("adressbook").isNothing());
+}
+
+TEST_F(BundleWindow, TheReasonOffersTheWayOut) {
+  open("PowerSavingListController");
+  ASSERT_TRUE(driver->until([this] { return !row("custbright").usable; }));
+  driver->waitUntilIdle();
+  const QString offer = "Switch on " + labelOf("custbrightenabled");
+  EXPECT_FALSE(driver->find(offer, kButton));
+  driver->click(labelOf("custbright"));
+  ASSERT_TRUE(driver->until([&] { return driver->find(offer, kButton) != nullptr; }));
+  driver->waitUntilIdle();
+  driver->click(offer, kButton);
+  EXPECT_EQ(stored("custbrightenabled"), Value(true));
+  EXPECT_TRUE(row("custbright").usable);
+  EXPECT_TRUE(driver->until([&] { return !driver->find(offer, kButton); }));
+}
+
+TEST_F(BundleWindow, TheSwitchOfTheWayOutMayBeOffScreen) {
+  open("LowPowerListController", 390, 600);
+  set("lowpowermodeenabled", true);
+  driver->scrollTo(100000);
+  const auto rows = page().rows;
+  const auto last = std::ranges::find_if(rows.rbegin(), rows.rend(), [](const auto& each) {
+    return each.whyNot && !each.whyNot->wayOut().empty();
+  });
+  ASSERT_NE(last, rows.rend());
+  bridge().shown()->takeWayOut(static_cast<int>(rows.rend() - last) - 1);
+  EXPECT_EQ(stored("lowpowermodeenabled"), Value(false));
 }
 
 }  // namespace

@@ -27,12 +27,13 @@ class BundleWindow : public WindowTest {
   void open(const char* pageClass = nullptr, int width = 390, int height = 1400) {
     auto owned = std::make_unique<window::QtMainQueue>();
     window::QtMainQueue& queue = *owned;
-    host::DeviceOptions options{.root = folder.path().toStdString()};
+    options.root = folder.path().toStdString();
     options.lockPatience = std::chrono::milliseconds(0);
     options.realTime = true;
     device = std::make_unique<host::Device>(options, std::move(owned));
     auto launched = std::make_unique<host::Application>(
         device->environment(), window::kGuessedEntries, window::kGuessedEntries);
+    launched->record(device->backups());
     ASSERT_TRUE(launched->perform(host::Launch{}));
     if (pageClass) {
       ASSERT_TRUE(launched->perform(host::Open{pageClass}));
@@ -41,6 +42,7 @@ class BundleWindow : public WindowTest {
     device->setProblemHandler(
         [this](const host::Problem& problem) { settings->report(problem); },
         [this](const host::Problem& problem) { settings->withdraw(problem); });
+    settings->attach(*device);
   }
   void closeAll() {
     if (device) device->setProblemHandler({});
@@ -58,5 +60,6 @@ class BundleWindow : public WindowTest {
   }
 
   QTemporaryDir folder;
+  host::DeviceOptions options;
   std::unique_ptr<host::Device> device;
 };

@@ -63,6 +63,7 @@ int draw(const QCommandLineParser& options) {
   window::QtMainQueue& queue = *owned;
   host::DeviceOptions deviceOptions{.root = options.value("root").toStdString()};
   if (options.isSet("contacts")) deviceOptions.contacts = options.value("contacts").toStdString();
+  if (options.isSet("state")) deviceOptions.state = options.value("state").toStdString();
   if (size.width() >= kTabletWidth) deviceOptions.idiom = uikit::Idiom::Tablet;
   host::Device device(deviceOptions, std::move(owned));
   host::Application application(device.environment(), window::kGuessedEntries,
@@ -71,6 +72,10 @@ int draw(const QCommandLineParser& options) {
   if (!launched) return complain(launched.error().message);
 
   window::SettingsWindow settings(application, queue);
+  application.record(device.backups());
+  settings.attach(device);
+  device.setProblemHandler([&](const host::Problem& problem) { settings.report(problem); });
+  const std::shared_ptr<void> atTheEnd(nullptr, [&](void*) { device.setProblemHandler({}); });
   QQuickWindow& window = *settings.quickWindow();
   Driver driver(window);
   driver.resize(size.width(), size.height());
@@ -97,6 +102,7 @@ int main(int argc, char** argv) {
   options.addPositionalArgument("FILE", "the PNG file to write");
   options.addOptions({{"root", "the device root", "DIR", "."},
                       {"contacts", "another vCard folder", "DIR"},
+                      {"state", "what the host remembers, to undo and to restore", "DIR"},
                       {"page", "another page in place of the first", "CLASS"},
                       {"size", "of the window", "WxH", "390x844"},
                       {"appearance", "light or dark", "NAME", "light"}});

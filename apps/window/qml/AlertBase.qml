@@ -9,6 +9,8 @@ T.Popup {
 
     required property AlertModel alert
     property real shown: 0  // 0 hidden, 1 there
+    property real top: 0    // what stands above it in the window
+    readonly property string description: alert.failures === "" ? alert.message : alert.message + "\n" + alert.failures
 
     parent: T.Overlay.overlay
     modal: true

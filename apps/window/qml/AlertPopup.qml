@@ -43,7 +43,7 @@ AlertBase {
         Keys.onBackPressed: popup.alert.cancel()
         Accessible.role: Accessible.Dialog
         Accessible.name: popup.alert.title
-        Accessible.description: popup.alert.message
+        Accessible.description: popup.description
 
         Column {
             id: column

@@ -37,4 +37,26 @@ Column {
         Accessible.role: Accessible.StaticText
         Accessible.name: text
     }
+    // What its own words may deny.
+    Rectangle {
+        width: words.width - 2 * words.padding
+        height: failures.implicitHeight + 16
+        visible: failures.text !== ""
+        radius: 8
+        color: Theme.warning
+
+        Text {
+            id: failures
+
+            anchors.fill: parent
+            anchors.margins: 8
+            text: words.alert.failures
+            textFormat: Text.PlainText
+            wrapMode: Text.Wrap
+            color: Theme.warningText
+            font.pixelSize: Theme.small
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+        }
+    }
 }

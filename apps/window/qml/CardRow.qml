@@ -26,6 +26,12 @@ KeyRow {
     }
 
     onUsableChanged: if (activeFocus) take(false)
+    // What a row in use has accepted doesn't come here.
+    Keys.onReturnPressed: event => {
+        event.accepted = entry.wayOut !== "";
+        if (event.accepted)
+            page.takeWayOut(index);
+    }
     height: cardHeight + (footer.visible ? footer.height + 8 : 0)
 
     Item {
@@ -47,6 +53,8 @@ KeyRow {
             anchors.fill: parent
             control: card.control
             dimmed: !card.usable && card.control !== null
+            wayOut: card.entry.wayOut
+            onTaken: card.page.takeWayOut(card.index)
             Accessible.ignored: !dimmed
 
             Item {
@@ -73,6 +81,8 @@ KeyRow {
             id: hint
             text: card.entry.reason
             wanted: pointer.hovered || (dimmed.activeFocus && KeyboardUse.active)
+            action: card.entry.wayOut
+            onActed: card.page.takeWayOut(card.index)
         }
     }
 

@@ -1,11 +1,17 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// A few words beside what the pointer rests on, until it leaves; after a tap for a moment.
+// A few words beside what the pointer rests on; after a tap for a moment. With something to do
+// about them it waits for the pointer to reach it.
 T.ToolTip {
     id: hint
 
     property bool wanted: false
+    property string action  // what can be done; empty: nothing
+    readonly property bool reached: wanted || moment.running || inside.hovered
+    property bool held: false
+
+    signal acted
 
     function linger() {
         moment.restart();
@@ -15,7 +21,15 @@ T.ToolTip {
         moment.stop();
     }
 
-    visible: text !== "" && (wanted || moment.running)
+    onReachedChanged: {
+        if (reached)
+            held = true;
+        else if (action === "")
+            held = false;
+        else
+            leaving.restart();
+    }
+    visible: text !== "" && held
     delay: moment.running ? 0 : 400
     x: parent ? Math.round((parent.width - width) / 2) : 0
     y: parent ? parent.height - 6 : 0
@@ -27,17 +41,63 @@ T.ToolTip {
 
     Timer {
         id: moment
-        interval: 2500
+        interval: hint.action === "" ? 2500 : 6000
+    }
+    Timer {
+        id: leaving
+        interval: 300
+        onTriggered: hint.held = hint.reached
     }
 
     background: Rectangle {
         radius: 8
         color: Theme.hint
     }
-    contentItem: Text {
-        text: hint.text
-        textFormat: Text.PlainText
-        color: "#FFFFFF"
-        font.pixelSize: Theme.small
+    contentItem: Column { // qmllint disable deferred-property-id
+        spacing: 4
+
+        HoverHandler {
+            id: inside
+        }
+        Text {
+            text: hint.text
+            textFormat: Text.PlainText
+            color: "#FFFFFF"
+            font.pixelSize: Theme.small
+        }
+        T.AbstractButton {
+            id: button
+
+            visible: hint.action !== ""
+            implicitWidth: title.implicitWidth + 24
+            implicitHeight: title.implicitHeight + 14
+            text: hint.action
+            opacity: down ? 0.4 : 1
+            onClicked: {
+                moment.stop();
+                hint.held = false;
+                hint.acted();
+            }
+            Accessible.name: text
+            Accessible.onPressAction: clicked()
+
+            background: Rectangle {
+                radius: 6
+                color: "transparent"
+                border.width: 1
+                border.color: "#FFFFFF"
+            }
+            Text {
+                id: title
+
+                anchors.centerIn: parent
+                text: button.text
+                textFormat: Text.PlainText
+                color: "#FFFFFF"
+                font.pixelSize: Theme.small
+                font.weight: Font.DemiBold
+                Accessible.ignored: true
+            }
+        }
     }
 }

@@ -11,10 +11,13 @@ CardRow {
     T.TextArea {
         id: area
 
+        property string begun: card.entry.value  // what stood there when editing began
+
         function commit() {
-            if (text !== card.entry.value)
+            if (text !== begun)
                 card.page.setText(card.index, text);
-            text = Qt.binding(() => card.entry.value);
+            begun = Qt.binding(() => card.entry.value);
+            text = Qt.binding(() => begun);
         }
 
         anchors.fill: parent
@@ -23,7 +26,7 @@ CardRow {
         leftPadding: Theme.inset
         rightPadding: Theme.inset
         activeFocusOnTab: false
-        text: card.entry.value
+        text: begun
         placeholderText: card.entry.placeholder
         textFormat: TextEdit.PlainText
         wrapMode: TextEdit.Wrap
@@ -32,7 +35,12 @@ CardRow {
         selectedTextColor: "#FFFFFF"
         selectByMouse: true
         font.pixelSize: Theme.body
-        onActiveFocusChanged: if (!activeFocus) commit()
+        onActiveFocusChanged: {
+            if (activeFocus)
+                begun = card.entry.value;
+            else
+                commit();
+        }
         Keys.onTabPressed: card.tabbed(1)
         Keys.onBacktabPressed: card.tabbed(-1)
         Accessible.name: card.entry.label !== "" ? card.entry.label : card.entry.placeholder

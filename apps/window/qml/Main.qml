@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Quorvantis.Settings
 
 // The window: the shown page, those it slides over, and the problems to report.
@@ -62,52 +63,87 @@ ApplicationWindow {
     }
 
     Shortcut {
-        sequences: ["Esc", "Backspace", "Alt+Left", "Back"]
+        sequences: (window.settings.undo.text === "" ? ["Esc"] : []).concat(["Backspace", "Alt+Left", "Back"])
         enabled: stack.depth > 1 && !window.settings.alert
         onActivated: window.back()
     }
 
+    Shortcut {
+        sequences: ["Ctrl+Z"]
+        enabled: !window.settings.alert
+        onActivated: window.settings.undo.undo()
+    }
+    Shortcut {
+        sequences: ["Ctrl+Shift+Z", "Ctrl+Y"]
+        enabled: !window.settings.alert
+        onActivated: window.settings.undo.redo()
+    }
     Component {
         id: sheet
 
         SheetPopup {
             page: stack.currentItem as PageView
+            top: above.height
         }
     }
     Component {
         id: plainAlert
 
-        AlertPopup {}
+        AlertPopup {
+            top: above.height
+        }
+    }
+    // Above what covers the window.
+    T.Popup {
+        id: above
+
+        parent: T.Overlay.overlay
+        z: 1
+        width: window.width
+        height: visible ? contentHeight : 0
+        padding: 0
+        visible: window.settings.alert !== null && window.settings.problems.length > 0
+        closePolicy: T.Popup.NoAutoClose
+
+        contentItem: Notices {
+            settings: window.settings
+        }
     }
 
     Item {
         id: nowhere
     }
-    Column {
+    RecoveryNotice {
+        id: recovery
+
+        width: parent.width
+        recovery: window.settings.recovery
+    }
+    Notices {
         id: banners
 
         anchors.bottom: parent.bottom
         width: parent.width
+        visible: !above.visible
+        height: visible ? implicitHeight : 0
+        settings: window.settings
+    }
 
-        Repeater {
-            model: window.settings.problems
+    UndoBar {
+        id: undoBar
 
-            Banner {
-                required property int index
-                required property string modelData
-
-                width: banners.width
-                message: modelData
-                onDismissed: window.settings.dismiss(index)
-            }
-        }
+        anchors.bottom: banners.top
+        width: parent.width
+        undo: window.settings.undo
+        covered: window.settings.alert !== null
     }
 
     StackView {
         id: stack
 
         anchors.fill: parent
-        anchors.bottomMargin: banners.height
+        anchors.topMargin: recovery.height
+        anchors.bottomMargin: banners.height + undoBar.height
         focus: true
         clip: true
 

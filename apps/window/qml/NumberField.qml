@@ -8,17 +8,28 @@ T.TextField {
 
     required property CardRow owner
     property string shown
+    property string begun: shown  // what stood there when editing began
 
     signal done
 
     function store(): bool {
-        return text === shown || owner.page.setTypedNumber(owner.index, text);
+        if (text !== begun && !owner.page.setTypedNumber(owner.index, text))
+            return false;
+        begun = text;
+        return true;
     }
 
     // Whether a key begins a number.
     function takes(key: KeyEvent): bool {
         const command = Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier;
         return visible && (key.modifiers & command) === 0 && key.text.length === 1 && "0123456789.,-".includes(key.text);
+    }
+    function show() {
+        if (activeFocus)
+            begun = shown;
+        else
+            begun = Qt.binding(() => shown);
+        text = Qt.binding(() => begun);
     }
     // Begins with this text, or with the number that is shown.
     function edit(begin: string) {
@@ -38,7 +49,7 @@ T.TextField {
     activeFocusOnTab: false
     selectByMouse: true
     inputMethodHints: Qt.ImhFormattedNumbersOnly
-    text: shown
+    text: begun
     color: activeFocus ? Theme.text : "transparent"
     selectionColor: Theme.accent
     selectedTextColor: "#FFFFFF"
@@ -48,14 +59,16 @@ T.TextField {
     }
     onAccepted: store() ? done() : selectAll()
     onActiveFocusChanged: {
-        if (activeFocus)
+        if (activeFocus) {
+            begun = shown;
             return selectAll();
+        }
         store();
-        text = Qt.binding(() => shown);
+        show();
     }
     Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Escape
     Keys.onEscapePressed: {
-        text = Qt.binding(() => shown);
+        show();
         done();
     }
 

@@ -23,7 +23,7 @@ AlertBase {
     }
     width: wide ? Math.round(320 * Theme.scale) : Math.min(parentWidth - 16, 440)
     x: Math.round(pointed ? Math.max(12, Math.min(parentWidth - 12 - width, anchor.x + anchor.width / 2 - width / 2)) : (parentWidth - width) / 2)
-    y: Math.round(!wide ? parentHeight - height - 8 : !pointed ? (parentHeight - height) / 2 : below ? anchor.y + anchor.height + 14 : Math.max(12, anchor.y - 14 - height))
+    y: Math.round(!wide ? parentHeight - height - 8 : !pointed ? (parentHeight - height) / 2 : below ? Math.max(top + 14, anchor.y + anchor.height + 14) : Math.max(12, anchor.y - 14 - height))
     opacity: wide ? shown : 1
 
     contentItem: FocusScope { // qmllint disable deferred-property-id
@@ -43,7 +43,7 @@ AlertBase {
         Keys.onBackPressed: popup.alert.cancel()
         Accessible.role: Accessible.Dialog
         Accessible.name: popup.alert.title
-        Accessible.description: popup.alert.message
+        Accessible.description: popup.description
 
         // Points to the anchor.
         Rectangle {

@@ -26,10 +26,19 @@ CardRow {
     T.TextField {
         id: field
 
+        property string begun: card.entry.value  // what stood there when editing began
+
+        function show() {
+            if (activeFocus)
+                begun = card.entry.value;
+            else
+                begun = Qt.binding(() => card.entry.value);
+            text = Qt.binding(() => begun);
+        }
         function commit() {
-            if (text !== card.entry.value)
+            if (text !== begun)
                 card.page.setText(card.index, text);
-            text = Qt.binding(() => card.entry.value);
+            show();
         }
 
         anchors.left: card.titled ? label.right : parent.left
@@ -41,7 +50,7 @@ CardRow {
         activeFocusOnTab: false
         horizontalAlignment: card.titled ? TextInput.AlignRight : TextInput.AlignLeft
         verticalAlignment: TextInput.AlignVCenter
-        text: card.entry.value
+        text: begun
         placeholderText: card.entry.placeholder
         placeholderTextColor: Theme.placeholder
         echoMode: card.entry.secret ? TextInput.Password : TextInput.Normal
@@ -52,11 +61,17 @@ CardRow {
         selectByMouse: true
         font.pixelSize: Theme.body
         clip: true
+        onActiveFocusChanged: {
+            if (activeFocus)
+                begun = card.entry.value;
+            else
+                show();
+        }
         onEditingFinished: commit()
-        Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Escape && text !== card.entry.value
+        Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Escape && text !== begun
         Keys.onEscapePressed: event => {
-            event.accepted = text !== card.entry.value;
-            text = Qt.binding(() => card.entry.value);
+            event.accepted = text !== begun;
+            show();
         }
         Accessible.name: card.entry.label !== "" ? card.entry.label : card.entry.placeholder
         Accessible.description: card.entry.reason

@@ -1,0 +1,88 @@
+import QtQuick
+import QtQuick.Templates as T
+import Quorvantis.Settings
+
+// What was done last, and the way to take it back. It leaves by itself.
+Rectangle {
+    id: bar
+
+    required property UndoModel undo
+    property bool covered: false  // by an alert
+
+    visible: undo.text !== ""
+    height: visible ? Math.max(Theme.rowHeight, words.implicitHeight + 20) : 0
+    color: Theme.hint
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: undo.text
+
+    Connections {
+        target: bar.undo
+
+        function onChanged() {
+            moment.restart();
+        }
+    }
+    Timer {
+        id: moment
+
+        interval: 10000
+        onTriggered: if (bar.covered || pointer.hovered || button.activeFocus) restart(); else bar.undo.forget()
+    }
+    HoverHandler {
+        id: pointer
+    }
+    Shortcut {
+        sequence: "Esc"
+        enabled: bar.visible
+        onActivated: bar.undo.forget()
+    }
+
+    Text {
+        id: words
+
+        anchors.left: parent.left
+        anchors.leftMargin: Theme.sideOf(bar.width)
+        anchors.right: button.left
+        anchors.rightMargin: 8
+        anchors.verticalCenter: parent.verticalCenter
+        text: bar.undo.text
+        textFormat: Text.PlainText
+        wrapMode: Text.Wrap
+        color: "#FFFFFF"
+        font.pixelSize: Theme.small
+        Accessible.ignored: true
+    }
+    T.AbstractButton {
+        id: button
+
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.sideOf(bar.width) - 10
+        anchors.verticalCenter: parent.verticalCenter
+        visible: bar.undo.undoes || bar.undo.redoes
+        width: visible ? title.implicitWidth + 20 : 10
+        height: Theme.rowHeight - 10
+        focusPolicy: Qt.StrongFocus
+        text: bar.undo.redoes ? qsTr("Redo") : qsTr("Undo")
+        opacity: down ? 0.4 : 1
+        onClicked: bar.undo.redoes ? bar.undo.redo() : bar.undo.undo()
+        Keys.onReturnPressed: clicked()
+        Keys.onEnterPressed: clicked()
+        Accessible.name: text
+        Accessible.onPressAction: clicked()
+
+        Text {
+            id: title
+
+            anchors.centerIn: parent
+            text: button.text
+            color: "#FFFFFF"
+            font.pixelSize: Theme.body
+            font.weight: Font.DemiBold
+            Accessible.ignored: true
+        }
+        FocusRing {
+            visible: button.visualFocus
+            border.color: "#FFFFFF"
+        }
+    }
+}

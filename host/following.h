@@ -1,0 +1,30 @@
+#pragma once
+
+#include "host/application.h"
+#include "platform/foundation/folder_watch.h"
+
+namespace host {
+
+// Keeps what an application shows in step with what other processes store: settings, profiles,
+// battery log. Whoever runs it waits for its descriptor; what is seen then is followed at most
+// 20 ms later, by a task of the main queue, so that several changes at once cost one look.
+class Following {
+ public:
+  // Both have to outlive it. Reports, as a warning, that nothing can be followed.
+  Following(preferences::Environment& environment, Application& application);
+  ~Following();
+  Following(const Following&) = delete;
+  Following& operator=(const Following&) = delete;
+
+  int descriptor() const { return watch_.descriptor(); }  // -1: there is nothing to wait for
+  void look();                                            // it is readable
+
+ private:
+  struct Task;
+
+  foundation::MainQueue& queue_;
+  foundation::FolderWatch watch_;
+  std::shared_ptr<Task> task_;
+};
+
+}  // namespace host

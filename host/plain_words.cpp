@@ -1,0 +1,89 @@
+#include "host/plain_words.h"
+
+#include <cerrno>
+
+namespace host {
+namespace {
+
+using platform::Error;
+using platform::ErrorKind;
+
+int codeOf(const Error& error) {
+  const int behind = error.cause ? codeOf(*error.cause) : 0;
+  return behind != 0 ? behind : error.code;
+}
+
+std::string whyOf(int code) {
+  switch (code) {
+    case ENOSPC:
+      return "the disk is full";
+    case EDQUOT:
+      return "your share of the disk is used up";
+    case EACCES:
+    case EPERM:
+      return "no permission";
+    case EROFS:
+      return "the disk can only be read";
+    case EIO:
+      return "the disk reports an error";
+    case EMFILE:
+    case ENFILE:
+      return "too many files are open";
+    case EISDIR:
+      return "a folder is in its place";
+    case ENOTDIR:
+      return "a file is in the place of its folder";
+    case ENOENT:
+      return "the file is not there";
+    case EFBIG:
+      return "the file is too large";
+    case ELOOP:
+      return "a link is in its place";
+    case EAGAIN:
+    case ETIMEDOUT:
+      return "another program holds the file";
+    case ENOMEM:
+      return "out of memory";
+  }
+  return "the system refuses it";
+}
+
+// "The profile was not saved": a page that reports what it passes over begins with what it didn't
+// do.
+std::string whatOf(Source source, const Error& error) {
+  if (error.kind == ErrorKind::Unconfirmed)
+    return source == Source::Profiles ? "The profile is stored, but a power cut may undo that"
+                                      : "The change is stored, but a power cut may undo it";
+  if (source == Source::Profiles && error.cause && error.what.starts_with("not "))
+    return "The profile was " + error.what;
+  switch (source) {
+    case Source::Settings:
+      return "The settings can't be read or changed";
+    case Source::Profiles:
+      return "The profiles can't be read or changed";
+    case Source::Log:
+      return "The battery log can't be read";
+    case Source::Contacts:
+      return "The contacts can't be read";
+    case Source::Sounds:
+      return "The sound can't be played";
+    case Source::Backups:
+      return "Nothing is kept that could be undone or restored";
+    default:
+      return "It was not done";
+  }
+}
+
+}  // namespace
+
+std::string plainWords(Source source, const Error& error) {
+  const int code = codeOf(error);
+  return code == 0 ? std::string() : whatOf(source, error) + ": " + whyOf(code) + ".";
+}
+
+std::string fileOf(const Error& error) {
+  if (!error.path.empty() || !error.cause) return error.path;
+  return fileOf(*error.cause);
+}
+
+}  // namespace host

@@ -1,0 +1,50 @@
+#include "host/plain_words.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+
+namespace {
+
+using host::Source;
+using platform::Error;
+using platform::ErrorKind;
+
+constexpr char kProfile[] = "/var/mobile/Documents/Quorvantis/profile_7.qvx";
+
+Error notSaved(int code) {
+  return Error{.what = "not saved"}.because(Error{kProfile, code, "rename"});
+}
+
+TEST(PlainWords, SayWhatFailedAndWhy) {
+  EXPECT_EQ(host::plainWords(Source::Profiles, notSaved(ENOSPC)),
+            "The profile was not saved: the disk is full.");
+  EXPECT_EQ(host::plainWords(Source::Profiles, notSaved(EACCES)),
+            "The profile was not saved: no permission.");
+  EXPECT_EQ(host::plainWords(Source::Settings, Error{"/x", EIO, "write"}),
+            "The settings can't be read or changed: the disk reports an error.");
+}
+
+TEST(PlainWords, SayWhatIsStoredButNotConfirmed) {
+  EXPECT_EQ(host::plainWords(Source::Profiles, notSaved(EIO).as(ErrorKind::Unconfirmed)),
+            "The profile is stored, but a power cut may undo that: the disk reports an error.");
+}
+
+TEST(PlainWords, HaveNoWordsOfTheSystem) {
+  for (int code = 1; code < 134; ++code) {
+    const std::string words = host::plainWords(Source::Profiles, notSaved(code));
+    EXPECT_EQ(words.find(std::generic_category().message(code)), std::string::npos) << code;
+    EXPECT_TRUE(words.ends_with(".")) << code;
+  }
+}
+
+TEST(PlainWords, AreNotNeededForAnErrorInWords) {
+  EXPECT_EQ(host::plainWords(Source::Profiles, Error{.what = "nothing was saved"}), "");
+}
+
+TEST(PlainWords, TheFileIsTheOneThatLiesBehind) {
+  EXPECT_EQ(host::fileOf(notSaved(EIO)), kProfile);
+  EXPECT_EQ(host::fileOf(Error{.what = "x"}), "");
+}
+
+}  // namespace
