@@ -61,6 +61,8 @@ class Application {
   void dismiss(const Problem& problem);
   const std::vector<Problem>& problems() const { return problems_; }
 
+  preferences::Environment& environment() const { return environment_; }
+
   // What describe() reads. Pages from the first to the shown one; empty before a launch.
   const std::vector<Page>& pages() const { return pages_; }
   preferences::PSViewController* shownPage() const;
