@@ -1,5 +1,6 @@
 #include "apps/window/row.h"
 
+#include "apps/window/icons.h"
 #include "apps/window/values.h"
 #include "host/text.h"
 
@@ -79,6 +80,11 @@ QString Row::numberText(double number) {
   return toQString(host::numberText(number));
 }
 
+QString Row::icon() const {
+  const QString name = toQString(id);
+  return hasIcon(name) ? name : QString();
+}
+
 Row::Row(const host::RowView& view)
     : kind(view.kind),
       id(view.id),
@@ -88,6 +94,7 @@ Row::Row(const host::RowView& view)
       height(view.height),
       built(view.built),
       usable(view.usable),
+      changed(view.changed),
       opacity(view.alpha),
       ticked(view.ticked),
       destructive(view.destructive) {

@@ -49,7 +49,7 @@ TEST_F(Rows, ASwitchWhoseSetterRefusesSpringsBackEachTime) {
 TEST_F(Rows, ADimmedRowIgnoresClicks) {
   driver->click("Not available on this device");
   EXPECT_TRUE(device.stored("off").isNothing());
-  EXPECT_FLOAT_EQ(driver->find("Not available on this device")->parentItem()->opacity(), 0.3f);
+  EXPECT_FLOAT_EQ(driver->find("Not available on this device")->parentItem()->opacity(), 0.55f);
 }
 
 TEST_F(Rows, ASliderStoresItsValueWhenItIsReleased) {

@@ -13,12 +13,15 @@ FocusScope {
     property Item control: null    // what takes the keyboard
     property bool ring: false      // it has it
     property bool pressed: false
+    property bool hovered: false   // by a pointer that can press it
     property real contentHeight: Theme.rowHeight
     default property alias content: face.data
 
     // What assistive technology says besides the name.
     readonly property string value: entry.spoken !== "" ? entry.spoken : entry.value
     readonly property string description: value === "" || entry.reason === "" ? value + entry.reason : value + ", " + entry.reason
+    // What stands beside the label; as dark as that where it is dimmed.
+    readonly property color faint: entry.usable ? Theme.secondary : Theme.text
     readonly property real side: Theme.sideOf(width)
     readonly property real cardHeight: Math.max(entry.height, contentHeight)
 
@@ -42,12 +45,13 @@ FocusScope {
             first: card.entry.first
             last: card.entry.last
             pressed: card.pressed
+            hovered: card.hovered
         }
         Item {
             id: face
 
             anchors.fill: parent
-            opacity: card.entry.opacity
+            opacity: card.entry.usable ? card.entry.opacity : Math.max(card.entry.opacity, Theme.dimmed)
             enabled: card.entry.usable
         }
         FocusRing {

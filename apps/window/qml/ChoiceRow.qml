@@ -45,6 +45,7 @@ Item {
             first: entry.first
             last: entry.last
             pressed: button.down
+            hovered: button.hovered
         }
         Text {
             id: name
@@ -52,7 +53,7 @@ Item {
             anchors.left: parent.left
             anchors.leftMargin: Theme.inset
             anchors.right: parent.right
-            anchors.rightMargin: Theme.inset + 26
+            anchors.rightMargin: Theme.inset + Theme.unit(26)
             anchors.verticalCenter: parent.verticalCenter
             text: entry.title
             textFormat: Text.PlainText

@@ -33,7 +33,7 @@ T.ToolTip {
     contentItem: Text {
         text: hint.text
         textFormat: Text.PlainText
-        color: "#FFFFFF"
+        color: Theme.hintText
         font.pixelSize: Theme.small
     }
 }

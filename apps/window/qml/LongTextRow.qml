@@ -33,7 +33,7 @@ CardRow {
         wrapMode: TextEdit.Wrap
         color: Theme.text
         selectionColor: Theme.accent
-        selectedTextColor: "#FFFFFF"
+        selectedTextColor: Theme.textOnAccent
         selectByMouse: true
         font.pixelSize: Theme.body
         onActiveFocusChanged: if (!activeFocus) commit()
@@ -48,7 +48,7 @@ CardRow {
             visible: area.text === ""
             text: area.placeholderText
             textFormat: Text.PlainText
-            color: Theme.placeholder
+            color: Theme.secondary
             font: area.font
             Accessible.ignored: true
         }

@@ -47,12 +47,12 @@ CardRow {
         verticalAlignment: TextInput.AlignVCenter
         text: card.entry.value
         placeholderText: card.entry.placeholder
-        placeholderTextColor: Theme.placeholder
+        placeholderTextColor: Theme.secondary
         echoMode: card.entry.secret ? TextInput.Password : TextInput.Normal
         inputMethodHints: card.entry.inputHints
         color: activeFocus ? Theme.text : "transparent"
         selectionColor: Theme.accent
-        selectedTextColor: "#FFFFFF"
+        selectedTextColor: Theme.textOnAccent
         selectByMouse: true
         font.pixelSize: Theme.body
         clip: true
@@ -76,7 +76,7 @@ CardRow {
             text: empty ? field.placeholderText : field.displayText
             textFormat: Text.PlainText
             elide: Text.ElideRight
-            color: empty ? field.placeholderTextColor : Theme.secondary
+            color: card.faint
             font: field.font
             Accessible.ignored: true
         }
