@@ -125,13 +125,14 @@ int compare(const Run& run) {
     for (const GoldenPage& page : goldenPages()) {
       if (!run.only.isEmpty() && !run.only.contains(page.name)) continue;
       const QString name = variant.name(page.name);
-      const QImage drawn =
-          drawGoldenPage(page, variant.width).convertToFormat(QImage::Format_RGB32);
+      const QImage paletted =
+          small(drawGoldenPage(page, variant.width).convertToFormat(QImage::Format_RGB32));
+      const QImage drawn = paletted.convertToFormat(QImage::Format_RGB32);
       const QImage golden = QImage(run.golden.filePath(name)).convertToFormat(QImage::Format_RGB32);
       qint64 count = -1;
       if (!differs(drawn, golden, count)) continue;
       if (run.accept) {
-        if (!small(drawn).save(run.golden.filePath(name), "PNG", 0)) return 2;
+        if (!paletted.save(run.golden.filePath(name), "PNG", 0)) return 2;
         std::printf("accepted %s\n", qPrintable(name));
         continue;
       }
