@@ -84,6 +84,8 @@ class Application {
   // change settings or profiles is refused.
   const std::optional<Problem>& damage() const { return damage_; }
 
+  preferences::Environment& environment() const { return environment_; }
+
   // What describe() reads. Pages from the first to the shown one; empty before a launch.
   const std::vector<Page>& pages() const { return pages_; }
   preferences::PSViewController* shownPage() const;

@@ -28,6 +28,8 @@ class PageModel : public QObject {
   Q_PROPERTY(window::RowModel* rows READ rows NOTIFY kindChanged)
   Q_PROPERTY(window::ChoiceModel* choices READ choices NOTIFY kindChanged)
   Q_PROPERTY(window::SwatchModel* swatches READ swatches NOTIFY kindChanged)
+  // What would fill its choices where there are none; may be empty.
+  Q_PROPERTY(QString filledBy MEMBER filledBy_ NOTIFY kindChanged)
   // The row that opened a page of colors, as it looks since the last choice.
   Q_PROPERTY(window::Row preview READ preview NOTIFY previewChanged)
 
@@ -46,6 +48,7 @@ class PageModel : public QObject {
   std::uint64_t number() const { return view_.number; }
   // A page below the shown one has a title only.
   void refresh(const host::PageView& view, const QString& backTitle, bool shown);
+  void setFilledBy(const QString& words) { filledBy_ = words; }
   void leave() { left_ = true; }  // the page has left the stack
 
   // The screen shows `count` entries from `first` on.
@@ -80,7 +83,7 @@ class PageModel : public QObject {
 
   SettingsBridge& bridge_;
   host::PageView view_;
-  QString backTitle_;
+  QString backTitle_, filledBy_;
   RowModel* rows_ = nullptr;
   ChoiceModel* choices_ = nullptr;
   SwatchModel* swatches_ = nullptr;

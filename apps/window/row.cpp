@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "apps/window/icons.h"
 #include "apps/window/values.h"
 #include "host/text.h"
 
@@ -101,6 +102,11 @@ QString Row::numberText(double number) {
   return toQString(host::numberText(number));
 }
 
+QString Row::icon() const {
+  const QString name = toQString(id);
+  return hasIcon(name) ? name : QString();
+}
+
 Row::Row(const host::RowView& view)
     : kind(view.kind),
       id(view.id),
@@ -111,6 +117,7 @@ Row::Row(const host::RowView& view)
       height(view.height),
       built(view.built),
       usable(view.usable),
+      changed(view.changed),
       opacity(view.alpha),
       ticked(view.ticked),
       destructive(view.destructive) {

@@ -14,6 +14,7 @@ namespace window {
 struct Row {
   Q_GADGET
   QML_VALUE_TYPE(row)
+  Q_PROPERTY(QString icon READ icon)
   Q_PROPERTY(QString label MEMBER label)
   Q_PROPERTY(QString value MEMBER value)
   Q_PROPERTY(QString spoken MEMBER spoken)
@@ -25,6 +26,7 @@ struct Row {
   Q_PROPERTY(double height MEMBER height)
   Q_PROPERTY(bool built MEMBER built)
   Q_PROPERTY(bool usable MEMBER usable)
+  Q_PROPERTY(bool changed MEMBER changed)
   Q_PROPERTY(double opacity MEMBER opacity)
   Q_PROPERTY(bool opens MEMBER opens)
   Q_PROPERTY(bool ticked MEMBER ticked)
@@ -62,6 +64,7 @@ struct Row {
   bool first = false, last = false;  // of its group
   double height = 0;                 // 0: the window's own
   bool built = false, usable = true;
+  bool changed = false;  // shows something else than its default
   double opacity = 1;
   bool opens = false;  // leads to another page
   bool ticked = false, destructive = false;
@@ -82,6 +85,8 @@ struct Row {
 
   bool operator==(const Row&) const = default;
 
+  // The name of the picture that is drawn for it; empty without one.
+  QString icon() const;
   Q_INVOKABLE static QString numberText(double number);
 };
 

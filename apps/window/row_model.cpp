@@ -81,7 +81,12 @@ bool takesFocus(const Row& row) {
 RowModel::RowModel(PageModel* page) : QAbstractListModel(page), page_(page) {}
 
 void RowModel::refresh(const std::vector<host::RowView>& views) {
-  std::vector<Row> rows = rowsOf(views);
+  show(rowsOf(views));
+}
+
+void RowModel::show(std::vector<Row> rows) {
+  for (Row& row : rows)
+    if (row.opens && !summaries_.isEmpty()) row.value = summaries_.value(toQString(row.id));
   if (!areSameRows(rows, rows_)) {
     beginResetModel();
     rows_ = std::move(rows);
@@ -93,6 +98,24 @@ void RowModel::refresh(const std::vector<host::RowView>& views) {
     rows_[i] = std::move(rows[i]);
     emit dataChanged(index(i), index(i), {EntryRole});
   }
+}
+
+bool RowModel::onlyLeads() const {
+  return nextLink() >= 0 && std::ranges::all_of(rows_, [](const Row& row) {
+           return row.kind == RowKind::Group || row.kind == RowKind::Link ||
+                  row.kind == RowKind::Button;
+         });
+}
+
+int RowModel::nextLink() const {
+  const auto link = std::ranges::find(rows_, RowKind::Link, &Row::kind);
+  return link == rows_.end() ? -1 : static_cast<int>(link - rows_.begin());
+}
+
+void RowModel::summarise(const QHash<QString, QString>& summaries) {
+  if (summaries == summaries_) return;
+  summaries_ = summaries;
+  show(rows_);
 }
 
 int RowModel::rowCount(const QModelIndex& parent) const {

@@ -23,6 +23,13 @@ class RowModel : public QAbstractListModel {
   // Reports the rows that look different now; all of them when they are other rows.
   void refresh(const std::vector<host::RowView>& views);
 
+  // Whether rows do nothing but lead to other pages and run actions, and the first that leads.
+  bool onlyLeads() const;
+  int nextLink() const;
+  const std::string& idOf(int row) const { return rows_[row].id; }
+  // What stands at the right of links, by their ids.
+  void summarise(const QHash<QString, QString>& summaries);
+
   int rowCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
   QHash<int, QByteArray> roleNames() const override;
@@ -32,8 +39,11 @@ class RowModel : public QAbstractListModel {
   Q_INVOKABLE int nextStop(int index, int direction) const;
 
  private:
+  void show(std::vector<Row> rows);
+
   PageModel* page_;
   std::vector<Row> rows_;
+  QHash<QString, QString> summaries_;
 };
 
 }  // namespace window

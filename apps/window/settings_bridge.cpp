@@ -20,7 +20,10 @@ qsizetype sameIn(const QList<Model*>& models, const std::vector<View>& views) {
 }  // namespace
 
 SettingsBridge::SettingsBridge(host::Application& application)
-    : application_(application), recovery_(this, application), undo_(this, application) {
+    : application_(application),
+      recovery_(this, application),
+      undo_(this, application),
+      summaries_(application.environment()) {
   application_.setObserver([this] { refresh(); });
   refresh();
 }
@@ -52,12 +55,16 @@ void SettingsBridge::showPages(const std::vector<host::PageView>& views) {
   pages_.resize(kept);
   while (pages_.size() < std::ssize(views))
     pages_.append(new PageModel(*this, views[pages_.size()].number));
+  if (const auto* page = application_.shownPage(); page && page->specifier() && !pages_.isEmpty())
+    pages_.last()->setFilledBy(toQString(host::wayToFill(*page->specifier())));
   QString backTitle;
   for (qsizetype i = 0; i < pages_.size(); ++i) {
     pages_[i]->refresh(views[i], backTitle, i == pages_.size() - 1);
     backTitle = pages_[i]->title();
   }
   for (PageModel* page : gone) page->leave();
+  summarise();
+  opened_ = openedRow();
   if (gone.isEmpty() && kept == pages_.size()) return;
   emit shownChanged();
   const auto added = pages_.mid(kept);
@@ -109,6 +116,56 @@ QStringList SettingsBridge::problems() const {
 
 void SettingsBridge::back() {
   if (pages_.size() > 1) perform(host::Back{});
+}
+
+PageModel* SettingsBridge::contents() const {
+  if (pages_.isEmpty() || !pages_.first()->rows()) return nullptr;
+  return pages_.first()->rows()->onlyLeads() ? pages_.first() : nullptr;
+}
+
+void SettingsBridge::summarise() {
+  auto* list =
+      application_.pages().empty()
+          ? nullptr
+          : dynamic_cast<preferences::PSListController*>(application_.pages().front().get());
+  if (!list || !contents()) return;
+  QHash<QString, QString> summaries;
+  for (const auto& row : list->specifiers())
+    if (const std::string words = summaries_.of(*row); !words.empty())
+      summaries.insert(toQString(row->identifier()), toQString(words));
+  contents()->rows()->summarise(summaries);
+}
+
+int SettingsBridge::openedRow() const {
+  const auto& pages = application_.pages();
+  auto* list =
+      pages.size() < 2 ? nullptr : dynamic_cast<preferences::PSListController*>(pages[0].get());
+  if (!list) return -1;
+  const auto& rows = list->specifiers();
+  for (int i = 0; i < std::ssize(rows); ++i)
+    if (rows[i].get() == pages[1]->specifier()) return i;
+  return -1;
+}
+
+std::string SettingsBridge::openedId() const {
+  if (opened_ < 0 || !contents()) return {};
+  return pages_.first()->rows()->idOf(opened_);
+}
+
+void SettingsBridge::openFromContents(int row) {
+  const int before = opened_;
+  while (pages_.size() > 1 && application_.perform(host::Back{})) {
+  }
+  if (pages_.size() > 1) return;  // an alert covers it
+  perform(host::Scroll{row});
+  perform(host::Tap{row});
+  if (pages_.size() == 1 && before >= 0 && alerts_.isEmpty()) perform(host::Tap{before});
+}
+
+void SettingsBridge::openSomething() {
+  if (pages_.size() != 1 || !contents()) return;
+  const int link = contents()->rows()->nextLink();
+  if (link >= 0) openFromContents(link);
 }
 
 void SettingsBridge::activate() {

@@ -9,6 +9,7 @@
 #include "apps/window/recovery_model.h"
 #include "apps/window/undo_model.h"
 #include "host/application.h"
+#include "host/summaries.h"
 
 namespace window {
 
@@ -22,6 +23,9 @@ class SettingsBridge : public QObject {
   Q_PROPERTY(window::AlertModel* alert READ alert NOTIFY alertChanged)  // the topmost
   Q_PROPERTY(window::RecoveryModel* recovery READ recovery CONSTANT)
   Q_PROPERTY(window::UndoModel* undo READ undo CONSTANT)
+  // The first page where it only leads to others, so that it can stand beside them; else null.
+  Q_PROPERTY(window::PageModel* contents READ contents NOTIFY shownChanged)
+  Q_PROPERTY(int opened READ opened NOTIFY shownChanged)  // its row that leads here; -1: none
   Q_PROPERTY(QStringList problems READ problems NOTIFY problemsChanged)
 
  public:
@@ -33,6 +37,9 @@ class SettingsBridge : public QObject {
   AlertModel* alert() const { return alerts_.isEmpty() ? nullptr : alerts_.last(); }
   RecoveryModel* recovery() { return &recovery_; }
   UndoModel* undo() { return &undo_; }
+  PageModel* contents() const;
+  int opened() const { return opened_; }
+  std::string openedId() const;
   QStringList problems() const;
 
   void refresh();  // something on screen may have changed
@@ -42,6 +49,10 @@ class SettingsBridge : public QObject {
 
   Q_INVOKABLE void announce();  // emits the pages and alerts that are there already
   Q_INVOKABLE void back();
+  // Goes back to the first page and taps a row of it, as the user would one after the other. After
+  // a row that leads nowhere the page is opened again that was open.
+  Q_INVOKABLE void openFromContents(int row);
+  Q_INVOKABLE void openSomething();  // the first link, where the first page is shown
   Q_INVOKABLE void activate();
   Q_INVOKABLE void dismiss(int problem);
 
@@ -57,6 +68,8 @@ class SettingsBridge : public QObject {
   void show(const host::Scene& scene);
   void showPages(const std::vector<host::PageView>& views);
   void showAlerts(const std::vector<host::AlertView>& views);
+  void summarise();
+  int openedRow() const;
   void showRefusal(const QString& refusal);
 
   host::Application& application_;
@@ -66,6 +79,8 @@ class SettingsBridge : public QObject {
   QList<AlertModel*> alerts_;
   std::vector<host::Problem> problems_;
   QString refusal_;
+  host::Summaries summaries_;
+  int opened_ = -1;
   bool refreshing_ = false, outdated_ = false;
 };
 

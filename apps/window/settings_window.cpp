@@ -1,23 +1,44 @@
 #include "apps/window/settings_window.h"
 
 #include <QGuiApplication>
+#include <QQuickItem>
 #include <QQuickWindow>
 #include <QSocketNotifier>
+
+#include "apps/window/icons.h"
 
 void qml_register_types_Quorvantis_Settings();
 
 namespace window {
+namespace {
 
-SettingsWindow::SettingsWindow(host::Application& application, QtMainQueue& queue)
+// Texts that are there keep the family that they were made with.
+void setFamily(QQuickItem* item, const QString& family) {
+  const QVariant font = item->property("font");
+  if (font.typeId() == QMetaType::QFont) {
+    QFont changed = font.value<QFont>();
+    changed.setFamily(family);
+    item->setProperty("font", changed);
+  }
+  for (QQuickItem* child : item->childItems()) setFamily(child, family);
+}
+
+}  // namespace
+
+SettingsWindow::SettingsWindow(host::Application& application, QtMainQueue& queue, QSize size)
     : application_(application), bridge_(application) {
   connect(&queue, &QtMainQueue::ran, &bridge_, [&application] { application.buildVisibleRows(); });
   connect(qApp, &QGuiApplication::applicationStateChanged, &bridge_,
           [this](Qt::ApplicationState state) {
             if (state == Qt::ApplicationActive) bridge_.activate();
           });
+  connect(&desktop_, &Desktop::fontChanged, this, &SettingsWindow::takeFont);
   qml_register_types_Quorvantis_Settings();
   engine_.addImportPath("qrc:/qt/qml");
-  engine_.setInitialProperties({{"settings", QVariant::fromValue(&bridge_)}});
+  engine_.addImageProvider("icons", new Icons);
+  QVariantMap properties{{"settings", QVariant::fromValue(&bridge_)}};
+  if (!size.isEmpty()) properties.insert({{"width", size.width()}, {"height", size.height()}});
+  engine_.setInitialProperties(properties);
   engine_.load("qrc:/qt/qml/Quorvantis/Settings/Main.qml");
 }
 
@@ -29,6 +50,11 @@ void SettingsWindow::attach(host::Device& device) {
   if (following_->descriptor() < 0) return;
   auto* notifier = new QSocketNotifier(following_->descriptor(), QSocketNotifier::Read, this);
   connect(notifier, &QSocketNotifier::activated, this, [this] { following_->look(); });
+}
+
+void SettingsWindow::takeFont() {
+  if (QQuickWindow* shown = quickWindow())
+    setFamily(shown->contentItem(), QGuiApplication::font().family());
 }
 
 void SettingsWindow::report(const host::Problem& problem) {

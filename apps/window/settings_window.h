@@ -2,7 +2,10 @@
 
 #include <QObject>
 #include <QQmlApplicationEngine>
+#include <QSize>
 
+#include "apps/window/desktop.h"
+#include "apps/window/desktop_portal.h"
 #include "apps/window/qt_main_queue.h"
 #include "apps/window/settings_bridge.h"
 #include "host/device.h"
@@ -16,26 +19,33 @@ namespace window {
 inline constexpr int kGuessedEntries = 12;
 
 // The window on a Settings application that runs on this queue. Needs a QGuiApplication; when that
-// becomes active, so does the Settings application.
+// becomes active, so does the Settings application. The size is the window's own where it is empty.
 class SettingsWindow : public QObject {
   Q_OBJECT
 
  public:
-  SettingsWindow(host::Application& application, QtMainQueue& queue);
+  SettingsWindow(host::Application& application, QtMainQueue& queue, QSize size = {});
 
   SettingsBridge& bridge() { return bridge_; }
   // From now on it shows what other processes change on this device, which has to outlive it, and
   // offers to undo, and ways out where its settings can't be read.
   void attach(host::Device& device);
+  Desktop& desktop() { return desktop_; }
   // Reports a problem to the application; may be called from any thread while the window exists.
   void report(const host::Problem& problem);
   void withdraw(const host::Problem& problem);  // once it has gone
-  QQuickWindow* quickWindow() const;            // null when the window couldn't be made
+  // Looks as the desktop wants from now on.
+  void followDesktop() { portal_.emplace(desktop_, DesktopPortal::sessionBus()); }
+  QQuickWindow* quickWindow() const;  // null when the window couldn't be made
 
  private:
+  void takeFont();
+
   host::Application& application_;
   SettingsBridge bridge_;
   std::unique_ptr<host::Following> following_;
+  Desktop desktop_{nullptr};
+  std::optional<DesktopPortal> portal_;
   QQmlApplicationEngine engine_;
 };
 

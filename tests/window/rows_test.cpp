@@ -58,7 +58,7 @@ TEST_F(Rows, ADimmedRowIgnoresClicks) {
   driver->click("Not available on this device");
   EXPECT_TRUE(device.stored("off").isNothing());
   EXPECT_FLOAT_EQ(driver->find("Not available on this device")->childItems().first()->opacity(),
-                  0.3f);
+                  0.55f);
 }
 
 TEST_F(Rows, ASliderStoresItsValueWhenItIsReleased) {

@@ -26,12 +26,12 @@ T.AbstractButton {
             anchors.fill: parent
             anchors.margins: 1
             radius: Theme.radius
-            color: Theme.pressed
-            visible: button.down
+            color: button.down ? Theme.pressed : Theme.hovered
+            visible: button.down || button.hovered
         }
         Rectangle {
             width: parent.width
-            height: 1
+            height: Theme.line
             visible: button.line
             color: Theme.separator
         }

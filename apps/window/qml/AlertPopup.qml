@@ -10,7 +10,7 @@ AlertBase {
     readonly property bool sideBySide: alert.buttons.length === 2
     readonly property real heightForWheel: parent ? parent.height - 24 - texts.implicitHeight - buttons.implicitHeight : 0
 
-    width: Math.min(parent ? parent.width - 40 : 0, Math.round(300 * Theme.scale))
+    width: Math.min(parent ? parent.width - 40 : 0, Theme.unit(300))
     x: parent ? Math.round((parent.width - width) / 2) : 0
     y: parent ? Math.round((parent.height - height) / 2) : 0
     opacity: shown

@@ -7,6 +7,7 @@ CardRow {
 
     control: button
     pressed: button.down
+    hovered: button.hovered
     contentHeight: Math.max(Theme.rowHeight, title.implicitHeight + 20)
 
     T.AbstractButton {
@@ -33,7 +34,7 @@ CardRow {
             text: card.entry.label
             textFormat: Text.PlainText
             wrapMode: Text.Wrap
-            color: card.entry.destructive ? Theme.destructive : Theme.accentText
+            color: !card.entry.usable ? Theme.text : card.entry.destructive ? Theme.destructive : Theme.accentText
             font.pixelSize: Theme.body
         }
     }

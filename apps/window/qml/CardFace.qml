@@ -7,8 +7,9 @@ Item {
     property bool first: false
     property bool last: false
     property bool pressed: false
+    property bool hovered: false
     property real separatorInset: Theme.inset
-    readonly property color ground: pressed ? Theme.pressed : Theme.card
+    readonly property color ground: pressed ? Theme.pressed : hovered ? Theme.hovered : Theme.card
 
     Rectangle {
         anchors.fill: parent
@@ -31,7 +32,7 @@ Item {
     Rectangle {
         x: face.separatorInset
         width: parent.width - x
-        height: 1
+        height: Theme.line
         anchors.bottom: parent.bottom
         visible: !face.last
         color: Theme.separator

@@ -11,6 +11,7 @@ KeyRow {
 
     property Item control: null  // what takes the keyboard
     property bool pressed: false
+    property bool hovered: false   // by a pointer that can press it
     property real contentHeight: Theme.rowHeight
     default property alias content: face.data
 
@@ -18,6 +19,8 @@ KeyRow {
     readonly property string value: entry.spoken !== "" ? entry.spoken : entry.value
     readonly property string description: value === "" || entry.reason === "" ? value + entry.reason : value + ", " + entry.reason
     readonly property bool usable: entry.usable
+    // What stands beside the label; as dark as that where it is dimmed.
+    readonly property color faint: usable ? Theme.secondary : Theme.text
     readonly property real side: Theme.sideOf(width)
     readonly property real cardHeight: Math.max(entry.height, contentHeight)
 
@@ -46,6 +49,7 @@ KeyRow {
             first: card.entry.first
             last: card.entry.last
             pressed: card.pressed
+            hovered: card.hovered
         }
         DimmedRow {
             id: dimmed
@@ -61,7 +65,7 @@ KeyRow {
                 id: face
 
                 anchors.fill: parent
-                opacity: card.entry.opacity
+                opacity: card.usable ? card.entry.opacity : Math.max(card.entry.opacity, Theme.dimmed)
                 enabled: card.usable
             }
         }

@@ -4,10 +4,10 @@ import QtQuick
 Item {
     id: chevron
 
-    property color color: Theme.chevron
+    property color color: Theme.edge
     property bool back: false
-    property real arm: 9
-    property real thickness: 2
+    property real arm: Theme.unit(9)
+    property real thickness: 2 * Theme.scale
 
     implicitWidth: arm
     implicitHeight: 1.6 * arm

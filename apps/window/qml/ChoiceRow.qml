@@ -48,6 +48,7 @@ KeyRow {
             first: entry.first
             last: entry.last
             pressed: button.down
+            hovered: button.hovered
         }
         Text {
             id: name
@@ -55,7 +56,7 @@ KeyRow {
             anchors.left: parent.left
             anchors.leftMargin: Theme.inset
             anchors.right: parent.right
-            anchors.rightMargin: Theme.inset + 26
+            anchors.rightMargin: Theme.inset + Theme.unit(26)
             anchors.verticalCenter: parent.verticalCenter
             text: entry.title
             textFormat: Text.PlainText

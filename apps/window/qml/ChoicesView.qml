@@ -44,6 +44,7 @@ FocusScope {
         anchors.fill: list
         visible: view.choices.count === 0
         title: view.choices.total === 0 ? qsTr("No entries") : qsTr("No matches")
+        detail: view.choices.total === 0 ? view.page.filledBy : qsTr("Nothing holds \u201c%1\u201d.").arg(filter.text)
     }
 
     KeyList {

@@ -7,6 +7,7 @@ CardRow {
 
     control: button
     pressed: button.down
+    hovered: button.hovered
     contentHeight: Math.max(Theme.rowHeight, texts.implicitHeight + 20)
 
     T.AbstractButton {
@@ -33,6 +34,7 @@ CardRow {
             anchors.verticalCenter: parent.verticalCenter
             label: card.entry.label
             value: card.entry.value
+            valueColor: card.faint
         }
         ColorSwatch {
             id: swatch
@@ -40,8 +42,8 @@ CardRow {
             anchors.right: chevron.left
             anchors.rightMargin: 12
             anchors.verticalCenter: parent.verticalCenter
-            width: 24
-            height: 24
+            width: Theme.unit(24)
+            height: width
             color: card.entry.swatch
             outline: card.entry.border
         }

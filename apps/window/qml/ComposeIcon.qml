@@ -9,6 +9,7 @@ Item {
 
     implicitWidth: 24
     implicitHeight: 24
+    scale: Theme.scale
 
     Rectangle {
         x: 1.5

@@ -5,16 +5,16 @@ import QtQuick.Templates as T
 T.TextField {
     id: field
 
-    implicitHeight: 38
+    implicitHeight: Theme.unit(38)
     leftPadding: 14
-    rightPadding: 36
+    rightPadding: Theme.unit(36)
     verticalAlignment: TextInput.AlignVCenter
     activeFocusOnTab: true
     selectByMouse: true
     placeholderText: qsTr("Filter")
     color: Theme.text
     selectionColor: Theme.accent
-    selectedTextColor: "#FFFFFF"
+    selectedTextColor: Theme.textOnAccent
     font.pixelSize: Theme.body
     Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Escape && text !== ""
     Keys.onEscapePressed: event => {
@@ -25,7 +25,7 @@ T.TextField {
 
     background: Rectangle {
         radius: 10
-        color: Theme.dark ? "#1C1C1E" : "#E4E4E9"
+        color: Theme.field
         border.width: field.activeFocus ? 2 : 0
         border.color: Theme.accentText
     }
@@ -53,9 +53,9 @@ T.TextField {
 
         Rectangle {
             anchors.centerIn: parent
-            width: 18
-            height: 18
-            radius: 9
+            width: Theme.unit(18)
+            height: width
+            radius: width / 2
             color: Theme.secondary
 
             Repeater {
@@ -65,8 +65,8 @@ T.TextField {
                     required property int modelData
 
                     anchors.centerIn: parent
-                    width: 9
-                    height: 1.6
+                    width: Theme.unit(9)
+                    height: 1.6 * Theme.scale
                     rotation: modelData
                     antialiasing: true
                     color: Theme.background

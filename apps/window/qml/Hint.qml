@@ -62,7 +62,7 @@ T.ToolTip {
         Text {
             text: hint.text
             textFormat: Text.PlainText
-            color: "#FFFFFF"
+            color: Theme.hintText
             font.pixelSize: Theme.small
         }
         T.AbstractButton {
@@ -85,7 +85,7 @@ T.ToolTip {
                 radius: 6
                 color: "transparent"
                 border.width: 1
-                border.color: "#FFFFFF"
+                border.color: Theme.hintText
             }
             Text {
                 id: title
@@ -93,7 +93,7 @@ T.ToolTip {
                 anchors.centerIn: parent
                 text: button.text
                 textFormat: Text.PlainText
-                color: "#FFFFFF"
+                color: Theme.hintText
                 font.pixelSize: Theme.small
                 font.weight: Font.DemiBold
                 Accessible.ignored: true

@@ -1,19 +1,18 @@
 import QtQuick
 
-// A label at the left and a value at the right that share the width: the label keeps what it needs
-// up to two thirds, both end in an ellipsis where the width is too small.
+// A label at the left and a value at the right. Where the width is too small for both, the value
+// stands below the label.
 Item {
     id: pair
 
     property string label
     property string value
     property color labelColor: Theme.text
-    property bool wraps: true  // a label that stands alone
+    property color valueColor: Theme.secondary
 
-    readonly property real free: width - (value === "" ? 0 : 8)
-    readonly property real labelWidth: value === "" ? width : Math.min(Math.ceil(labelSize.advanceWidth) + 1, Math.max(free - valueSize.advanceWidth - 1, free * 0.62))
+    readonly property bool below: value !== "" && labelSize.advanceWidth + valueSize.advanceWidth + 18 > width
 
-    implicitHeight: Math.max(name.height, shown.height)
+    implicitHeight: below ? name.height + 2 + shown.height : Math.max(name.height, shown.height)
 
     TextMetrics {
         id: labelSize
@@ -28,27 +27,28 @@ Item {
     Text {
         id: name
 
-        width: Math.max(0, pair.labelWidth)
-        anchors.verticalCenter: parent.verticalCenter
+        y: pair.below ? 0 : (pair.height - height) / 2
+        width: pair.below || pair.value === "" ? pair.width : Math.ceil(labelSize.advanceWidth) + 1
         text: pair.label
         color: pair.labelColor
         font.pixelSize: Theme.body
-        wrapMode: pair.wraps ? Text.Wrap : Text.NoWrap
-        maximumLineCount: pair.wraps ? 3 : 1
+        wrapMode: Text.Wrap
+        maximumLineCount: 3
         elide: Text.ElideRight
     }
     Text {
         id: shown
 
-        anchors.right: parent.right
-        anchors.verticalCenter: parent.verticalCenter
-        width: Math.max(0, pair.free - pair.labelWidth)
-        horizontalAlignment: Text.AlignRight
+        y: pair.below ? name.height + 2 : (pair.height - height) / 2
+        x: pair.below ? 0 : name.width + 8
+        width: Math.max(0, pair.width - x)
+        horizontalAlignment: pair.below ? Text.AlignLeft : Text.AlignRight
         text: pair.value
         textFormat: Text.PlainText
-        color: Theme.secondary
+        color: pair.valueColor
         font.pixelSize: Theme.body
+        wrapMode: pair.below ? Text.Wrap : Text.NoWrap
         elide: Text.ElideRight
-        maximumLineCount: 1
+        maximumLineCount: pair.below ? 3 : 1
     }
 }

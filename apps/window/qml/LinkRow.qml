@@ -7,6 +7,7 @@ CardRow {
 
     control: button
     pressed: button.down
+    hovered: button.hovered
     contentHeight: Math.max(Theme.rowHeight, texts.implicitHeight + 20)
 
     T.AbstractButton {
@@ -33,6 +34,7 @@ CardRow {
             anchors.verticalCenter: parent.verticalCenter
             label: card.entry.label
             value: card.entry.value
+            valueColor: card.faint
         }
         Item {
             id: mark

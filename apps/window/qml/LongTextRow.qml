@@ -32,7 +32,7 @@ CardRow {
         wrapMode: TextEdit.Wrap
         color: Theme.text
         selectionColor: Theme.accent
-        selectedTextColor: "#FFFFFF"
+        selectedTextColor: Theme.textOnAccent
         selectByMouse: true
         font.pixelSize: Theme.body
         onActiveFocusChanged: {
@@ -52,7 +52,7 @@ CardRow {
             visible: area.text === ""
             text: area.placeholderText
             textFormat: Text.PlainText
-            color: Theme.placeholder
+            color: Theme.secondary
             font: area.font
             Accessible.ignored: true
         }

@@ -5,11 +5,16 @@ import QtQuick.Controls.Basic
 import QtQuick.Templates as T
 import Quorvantis.Settings
 
-// The window: the shown page, those it slides over, and the problems to report.
+// The window: the shown page, those it slides over, and the problems to report. Where it is wide and
+// its first page only leads to others, that one stands at the left.
 ApplicationWindow {
     id: window
 
     required property SettingsBridge settings
+    property bool hasContents: false
+    readonly property bool split: width >= Theme.wide && hasContents
+    readonly property int firstDepth: split ? 2 : 1  // of a page that there is no way back from
+    property bool instant: false                     // pages change without sliding
 
     // What is being edited is stored before its page is left.
     function commit() {
@@ -17,27 +22,51 @@ ApplicationWindow {
     }
     function back() {
         commit();
-        settings.back();
+        if (stack.depth > firstDepth)
+            settings.back();
+    }
+    function openFromContents(row: int) {
+        const item = side.activeFocus ? activeFocusItem : null;
+        commit();
+        instant = true;
+        settings.openFromContents(row);
+        instant = false;
+        item?.forceActiveFocus();
+    }
+    // In a wide window there is always a page at the right.
+    function fill() {
+        if (!split || stack.depth !== 1)
+            return;
+        instant = true;
+        settings.openSomething();
+        instant = false;
     }
     function push(page: PageModel) {
+        const depth = stack.depth + 1;
         const view = stack.push("PageView.qml", {
             page: page,
-            canGoBack: stack.depth > 0,
-            byKeyboard: KeyboardUse.active
-        }, stack.depth > 0 ? StackView.PushTransition : StackView.Immediate);
+            byKeyboard: !instant && KeyboardUse.active
+        }, depth > 1 && !instant ? StackView.PushTransition : StackView.Immediate);
+        view.canGoBack = Qt.binding(() => depth > firstDepth);
         view.back.connect(back);
-        view.forceActiveFocus();
+        if (!instant)
+            view.forceActiveFocus();
     }
 
     width: 390
     height: Math.min(844, Screen.desktopAvailableHeight - 60)
     minimumWidth: 320
-    minimumHeight: 600
+    minimumHeight: 480
     visible: true
     title: settings.shown ? settings.shown.title : ""
     color: Theme.background
 
-    Component.onCompleted: settings.announce()
+    onSplitChanged: if (stack.depth > 0) fill()
+    Component.onCompleted: {
+        settings.announce();
+        hasContents = settings.contents !== null;
+        fill();
+    }
     onClosing: commit()
 
     Connections {
@@ -57,15 +86,26 @@ ApplicationWindow {
         }
         function onPopped(shown) {
             const view = stack.find(item => item.page === shown);
-            stack.pop(view);
-            stack.currentItem.forceActiveFocus();
+            stack.pop(view, window.instant ? StackView.Immediate : StackView.PopTransition);
+            if (!window.instant)
+                stack.currentItem.forceActiveFocus();
         }
     }
 
     Shortcut {
         sequences: (window.settings.undo.text === "" ? ["Esc"] : []).concat(["Backspace", "Alt+Left", "Back"])
-        enabled: stack.depth > 1 && !window.settings.alert
+        enabled: stack.depth > window.firstDepth && !window.settings.alert
         onActivated: window.back()
+    }
+    Shortcut {
+        sequences: ["Ctrl+Q", "Ctrl+W"]
+        context: Qt.ApplicationShortcut
+        onActivated: window.close()
+    }
+    Shortcut {
+        sequences: ["F1"]
+        enabled: !window.settings.alert
+        onActivated: help.active = true
     }
 
     Shortcut {
@@ -110,6 +150,11 @@ ApplicationWindow {
         }
     }
 
+    Binding {
+        target: Theme
+        property: "broad"
+        value: window.width >= Theme.wide
+    }
     Item {
         id: nowhere
     }
@@ -118,6 +163,32 @@ ApplicationWindow {
 
         width: parent.width
         recovery: window.settings.recovery
+    }
+    Loader {
+        id: help
+
+        active: false
+        source: "HelpPopup.qml"
+        onLoaded: (item as HelpPopup).closed.connect(() => active = false)
+    }
+    TruncatedHint {
+        z: 10
+    }
+    Loader {
+        id: side
+
+        function load() {
+            if (active)
+                setSource("SidebarView.qml", { settings: window.settings });
+        }
+
+        anchors.bottom: undoBar.top
+        anchors.top: recovery.bottom
+        width: window.split ? Math.round(Math.min(Theme.unit(280), window.width * 0.4)) : 0
+        active: window.split
+        onActiveChanged: load()
+        onLoaded: (item as SidebarView).chosen.connect(window.openFromContents)
+        Component.onCompleted: load()
     }
     Notices {
         id: banners
@@ -143,6 +214,7 @@ ApplicationWindow {
 
         anchors.fill: parent
         anchors.topMargin: recovery.height
+        anchors.leftMargin: side.width
         anchors.bottomMargin: banners.height + undoBar.height
         focus: true
         clip: true
@@ -156,7 +228,7 @@ ApplicationWindow {
     MouseArea {
         anchors.fill: parent
         acceptedButtons: Qt.BackButton
-        enabled: stack.depth > 1
+        enabled: stack.depth > window.firstDepth
         onClicked: window.back()
     }
 }

@@ -7,21 +7,23 @@ import Quorvantis.Settings
 SwatchRow {
     id: row
 
-    readonly property real slidersLeft: Math.max(78 + textWidth, width - 2 * side - 300)
+    readonly property bool roomy: width - 2 * side >= Theme.unit(270) + 30
+    readonly property real slidersLeft: Math.max(Theme.unit(48) + 30 + textWidth, width - 2 * side - Theme.unit(300))
 
     function parts(): var {
         return Array.from({ length: repeater.count }, (_, i) => repeater.itemAt(i));
     }
 
-    textWidth: Math.round(72 * Theme.scale)
+    textWidth: roomy ? Theme.unit(72) : width - 2 * side - Theme.unit(88) - 30
+    below: roomy ? 0 : 3 * Theme.unit(34) + 8
     footer: hint.height + 8
 
     Column {
         id: sliders
 
-        x: row.slidersLeft
-        width: row.width - 2 * row.side - x - 44
-        topPadding: 5
+        x: row.roomy ? row.slidersLeft : Theme.inset
+        y: row.roomy ? 5 : parent.height - height - 6
+        width: row.width - 2 * row.side - x - (row.roomy ? Theme.unit(26) : 0) - Theme.inset
 
         Repeater {
             id: repeater
@@ -32,7 +34,7 @@ SwatchRow {
                 required property int index
 
                 width: sliders.width
-                height: (row.entry.height - 10) / 3
+                height: row.roomy ? (row.entry.height - 10) / 3 : Theme.unit(34)
                 shown: row.entry.sliders[index]
                 page: row.page
                 Accessible.name: [qsTr("Red"), qsTr("Green"), qsTr("Blue")][index] ?? ""

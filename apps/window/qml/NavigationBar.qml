@@ -62,8 +62,8 @@ Rectangle {
             Chevron {
                 anchors.verticalCenter: parent.verticalCenter
                 back: true
-                arm: 12
-                thickness: 2.4
+                arm: Theme.unit(12)
+                thickness: 2.4 * Theme.scale
                 color: Theme.accentText
             }
             Text {

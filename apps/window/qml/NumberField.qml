@@ -40,7 +40,7 @@ T.TextField {
             text = begin;
     }
 
-    implicitWidth: Math.max(activeFocus ? 84 : 44, contentWidth + leftPadding + rightPadding)
+    implicitWidth: Math.max(Theme.unit(activeFocus ? 84 : 44), contentWidth + leftPadding + rightPadding)
     implicitHeight: Math.round(Theme.body * 1.9)
     leftPadding: 10
     rightPadding: 10
@@ -52,7 +52,7 @@ T.TextField {
     text: begun
     color: activeFocus ? Theme.text : "transparent"
     selectionColor: Theme.accent
-    selectedTextColor: "#FFFFFF"
+    selectedTextColor: Theme.textOnAccent
     font.pixelSize: Theme.body
     validator: RegularExpressionValidator {
         regularExpression: /-?[0-9]*[.,]?[0-9]*/

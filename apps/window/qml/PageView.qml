@@ -7,7 +7,7 @@ FocusScope {
     id: view
 
     required property PageModel page
-    required property bool canGoBack
+    property bool canGoBack: false
     property bool byKeyboard: false  // how the page was opened
 
     signal back

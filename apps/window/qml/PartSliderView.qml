@@ -12,7 +12,7 @@ T.Slider {
 
     readonly property real minimumValue: from
     readonly property real maximumValue: to
-    readonly property color tint: Theme.given(shown.tint, Theme.accent)
+    readonly property color tint: Theme.legible(Theme.given(shown.tint, Theme.accent))
     property bool syncing: false
 
     function sync() {
@@ -59,9 +59,9 @@ T.Slider {
     Accessible.onDecreaseAction: step(-1)
 
     background: Rectangle {
-        x: 10
+        x: Theme.unit(10)
         y: (slider.height - height) / 2
-        width: slider.width - 20
+        width: slider.width - 2 * x
         height: 4
         radius: 2
         color: Theme.track
@@ -76,12 +76,12 @@ T.Slider {
     handle: Rectangle {
         x: slider.visualPosition * (slider.width - width)
         y: (slider.height - height) / 2
-        width: 20
-        height: 20
-        radius: 10
+        width: Theme.unit(20)
+        height: width
+        radius: width / 2
         color: slider.pressed ? Qt.darker(slider.tint, 1.15) : slider.tint
         border.width: 1
-        border.color: Theme.dark ? Qt.lighter(slider.tint, 1.5) : Qt.darker(slider.tint, 1.4)
+        border.color: Theme.apart(slider.tint, slider.tint, Theme.text)
     }
     FocusRing {
         anchors.margins: -1

@@ -9,7 +9,7 @@ FocusScope {
     id: wheel
 
     required property AlertModel alert
-    readonly property int rowHeight: Math.round(34 * Theme.scale)
+    readonly property int rowHeight: Theme.unit(34)
     readonly property string current: alert.choices[list.currentIndex] ?? ""
 
     // For assistive technology, which may set it.

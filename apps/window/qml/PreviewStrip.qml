@@ -19,8 +19,8 @@ Rectangle {
 
         x: Theme.sideOf(parent.width)
         anchors.verticalCenter: parent.verticalCenter
-        width: 76
-        height: 40
+        width: Theme.unit(76)
+        height: Theme.unit(40)
         radius: Theme.radius
         color: strip.shown.swatch
         outline: Theme.separator
@@ -36,7 +36,7 @@ Rectangle {
             width: parent.width
             text: strip.shown.label
             textFormat: Text.PlainText
-            elide: Text.ElideRight
+            wrapMode: Text.Wrap
             color: Theme.secondary
             font.pixelSize: Theme.small
         }
@@ -44,7 +44,7 @@ Rectangle {
             width: parent.width
             text: strip.shown.spoken
             textFormat: Text.PlainText
-            elide: Text.ElideRight
+            wrapMode: Text.Wrap
             color: Theme.text
             font.pixelSize: Theme.body
         }

@@ -87,7 +87,7 @@ Rectangle {
             border.color: Theme.warningText
 
             FocusRing {
-                visible: way.visualFocus
+                of: way
             }
         }
         Text {

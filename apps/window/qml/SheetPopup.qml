@@ -21,7 +21,7 @@ AlertBase {
         const item = page ? page.anchorOf(alert) : null;
         return item && parent ? item.mapToItem(parent, 0, 0, item.width, item.height) : Qt.rect(0, 0, 0, 0);
     }
-    width: wide ? Math.round(320 * Theme.scale) : Math.min(parentWidth - 16, 440)
+    width: wide ? Theme.unit(320) : Math.min(parentWidth - 16, 440)
     x: Math.round(pointed ? Math.max(12, Math.min(parentWidth - 12 - width, anchor.x + anchor.width / 2 - width / 2)) : (parentWidth - width) / 2)
     y: Math.round(!wide ? parentHeight - height - 8 : !pointed ? (parentHeight - height) / 2 : below ? Math.max(top + 14, anchor.y + anchor.height + 14) : Math.max(12, anchor.y - 14 - height))
     opacity: wide ? shown : 1

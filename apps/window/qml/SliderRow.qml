@@ -1,14 +1,15 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// A slider, below its label and value if it has them. A click on the value, or a digit while the
+// A slider, below its label and value if it has them, or between the two in a wide window. A click on the value, or a digit while the
 // slider has the keyboard, lets the value be typed.
 CardRow {
     id: card
 
-    readonly property color trackColor: Theme.legible(Theme.given(entry.tint, Theme.accentText))
+    readonly property color trackColor: Theme.legible(Theme.given(entry.tint, Theme.accent))
     readonly property bool titled: entry.label !== "" || entry.value !== ""
     readonly property real range: entry.maximum - entry.minimum
+    readonly property bool beside: Theme.broad && titled && width - 2 * side >= Theme.unit(420)
     // What an arrow key moves the slider by; a drag too, where the value is shown.
     readonly property bool snaps: entry.stops > 0 || entry.value !== ""
     readonly property real step: entry.stops > 0 ? range / entry.stops : entry.value === "" ? range / 20 : range >= 20 ? 1 : range >= 2 ? 0.1 : 0.01
@@ -16,7 +17,7 @@ CardRow {
 
     onEntryChanged: slider.sync()
     control: slider
-    contentHeight: titled ? texts.implicitHeight + 12 + 40 : Theme.rowHeight
+    contentHeight: titled && !beside ? texts.implicitHeight + 12 + Theme.unit(40) : Theme.rowHeight
 
     LabelledValue {
         id: texts
@@ -24,8 +25,9 @@ CardRow {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.margins: Theme.inset
-        y: 12
+        y: card.beside ? (parent.height - height) / 2 : 12
         visible: card.titled
+        valueColor: card.faint
         label: card.entry.label
         value: number.activeFocus ? "" : slider.pressed && card.entry.value !== "" ? card.entry.numberText(slider.value) : card.entry.value
     }
@@ -71,12 +73,10 @@ CardRow {
             value = Math.max(from, Math.min(to, value + steps * card.step));
         }
 
-        anchors.left: parent.left
-        anchors.right: parent.right
-        anchors.leftMargin: Theme.inset - 2
-        anchors.rightMargin: Theme.inset - 2
+        x: card.beside ? parent.width * 0.42 : Theme.inset - 2
+        width: card.beside ? parent.width * 0.58 - Theme.inset - Theme.unit(52) : parent.width - 2 * x
         anchors.bottom: parent.bottom
-        height: card.titled ? 40 : parent.height
+        height: card.titled && !card.beside ? Theme.unit(40) : parent.height
         focusPolicy: Qt.ClickFocus
         stepSize: card.step
         snapMode: card.snaps ? T.Slider.SnapAlways : T.Slider.NoSnap
@@ -112,30 +112,36 @@ CardRow {
         Accessible.onIncreaseAction: step(1)
         Accessible.onDecreaseAction: step(-1)
 
-        background: Rectangle {
+        background: Item {
             x: 2
             y: (slider.height - height) / 2
             width: slider.width - 4
-            height: 4
-            radius: 2
-            color: Theme.track
+            height: Theme.unit(4)
 
+            // Neither lies below the handle, which may be translucent.
             Rectangle {
-                width: slider.handle.x + slider.handle.width / 2
+                width: Math.max(0, slider.handle.x - 1)
                 height: parent.height
-                radius: 2
+                radius: height / 2
                 color: card.trackColor
+            }
+            Rectangle {
+                x: Math.min(parent.width, slider.handle.x + slider.handle.width - 3)
+                width: parent.width - x
+                height: parent.height
+                radius: height / 2
+                color: Theme.track
             }
         }
         handle: Rectangle {
             x: slider.visualPosition * (slider.width - width)
             y: (slider.height - height) / 2
-            width: 26
-            height: 26
-            radius: 13
-            color: slider.pressed ? "#F2F2F4" : "#FFFFFF"
-            border.width: 1
-            border.color: Theme.dark ? "#00000000" : "#CFCFD4"
+            width: Theme.unit(24)
+            height: width
+            radius: width / 2
+            color: slider.pressed ? Theme.pressed : slider.hovered ? Theme.hovered : Theme.knob
+            border.width: Theme.line
+            border.color: Theme.edge
         }
     }
 }

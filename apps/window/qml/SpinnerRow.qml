@@ -23,6 +23,7 @@ CardRow {
         anchors.verticalCenter: parent.verticalCenter
         width: 20
         height: 20
+        scale: Theme.scale
         Accessible.role: Accessible.ProgressBar
         Accessible.name: card.entry.label
 

@@ -10,7 +10,8 @@ KeyRow {
     required property PageModel page
     default property alias content: face.data  // beside the texts
     property real footer: 0  // what is below the face
-    property real textWidth: face.width - names.x - 40
+    property real below: 0   // of the face, below the names
+    property real textWidth: face.width - names.x - Theme.unit(40)
 
     readonly property real side: Theme.sideOf(width)
     readonly property bool headed: entry.heading !== ""
@@ -51,13 +52,14 @@ KeyRow {
         x: card.side
         y: card.headed ? heading.y + heading.height + 8 : 0
         width: card.width - 2 * x
-        height: Math.max(card.entry.height, names.implicitHeight + 10)
+        height: Math.max(card.entry.height, names.implicitHeight + 10) + card.below
 
         CardFace {
             anchors.fill: parent
             first: card.entry.first
             last: card.entry.last
             pressed: button.down
+            hovered: button.hovered
         }
         T.RadioButton {
             id: button
@@ -81,8 +83,9 @@ KeyRow {
 
                 x: Theme.inset
                 anchors.verticalCenter: parent.verticalCenter
-                width: 48
-                height: 24
+                anchors.verticalCenterOffset: -card.below / 2
+                width: Theme.unit(48)
+                height: Theme.unit(24)
                 color: card.entry.image
                 outline: card.entry.border
             }
@@ -91,30 +94,32 @@ KeyRow {
 
                 x: patch.visible ? patch.x + patch.width + 12 : Theme.inset
                 anchors.verticalCenter: parent.verticalCenter
+                anchors.verticalCenterOffset: -card.below / 2
                 width: card.textWidth
 
                 Text {
                     width: parent.width
                     text: card.entry.title
                     textFormat: Text.PlainText
-                    elide: Text.ElideRight
+                    wrapMode: Text.Wrap
                     color: Theme.text
-                    font.pixelSize: Math.round(14.5 * Theme.scale)
+                    font.pixelSize: Theme.unit(14.5)
                 }
                 Text {
                     width: parent.width
                     visible: text !== ""
                     text: card.entry.detail
                     textFormat: Text.PlainText
-                    elide: Text.ElideRight
+                    wrapMode: Text.Wrap
                     color: Theme.secondary
-                    font.pixelSize: Math.round(11 * Theme.scale)
+                    font.pixelSize: Theme.unit(11.5)
                 }
             }
             Tick {
                 anchors.right: parent.right
                 anchors.rightMargin: Theme.inset - 4
                 anchors.verticalCenter: parent.verticalCenter
+                anchors.verticalCenterOffset: -card.below / 2
                 visible: card.entry.ticked
             }
             FocusRing {

@@ -5,10 +5,11 @@ import QtQuick.Templates as T
 CardRow {
     id: card
 
-    readonly property color onColor: Theme.given(entry.onTint, Theme.accent)
-    readonly property color offColor: Theme.given(entry.background, Theme.track)
+    readonly property color onColor: Theme.switchOn(entry.onTint, entry.background)
+    readonly property color offColor: Theme.switchOffOf(entry.onTint, entry.background)
 
     control: button
+    hovered: button.hovered
     contentHeight: Math.max(Theme.rowHeight, label.implicitHeight + 20)
 
     T.Switch {
@@ -39,7 +40,7 @@ CardRow {
             anchors.left: parent.left
             anchors.leftMargin: Theme.inset
             anchors.right: parent.right
-            anchors.rightMargin: Theme.inset + 51 + 12
+            anchors.rightMargin: Theme.inset + Theme.unit(51) + 12
             anchors.verticalCenter: parent.verticalCenter
             text: card.entry.label
             textFormat: Text.PlainText
@@ -50,34 +51,39 @@ CardRow {
             font.pixelSize: Theme.body
         }
 
-        indicator: Rectangle {
+        indicator: Rectangle { // qmllint disable deferred-property-id
+            id: track
+
+            readonly property color ground: Qt.tint(Theme.card, button.checked ? card.onColor : card.offColor)
             // The tint is for the outline of a switch that is off.
             readonly property bool outlined: !button.checked && card.entry.tint.a > 0
 
             x: button.width - width - Theme.inset
             y: (button.height - height) / 2
-            width: 51
-            height: 31
-            radius: card.entry.cornerRadius >= 0 ? Math.min(card.entry.cornerRadius, height / 2) : height / 2
+            width: Theme.unit(51)
+            height: Theme.unit(31)
+            radius: card.entry.cornerRadius >= 0 ? Math.min(card.entry.cornerRadius * Theme.scale, height / 2) : height / 2
             color: button.checked ? card.onColor : card.offColor
-            border.width: outlined ? 2 : Theme.contrastOnCard(color) < 3 ? 1 : 0
+            border.width: outlined ? 2 : Theme.contrastOnCard(color) < Theme.controlGoal ? Theme.line : 0
             border.color: Theme.legible(outlined ? card.entry.tint : color)
 
-            Behavior on color { ColorAnimation { duration: 140 } }
+            Behavior on color { ColorAnimation { duration: Theme.fade } }
 
             Rectangle {
-                x: 2 + button.visualPosition * (parent.width - width - 4)
-                y: 2
-                width: 27
-                height: 27
-                radius: 13.5
-                color: "#FFFFFF"
-                border.width: 1
-                border.color: "#14000000"
+                readonly property int gap: track.outlined ? 4 : 3
+
+                x: gap + button.visualPosition * (track.width - width - 2 * gap)
+                y: gap
+                width: track.height - 2 * gap
+                height: width
+                radius: width / 2
+                color: Theme.knobOn(track.ground)
+                border.width: Theme.contrast(color, track.ground) < Theme.controlGoal ? 1 : 0
+                border.color: Theme.edge
 
                 Behavior on x {
                     enabled: !button.pressed
-                    NumberAnimation { duration: 140; easing.type: Easing.OutCubic }
+                    NumberAnimation { duration: Theme.fade; easing.type: Easing.OutCubic }
                 }
             }
         }

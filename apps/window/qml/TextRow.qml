@@ -52,12 +52,12 @@ CardRow {
         verticalAlignment: TextInput.AlignVCenter
         text: begun
         placeholderText: card.entry.placeholder
-        placeholderTextColor: Theme.placeholder
+        placeholderTextColor: Theme.secondary
         echoMode: card.entry.secret ? TextInput.Password : TextInput.Normal
         inputMethodHints: card.entry.inputHints
         color: activeFocus ? Theme.text : "transparent"
         selectionColor: Theme.accent
-        selectedTextColor: "#FFFFFF"
+        selectedTextColor: Theme.textOnAccent
         selectByMouse: true
         font.pixelSize: Theme.body
         clip: true
@@ -87,7 +87,7 @@ CardRow {
             text: empty ? field.placeholderText : field.displayText
             textFormat: Text.PlainText
             elide: Text.ElideRight
-            color: empty ? field.placeholderTextColor : Theme.secondary
+            color: card.faint
             font: field.font
             Accessible.ignored: true
         }

@@ -1,49 +1,71 @@
 pragma Singleton
 
 import QtQuick
+import Quorvantis.Settings
 
-// Colors and measures. Light or dark follows the desktop's palette, sizes its font.
+// Colors and measures. Light or dark, the contrast and the sizes are the desktop's. Text stands out
+// from what it lies on by 4.5, a control and its states by 3; with high contrast by 7 and 4.5.
 QtObject {
-    readonly property SystemPalette system: SystemPalette {}
-    readonly property FontMetrics metrics: FontMetrics {}
-    readonly property bool dark: system.window.hslLightness < 0.5
+    id: theme
 
-    readonly property color background: dark ? "#000000" : "#F2F2F7"
-    readonly property color card: dark ? "#1C1C1E" : "#FFFFFF"
-    readonly property color pressed: dark ? "#2C2C2E" : "#E5E5EA"
-    readonly property color bar: dark ? "#121214" : "#F9F9FB"
-    readonly property color separator: dark ? "#38383A" : "#D1D1D6"
+    readonly property bool dark: Desktop.dark
+    readonly property bool highContrast: Desktop.highContrast
+    readonly property real controlGoal: highContrast ? 4.5 : 3
+
+    readonly property color background: dark ? "#000000" : highContrast ? "#FFFFFF" : "#F2F2F7"
+    readonly property color card: highContrast ? background : dark ? "#1C1C1E" : "#FFFFFF"
+    readonly property color hovered: dark ? "#262629" : "#F3F3F7"
+    readonly property color pressed: dark ? "#303034" : "#E5E5EA"
+    readonly property color bar: highContrast ? background : dark ? "#121214" : "#F9F9FB"
+    readonly property color separator: highContrast ? edge : dark ? "#38383A" : "#D1D1D6"
     readonly property color text: dark ? "#FFFFFF" : "#000000"
-    readonly property color secondary: dark ? "#A1A1A8" : "#6C6C72"
-    readonly property color placeholder: dark ? "#6E6E74" : "#A0A0A6"
-    readonly property color chevron: dark ? "#5A5A5F" : "#C4C4C7"
-    readonly property color accent: "#34495E"
-    // The accent where it has to stand out from a dark ground.
-    readonly property color accentText: dark ? "#9DB8D2" : accent
-    readonly property color destructive: dark ? "#FF6961" : "#C9271C"
-    readonly property color track: dark ? "#48484A" : "#DCDCE0"
-    // Segments: their ground, the chosen one and its edge.
-    readonly property color groove: dark ? "#2C2C2E" : "#E6E6EB"
-    readonly property color chosen: dark ? "#636366" : "#FFFFFF"
-    readonly property color chosenEdge: dark ? "#8E8E93" : "#B4B4BA"
-    readonly property color dialog: dark ? "#242426" : "#FAFAFC"
+    readonly property color secondary: highContrast ? text : dark ? "#AEAEB4" : "#5A5A60"
+    readonly property color accent: highContrast ? (dark ? "#C4DCFF" : "#00306B") : dark ? "#A8CBFF" : "#0A4488"
+    readonly property color accentText: accent
+    readonly property color textOnAccent: dark ? "#000000" : "#FFFFFF"
+    readonly property color destructive: highContrast ? (dark ? "#FFB3AD" : "#8C0D04") : dark ? "#FF8078" : "#B3231A"
+    // What bounds a control, and marks on a row.
+    readonly property color edge: highContrast ? text : dark ? "#98989D" : "#808086"
+    // The part of a slider that isn't filled, and a switch that is off.
+    readonly property color track: dark ? "#6E6E73" : "#929297"
+    readonly property color knob: dark ? "#48484A" : "#FFFFFF"
+    readonly property color switchOff: dark ? "#39393D" : "#E2E2E6"
+    // Segments: their ground, and the chosen one where the choice leaves all as it is.
+    readonly property color groove: dark ? "#2C2C2E" : "#EAEAEE"
+    readonly property color chosen: dark ? "#48484A" : "#FFFFFF"
+    readonly property color dialog: highContrast ? background : dark ? "#242426" : "#FAFAFC"
     readonly property color band: dark ? "#39393D" : "#E9E9EE"
+    readonly property color field: highContrast ? background : dark ? "#1C1C1E" : "#E4E4E9"
     readonly property color hint: dark ? "#48484C" : "#3A3A3E"
+    readonly property color hintText: "#FFFFFF"
     readonly property color shade: dark ? "#99000000" : "#66000000"
-    readonly property color warning: dark ? "#3A2E14" : "#FFF4D6"
-    readonly property color warningText: dark ? "#FFE2A0" : "#5C4300"
+    readonly property color warning: highContrast ? background : dark ? "#3A2E14" : "#FFF4D6"
+    readonly property color warningText: highContrast ? text : dark ? "#FFE2A0" : "#5C4300"
 
-    readonly property real scale: Math.max(1, Math.min(1.6, metrics.font.pixelSize / 13))
+    readonly property real scale: Desktop.scale
     readonly property int body: Math.round(16 * scale)
     readonly property int small: Math.round(13 * scale)
     readonly property int rowHeight: Math.round(46 * scale)
     readonly property int barHeight: Math.round(48 * scale)
     readonly property int inset: 16
     readonly property int radius: 12
-    readonly property int widest: 640
-    readonly property int wide: 700  // a window of this width or more has popovers
-    readonly property int slide: 260
+    readonly property int line: highContrast ? 2 : 1
+    readonly property int widest: Math.round(640 * Math.sqrt(scale))
+    readonly property int wide: 700  // a window of this width or more has a sidebar and popovers
+    readonly property int slide: Desktop.reducedMotion ? 0 : 260
+    readonly property int fade: Desktop.reducedMotion ? 0 : 140
+    readonly property real dimmed: 0.55  // the least opacity of a text of a row that can't be used
+    property bool broad: false           // the window is wide: rows have their control at the right
 
+    readonly property FontMetrics strong: FontMetrics {
+        font.pixelSize: theme.small
+        font.weight: Font.DemiBold
+    }
+
+    // A length that grows with the text.
+    function unit(length: real): int {
+        return Math.round(length * scale);
+    }
     // A color of the page's own, or the window's where the page set none.
     function given(color: color, otherwise: color): color {
         return color.a > 0 ? color : otherwise;
@@ -61,12 +83,26 @@ QtObject {
     function contrastOnCard(color: color): real {
         return contrast(Qt.tint(card, color), card);
     }
-    // The color, or as little nearer to that of text as makes it stand out from a card.
-    function legible(color: color): color {
+    // The color on a card, or as little nearer to that of `end` as makes it stand out from `ground`.
+    function apart(color: color, ground: color, end: color): color {
         let mixed = Qt.tint(card, color);
-        for (let i = 0; i < 10 && contrast(mixed, card) < 4; ++i)
-            mixed = Qt.tint(mixed, Qt.rgba(text.r, text.g, text.b, 0.1));
+        for (let i = 0; i < 40 && contrast(mixed, ground) < controlGoal; ++i)
+            mixed = Qt.tint(mixed, Qt.rgba(end.r, end.g, end.b, 0.08));
         return mixed;
+    }
+    function legible(color: color): color {
+        return apart(color, card, text);
+    }
+    // The two grounds of a switch. A tint gives way where the page gave no ground for off; else that does.
+    function switchOn(tint: color, off: color): color {
+        return off.a > 0 ? given(tint, accent) : apart(given(tint, accent), switchOff, text);
+    }
+    function switchOffOf(tint: color, off: color): color {
+        return off.a > 0 ? apart(off, Qt.tint(card, switchOn(tint, off)), "#000000") : switchOff;
+    }
+    // The knob on a ground of a switch.
+    function knobOn(ground: color): color {
+        return luminance(ground) > 0.3 && dark ? card : "#FFFFFF";
     }
     // Black or white, whichever has the greater contrast with this ground.
     function textOn(ground: color): color {

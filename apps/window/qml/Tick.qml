@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 
 // The mark of the chosen entry.
@@ -6,27 +8,26 @@ Item {
 
     property color color: Theme.accentText
 
-    implicitWidth: 18
-    implicitHeight: 16
+    implicitWidth: Theme.unit(18)
+    implicitHeight: Theme.unit(16)
 
-    Rectangle {
-        x: 0.5
-        y: 9
-        width: 7
-        height: 2.2
-        radius: 1
-        rotation: 45
+    component Stroke: Rectangle {
+        height: 2.2 * Theme.scale
+        radius: height / 2
         antialiasing: true
         color: tick.color
     }
-    Rectangle {
-        x: 3.6
-        y: 6.8
-        width: 14
-        height: 2.2
-        radius: 1
+
+    Stroke {
+        x: 0.5 * Theme.scale
+        y: 9 * Theme.scale
+        width: 7 * Theme.scale
+        rotation: 45
+    }
+    Stroke {
+        x: 3.6 * Theme.scale
+        y: 6.8 * Theme.scale
+        width: 14 * Theme.scale
         rotation: -50
-        antialiasing: true
-        color: tick.color
     }
 }

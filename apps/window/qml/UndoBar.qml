@@ -48,7 +48,7 @@ Rectangle {
         text: bar.undo.text
         textFormat: Text.PlainText
         wrapMode: Text.Wrap
-        color: "#FFFFFF"
+        color: Theme.hintText
         font.pixelSize: Theme.small
         Accessible.ignored: true
     }
@@ -75,14 +75,14 @@ Rectangle {
 
             anchors.centerIn: parent
             text: button.text
-            color: "#FFFFFF"
+            color: Theme.hintText
             font.pixelSize: Theme.body
             font.weight: Font.DemiBold
             Accessible.ignored: true
         }
         FocusRing {
-            visible: button.visualFocus
-            border.color: "#FFFFFF"
+            of: button
+            border.color: Theme.hintText
         }
     }
 }

@@ -1,0 +1,117 @@
+#include "host/window_state.h"
+#include "tests/window/bundle_window.h"
+
+namespace {
+
+class Look : public BundleWindow {
+ protected:
+  void store(const char* key, const plist::Value& value) {
+    foundation::DeviceRoot root(folder.path().toStdString());
+    ASSERT_TRUE(foundation::Preferences(root).setAppValue(key, value, "com.zorvek.quorvantis"));
+  }
+  QQuickItem* text(const QString& words) const {
+    for (QQuickItem* item : driver->itemsOfType("QQuickText"))
+      if (item->property("text") == words) return item;
+    return nullptr;
+  }
+  const std::string long_ = "At night, while nobody needs the phone, everything may be off";
+};
+
+TEST_F(Look, AChoiceThatLeavesAllAsItIsIsPlainAndOneThatActsStandsOut) {
+  store("wifi", 2);
+  open("PowerSavingListController", 390, 2600);
+  QColor plain, acting;
+  for (QQuickItem* row : driver->itemsOfType("SegmentRow")) {
+    const auto entry = row->property("entry").value<window::Row>();
+    (entry.id == "wifi" ? acting : plain) = row->property("chosenColor").value<QColor>();
+  }
+  EXPECT_EQ(plain, QColor("#FFFFFF"));
+  EXPECT_NE(acting, plain);
+  EXPECT_LT(acting.lightnessF(), 0.4);
+}
+
+TEST_F(Look, ControlsGrowWithTheText) {
+  open("GeneralSettingsController");
+  const auto height = [this] {
+    QQuickItem* button = driver->find(labelOf("enabled"), kCheckBox);
+    return button->property("indicator").value<QQuickItem*>()->height();
+  };
+  const double before = height();
+  const QFont font = QGuiApplication::font();
+  QFont large = font;
+  large.setPixelSize(26);
+  QGuiApplication::setFont(large);
+  EXPECT_TRUE(driver->until([&] { return height() >= 1.9 * before; }));
+  QGuiApplication::setFont(font);
+}
+
+TEST_F(Look, TheNarrowestWindowNamesTheWayBack) {
+  open("GeneralSettingsController", 320, 700);
+  EXPECT_TRUE(driver->shows("Quorvantis") || driver->shows("Back"));
+}
+
+TEST_F(Look, ATextThatIsCutOffIsSaidWholeWhereThePointerRests) {
+  store("profiledescription", long_);
+  open("ProfilesListController");
+  const QString words = QString::fromStdString(long_);
+  QQuickItem* cut = text(words);
+  ASSERT_TRUE(cut);
+  ASSERT_TRUE(cut->property("truncated").toBool());
+  QTest::mouseMove(window, driver->place(cut).center().toPoint());
+  EXPECT_TRUE(driver->until([&] {
+    for (QObject* item : window->findChildren<QObject*>())
+      if (item->inherits("QQuickToolTip") && item->property("visible").toBool() &&
+          item->property("text") == words)
+        return true;
+    return false;
+  }));
+}
+
+TEST_F(Look, AnEmptyListSaysWhatWouldFillIt) {
+  open();
+  driver->click("Battery Log");
+  EXPECT_TRUE(driver->shows("No entries"));
+  EXPECT_TRUE(driver->shows("Entries are written while Keep Battery Log, below Extras, is on."));
+}
+
+TEST_F(Look, F1ShowsTheKeysUntilEscape) {
+  open();
+  driver->key(Qt::Key_F1);
+  EXPECT_TRUE(driver->shows("Keys"));
+  driver->key(Qt::Key_Escape);
+  EXPECT_FALSE(driver->shows("Keys"));
+  EXPECT_EQ(page().pageClass, "quorvantisprefsListController");
+}
+
+TEST_F(Look, KeysCloseTheWindow) {
+  for (const Qt::Key key : {Qt::Key_Q, Qt::Key_W}) {
+    open();
+    driver->key(key, Qt::ControlModifier);
+    EXPECT_FALSE(window->isVisible()) << key;
+    closeAll();
+  }
+}
+
+TEST(WindowState, IsReadAsItWasWritten) {
+  QTemporaryDir folder;
+  const std::string path = folder.path().toStdString();
+  const host::WindowState state{1000, 700, "sounds"};
+  ASSERT_TRUE(host::writeWindowState(path, state));
+  EXPECT_EQ(host::readWindowState(path), state);
+}
+
+TEST(WindowState, ThatIsDamagedOrAbsurdCountsAsNone) {
+  QTemporaryDir folder;
+  const std::string path = folder.path().toStdString();
+  EXPECT_EQ(host::readWindowState(path), host::WindowState());
+  ASSERT_TRUE(host::writeWindowState(path, {-5, 700, "sounds"}));
+  EXPECT_EQ(host::readWindowState(path).width, 0);
+  EXPECT_EQ(host::readWindowState(path).height, 0);
+  QFile file(folder.filePath("window"));
+  ASSERT_TRUE(file.open(QFile::WriteOnly));
+  file.write("rubbish");
+  file.close();
+  EXPECT_EQ(host::readWindowState(path), host::WindowState());
+}
+
+}  // namespace
