@@ -128,7 +128,7 @@ void SettingsBridge::summarise() {
       application_.pages().empty()
           ? nullptr
           : dynamic_cast<preferences::PSListController*>(application_.pages().front().get());
-  if (!list || !contents()) return;
+  if (!list || !contents() || recovery_.damaged()) return;
   QHash<QString, QString> summaries;
   for (const auto& row : list->specifiers())
     if (const std::string words = summaries_.of(*row); !words.empty())
