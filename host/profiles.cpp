@@ -52,7 +52,13 @@ Failure halfDone(std::string message) {
   return failure(Failure::Unconfirmed, "", std::move(message));
 }
 
-SavedProfile savedProfile(const std::string& path, const plist::Dictionary& profile) {
+}  // namespace
+
+std::string SavedProfile::longTitle() const {
+  return description.empty() ? title : title + " - " + description;
+}
+
+SavedProfile Profiles::saved(const std::string& path, const plist::Dictionary& profile) {
   const auto valueOf = [&](std::string_view key) {
     const plist::Value* value = profile.find(key);
     return value ? *value : prefs::profileDefault(key).value_or(plist::Value());
@@ -68,19 +74,13 @@ SavedProfile savedProfile(const std::string& path, const plist::Dictionary& prof
   return saved;
 }
 
-}  // namespace
-
-std::string SavedProfile::longTitle() const {
-  return description.empty() ? title : title + " - " + description;
-}
-
 Attempt<std::vector<SavedProfile>> Profiles::list() {
   const auto saved = prefs::savedProfiles(environment_, prefs::TitleForm::WithDescription);
   if (!saved.failure.empty()) return failed(saved.failure);
   std::vector<SavedProfile> profiles;
   for (const std::string& path : saved.paths)
     if (const auto profile = prefs::readProfile(environment_, path))
-      profiles.push_back(savedProfile(path, *profile));
+      profiles.push_back(Profiles::saved(path, *profile));
   if (environment_.problemHandler)
     for (const platform::Error& error : saved.skipped) environment_.problemHandler(error);
   return profiles;
@@ -197,6 +197,14 @@ Attempt<Done> Profiles::copy(const Trigger& from, const Trigger& to, Existing ex
   plist::Dictionary copy = *plist::storable(*profile)->dictionary();
   copy.set(prefs::kProfilePercentage, to.profileID);
   return write(to, copy, existing, preferences::ProfileStep::Save);
+}
+
+Attempt<Done> Profiles::describe(const Trigger& trigger, const std::string& description) {
+  const auto profile = read(trigger);
+  if (!profile) return profile.error();
+  plist::Dictionary described = *plist::storable(*profile)->dictionary();
+  described.set(prefs::kProfileDescription, description);
+  return write(trigger, described, Existing::Overwrite, preferences::ProfileStep::Save);
 }
 
 Attempt<Done> Profiles::write(const Trigger& trigger, const plist::Dictionary& profile,

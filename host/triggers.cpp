@@ -11,18 +11,18 @@ namespace {
 
 constexpr std::string_view kExtension = "qvx";
 
-bool isProfilePath(std::string_view text) {
-  if (!text.starts_with(prefs::kDocuments)) return false;
-  const std::string_view name = text.substr(prefs::kDocuments.size());
-  return name.find('/') == std::string_view::npos && foundation::pathExtension(name) == kExtension;
-}
-
 bool isLevel(const Trigger& trigger, std::string_view text) {
   const bool percent = text.ends_with('%') && trigger.title.ends_with('%');
   return percent && text.substr(0, text.size() - 1) == trigger.profileID;
 }
 
 }  // namespace
+
+bool isProfilePath(std::string_view text) {
+  if (!text.starts_with(prefs::kDocuments)) return false;
+  const std::string_view name = text.substr(prefs::kDocuments.size());
+  return name.find('/') == std::string_view::npos && foundation::pathExtension(name) == kExtension;
+}
 
 std::vector<Trigger> triggers() {
   std::vector<Trigger> all;
