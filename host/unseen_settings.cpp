@@ -26,15 +26,17 @@ preferences::Environment beside(const preferences::Environment& shown,
 
 }  // namespace
 
-UnseenSettings::Surroundings::Surroundings(Device& device)
-    : environment(beside(device.environment(), center, clock)) {}
+UnseenSettings::Surroundings::Surroundings(preferences::Environment& shown)
+    : environment(beside(shown, center, clock)) {}
 
-UnseenSettings::UnseenSettings(Device& device)
-    : UnseenSettings(device, std::make_unique<Surroundings>(device)) {}
+UnseenSettings::UnseenSettings(preferences::Environment& shown,
+                               DeferredNotifications& notifications)
+    : UnseenSettings(notifications, std::make_unique<Surroundings>(shown)) {}
 
-// What fails is reported by the device at once.
-UnseenSettings::UnseenSettings(Device& device, std::unique_ptr<Surroundings> surroundings)
-    : Settings(surroundings->environment, surroundings->clock, device.notifications(),
+// What fails is reported at once, as what the shown pages do.
+UnseenSettings::UnseenSettings(DeferredNotifications& notifications,
+                               std::unique_ptr<Surroundings> surroundings)
+    : Settings(surroundings->environment, surroundings->clock, notifications,
                [] { return Problems(); }),
       surroundings_(std::move(surroundings)) {}
 

@@ -44,11 +44,16 @@ int run(const window::Options& options) {
                                 window::kGuessedEntries);
   if (const auto launched = application.perform(host::Launch{options.page}); !launched)
     return complain(kNoPage, launched.error().message);
+  if (!options.row.empty())
+    if (const auto row = application.row(options.row); !row)
+      return complain(kNoPage, row.error().message);
 
   window::SettingsWindow settings(application, queue);
   if (!settings.quickWindow()) return complain(kFailed, "the window can't be made.");
   device.setProblemHandler([&](const host::Problem& problem) { settings.report(problem); },
                            [&](const host::Problem& problem) { settings.withdraw(problem); });
+  settings.attach(device);
+  if (!options.row.empty()) settings.showRow(options.row);
   const int code = QGuiApplication::exec();
   device.setProblemHandler({});
   if (const auto finished = device.finish(); !finished)

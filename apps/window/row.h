@@ -21,6 +21,11 @@ struct Row {
   Q_PROPERTY(QString footer MEMBER footer)
   Q_PROPERTY(bool first MEMBER first)
   Q_PROPERTY(bool last MEMBER last)
+  Q_PROPERTY(QString key MEMBER key)
+  Q_PROPERTY(QString shown MEMBER shown)
+  Q_PROPERTY(QString standard MEMBER standard)
+  Q_PROPERTY(bool changed MEMBER changed)
+  Q_PROPERTY(bool resettable MEMBER resettable)
   Q_PROPERTY(double height MEMBER height)
   Q_PROPERTY(bool built MEMBER built)
   Q_PROPERTY(bool usable MEMBER usable)
@@ -58,6 +63,10 @@ struct Row {
   QString reason;                    // why the row can't be used; empty while it can
   QString footer;                    // of the group that ends with this row
   bool first = false, last = false;  // of its group
+  QString key;                       // of the setting; empty where it is none
+  QString shown, standard;           // its value and its default, human-readable
+  bool changed = false;              // it differs from its default
+  bool resettable = false;           // it does, and can be given that
   double height = 0;                 // 0: the window's own
   bool built = false, usable = true;
   double opacity = 1;

@@ -14,10 +14,12 @@ namespace window {
 // problems to report. It shows what describe() yields; all that the user does is one request.
 class SettingsBridge : public QObject {
   Q_OBJECT
+  Q_MOC_INCLUDE("apps/window/tools.h")
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
   Q_PROPERTY(window::PageModel* shown READ shown NOTIFY shownChanged)
   Q_PROPERTY(window::AlertModel* alert READ alert NOTIFY alertChanged)  // the topmost
+  Q_PROPERTY(window::Tools* tools READ tools NOTIFY toolsChanged)       // null: none
   Q_PROPERTY(QStringList problems READ problems NOTIFY problemsChanged)
 
  public:
@@ -27,6 +29,8 @@ class SettingsBridge : public QObject {
 
   PageModel* shown() const { return pages_.isEmpty() ? nullptr : pages_.last(); }
   AlertModel* alert() const { return alerts_.isEmpty() ? nullptr : alerts_.last(); }
+  Tools* tools() const { return tools_; }
+  void setTools(Tools* tools);
   QStringList problems() const;
 
   void refresh();  // something on screen may have changed
@@ -45,6 +49,7 @@ class SettingsBridge : public QObject {
   void alertShown(window::AlertModel* alert);
   void alertChanged();
   void problemsChanged();
+  void toolsChanged();
 
  private:
   void show(const host::Scene& scene);
@@ -53,6 +58,7 @@ class SettingsBridge : public QObject {
   void showRefusal(const QString& refusal);
 
   host::Application& application_;
+  Tools* tools_ = nullptr;
   QList<PageModel*> pages_;
   QList<AlertModel*> alerts_;
   std::vector<host::Problem> problems_;

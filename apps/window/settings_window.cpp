@@ -3,6 +3,9 @@
 #include <QGuiApplication>
 #include <QQuickWindow>
 
+#include "apps/window/tools.h"
+#include "host/go_to.h"
+
 void qml_register_types_Quorvantis_Settings();
 
 namespace window {
@@ -18,6 +21,15 @@ SettingsWindow::SettingsWindow(host::Application& application, QtMainQueue& queu
   engine_.addImportPath("qrc:/qt/qml");
   engine_.setInitialProperties({{"settings", QVariant::fromValue(&bridge_)}});
   engine_.load("qrc:/qt/qml/Quorvantis/Settings/Main.qml");
+}
+
+void SettingsWindow::attach(host::Device& device) {
+  bridge_.setTools(new Tools(bridge_, application_, device));
+}
+
+void SettingsWindow::showRow(const std::string& id) {
+  const std::string page(application_.shownPage()->className());
+  if (const auto row = host::goTo(application_, page, id)) bridge_.shown()->mark(*row);
 }
 
 void SettingsWindow::report(const host::Problem& problem) {

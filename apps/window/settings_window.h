@@ -22,6 +22,9 @@ class SettingsWindow : public QObject {
   SettingsWindow(host::Application& application, QtMainQueue& queue);
 
   SettingsBridge& bridge() { return bridge_; }
+  // From now on it has its tools, which work on this device; that has to outlive it.
+  void attach(host::Device& device);
+  void showRow(const std::string& id);  // scrolls to that row of the shown page and marks it
   // Reports a problem to the application; may be called from any thread while the window exists.
   void report(const host::Problem& problem);
   void withdraw(const host::Problem& problem);  // once it has gone

@@ -30,6 +30,7 @@ class BundleWindow : public WindowTest {
     host::DeviceOptions options{.root = folder.path().toStdString()};
     options.lockPatience = std::chrono::milliseconds(0);
     options.realTime = true;
+    options.state = state;
     device = std::make_unique<host::Device>(options, std::move(owned));
     auto launched = std::make_unique<host::Application>(
         device->environment(), window::kGuessedEntries, window::kGuessedEntries);
@@ -41,6 +42,7 @@ class BundleWindow : public WindowTest {
     device->setProblemHandler(
         [this](const host::Problem& problem) { settings->report(problem); },
         [this](const host::Problem& problem) { settings->withdraw(problem); });
+    settings->attach(*device);
   }
   void closeAll() {
     if (device) device->setProblemHandler({});
@@ -58,5 +60,6 @@ class BundleWindow : public WindowTest {
   }
 
   QTemporaryDir folder;
+  std::optional<std::string> state;  // where the host keeps what it remembers; nothing: nowhere
   std::unique_ptr<host::Device> device;
 };

@@ -18,16 +18,25 @@ FocusScope {
 
     // What assistive technology says besides the name.
     readonly property string value: entry.spoken !== "" ? entry.spoken : entry.value
-    readonly property string description: value === "" || entry.reason === "" ? value + entry.reason : value + ", " + entry.reason
+    readonly property string description: joined(joined(value, entry.reason), entry.changed ? qsTr("changed") : "")
     readonly property real side: Theme.sideOf(width)
     readonly property real cardHeight: Math.max(entry.height, contentHeight)
 
+    function joined(one: string, other: string): string {
+        return one === "" || other === "" ? one + other : one + ", " + other;
+    }
     function take(reason: int) {
         if (control)
             control.forceActiveFocus(reason);
     }
 
     width: ListView.view ? ListView.view.width : 0
+    Keys.onMenuPressed: extras.menu()
+    Keys.onPressed: event => {
+        event.accepted = event.key === Qt.Key_F10 && (event.modifiers & Qt.ShiftModifier);
+        if (event.accepted)
+            extras.menu();
+    }
     height: cardHeight + (footer.visible ? footer.height + 8 : 0)
 
     Item {
@@ -48,10 +57,23 @@ FocusScope {
 
             anchors.fill: parent
             opacity: card.entry.opacity
-            enabled: card.entry.usable
+            enabled: card.entry.usable && !extras.holding
         }
         FocusRing {
             visible: card.ring
+        }
+        RowExtras {
+            id: extras
+
+            anchors.fill: parent
+            entry: card.entry
+            page: card.page
+            index: card.index
+            control: card.control
+        }
+        TapHandler {
+            acceptedButtons: Qt.RightButton
+            onTapped: extras.menu()
         }
         HoverHandler {
             id: pointer

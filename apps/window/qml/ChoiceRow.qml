@@ -15,11 +15,15 @@ Item {
     readonly property bool first: index === 0
     readonly property bool last: index === ListView.view.count - 1
 
+    readonly property string profile: page.tools ? page.profileAt(choice) : ""  // that it is, if any
+
     // Shows again what the page has ticked: it may have refused.
     function pick() {
         ListView.view.currentIndex = index;
         page.select(choice);
         button.checked = Qt.binding(() => entry.ticked);
+        if (profile !== "" && !page.stores())
+            page.tools.profileWanted(profile);
     }
 
     width: ListView.view ? ListView.view.width : 0
@@ -52,7 +56,7 @@ Item {
             anchors.left: parent.left
             anchors.leftMargin: Theme.inset
             anchors.right: parent.right
-            anchors.rightMargin: Theme.inset + 26
+            anchors.rightMargin: Theme.inset + 26 + (details.visible ? details.width : 0)
             anchors.verticalCenter: parent.verticalCenter
             text: entry.title
             textFormat: Text.PlainText
@@ -64,9 +68,19 @@ Item {
         }
         Tick {
             anchors.right: parent.right
-            anchors.rightMargin: Theme.inset
+            anchors.rightMargin: Theme.inset + (details.visible ? details.width : 0)
             anchors.verticalCenter: parent.verticalCenter
             visible: entry.ticked
+        }
+        DetailsButton {
+            id: details
+
+            anchors.right: parent.right
+            anchors.rightMargin: 4
+            height: parent.height
+            visible: entry.profile !== ""
+            text: qsTr("Details of %1").arg(entry.title)
+            onClicked: entry.page.tools.profileWanted(entry.profile)
         }
     }
 }

@@ -64,7 +64,7 @@ ApplicationWindow {
 
     Shortcut {
         sequences: ["Esc", "Backspace", "Alt+Left", "Back"]
-        enabled: stack.depth > 1 && !window.settings.alert
+        enabled: stack.depth > 1 && !window.settings.alert && tools.open === 0
         onActivated: window.back()
     }
 
@@ -111,6 +111,7 @@ ApplicationWindow {
         anchors.bottomMargin: banners.height
         focus: true
         clip: true
+        Keys.onPressed: event => event.accepted = depth === 1 && tools.type(event.text, event.modifiers)
 
         pushEnter: Transition { NumberAnimation { property: "x"; from: stack.width; to: 0; duration: Theme.slide; easing.type: Easing.OutCubic } }
         pushExit: Transition { NumberAnimation { property: "x"; from: 0; to: -stack.width * 0.3; duration: Theme.slide; easing.type: Easing.OutCubic } }
@@ -118,6 +119,14 @@ ApplicationWindow {
         popExit: Transition { NumberAnimation { property: "x"; from: 0; to: stack.width; duration: Theme.slide; easing.type: Easing.OutCubic } }
     }
 
+    ToolViews {
+        id: tools
+
+        anchors.fill: parent
+        settings: window.settings
+        onLeaving: window.commit()
+        onDone: stack.currentItem.forceActiveFocus()
+    }
     MouseArea {
         anchors.fill: parent
         acceptedButtons: Qt.BackButton

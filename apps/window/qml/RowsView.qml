@@ -74,6 +74,11 @@ ListView {
         function onScrollWanted(first) {
             list.positionViewAtIndex(first, ListView.Beginning);
         }
+        function onRowWanted(row) {
+            list.forceLayout();
+            list.enter(row, Qt.TabFocusReason);
+            list.positionViewAtIndex(row, ListView.Center);
+        }
     }
     Timer {
         id: later
