@@ -1,5 +1,5 @@
-// Lines of the protocol from any bytes: each is answered with one line, whatever it asks for. A page
-// takes milliseconds with sanitizers, so only the first lines of an input are answered.
+// Lines of the protocol from any bytes: each is answered with one line, whatever it asks for. A
+// page takes milliseconds with sanitizers, so only the first lines of an input are answered.
 #include <unistd.h>
 
 #include <cstdlib>

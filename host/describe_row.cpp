@@ -124,6 +124,7 @@ namespace {
 
 void describeValue(PSListController& page, PSSpecifier& row, RowView& view) {
   view.standard = preferences::defaultValue(row.properties());
+  view.standardShown = shownText(row, view.standard);
   if (auto* color = dynamic_cast<ZorvekColorPickerQuorvantisLinkCell*>(row.cellObject())) {
     describeColor(*color, view);
   } else {

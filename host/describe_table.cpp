@@ -95,6 +95,8 @@ void describeTable(preferences::PSViewController& page, int first, int entries, 
   if (auto* choices = dynamic_cast<PSListItemsController*>(&page)) {
     view.choices = choices->specifier()->choices();
     view.chosen = chosenIn(*choices);
+    const preferences::PSSpecifier& row = *choices->specifier();
+    view.stores = !row.textForKey("key").empty() || !row.textForKey("set").empty();
   } else if (auto* picker = dynamic_cast<ZorvekColorPickerQuorvantis*>(&page)) {
     view.sections[prefs::kCustomSection].mixes = true;
     view.opener = describeOpener(*picker);

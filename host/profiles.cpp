@@ -73,6 +73,15 @@ std::string SavedProfile::longTitle() const {
   return description.empty() ? title : title + " - " + description;
 }
 
+SavedProfile Profiles::saved(const std::string& path, const plist::Dictionary& profile) {
+  const auto valueOf = [&](std::string_view key) {
+    const plist::Value* value = profile.find(key);
+    return value ? *value : plist::Value();
+  };
+  return savedProfile({path, valueOf(prefs::kProfilePercentage),
+                       valueOf(prefs::kProfileDescription), valueOf(prefs::key::profileactive)});
+}
+
 Attempt<std::vector<SavedProfile>> Profiles::list() {
   const auto saved = prefs::profileFiles(environment_);
   if (!saved.failure.empty()) return failed(saved.failure);
@@ -189,6 +198,14 @@ Attempt<Done> Profiles::copy(const Trigger& from, const Trigger& to, Existing ex
   plist::Dictionary copy = *plist::storable(*profile)->dictionary();
   copy.set(prefs::kProfilePercentage, to.profileID);
   return write(to, copy, existing, preferences::ProfileStep::Save);
+}
+
+Attempt<Done> Profiles::describe(const Trigger& trigger, const std::string& description) {
+  const auto profile = read(trigger);
+  if (!profile) return profile.error();
+  plist::Dictionary described = *plist::storable(*profile)->dictionary();
+  described.set(prefs::kProfileDescription, description);
+  return write(trigger, described, Existing::Overwrite, preferences::ProfileStep::Save);
 }
 
 Attempt<Done> Profiles::write(const Trigger& trigger, const plist::Dictionary& profile,

@@ -36,6 +36,8 @@ class Profiles {
   // Those that can be read, in the order of the pages; each other one is reported.
   Attempt<std::vector<SavedProfile>> list();
   Attempt<plist::Dictionary> read(const Trigger& trigger);
+  // What a list says of a profile with these values.
+  static SavedProfile saved(const std::string& path, const plist::Dictionary& profile);
 
   // Saves the settings, and remembers the trigger in them. When the latter fails a file of that
   // name is again what it was; where that fails too the failure is PartlyDone.
@@ -47,6 +49,9 @@ class Profiles {
   Attempt<Done> remove(const Trigger& trigger, Folders folders);
   // Binds a copy of one's profile to another trigger.
   Attempt<Done> copy(const Trigger& from, const Trigger& to, Existing existing);
+
+  // Gives it another description, which may be empty; its other values stay.
+  Attempt<Done> describe(const Trigger& trigger, const std::string& description);
 
   // What a load would change in the settings; what differs between two profiles. Numbers are
   // compared by value.

@@ -146,9 +146,10 @@ struct RowView {
   // Nothing.
   std::string shown;
   plist::Value standard;  // the row's default, as its control would show it; Nothing without one
-  bool changed = false;   // it is a setting, and shows something else than its default
-  std::string footer;     // of a group
-  double height = 0;      // 0: the face's own
+  std::string standardShown;  // the same, human-readable
+  bool changed = false;       // it is a setting, and shows something else than its default
+  std::string footer;         // of a group
+  double height = 0;          // 0: the face's own
   bool destructive = false;
 
   bool built = false;
@@ -215,6 +216,7 @@ struct PageView {
   std::map<int, TableRowView> tableRows;  // those on screen, counted over all sections
   ChoiceList choices;                     // null on a page of colors
   int chosen = -1;                        // the ticked choice; -1: none, or not a list of choices
+  bool stores = false;                    // choosing one of the choices changes a setting
   // The row that opened a page of colors, with the color that is chosen now.
   std::optional<RowView> opener;
 

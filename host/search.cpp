@@ -1,6 +1,7 @@
 #include "host/search.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "host/closest.h"
 #include "host/color_choice.h"
@@ -14,6 +15,7 @@ constexpr std::string_view kProfilesPage = "ProfilesListController";
 enum Weight {
   kPage = 110,
   kLabel = 100,
+  kGroup = 90,
   kKey = 80,
   kChoice = 70,
   kRow = 60,
@@ -50,113 +52,124 @@ std::vector<std::string> wordsOf(std::string_view text) {
   return words;
 }
 
+// A user who is still typing.
+bool beginsWithTypo(const std::string& typed, const std::string& word) {
+  for (std::size_t length = typed.size() - 1; length <= typed.size() + 1; ++length)
+    if (length < word.size() && typosBetween(typed, word.substr(0, length)) <= 1) return true;
+  return false;
+}
+
 // Of 100.
 int likeness(const std::string& typed, const std::string& word) {
   if (word == typed) return 100;
   if (word.starts_with(typed)) return 80;
   if (typed.size() > 2 && word.find(typed) != std::string::npos) return 60;
   const std::size_t allowed = typed.size() < 4 ? 0 : typed.size() < 8 ? 1 : 2;
-  if (allowed == 0 || word.size() > typed.size() + allowed) return 0;
-  return typosBetween(typed, word) <= allowed ? 50 : 0;
+  if (allowed == 0) return 0;
+  if (word.size() <= typed.size() + allowed && typosBetween(typed, word) <= allowed) return 50;
+  return beginsWithTypo(typed, word) ? 40 : 0;
 }
 
-struct Field {
-  std::string_view text;
-  Weight weight;
-};
-
-class Search {
- public:
-  explicit Search(std::string_view words) : typed_(wordsOf(words)) {}
-
-  void offer(SearchHit hit, std::initializer_list<Field> fields) {
-    std::vector<std::pair<std::string, Weight>> words;
-    for (const Field& field : fields)
-      for (std::string& word : wordsOf(field.text))
-        words.emplace_back(std::move(word), field.weight);
-    int sum = 0;
-    bool itself = false;  // something besides what leads to it matches
-    for (const std::string& typed : typed_) {
-      int best = 0;
-      for (const auto& [word, weight] : words) {
-        const int score = likeness(typed, word) * weight;
-        if (score > 0 && weight != kContext && weight != kRow) itself = true;
-        best = std::max(best, score);
-      }
-      if (best == 0) return;
-      sum += best;
+// Of 100, for the entry; 0 where a word has no match, or only in what leads to it.
+int scoreOf(const std::vector<std::string>& typed, const std::vector<SearchIndex::Word>& words) {
+  int sum = 0;
+  bool itself = false;
+  for (const std::string& wanted : typed) {
+    int best = 0;
+    for (const auto& [word, weight] : words) {
+      const int score = likeness(wanted, word) * weight;
+      if (score > 0 && weight != kContext && weight != kRow) itself = true;
+      best = std::max(best, score);
     }
-    if (itself) found_.push_back({sum, std::move(hit)});
+    if (best == 0) return 0;
+    sum += best;
   }
-
-  std::vector<SearchHit> hits() && {
-    std::ranges::stable_sort(found_, std::ranges::greater(), &Found::score);
-    std::vector<SearchHit> hits;
-    for (Found& found : found_) hits.push_back(std::move(found.hit));
-    return hits;
-  }
-
- private:
-  struct Found {
-    int score;
-    SearchHit hit;
-  };
-  std::vector<std::string> typed_;
-  std::vector<Found> found_;
-};
+  return itself ? sum : 0;
+}
 
 std::string under(const std::string& place, const std::string& name) {
   if (place.empty() || name.empty()) return place + name;
   return place + std::string(kSeparator) + name;
 }
 
-const std::vector<std::string>& titlesOf(const RowView& row,
-                                         const std::vector<std::string>& colors) {
-  static const std::vector<std::string> kNone;
-  if (row.kind == RowKind::Color) return colors;
-  if (auto* segments = std::get_if<SegmentsView>(&row.control)) return segments->choices->titles;
-  if (auto* link = std::get_if<LinkView>(&row.control); link && link->choices)
-    return link->choices->titles;
-  return kNone;
+}  // namespace
+
+struct SearchIndex::Field {
+  std::string_view text;
+  Weight weight;
+};
+
+void SearchIndex::add(SearchHit hit, std::initializer_list<Field> fields) {
+  std::vector<Word> words;
+  for (const auto& [text, weight] : fields)
+    for (std::string& word : wordsOf(text)) words.push_back({std::move(word), weight});
+  entries_.push_back({std::move(hit), std::move(words)});
 }
 
-void offerRows(Search& search, const PageView& page, const std::vector<std::string>& colors) {
+void SearchIndex::addChoices(const PageView& page, const RowView& row, const std::string& place) {
+  static const preferences::Choices kColors = colorChoices();
+  const std::string& name = row.label.empty() ? row.id : row.label;
+  const std::string rowPlace = under(place, name);
+  const preferences::Choices* choices = nullptr;
+  if (row.kind == RowKind::Color)
+    choices = &kColors;
+  else if (auto* segments = std::get_if<SegmentsView>(&row.control))
+    choices = segments->choices.get();
+  else if (auto* link = std::get_if<LinkView>(&row.control))
+    choices = link->choices.get();
+  if (!choices) return;
+  for (std::size_t i = 0; i < choices->titles.size(); ++i) {
+    const std::string& title = choices->titles[i];
+    const std::string* color = row.kind == RowKind::Color ? choices->values[i].text() : nullptr;
+    add({page.pageClass, row.id, title, rowPlace},
+        {{title, kChoice}, {color ? *color : "", kKey}, {name, kRow}, {place, kContext}});
+  }
+}
+
+void SearchIndex::addRows(const PageView& page) {
   std::string group, footer;
   for (const RowView& row : page.rows) {
     if (row.kind == RowKind::Group) {
       group = row.label;
       footer = row.footer;
+      if (!group.empty())
+        add({page.pageClass, row.id, group, page.title},
+            {{group, kGroup}, {row.id, kFooter}, {page.title, kContext}});
       continue;
     }
     const std::string place = under(page.title, group);
     const std::string name = row.label.empty() ? row.id : row.label;
-    search.offer({page.pageClass, row.id, name, place},
-                 {{name, kLabel}, {row.id, kKey}, {footer, kFooter}, {place, kContext}});
-    const std::string rowPlace = under(place, name);
-    for (const std::string& title : titlesOf(row, colors))
-      search.offer({page.pageClass, row.id, title, rowPlace},
-                   {{title, kChoice}, {name, kRow}, {place, kContext}});
+    add({page.pageClass, row.id, name, place},
+        {{name, kLabel}, {row.id, kKey}, {footer, kFooter}, {place, kContext}});
+    addChoices(page, row, place);
   }
 }
 
-}  // namespace
-
-std::vector<SearchHit> search(const std::vector<PageView>& pages,
-                              const std::vector<SavedProfile>& profiles, std::string_view words) {
-  Search search(words);
-  const std::vector<std::string> colors = colorChoices().titles;
+SearchIndex::SearchIndex(const std::vector<PageView>& pages,
+                         const std::vector<SavedProfile>& profiles) {
   for (const PageView& page : pages) {
     if (!page.title.empty())
-      search.offer({page.pageClass, "", page.title, "Page"},
-                   {{page.title, kPage}, {page.pageClass, kFooter}});
-    offerRows(search, page, colors);
+      add({page.pageClass, "", page.title, "Page"},
+          {{page.title, kPage}, {page.pageClass, kFooter}});
+    addRows(page);
   }
   for (const SavedProfile& profile : profiles) {
     const std::string title = profile.longTitle();
-    search.offer({std::string(kProfilesPage), profile.path, title, "Saved Profiles"},
-                 {{title, kLabel}, {profile.path, kFooter}, {"Saved Profile", kContext}});
+    add({std::string(kProfilesPage), profile.path, title, "Saved Profiles"},
+        {{title, kLabel}, {profile.path, kFooter}, {"Saved Profile", kContext}});
   }
-  return std::move(search).hits();
+}
+
+std::vector<SearchHit> SearchIndex::find(std::string_view words) const {
+  const std::vector<std::string> typed = wordsOf(words);
+  std::vector<std::pair<int, const SearchHit*>> found;
+  for (const Entry& entry : entries_)
+    if (const int score = scoreOf(typed, entry.words); score > 0)
+      found.emplace_back(score, &entry.hit);
+  std::ranges::stable_sort(found, std::ranges::greater(), &std::pair<int, const SearchHit*>::first);
+  std::vector<SearchHit> hits;
+  for (const auto& [score, hit] : found) hits.push_back(*hit);
+  return hits;
 }
 
 }  // namespace host

@@ -18,7 +18,8 @@ SeenDifference seenIn(const preferences::PSSpecifier& row, const prefs::Differen
   const plist::Value standard = preferences::defaultValue(row.properties());
   const plist::Value from = difference.from.value_or(standard);
   const plist::Value to = difference.to.value_or(standard);
-  return {difference.key, shownText(row, from), shownText(row, to), !sameShown(row, from, to)};
+  return {difference.key, shownText(row, from), shownText(row, to), !sameShown(row, from, to),
+          row.name().empty() ? row.identifier() : row.name()};
 }
 
 }  // namespace
@@ -32,7 +33,8 @@ std::vector<SeenDifference> seenDifferences(Settings& settings,
     if (row)
       seen.push_back(seenIn(*row, difference));
     else
-      seen.push_back({difference.key, rawText(difference.from), rawText(difference.to)});
+      seen.push_back(
+          {difference.key, rawText(difference.from), rawText(difference.to), true, difference.key});
   }
   return seen;
 }

@@ -12,6 +12,7 @@ struct SeenDifference {
   std::string key;
   std::string from, to;  // what the key's row shows; in place of an absent value, its default
   bool seen = true;      // it shows something else; of a key without a row, always
+  std::string label{};   // of the row; of a key without one, the key
 };
 
 // In the same order.

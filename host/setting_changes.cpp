@@ -105,7 +105,7 @@ Attempt<std::vector<SettingView>> Settings::toReset(const Scope& scope) {
 
 // A page's rules dim rows for its user; a row that is dimmed has a default all the same.
 Attempt<Done> Settings::resetAll(const std::vector<SettingView>& settings) {
-  for (const auto& [pageClass, title, row, standard] : settings) {
+  for (const auto& [pageClass, title, row] : settings) {
     const auto application = open(pageClass);
     if (!application) return application.error();
     if (row.kind == RowKind::Color) {

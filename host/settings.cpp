@@ -121,9 +121,8 @@ Attempt<SettingView> Settings::describe(std::string_view key) {
   const auto row = (*application)->row(std::string(setting->id()));
   if (!row) return failureOf(row.error());
   RowView view = describeRow(*(*application)->shownList(), **row);
-  std::string standard = shownText(**row, view.standard);
   return SettingView{std::string(setting->page->name), (*application)->shownPage()->title,
-                     std::move(view), std::move(standard)};
+                     std::move(view)};
 }
 
 const preferences::PSSpecifier* Settings::row(std::string_view key, Pages& pages) {
@@ -147,7 +146,7 @@ Attempt<std::vector<SettingView>> Settings::list() {
     for (const RowView& row : page.rows) {
       const auto isSame = [&](const SettingView& known) { return known.row.key == row.key; };
       if (!row.key.empty() && std::ranges::none_of(settings, isSame))
-        settings.push_back({page.pageClass, page.title, row, {}});
+        settings.push_back({page.pageClass, page.title, row});
     }
   return settings;
 }

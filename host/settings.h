@@ -28,7 +28,6 @@ class Application;
 struct SettingView {
   std::string pageClass, pageTitle;
   RowView row;
-  std::string standardShown{};  // the default, human-readable; filled in by describe()
 };
 
 // The settings by their keys and pages, without a user at a screen: pages are opened, and rows are

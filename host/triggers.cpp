@@ -9,19 +9,19 @@
 namespace host {
 namespace {
 
-bool isProfilePath(std::string_view text) {
-  if (!text.starts_with(prefs::kDocuments)) return false;
-  const std::string_view name = text.substr(prefs::kDocuments.size());
-  return name.find('/') == std::string_view::npos &&
-         foundation::pathExtension(name) == prefs::kProfileExtension;
-}
-
 bool isLevel(const Trigger& trigger, std::string_view text) {
   const bool percent = text.ends_with('%') && trigger.title.ends_with('%');
   return percent && text.substr(0, text.size() - 1) == trigger.profileID;
 }
 
 }  // namespace
+
+bool isProfilePath(std::string_view text) {
+  if (!text.starts_with(prefs::kDocuments)) return false;
+  const std::string_view name = text.substr(prefs::kDocuments.size());
+  return name.find('/') == std::string_view::npos &&
+         foundation::pathExtension(name) == prefs::kProfileExtension;
+}
 
 std::vector<Trigger> triggers() {
   std::vector<Trigger> all;

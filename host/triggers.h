@@ -18,6 +18,9 @@ struct Trigger {
 
 std::vector<Trigger> triggers();
 
+// Whether a profile's file may be there: one of the profile folder, with its extension.
+bool isProfilePath(std::string_view text);
+
 // By its ID ("55", "101"), its title in any case ("charging started"), its level ("55%") or the
 // path of its profile.
 std::optional<Trigger> findTrigger(std::string_view text);

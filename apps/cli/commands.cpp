@@ -26,7 +26,8 @@ constexpr Command kCommands[] = {
      .arguments = {{"CLASS", "The page's class or its title", Words::Pages}},
      .example = "page \"Power Saving\""},
     {.name = "search",
-     .description = "Find rows, choices, pages and profiles",
+     .description =
+         "Find what quorvantis-settings --page CLASS --row ID shows, choices and profiles",
      .run = search,
      .arguments = {{"WORD", "What to look for; each word has to match", Words::Any,
                     Argument::OnceOrMore}},

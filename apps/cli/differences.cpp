@@ -18,7 +18,7 @@ void printSeen(Session& session, const Differences& differences, bool stored) {
   const auto seen = host::seenDifferences(settings, differences);
   std::size_t alike = 0;
   for (std::size_t i = 0; i < seen.size(); ++i) {
-    const auto& [key, from, to, isSeen] = seen[i];
+    const auto& [key, from, to, isSeen, label] = seen[i];
     if (isSeen) session.print(key + ": " + orQuotes(from) + " -> " + orQuotes(to));
     if (isSeen) continue;
     ++alike;

@@ -103,7 +103,7 @@ Outcome<Done> search(Session& session, const Arguments& arguments) {
   std::string words;
   for (const std::string& word : arguments.words) words += word + " ";
   Listing listing;
-  for (const auto& [pageClass, id, label, where] : host::search(*pages, *profiles, words))
+  for (const auto& [pageClass, id, label, where] : host::SearchIndex(*pages, *profiles).find(words))
     listing.add({{"class", pageClass}, {"id", id}, {"label", label}, {"where", where}},
                 {label, id, where});
   session.print(listing);

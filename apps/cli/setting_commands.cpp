@@ -45,7 +45,7 @@ Listing descriptionOf(const host::SettingView& setting, const std::string& kind,
     listing.addMember("maximum", double{slider->maximum}, host::numberText(slider->maximum));
   }
   if (choices) listing.addMember("choices", choicesJson(*choices), choicesText(*choices));
-  listing.addMember("default", toJson(row.standard), setting.standardShown);
+  listing.addMember("default", toJson(row.standard), row.standardShown);
   listing.addMember("value", toJson(row.value), row.shown);
   if (row.whyNot) {
     const Json by = row.whyNot->by.empty() ? Json() : Json(row.whyNot->by);
@@ -128,7 +128,7 @@ Outcome<Done> listSettings(Session& session, const Arguments& arguments) {
   const auto settings = session.settings().list();
   if (!settings) return failureOf(settings.error());
   Listing listing;
-  for (const auto& [pageClass, title, row, standard] : *settings) {
+  for (const auto& [pageClass, title, row] : *settings) {
     if (arguments.has("--changed") && !row.changed) continue;
     listing.add({{"key", row.key},
                  {"value", toJson(row.value)},

@@ -66,6 +66,9 @@ int run(const window::Options& options) {
   application.record(device.backups());
   if (const auto launched = application.perform(host::Launch{options.page}); !launched)
     return complain(kNoPage, launched.error().message);
+  if (!options.row.empty())
+    if (const auto row = application.row(options.row); !row)
+      return complain(kNoPage, row.error().message);
 
   const std::string folder = options.device.state.value_or(std::string());
   const auto before = host::readWindowState(folder);
@@ -76,6 +79,7 @@ int run(const window::Options& options) {
                            [&](const host::Problem& problem) { settings.withdraw(problem); });
   settings.attach(device);
   settings.followDesktop();
+  if (!options.row.empty()) settings.showRow(options.row);
   const int code = QGuiApplication::exec();
   remember(settings, folder);
   device.setProblemHandler({});

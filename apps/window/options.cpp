@@ -16,18 +16,20 @@ host::Refusal wrongUse(const QString& message) {
 }  // namespace
 
 const char* const kUsage =
-    "usage: quorvantis-settings [--root DIR] [--contacts DIR] [--page CLASS]\n"
+    "usage: quorvantis-settings [--root DIR] [--contacts DIR] [--page CLASS] [--row ID]\n"
     "\n"
     "  --root DIR      the device root (else QUORVANTIS_ROOT, else $XDG_DATA_HOME/quorvantis)\n"
     "  --contacts DIR  another vCard folder\n"
     "  --page CLASS    another page in place of the first (\"quorvantis pages\" lists them)\n"
+    "  --row ID        scrolls to that row of the page and marks it (\"quorvantis search\" finds "
+    "it)\n"
     "  --help          this text\n";
 
 host::Outcome<Options> readOptions(const QStringList& arguments) {
   const QCommandLineOption help(QStringList{"h", "help"}), root("root", {}, "DIR"),
-      contacts("contacts", {}, "DIR"), page("page", {}, "CLASS");
+      contacts("contacts", {}, "DIR"), page("page", {}, "CLASS"), row("row", {}, "ID");
   QCommandLineParser parser;
-  parser.addOptions({help, root, contacts, page});
+  parser.addOptions({help, root, contacts, page, row});
   if (!parser.parse(arguments)) return wrongUse(parser.errorText());
   if (!parser.positionalArguments().isEmpty())
     return wrongUse("unexpected argument '" + parser.positionalArguments().first() + "'.");
@@ -41,6 +43,7 @@ host::Outcome<Options> readOptions(const QStringList& arguments) {
   if (options.device.root.empty()) return wrongUse("no device root: use --root DIR.");
   if (parser.isSet(contacts)) options.device.contacts = parser.value(contacts).toStdString();
   options.page = parser.value(page).toStdString();
+  options.row = parser.value(row).toStdString();
   return options;
 }
 

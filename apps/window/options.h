@@ -12,6 +12,7 @@ struct Options {
   host::DeviceOptions device;
   bool help = false;
   std::string page;  // a class; empty: the bundle's first page
+  std::string row;   // an id: of the row to show; empty: none
 };
 
 extern const char* const kUsage;

@@ -1,12 +1,15 @@
 #include "apps/window/page_model.h"
 
 #include "apps/window/settings_bridge.h"
+#include "apps/window/tools.h"
+#include "host/triggers.h"
 
 namespace window {
 
 PageModel::PageModel(SettingsBridge& bridge, std::uint64_t number)
     : QObject(&bridge), bridge_(bridge) {
   view_.number = number;
+  connect(&bridge, &SettingsBridge::toolsChanged, this, &PageModel::toolsChanged);
 }
 
 void PageModel::refresh(const host::PageView& view, const QString& backTitle, bool shown) {
@@ -14,7 +17,7 @@ void PageModel::refresh(const host::PageView& view, const QString& backTitle, bo
   if (shown)
     view_ = view;
   else
-    view_.title = view.title;
+    view_.title = view.title, view_.pageClass = view.pageClass;
   if (view_.title != before.title || view_.barButton != before.barButton ||
       backTitle != backTitle_) {
     backTitle_ = backTitle;
@@ -33,6 +36,19 @@ void PageModel::refresh(const host::PageView& view, const QString& backTitle, bo
   if (swatches_) swatches_->refresh(view);
   if (isNew || view.error != before.error) emit kindChanged();
   if (view.opener != before.opener) emit previewChanged();
+}
+
+Tools* PageModel::tools() const {
+  return bridge_.tools();
+}
+
+void PageModel::mark(int row) {
+  // A mark that has faded is made anew.
+  for (const int marked : {-1, row}) {
+    marked_ = marked;
+    emit markedChanged();
+  }
+  emit rowWanted(row);
 }
 
 bool PageModel::isShown() const {
@@ -117,6 +133,12 @@ void PageModel::drag(int tag, double value, bool release) {
 
 void PageModel::tapBarButton() {
   perform(host::Bar{});
+}
+
+QString PageModel::profileAt(int choice) const {
+  if (!view_.choices || choice < 0 || choice >= std::ssize(view_.choices->values)) return {};
+  const std::string* path = view_.choices->values[choice].text();
+  return path && host::isProfilePath(*path) ? toQString(*path) : QString();
 }
 
 void PageModel::viewGone() {

@@ -13,16 +13,21 @@
 namespace window {
 
 class SettingsBridge;
+class Tools;
 
 // One page on the stack: what QML shows of it, and what the user does to it. Only the shown page
 // can be operated; one that slides away keeps its look and does nothing.
 class PageModel : public QObject {
   Q_OBJECT
+  Q_MOC_INCLUDE("apps/window/tools.h")
   QML_ELEMENT
   QML_UNCREATABLE("belongs to the application")
   Q_PROPERTY(QString title READ title NOTIFY changed)
   Q_PROPERTY(QString backTitle READ backTitle NOTIFY changed)
   Q_PROPERTY(QString barButton READ barButton NOTIFY changed)  // what the right one is called
+  Q_PROPERTY(QString pageClass READ pageClass NOTIFY changed)
+  Q_PROPERTY(window::Tools* tools READ tools NOTIFY toolsChanged)  // null: none
+  Q_PROPERTY(int marked READ marked NOTIFY markedChanged)  // the row that was looked for; -1: none
   // What kind of page it is: one that can't be shown, with the reason, or one of three models.
   Q_PROPERTY(QString error READ error NOTIFY kindChanged)
   Q_PROPERTY(window::RowModel* rows READ rows NOTIFY kindChanged)
@@ -45,6 +50,11 @@ class PageModel : public QObject {
   SwatchModel* swatches() const { return swatches_; }
   Row preview() const { return view_.opener ? Row(*view_.opener) : Row(); }
 
+  QString pageClass() const { return toQString(view_.pageClass); }
+  Tools* tools() const;
+  int marked() const { return marked_; }
+  void mark(int row);
+
   std::uint64_t number() const { return view_.number; }
   // A page below the shown one has a title only.
   void refresh(const host::PageView& view, const QString& backTitle, bool shown);
@@ -57,7 +67,7 @@ class PageModel : public QObject {
   Q_INVOKABLE void takeWayOut(int row);  // turns the switch that dims it
   Q_INVOKABLE void setOn(int row, bool on);
   Q_INVOKABLE void setNumber(int row, double number, bool held = false);  // held: by a drag
-  Q_INVOKABLE void release();  // ends the drag of a row's slider
+  Q_INVOKABLE void release();                                     // ends the drag of a row's slider
   Q_INVOKABLE bool setTypedNumber(int row, const QString& text);  // false: not a number in range
   Q_INVOKABLE void setText(int row, const QString& text);
   Q_INVOKABLE void choose(int row, int choice);  // on a page of rows
@@ -65,6 +75,10 @@ class PageModel : public QObject {
   // Moves the slider of that tag on a page of colors; nothing is stored before its release.
   Q_INVOKABLE void drag(int tag, double value, bool release);
   Q_INVOKABLE void tapBarButton();
+  // On a page of choices: the path of the profile that a choice is, else empty; and whether
+  // choosing one changes a setting.
+  Q_INVOKABLE QString profileAt(int choice) const;
+  Q_INVOKABLE bool stores() const { return view_.stores; }
   // The view of a page that was left is destroyed.
   Q_INVOKABLE void viewGone();
 
@@ -74,6 +88,8 @@ class PageModel : public QObject {
   void previewChanged();
   void scrollWanted(int first);  // the view brings this entry to its top
   void rowWanted(int row);       // the view brings this one on screen
+  void toolsChanged();
+  void markedChanged();
 
  private:
   bool isShown() const;
@@ -87,6 +103,7 @@ class PageModel : public QObject {
   RowModel* rows_ = nullptr;
   ChoiceModel* choices_ = nullptr;
   SwatchModel* swatches_ = nullptr;
+  int marked_ = -1;
   int viewport_ = 0;
   bool left_ = false;
 };

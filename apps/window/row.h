@@ -23,6 +23,10 @@ struct Row {
   Q_PROPERTY(QString footer MEMBER footer)
   Q_PROPERTY(bool first MEMBER first)
   Q_PROPERTY(bool last MEMBER last)
+  Q_PROPERTY(QString key MEMBER key)
+  Q_PROPERTY(QString shown MEMBER shown)
+  Q_PROPERTY(QString standard MEMBER standard)
+  Q_PROPERTY(bool resettable MEMBER resettable)
   Q_PROPERTY(double height MEMBER height)
   Q_PROPERTY(bool built MEMBER built)
   Q_PROPERTY(bool usable MEMBER usable)
@@ -62,9 +66,12 @@ struct Row {
   QString wayOut;                    // what would help: "Switch on Flash LED"; else empty
   QString footer;                    // of the group that ends with this row
   bool first = false, last = false;  // of its group
+  QString key;                       // of the setting; empty where it is none
+  QString shown, standard;           // its value and its default, human-readable
+  bool changed = false;              // it differs from its default
+  bool resettable = false;           // it does, and can be given that
   double height = 0;                 // 0: the window's own
   bool built = false, usable = true;
-  bool changed = false;  // shows something else than its default
   double opacity = 1;
   bool opens = false;  // leads to another page
   bool ticked = false, destructive = false;

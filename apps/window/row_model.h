@@ -34,6 +34,7 @@ class RowModel : public QAbstractListModel {
   QVariant data(const QModelIndex& index, int role) const override;
   QHash<int, QByteArray> roleNames() const override;
 
+  Q_INVOKABLE window::Row row(int index) const { return rows_.at(index); }
   // The nearest row after `index`, or before it with a direction of -1, that takes the keyboard;
   // -1 when there is none.
   Q_INVOKABLE int nextStop(int index, int direction) const;

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "apps/window/tools.h"
 #include "host/describe.h"
 
 namespace window {
@@ -82,6 +83,11 @@ void SettingsBridge::showAlerts(const std::vector<host::AlertView>& views) {
   for (AlertModel* alert : gone) alert->leave();
   for (AlertModel* alert : alerts_.mid(kept)) emit alertShown(alert);
   if (!gone.isEmpty() || alerts_.size() > kept) emit alertChanged();
+}
+
+void SettingsBridge::setTools(Tools* tools) {
+  tools_ = tools;
+  emit toolsChanged();
 }
 
 void SettingsBridge::announce() {

@@ -17,6 +17,7 @@ namespace window {
 // problems to report. It shows what describe() yields; all that the user does is one request.
 class SettingsBridge : public QObject {
   Q_OBJECT
+  Q_MOC_INCLUDE("apps/window/tools.h")
   QML_ELEMENT
   QML_UNCREATABLE("made by the program")
   Q_PROPERTY(window::PageModel* shown READ shown NOTIFY shownChanged)
@@ -26,6 +27,7 @@ class SettingsBridge : public QObject {
   // The first page where it only leads to others, so that it can stand beside them; else null.
   Q_PROPERTY(window::PageModel* contents READ contents NOTIFY shownChanged)
   Q_PROPERTY(int opened READ opened NOTIFY shownChanged)  // its row that leads here; -1: none
+  Q_PROPERTY(window::Tools* tools READ tools NOTIFY toolsChanged)  // null: none
   Q_PROPERTY(QStringList problems READ problems NOTIFY problemsChanged)
 
  public:
@@ -40,6 +42,8 @@ class SettingsBridge : public QObject {
   PageModel* contents() const;
   int opened() const { return opened_; }
   std::string openedId() const;
+  Tools* tools() const { return tools_; }
+  void setTools(Tools* tools);
   QStringList problems() const;
 
   void refresh();  // something on screen may have changed
@@ -63,6 +67,7 @@ class SettingsBridge : public QObject {
   void alertShown(window::AlertModel* alert);
   void alertChanged();
   void problemsChanged();
+  void toolsChanged();
 
  private:
   void show(const host::Scene& scene);
@@ -75,6 +80,7 @@ class SettingsBridge : public QObject {
   host::Application& application_;
   RecoveryModel recovery_;
   UndoModel undo_;
+  Tools* tools_ = nullptr;
   QList<PageModel*> pages_;
   QList<AlertModel*> alerts_;
   std::vector<host::Problem> problems_;

@@ -7,6 +7,9 @@
 
 #include "apps/window/icons.h"
 
+#include "apps/window/tools.h"
+#include "host/go_to.h"
+
 void qml_register_types_Quorvantis_Settings();
 
 namespace window {
@@ -43,6 +46,7 @@ SettingsWindow::SettingsWindow(host::Application& application, QtMainQueue& queu
 }
 
 void SettingsWindow::attach(host::Device& device) {
+  bridge_.setTools(new Tools(bridge_, application_, device));
   bridge_.recovery()->setDevice(&device);
   bridge_.undo()->setDevice(&device);
   following_ = std::make_unique<host::Following>(device.environment(), application_);
@@ -55,6 +59,11 @@ void SettingsWindow::attach(host::Device& device) {
 void SettingsWindow::takeFont() {
   if (QQuickWindow* shown = quickWindow())
     setFamily(shown->contentItem(), QGuiApplication::font().family());
+}
+
+void SettingsWindow::showRow(const std::string& id) {
+  const std::string page(application_.shownPage()->className());
+  if (const auto row = host::goTo(application_, page, id)) bridge_.shown()->mark(*row);
 }
 
 void SettingsWindow::report(const host::Problem& problem) {

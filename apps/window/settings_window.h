@@ -28,9 +28,10 @@ class SettingsWindow : public QObject {
 
   SettingsBridge& bridge() { return bridge_; }
   // From now on it shows what other processes change on this device, which has to outlive it, and
-  // offers to undo, and ways out where its settings can't be read.
+  // offers to undo, ways out where its settings can't be read, and its tools.
   void attach(host::Device& device);
   Desktop& desktop() { return desktop_; }
+  void showRow(const std::string& id);  // scrolls to that row of the shown page and marks it
   // Reports a problem to the application; may be called from any thread while the window exists.
   void report(const host::Problem& problem);
   void withdraw(const host::Problem& problem);  // once it has gone

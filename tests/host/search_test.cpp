@@ -14,6 +14,7 @@ host::RowView row(std::string id, std::string label) {
 host::RowView group(std::string label, std::string footer = "") {
   host::RowView view;
   view.kind = host::RowKind::Group;
+  view.id = label.empty() ? "" : "radiosgroup";
   view.label = std::move(label);
   view.footer = std::move(footer);
   return view;
@@ -31,8 +32,8 @@ std::vector<host::PageView> pages() {
   host::PageView power;
   power.pageClass = "Power";
   power.title = "Power Saving";
-  power.rows = {group("Brightness", "Sets the screen."), row("custbright", "Brightness (%)"),
-                group("Radios"), choices("wifi", "Wi-Fi", {"Leave", "Off"}),
+  power.rows = {group("", "Sets the screen."), row("custbright", "Brightness (%)"), group("Radios"),
+                choices("wifi", "Wi-Fi", {"Leave", "Off"}),
                 choices("vpn", "VPN", {"Leave", "Off"})};
   host::PageView extras;
   extras.pageClass = "Extras";
@@ -46,7 +47,7 @@ std::vector<std::string> found(std::string_view words) {
   const host::SavedProfile night{
       .path = "/p/profile_20.qvx", .trigger = "20", .title = "Battery 20%", .description = "Night"};
   std::vector<std::string> texts;
-  for (const auto& [page, id, label, where] : host::search(pages(), {night}, words))
+  for (const auto& [page, id, label, where] : host::SearchIndex(pages(), {night}).find(words))
     texts.push_back(page + " " + id + " " + label + " | " + where);
   return texts;
 }
@@ -54,7 +55,7 @@ std::vector<std::string> found(std::string_view words) {
 using Texts = std::vector<std::string>;
 
 TEST(Search, FindsRowsByLabelKeyAndFooter) {
-  const Texts brightness = {"Power custbright Brightness (%) | Power Saving > Brightness"};
+  const Texts brightness = {"Power custbright Brightness (%) | Power Saving"};
   EXPECT_EQ(found("brightness"), brightness);
   EXPECT_EQ(found("custbright"), brightness);
   EXPECT_EQ(found("screen"), brightness);
@@ -86,8 +87,30 @@ TEST(Search, EachWordHasToMatch) {
   EXPECT_TRUE(found("").empty());
 }
 
-TEST(Search, WhatOnlyLeadsToARowIsNotAHit) {
-  EXPECT_EQ(found("radios"), Texts());
+TEST(Search, WhatLeadsToARowIsAHitItselfAndNotTheRow) {
+  EXPECT_EQ(found("radios"), Texts{"Power radiosgroup Radios | Power Saving"});
+}
+
+TEST(Search, AColorIsFoundByItsDigits) {
+  EXPECT_EQ(found("#007aff"), Texts{"Extras banner System Blue | Extras > Alert Banner"});
+  EXPECT_EQ(found("007AFF"), found("#007aff"));
+}
+
+TEST(Search, ATypoIsForgivenWhileALongWordIsStillTyped) {
+  EXPECT_EQ(found("birgh"), Texts{"Power custbright Brightness (%) | Power Saving"});
+  EXPECT_TRUE(found("bxxgh").empty()) << "two";
+}
+
+TEST(Search, ALabelComesBeforeAChoiceAndAFooter) {
+  host::PageView page;
+  page.pageClass = "P";
+  page.rows = {group("", "Sets the volume."), choices("a", "First", {"Volume"}),
+               row("b", "Ringer volume")};
+  const auto hits = host::SearchIndex({page}, {}).find("volume");
+  ASSERT_EQ(hits.size(), 3u);
+  EXPECT_EQ(hits[0].label, "Ringer volume");
+  EXPECT_EQ(hits[1].label, "Volume");
+  EXPECT_EQ(hits[2].label, "First");
 }
 
 }  // namespace

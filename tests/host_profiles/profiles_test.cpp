@@ -53,6 +53,17 @@ TEST_F(HostProfiles, SavesAndRemembers) {
   EXPECT_EQ(failureOf(profiles.save(trigger("20"), Existing::Keep)).reason, Failure::Exists);
 }
 
+TEST_F(HostProfiles, ADescriptionIsReplacedAndAllElseStays) {
+  device.store("wifi", 2);
+  ASSERT_TRUE(profiles.save(trigger("20"), Existing::Keep));
+  plist::Dictionary expected = device.profile("20");
+  expected.set("profiledescription", "Night");
+  ASSERT_TRUE(profiles.describe(trigger("20"), "Night"));
+  EXPECT_TRUE(Value(device.profile("20")) == Value(expected));
+  EXPECT_EQ(failureOf(profiles.describe(trigger("21"), "Night")).reason, Failure::NotFound);
+  EXPECT_TRUE(file("21").empty());
+}
+
 TEST_F(HostProfiles, ASaveWritesTheDomainOnceAfterTheFile) {
   seed::profile(device, "5");
   device.store("wifi", 2);

@@ -59,10 +59,22 @@ TEST_F(Program, HelpNamesTheOptions) {
 
 TEST_F(Program, WrongUseIsReportedInOneLine) {
   for (const QStringList& arguments :
-       {QStringList{"--bogus"}, {"surplus"}, {"--root"}, {"--page"}}) {
+       {QStringList{"--bogus"}, {"surplus"}, {"--root"}, {"--page"}, {"--row"}}) {
     EXPECT_EQ(run(arguments), 2) << arguments.join(' ').toStdString();
     EXPECT_THAT(error, testing::MatchesRegex("quorvantis-settings: [^\n]+\n"));
   }
+}
+
+TEST_F(Program, HelpNamesTheRowToShow) {
+  EXPECT_EQ(run({"--help"}), 0);
+  EXPECT_THAT(out,
+              testing::AllOf(testing::HasSubstr("--page CLASS"), testing::HasSubstr("--row ID")));
+}
+
+TEST_F(Program, AnUnknownRowIsReported) {
+  environment.insert("QT_QPA_PLATFORM", "offscreen");
+  EXPECT_EQ(run({"--page", "SoundsListController", "--row", "nosuchrow"}), 3);
+  EXPECT_EQ(error, "quorvantis-settings: no row \"nosuchrow\"\n");
 }
 
 TEST_F(Program, HasNoOptionsToOperateIt) {

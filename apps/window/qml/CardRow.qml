@@ -17,7 +17,7 @@ KeyRow {
 
     // What assistive technology says besides the name.
     readonly property string value: entry.spoken !== "" ? entry.spoken : entry.value
-    readonly property string description: value === "" || entry.reason === "" ? value + entry.reason : value + ", " + entry.reason
+    readonly property string description: joined(joined(value, entry.reason), entry.changed ? qsTr("changed") : "")
     readonly property bool usable: entry.usable
     // What stands beside the label; as dark as that where it is dimmed.
     readonly property color faint: usable ? Theme.secondary : Theme.text
@@ -28,12 +28,22 @@ KeyRow {
         return control ? [usable ? control : dimmed] : [];
     }
 
+    function joined(one: string, other: string): string {
+        return one === "" || other === "" ? one + other : one + ", " + other;
+    }
+
     onUsableChanged: if (activeFocus) take(false)
     // What a row in use has accepted doesn't come here.
     Keys.onReturnPressed: event => {
         event.accepted = entry.wayOut !== "";
         if (event.accepted)
             page.takeWayOut(index);
+    }
+    Keys.onMenuPressed: extras.menu()
+    Keys.onPressed: event => {
+        event.accepted = event.key === Qt.Key_F10 && (event.modifiers & Qt.ShiftModifier);
+        if (event.accepted)
+            extras.menu();
     }
     height: cardHeight + (footer.visible ? footer.height + 8 : 0)
 
@@ -66,11 +76,24 @@ KeyRow {
 
                 anchors.fill: parent
                 opacity: card.usable ? card.entry.opacity : Math.max(card.entry.opacity, Theme.dimmed)
-                enabled: card.usable
+                enabled: card.usable && !extras.holding
             }
         }
         FocusRing {
             of: card
+        }
+        RowExtras {
+            id: extras
+
+            anchors.fill: parent
+            entry: card.entry
+            page: card.page
+            index: card.index
+            control: card.control
+        }
+        TapHandler {
+            acceptedButtons: Qt.RightButton
+            onTapped: extras.menu()
         }
         HoverHandler {
             id: pointer

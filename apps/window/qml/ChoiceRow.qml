@@ -14,13 +14,18 @@ KeyRow {
     readonly property bool first: index === 0
     readonly property bool last: index === ListView.view.count - 1
 
+    readonly property string profile: page.tools ? page.profileAt(choice) : ""  // that it is, if any
+
     function stops(): var {
         return [button];
     }
+
     // Shows again what the page has ticked: it may have refused.
     function pick() {
         page.select(choice);
         button.checked = Qt.binding(() => entry.ticked);
+        if (profile !== "" && !page.stores())
+            page.tools.profileWanted(profile);
     }
 
     height: Math.max(Theme.rowHeight, name.implicitHeight + 20)
@@ -56,7 +61,7 @@ KeyRow {
             anchors.left: parent.left
             anchors.leftMargin: Theme.inset
             anchors.right: parent.right
-            anchors.rightMargin: Theme.inset + Theme.unit(26)
+            anchors.rightMargin: Theme.inset + Theme.unit(26) + (details.visible ? details.width : 0)
             anchors.verticalCenter: parent.verticalCenter
             text: entry.title
             textFormat: Text.PlainText
@@ -68,12 +73,22 @@ KeyRow {
         }
         Tick {
             anchors.right: parent.right
-            anchors.rightMargin: Theme.inset
+            anchors.rightMargin: Theme.inset + (details.visible ? details.width : 0)
             anchors.verticalCenter: parent.verticalCenter
             visible: entry.ticked
         }
         FocusRing {
             of: button
+        }
+        DetailsButton {
+            id: details
+
+            anchors.right: parent.right
+            anchors.rightMargin: 4
+            height: parent.height
+            visible: entry.profile !== ""
+            text: qsTr("Details of %1").arg(entry.title)
+            onClicked: entry.page.tools.profileWanted(entry.profile)
         }
     }
 }

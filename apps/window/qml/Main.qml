@@ -94,7 +94,7 @@ ApplicationWindow {
 
     Shortcut {
         sequences: (window.settings.undo.text === "" ? ["Esc"] : []).concat(["Backspace", "Alt+Left", "Back"])
-        enabled: stack.depth > window.firstDepth && !window.settings.alert
+        enabled: stack.depth > window.firstDepth && !window.settings.alert && tools.open === 0
         onActivated: window.back()
     }
     Shortcut {
@@ -218,6 +218,7 @@ ApplicationWindow {
         anchors.bottomMargin: banners.height + undoBar.height
         focus: true
         clip: true
+        Keys.onPressed: event => event.accepted = depth <= window.firstDepth && tools.type(event.text, event.modifiers)
 
         pushEnter: Transition { NumberAnimation { property: "x"; from: stack.width; to: 0; duration: Theme.slide; easing.type: Easing.OutCubic } }
         pushExit: Transition { NumberAnimation { property: "x"; from: 0; to: -stack.width * 0.3; duration: Theme.slide; easing.type: Easing.OutCubic } }
@@ -225,6 +226,14 @@ ApplicationWindow {
         popExit: Transition { NumberAnimation { property: "x"; from: 0; to: stack.width; duration: Theme.slide; easing.type: Easing.OutCubic } }
     }
 
+    ToolViews {
+        id: tools
+
+        anchors.fill: parent
+        settings: window.settings
+        onLeaving: window.commit()
+        onDone: stack.currentItem.forceActiveFocus()
+    }
     MouseArea {
         anchors.fill: parent
         acceptedButtons: Qt.BackButton

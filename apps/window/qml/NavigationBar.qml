@@ -11,6 +11,7 @@ Rectangle {
     property string actionName   // empty: no button at the right
     readonly property alias action: actionButton
     property bool raised: false  // rows pass below
+    property real extraWidth: 0  // of what stands left of that button
 
     signal back
     signal acted
@@ -18,7 +19,7 @@ Rectangle {
     implicitHeight: Theme.barHeight
     color: raised ? Theme.bar : Theme.background
 
-    readonly property real rightWidth: actionName !== "" ? actionButton.width + 8 : Theme.inset
+    readonly property real rightWidth: (actionName !== "" ? actionButton.width + 8 : extraWidth > 0 ? 6 : Theme.inset) + extraWidth
     readonly property real leftWidth: canGoBack ? backButton.width + 12 : Theme.inset
     // Where both titles don't fit the page's own is the one to keep.
     readonly property bool namesBack: titleSize.advanceWidth + Math.min(backSize.advanceWidth, width * 0.36) + 60 + rightWidth < width

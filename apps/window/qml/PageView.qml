@@ -81,7 +81,17 @@ FocusScope {
         canGoBack: view.canGoBack
         actionName: view.page.barButton
         raised: body.item?.raised ?? false
+        extraWidth: extras.width
         onBack: view.back()
         onActed: view.page.tapBarButton()
+    }
+    BarExtras {
+        id: extras
+
+        anchors.right: parent.right
+        anchors.rightMargin: bar.rightWidth - width
+        height: bar.height
+        page: view.page
+        first: !view.canGoBack
     }
 }

@@ -17,6 +17,17 @@ KeyList {
     model: page.rows
     cacheBuffer: 100000
 
+    Connections {
+        target: list.page
+
+        function onMarkedChanged() {
+            if (list.page.marked < 0)
+                return;
+            list.go(list.page.marked, false);
+            list.show(list.page.marked, ListView.Center);
+        }
+    }
+
     delegate: DelegateChooser {
         role: "kind"
 

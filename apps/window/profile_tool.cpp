@@ -1,0 +1,121 @@
+#include "apps/window/profile_tool.h"
+
+#include "apps/window/tools.h"
+#include "apps/window/values.h"
+#include "host/user_file.h"
+
+namespace window {
+namespace {
+
+QVariant shown(const host::SeenDifference& difference) {
+  return QVariant::fromValue(ProfileValue{toQString(difference.label), toQString(difference.from),
+                                          toQString(difference.to)});
+}
+
+std::string orPath(const host::Trigger& trigger) {
+  return trigger.title.empty() ? trigger.path : trigger.title;
+}
+
+}  // namespace
+
+QString ProfileTool::path() const {
+  return toQString(trigger_.path);
+}
+
+QString ProfileTool::title() const {
+  return toQString(orPath(trigger_));
+}
+
+QString ProfileTool::other() const {
+  return toQString(orPath(other_));
+}
+
+bool ProfileTool::open(const QString& path) {
+  const auto trigger = host::profileNamed(path.toStdString());
+  if (!trigger) {
+    tools_.report(trigger.error());
+    return false;
+  }
+  trigger_ = *trigger;
+  other_ = {};
+  return read();
+}
+
+bool ProfileTool::read() {
+  const auto profile = tools_.savedProfiles().read(trigger_);
+  if (!profile) {
+    tools_.report(profile.error());
+    return false;
+  }
+  std::vector<host::Profiles::Difference> all;
+  for (const auto& [key, value] : *profile) all.push_back({key, std::nullopt, value});
+  values_.clear();
+  for (const host::SeenDifference& value : host::seenDifferences(tools_.settings(), all))
+    values_ << shown(value);
+  description_ = toQString(host::Profiles::saved(trigger_.path, *profile).description);
+  return compare();
+}
+
+bool ProfileTool::compare() {
+  host::Profiles profiles = tools_.savedProfiles();
+  const auto found = other_.path.empty() ? profiles.changesOfLoad(trigger_)
+                                         : profiles.differences(trigger_, other_);
+  differences_.clear();
+  alike_ = 0;
+  if (!found) tools_.report(found.error());
+  if (found)
+    for (const host::SeenDifference& each : host::seenDifferences(tools_.settings(), *found)) {
+      if (each.seen)
+        differences_ << shown(each);
+      else
+        ++alike_;
+    }
+  emit changed();
+  return static_cast<bool>(found);
+}
+
+void ProfileTool::compareWith(const QString& path) {
+  const auto other = host::profileNamed(path.toStdString());
+  other_ = !path.isEmpty() && other ? *other : host::Trigger{};
+  compare();
+}
+
+bool ProfileTool::load() {
+  const bool loaded = tools_.change("load " + trigger_.profileID,
+                                    [&] { return tools_.savedProfiles().load(trigger_); });
+  compare();
+  return loaded;
+}
+
+bool ProfileTool::remove() {
+  return tools_.change("delete " + trigger_.profileID, [&] {
+    return tools_.savedProfiles().remove(trigger_, host::Profiles::Folders::Refuse);
+  });
+}
+
+bool ProfileTool::describe(const QString& description) {
+  const bool described = tools_.change("describe " + trigger_.profileID, [&] {
+    return tools_.savedProfiles().describe(trigger_, description.toStdString());
+  });
+  return read() && described;
+}
+
+bool ProfileTool::exportTo(const QString& file) {
+  const std::string path = file.toStdString();
+  const auto bytes = tools_.savedProfiles().exportXml(trigger_);
+  if (!bytes) {
+    tools_.report(bytes.error());
+    return false;
+  }
+  host::Failure failure{host::Failure::Exists,
+                        {host::Source::Profiles, {}, path, "exists already"}};
+  if (!host::isRegularFile(path)) {
+    const auto written = host::writeUserFile(path, *bytes);
+    if (written) return true;
+    failure = host::failureOf(host::Source::Profiles, written.error());
+  }
+  tools_.report(failure);
+  return false;
+}
+
+}  // namespace window

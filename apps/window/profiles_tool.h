@@ -1,0 +1,66 @@
+#pragma once
+
+#include <qqmlintegration.h>
+#include <QObject>
+#include <QStringList>
+#include <QUrl>
+#include <QVariant>
+#include <vector>
+
+#include "apps/window/profile_tool.h"
+#include "host/profiles.h"
+
+namespace window {
+
+class Tools;
+
+// A saved profile in a list, as QML draws it.
+struct ProfileEntry {
+  Q_GADGET
+  QML_VALUE_TYPE(profileEntry)
+  Q_PROPERTY(QString title MEMBER title)
+  Q_PROPERTY(QString description MEMBER description)
+  Q_PROPERTY(QString path MEMBER path)
+  Q_PROPERTY(bool active MEMBER active)
+
+ public:
+  QString title, description, path;
+  bool active = true;
+};
+
+// The saved profiles, as they were when they were last looked for, and which of all triggers have
+// one.
+class ProfilesTool : public QObject {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("belongs to the tools")
+  Q_PROPERTY(QVariantList saved READ saved NOTIFY changed)               // of ProfileEntry
+  Q_PROPERTY(QStringList triggers READ triggers CONSTANT)                // the titles of all
+  Q_PROPERTY(QStringList triggerPaths READ triggerPaths NOTIFY changed)  // empty without a profile
+  Q_PROPERTY(window::ProfileTool* opened READ opened CONSTANT)
+
+ public:
+  explicit ProfilesTool(Tools& tools) : QObject(), tools_(tools) {}
+
+  QVariantList saved() const;
+  QStringList triggers() const;
+  QStringList triggerPaths() const;
+  ProfileTool* opened() { return &opened_; }
+
+  Q_INVOKABLE void look();
+  // Makes a profile of that file and shows it; asks first where it would replace one.
+  Q_INVOKABLE void importFile(const QString& file, bool replace);
+  Q_INVOKABLE void importUrl(const QUrl& url);  // of a file on this machine
+  Q_INVOKABLE QString suggestedFolder() const;  // where a user keeps files
+
+ signals:
+  void changed();
+  void replaceWanted(const QString& file, const QString& title);
+
+ private:
+  Tools& tools_;
+  std::vector<host::SavedProfile> saved_;
+  ProfileTool opened_{tools_};
+};
+
+}  // namespace window

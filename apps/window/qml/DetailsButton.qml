@@ -1,0 +1,23 @@
+import QtQuick
+
+// Opens what a row stands for.
+BarButton {
+    Rectangle {
+        anchors.centerIn: parent
+        width: Math.round(22 * Theme.scale)
+        height: width
+        radius: width / 2
+        color: "transparent"
+        border.width: 1.6
+        border.color: Theme.accentText
+
+        Text {
+            anchors.centerIn: parent
+            text: "i"
+            color: Theme.accentText
+            font.pixelSize: Theme.small
+            font.weight: Font.DemiBold
+            Accessible.ignored: true
+        }
+    }
+}

@@ -1,0 +1,78 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Controls.Basic
+import Quorvantis.Settings
+
+// The saved profiles; each opens.
+ToolView {
+    id: view
+
+    readonly property ProfilesTool profiles: tools.profiles
+
+    heading: qsTr("Saved Profiles")
+    Component.onCompleted: profiles.look()
+
+    TriggerStrip {
+        id: strip
+
+        x: Theme.sideOf(view.width)
+        y: 10
+        width: view.width - 2 * x
+        profiles: view.profiles
+        onChosen: path => view.tools.profileWanted(path)
+    }
+    NoticeView {
+        anchors.fill: list
+        visible: list.count === 0
+        title: qsTr("No saved profiles")
+        detail: qsTr("A profile that is saved stands here. A file of one can be dropped here, too.")
+    }
+    ListView {
+        id: list
+
+        anchors.fill: parent
+        anchors.topMargin: strip.y + strip.height + 16
+        anchors.bottomMargin: actions.height
+        clip: true
+        focus: true
+        model: view.profiles.saved
+        boundsBehavior: Flickable.StopAtBounds
+        keyNavigationEnabled: false
+        bottomMargin: 16
+        ScrollBar.vertical: ScrollBar {}
+        Accessible.role: Accessible.List
+        Accessible.name: view.heading
+
+        delegate: EntryRow {
+            required property int index
+            required property profileEntry modelData
+
+            width: list.width
+            label: modelData.title
+            detail: modelData.description
+            value: modelData.active ? "" : qsTr("not active")
+            first: index === 0
+            last: index === list.count - 1
+            onChosen: view.tools.profileWanted(modelData.path)
+        }
+    }
+    Item {
+        id: actions
+
+        anchors.bottom: parent.bottom
+        width: parent.width
+        height: Theme.rowHeight + 12
+
+        Rectangle {
+            width: parent.width
+            height: 1
+            color: Theme.separator
+        }
+        TextButton {
+            anchors.centerIn: parent
+            text: qsTr("Import…")
+            onClicked: view.tools.importWanted()
+        }
+    }
+}

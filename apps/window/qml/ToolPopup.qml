@@ -1,0 +1,99 @@
+import QtQuick
+import QtQuick.Templates as T
+import Quorvantis.Settings
+
+// Shows a view over the pages: the whole of a narrow window, a card in a wide one.
+T.Popup {
+    id: popup
+
+    required property Tools tools
+    required property url file     // of the view
+    required property var values   // what the view is made with
+    readonly property bool whole: !parent || parent.width < Theme.wide
+    property real shown: 0
+
+    parent: T.Overlay.overlay
+    modal: true
+    focus: true
+    padding: 0
+    closePolicy: whole ? T.Popup.CloseOnEscape : T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
+    width: !parent ? 0 : whole ? parent.width : Theme.widest
+    height: !parent ? 0 : whole ? parent.height : parent.height - 64
+    x: parent ? Math.round((parent.width - width) / 2) : 0
+    y: parent ? Math.round((parent.height - height) / 2) + (1 - shown) * 24 : 0
+    opacity: shown
+    onAboutToShow: loader.setSource(file, Object.assign({ tools: tools }, values)) // qmllint disable deferred-property-id
+    onClosed: destroy()
+
+    Connections {
+        target: popup.tools
+
+        function onPageOpened() {
+            popup.close();
+        }
+    }
+
+    enter: Transition { NumberAnimation { property: "shown"; from: 0; to: 1; duration: Theme.slide * 0.6; easing.type: Easing.OutCubic } }
+    exit: Transition { NumberAnimation { property: "shown"; to: 0; duration: Theme.slide * 0.4; easing.type: Easing.InCubic } }
+
+    T.Overlay.modal: Rectangle {
+        color: Theme.shade
+        Behavior on opacity { NumberAnimation { duration: Theme.slide * 0.6 } }
+    }
+    background: Rectangle {
+        radius: popup.whole ? 0 : Theme.radius
+        color: Theme.background
+        border.width: popup.whole ? 0 : 1
+        border.color: Theme.separator
+    }
+
+    contentItem: FocusScope { // qmllint disable deferred-property-id
+        focus: true
+        Accessible.role: Accessible.Dialog
+        Accessible.name: heading.text
+
+        Item {
+            id: bar
+
+            width: parent.width
+            height: Theme.barHeight
+
+            TextButton {
+                id: closing
+
+                x: 4
+                anchors.verticalCenter: parent.verticalCenter
+                text: qsTr("Close")
+                onClicked: popup.close()
+            }
+            Text {
+                id: heading
+
+                anchors.centerIn: parent
+                width: Math.min(implicitWidth, parent.width - 2 * closing.width - 16)
+                text: (loader.item as ToolView)?.heading ?? ""
+                textFormat: Text.PlainText
+                elide: Text.ElideRight
+                color: Theme.text
+                font.pixelSize: Theme.body
+                font.weight: Font.DemiBold
+                Accessible.role: Accessible.Heading
+                Accessible.name: text
+            }
+        }
+        Loader {
+            id: loader
+
+            anchors.top: bar.bottom
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.bottom: parent.bottom
+            focus: true
+            onLoaded: {
+                const view = item as ToolView;
+                view.focus = true;
+                view.done.connect(() => popup.close());
+            }
+        }
+    }
+}

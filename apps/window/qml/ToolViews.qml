@@ -1,0 +1,116 @@
+import QtQuick
+import QtQuick.Templates as T
+import Quorvantis.Settings
+
+// Shows the views of the tools over the pages when they are wanted. None is made before.
+Item {
+    id: views
+
+    required property SettingsBridge settings
+    readonly property Tools tools: settings.tools
+    property int open: 0  // how many views and menus are shown
+
+    signal leaving  // a view is about to be shown
+    signal done     // the last one was closed
+
+    // Begins a search where the user types on the first page.
+    function type(text: string, modifiers: int): bool {
+        const printable = text.length === 1 && text > " " && text !== "\x7f";
+        if (!tools || settings.alert || !printable || (modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier)))
+            return false;
+        show("SearchView.qml", { words: text });
+        return true;
+    }
+    function make(file: string, properties: var) {
+        if (open === 0)
+            leaving();
+        const popup = Qt.createComponent(file).createObject(views, properties) as T.Popup;
+        ++open;
+        popup.closed.connect(() => {
+            if (views && --views.open === 0)
+                views.done();
+        });
+        popup.open();
+    }
+    function show(file: string, values: var) {
+        make("ToolPopup.qml", { tools: tools, file: Qt.resolvedUrl(file), values: values });
+    }
+    function menu(entries: var, at: Item) {
+        make("MenuPopup.qml", { entries: entries, at: at });
+    }
+    function ask(question: var) {
+        make("AskPopup.qml", { question: question });
+    }
+    function importFile() {
+        ask({ heading: qsTr("Import"), words: qsTr("A profile from this file, a property list:"), action: qsTr("Import"), editable: true,
+            field: tools.profiles.suggestedFolder(), act: file => tools.profiles.importFile(file, false) });
+    }
+
+    Shortcut {
+        sequence: "Ctrl+F"
+        enabled: views.tools && !views.settings.alert && views.open === 0
+        onActivated: views.show("SearchView.qml", {})
+    }
+    DropArea {
+        anchors.fill: parent
+        enabled: views.tools
+        keys: ["text/uri-list"]
+        onDropped: drop => {
+            if (drop.hasUrls && !views.settings.alert)
+                views.tools.profiles.importUrl(drop.urls[0]);
+        }
+    }
+    Connections {
+        target: views.tools
+
+        function onSearchWanted(words) {
+            views.show("SearchView.qml", { words: words });
+        }
+        function onChangesWanted(pageClass) {
+            views.show("ChangesView.qml", { pageClass: pageClass });
+        }
+        function onProfilesWanted() {
+            views.show("ProfilesView.qml", {});
+        }
+        function onProfileWanted(path) {
+            if (views.tools.profiles.opened.open(path))
+                views.show("ProfileView.qml", {});
+        }
+        function onImportWanted() {
+            views.importFile();
+        }
+        function onMenuWanted(entries, at) {
+            views.menu(entries, at);
+        }
+        function onQuestionAsked(question) {
+            views.ask(question);
+        }
+        function onRowMenuWanted(page, row, at) {
+            const entry = page.rows.row(row), tools = views.tools;
+            const reset = entry.standard === "" ? qsTr("Reset to Default") : qsTr("Reset to Default (%1)").arg(entry.standard);
+            views.menu([
+                { text: reset, usable: entry.resettable, act: () => tools.resetRow(entry.key) },
+                { text: qsTr("Copy Value"), usable: entry.shown !== "", act: () => tools.copy(entry.shown) },
+                { text: qsTr("Copy Key"), usable: entry.key !== "", act: () => tools.copy(entry.key) }
+            ], at);
+        }
+        function onPageMenuWanted(page, at) {
+            const tools = views.tools, pageClass = page.pageClass;
+            views.menu([
+                { text: qsTr("Search…"), usable: true, act: () => tools.searchWanted("") },
+                { text: qsTr("Changed on This Page…"), usable: page.rows !== null, act: () => tools.changesWanted(pageClass) },
+                { text: qsTr("All Changed Settings…"), usable: true, act: () => tools.changesWanted("") },
+                { text: qsTr("Saved Profiles…"), usable: true, act: () => tools.profilesWanted() }
+            ], at);
+        }
+    }
+    Connections {
+        target: views.tools?.profiles ?? null
+
+        function onReplaceWanted(file, title) {
+            const tools = views.tools;
+            views.ask({ heading: qsTr("Replace %1?").arg(title), words: qsTr("There is a profile for this trigger already."), action: qsTr("Replace"), destructive: true,
+                act: () => tools.profiles.importFile(file, true) });
+        }
+    }
+}

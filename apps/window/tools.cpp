@@ -1,0 +1,42 @@
+#include "apps/window/tools.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+#include "apps/window/settings_bridge.h"
+#include "apps/window/values.h"
+#include "host/go_to.h"
+
+namespace window {
+
+Tools::Tools(SettingsBridge& bridge, host::Application& application, host::Device& device)
+    : QObject(&bridge), bridge_(bridge), application_(application), device_(device) {}
+
+host::Settings& Tools::settings() {
+  if (!settings_)
+    settings_ =
+        std::make_unique<host::UnseenSettings>(device_.environment(), device_.notifications());
+  return *settings_;
+}
+
+void Tools::report(const host::Failure& failure) {
+  application_.report(failure.problem);
+}
+
+void Tools::open(const std::string& pageClass, const std::string& row) {
+  const auto index = host::goTo(application_, pageClass, row);
+  if (!index) return report(host::failureOf(index.error()));
+  emit pageOpened();
+  if (*index >= 0) bridge_.shown()->mark(*index);
+}
+
+// As when the application comes to the foreground.
+void Tools::showStored() {
+  bridge_.activate();
+}
+
+void Tools::copy(const QString& text) {
+  QGuiApplication::clipboard()->setText(text);
+}
+
+}  // namespace window

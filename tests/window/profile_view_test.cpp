@@ -1,0 +1,236 @@
+#include <QMimeData>
+
+#include "apps/window/tools.h"
+#include "host/undo.h"
+#include "tests/window/bundle_window.h"
+
+namespace {
+
+using plist::Dictionary;
+using plist::Value;
+
+constexpr const char* kProfile20 = "/var/mobile/Documents/Quorvantis/profile_20.qvx";
+constexpr const char* kProfile101 = "/var/mobile/Documents/Quorvantis/profile_101.qvx";
+
+class ProfileView : public BundleWindow {
+ protected:
+  void openWithProfiles(const char* pageClass = nullptr) {
+    write(kProfile20,
+          Dictionary{{"profilepercentage", "20"}, {"profiledescription", "Night"}, {"vibrate", 1}});
+    write(kProfile101, Dictionary{{"profilepercentage", "101"}, {"flashled", 1}});
+    open(pageClass);
+  }
+  void show(const char* path) {
+    emit bridge().tools()->profileWanted(path);
+    driver->waitUntilIdle();
+    ASSERT_FALSE(driver->itemsOfType("ProfileView").empty());
+  }
+  // The rows below a heading, "Vibrate: off → on" or "Vibrate: on".
+  QStringList below(const QString& heading) const {
+    QStringList rows;
+    for (QQuickItem* list : driver->itemsOfType("ValueList")) {
+      if (list->property("heading").toString() != heading) continue;
+      for (QQuickItem* item : list->childItems())
+        if (item->isVisible() && item->property("detail").isValid())
+          rows << item->property("label").toString() + ": " +
+                      (item->property("detail").toString() + item->property("value").toString());
+    }
+    return rows;
+  }
+  ::window::ProfileTool& opened() { return *bridge().tools()->profiles()->opened(); }
+  QString exported(const char* name) { return folder.filePath(name); }
+};
+
+TEST_F(ProfileView, TheMenuListsTheSavedProfilesAndTheStripFillsTheirTriggers) {
+  openWithProfiles();
+  driver->click("More", kButton);
+  driver->click("Saved Profiles…", kButton);
+  EXPECT_TRUE(driver->shows("Battery 20%") && driver->shows("Night"));
+  EXPECT_TRUE(driver->shows("Charging started"));
+  std::map<QString, int> bars;
+  std::vector<QQuickItem*> filled;
+  for (QQuickItem* item : driver->items()) {
+    ++bars[item->objectName()];
+    if (item->objectName() == "filled") filled.push_back(item);
+  }
+  EXPECT_EQ(bars["filled"], 2);
+  EXPECT_EQ(bars["free"], 106);
+  driver->clickItem(filled.front());
+  EXPECT_EQ(opened().title(), "Battery 20%");
+  EXPECT_FALSE(driver->itemsOfType("ProfileView").empty());
+}
+
+TEST_F(ProfileView, WithoutProfilesTheListSaysWhatWouldFillIt) {
+  open();
+  emit bridge().tools()->profilesWanted();
+  driver->waitUntilIdle();
+  EXPECT_TRUE(driver->shows("No saved profiles"));
+}
+
+TEST_F(ProfileView, SaysWhatALoadWouldChangeAsTheDiffDoes) {
+  openWithProfiles("UserNotificationListController");
+  set("flashled", true);
+  show(kProfile20);
+  const QStringList changes = below("A load would change");
+  EXPECT_THAT(changes, testing::Contains("Vibrate: off → on"));
+  EXPECT_THAT(changes, testing::Contains("Flash LED: on → off"));
+  EXPECT_THAT(below("Values"), testing::Contains("Vibrate: on"));
+}
+
+TEST_F(ProfileView, LoadsAndThenNothingWouldChange) {
+  openWithProfiles("UserNotificationListController");
+  show(kProfile20);
+  driver->click("Load", kButton);
+  EXPECT_EQ(stored("vibrate"), Value(1));
+  EXPECT_EQ(below("A load would change"),
+            QStringList{"Nothing: the settings are like this already.: "});
+  EXPECT_TRUE(driver->shows("Loaded."));
+  EXPECT_TRUE(bridge().problems().isEmpty());
+  driver->key(Qt::Key_Escape);
+  EXPECT_TRUE(row("vibrate").changed) << "the page behind shows it";
+}
+
+TEST_F(ProfileView, ComparesWithAnotherProfile) {
+  openWithProfiles();
+  show(kProfile20);
+  driver->click("Compare With…", kButton);
+  driver->click("Charging started", kButton);
+  const QStringList differences = below("Different in Charging started");
+  EXPECT_THAT(differences, testing::Contains("Vibrate: on → off"));
+  EXPECT_THAT(differences, testing::Contains("Flash LED: off → on"));
+  driver->click("Compare With…", kButton);
+  driver->click("The current settings", kButton);
+  EXPECT_FALSE(below("A load would change").isEmpty());
+}
+
+TEST_F(ProfileView, RenamesTheDescriptionAndKeepsTheValues) {
+  openWithProfiles();
+  show(kProfile20);
+  driver->click("Rename…", kButton);
+  driver->key(Qt::Key_A, Qt::ControlModifier);
+  driver->type("Day");
+  driver->key(Qt::Key_Return);
+  EXPECT_EQ(opened().description(), "Day");
+  const auto profile = host::Profiles(device->environment()).read(*host::profileNamed(kProfile20));
+  ASSERT_TRUE(profile);
+  EXPECT_TRUE(Value(*profile) ==
+              Value(Dictionary{
+                  {"profilepercentage", "20"}, {"profiledescription", "Day"}, {"vibrate", 1}}));
+}
+
+TEST_F(ProfileView, DeleteAsksFirstAndTheHarmlessButtonHasTheKeyboard) {
+  openWithProfiles();
+  show(kProfile20);
+  driver->click("Delete…", kButton);
+  EXPECT_TRUE(driver->shows("Delete Battery 20%?"));
+  EXPECT_EQ(driver->focused(), "Cancel");
+  EXPECT_EQ(driver->rings(), 1);
+  driver->key(Qt::Key_Return);
+  EXPECT_TRUE(exists(kProfile20));
+  driver->click("Delete…", kButton);
+  driver->click("Delete", kButton);
+  EXPECT_FALSE(exists(kProfile20));
+  EXPECT_TRUE(driver->until([&] { return driver->itemsOfType("ProfileView").empty(); }));
+}
+
+TEST_F(ProfileView, WhatIsExportedIsImportedAgain) {
+  openWithProfiles();
+  show(kProfile20);
+  ASSERT_TRUE(opened().exportTo(exported("p.plist")));
+  EXPECT_FALSE(opened().exportTo(exported("p.plist"))) << "it is there already";
+  EXPECT_THAT(bridge().problems().join(' ').toStdString(), testing::HasSubstr("exists already"));
+  ASSERT_TRUE(opened().remove());
+  ASSERT_FALSE(exists(kProfile20));
+  bridge().tools()->profiles()->importFile(exported("p.plist"), false);
+  EXPECT_TRUE(exists(kProfile20));
+}
+
+TEST_F(ProfileView, ADroppedFileIsImportedAndAsksBeforeItReplacesOne) {
+  openWithProfiles();
+  show(kProfile20);
+  ASSERT_TRUE(opened().exportTo(exported("p.plist")));
+  ASSERT_TRUE(opened().describe("Other"));
+  driver->key(Qt::Key_Escape);
+
+  QMimeData data;
+  data.setUrls({QUrl::fromLocalFile(exported("p.plist"))});
+  const QPoint at(100, 300);
+  QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, {});
+  QCoreApplication::sendEvent(window, &enter);
+  QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, {});
+  QCoreApplication::sendEvent(window, &drop);
+  driver->waitUntilIdle();
+  ASSERT_TRUE(driver->shows("Replace Battery 20%?"));
+  EXPECT_EQ(driver->focused(), "Cancel");
+  driver->click("Replace", kButton);
+  driver->waitUntilIdle();
+  EXPECT_FALSE(driver->itemsOfType("ProfileView").empty());
+  EXPECT_EQ(opened().description(), "Night");
+}
+
+TEST_F(ProfileView, AFileThatIsNoProfileIsReported) {
+  openWithProfiles();
+  QFile file(exported("x.plist"));
+  ASSERT_TRUE(file.open(QFile::WriteOnly));
+  file.write("no property list");
+  file.close();
+  bridge().tools()->profiles()->importFile(exported("x.plist"), false);
+  EXPECT_EQ(bridge().problems().size(), 1);
+}
+
+TEST_F(ProfileView, ADamagedProfileIsReportedAndNotShown) {
+  openWithProfiles();
+  QFile file(folder.path() + kProfile20);
+  ASSERT_TRUE(file.open(QFile::WriteOnly));
+  file.write("damaged");
+  file.close();
+  emit bridge().tools()->profileWanted(kProfile20);
+  driver->waitUntilIdle();
+  EXPECT_TRUE(driver->itemsOfType("ProfileView").empty());
+  EXPECT_EQ(bridge().problems().size(), 1);
+}
+
+TEST_F(ProfileView, AProfileOfTheFirstPagesListOpens) {
+  openWithProfiles();
+  driver->click("Saved Profiles", kButton);
+  driver->click("Battery 20% - Night", QAccessible::RadioButton);
+  EXPECT_EQ(opened().title(), "Battery 20%");
+  EXPECT_FALSE(driver->itemsOfType("ProfileView").empty());
+}
+
+TEST_F(ProfileView, AListThatStoresKeepsItsMeaningAndHasAButtonForTheDetails) {
+  openWithProfiles("GeneralSettingsController");
+  std::string list;
+  for (const host::RowView& row : page().rows)
+    if (auto* link = std::get_if<host::LinkView>(&row.control))
+      if (link->choices && !link->choices->values.empty() && link->choices->values[0].text())
+        list = row.id;
+  ASSERT_FALSE(list.empty());
+  driver->click(labelOf(list), kButton);
+  driver->click("Battery 20% - Night", QAccessible::RadioButton);
+  EXPECT_TRUE(driver->itemsOfType("ProfileView").empty());
+  EXPECT_EQ(page().chosen, 0);
+  driver->click("Details of Charging started", kButton);
+  EXPECT_EQ(opened().title(), "Charging started");
+}
+
+TEST_F(ProfileView, EachChangeIsOneStepOfTheHistory) {
+  QTemporaryDir kept;
+  options.state = kept.path().toStdString();
+  openWithProfiles();
+  show(kProfile20);
+  ASSERT_TRUE(opened().load());
+  ASSERT_TRUE(opened().describe("Day"));
+  ASSERT_TRUE(opened().remove());
+  host::Backups& backups = *device->backups();
+  for (const char* what : {"delete 20", "describe 20", "load 20"}) {
+    const auto last = backups.history().lastDone();
+    ASSERT_TRUE(last && *last);
+    EXPECT_EQ((*last)->what, what);
+    ASSERT_TRUE(host::undo(device->environment(), backups));
+  }
+  EXPECT_TRUE(exists(kProfile20));
+  closeAll();
+}
+
+}  // namespace
