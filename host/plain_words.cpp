@@ -29,6 +29,8 @@ std::string whyOf(int code) {
     case EMFILE:
     case ENFILE:
       return "too many files are open";
+    case EEXIST:
+      return "it exists already";
     case EISDIR:
       return "a folder is in its place";
     case ENOTDIR:

@@ -81,20 +81,20 @@ void ProfileTool::compareWith(const QString& path) {
 }
 
 bool ProfileTool::load() {
-  const bool loaded = tools_.change("load " + trigger_.profileID,
+  const bool loaded = tools_.change("load " + trigger_.title,
                                     [&] { return tools_.savedProfiles().load(trigger_); });
   compare();
   return loaded;
 }
 
 bool ProfileTool::remove() {
-  return tools_.change("delete " + trigger_.profileID, [&] {
+  return tools_.change("delete " + trigger_.title, [&] {
     return tools_.savedProfiles().remove(trigger_, host::Profiles::Folders::Refuse);
   });
 }
 
 bool ProfileTool::describe(const QString& description) {
-  const bool described = tools_.change("describe " + trigger_.profileID, [&] {
+  const bool described = tools_.change("describe " + trigger_.title, [&] {
     return tools_.savedProfiles().describe(trigger_, description.toStdString());
   });
   return read() && described;
@@ -107,15 +107,9 @@ bool ProfileTool::exportTo(const QString& file) {
     tools_.report(bytes.error());
     return false;
   }
-  host::Failure failure{host::Failure::Exists,
-                        {host::Source::Profiles, {}, path, "exists already"}};
-  if (!host::isRegularFile(path)) {
-    const auto written = host::writeUserFile(path, *bytes);
-    if (written) return true;
-    failure = host::failureOf(host::Source::Profiles, written.error());
-  }
-  tools_.report(failure);
-  return false;
+  const auto written = host::writeUserFile(path, *bytes, host::Existing::Keep);
+  if (!written) tools_.report(host::failureOf(host::Source::Profiles, written.error()));
+  return static_cast<bool>(written);
 }
 
 }  // namespace window

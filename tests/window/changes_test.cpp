@@ -135,8 +135,8 @@ TEST_F(Changes, AResetOfAllIsOneStepOfTheHistory) {
   EXPECT_EQ(stored("flashled"), Value(false));
   const auto last = device->backups()->history().lastDone();
   ASSERT_TRUE(last && *last);
-  EXPECT_EQ((*last)->what, "reset all");
-  EXPECT_EQ((*last)->settings.size(), 2u);
+  EXPECT_EQ((*last)->change.what, "reset all");
+  EXPECT_EQ((*last)->change.settings.size(), 2u);
   closeAll();
 }
 

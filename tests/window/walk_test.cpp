@@ -6,6 +6,7 @@ namespace {
 class Walk : public BundleWindow, public testing::WithParamInterface<const char*> {
  protected:
   static constexpr int kHeight = 600;  // pixels
+  static constexpr int kButtonsOfTheBar = 4;
 
   void SetUp() override {
     write("/var/mobile/Documents/Quorvantis/profile_7.qvx",
@@ -48,7 +49,7 @@ TEST_P(Walk, TabAndDownVisitTheSameRowsEachWithARingAndInSight) {
   const QStringList all = labels();
   const int count = static_cast<int>(all.size());
   EXPECT_EQ(walk(Qt::Key_Down, count), all);
-  for (int i = 0; i < 3 && driver->focused() != all.first(); ++i) driver->key(Qt::Key_Tab);
+  for (int i = 0; i < kButtonsOfTheBar && driver->focused() != all.first(); ++i) driver->key(Qt::Key_Tab);
   EXPECT_EQ(driver->focused(), all.first());
   EXPECT_EQ(walk(Qt::Key_Tab, count - 1), all.mid(1));
 }
@@ -71,7 +72,7 @@ TEST_P(Walk, TabLeavesTheRowsAtTheirEndAndEntersThemAgainThere) {
   driver->key(Qt::Key_Backtab, Qt::ShiftModifier);
   EXPECT_EQ(driver->focused(), all.last());
   driver->key(Qt::Key_Tab);
-  for (int i = 0; i < 3 && driver->focused() != all.first(); ++i) driver->key(Qt::Key_Tab);
+  for (int i = 0; i < kButtonsOfTheBar && driver->focused() != all.first(); ++i) driver->key(Qt::Key_Tab);
   EXPECT_EQ(driver->focused(), all.first());
 }
 
