@@ -49,7 +49,8 @@ TEST_P(Walk, TabAndDownVisitTheSameRowsEachWithARingAndInSight) {
   const QStringList all = labels();
   const int count = static_cast<int>(all.size());
   EXPECT_EQ(walk(Qt::Key_Down, count), all);
-  for (int i = 0; i < kButtonsOfTheBar && driver->focused() != all.first(); ++i) driver->key(Qt::Key_Tab);
+  for (int i = 0; i < kButtonsOfTheBar && driver->focused() != all.first(); ++i)
+    driver->key(Qt::Key_Tab);
   EXPECT_EQ(driver->focused(), all.first());
   EXPECT_EQ(walk(Qt::Key_Tab, count - 1), all.mid(1));
 }
@@ -72,7 +73,8 @@ TEST_P(Walk, TabLeavesTheRowsAtTheirEndAndEntersThemAgainThere) {
   driver->key(Qt::Key_Backtab, Qt::ShiftModifier);
   EXPECT_EQ(driver->focused(), all.last());
   driver->key(Qt::Key_Tab);
-  for (int i = 0; i < kButtonsOfTheBar && driver->focused() != all.first(); ++i) driver->key(Qt::Key_Tab);
+  for (int i = 0; i < kButtonsOfTheBar && driver->focused() != all.first(); ++i)
+    driver->key(Qt::Key_Tab);
   EXPECT_EQ(driver->focused(), all.first());
 }
 
