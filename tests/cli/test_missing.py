@@ -29,13 +29,18 @@ class Missing(ProgramTest):
         self.save("5", "Zoo")
         self.save("6", "Été")
         self.save("7", "Übung")
-        printed, line = self.warned("profile", "list")
+        printed, line = self.warned("choices", "profile")
         self.assertEqual(len(printed.splitlines()), 3)
         self.assertRegex(line, "^quorvantis: collation is not available: ")
 
     def test_plain_titles_need_no_collation(self):
         self.save("5", "Zoo")
         self.save("6", "Ete")
+        self.assertEqual(len(self.output("choices", "profile").splitlines()), 2)
+
+    def test_a_list_of_profiles_needs_no_collation(self):
+        self.save("6", "Été")
+        self.save("7", "Übung")
         self.assertEqual(len(self.output("profile", "list").splitlines()), 2)
 
     def test_contacts(self):

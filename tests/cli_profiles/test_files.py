@@ -28,11 +28,17 @@ class Delete(ProfileTest):
     def test_no_trigger(self):
         self.refuse(3, "profile", "delete", "nonsense")
 
+    def delete_for_good(self, *arguments):
+        """What is no file can't be put back, and that is said."""
+        done = self.run_program("profile", "delete", *arguments)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertIn(b"can't be undone", done.stderr)
+
     def test_removes_a_folder_only_recursively(self):
         self.write(f"{path_of(20)}/inside", b"")
         self.write(f"{DOCUMENTS}/kept", b"")
         self.assertIn("--recursive", self.refuse(2, "profile", "delete", "20"))
-        self.output("profile", "delete", "20", "--recursive")
+        self.delete_for_good("20", "--recursive")
         self.assertEqual([file.name for file in (self.root / DOCUMENTS).iterdir()], ["kept"])
 
     def test_removes_a_link_not_what_it_leads_to(self):
@@ -40,7 +46,7 @@ class Delete(ProfileTest):
         (self.root / path_of(21)).symlink_to("kept")
         (self.root / path_of(22)).symlink_to("nowhere")
         for trigger in ("21", "22"):
-            self.output("profile", "delete", trigger)
+            self.delete_for_good(trigger)
         self.assertEqual([file.name for file in (self.root / DOCUMENTS).iterdir()], ["kept"])
 
 
