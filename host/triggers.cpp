@@ -32,6 +32,10 @@ std::vector<Trigger> triggers() {
   return all;
 }
 
+int batteryLevels() {
+  return prefs::kBatteryLevels;
+}
+
 std::optional<Trigger> findTrigger(std::string_view text) {
   for (Trigger& trigger : triggers())
     if (trigger.profileID == text || equalInAnyCase(trigger.title, text) ||

@@ -16,7 +16,8 @@ struct Trigger {
   bool operator==(const Trigger&) const = default;
 };
 
-std::vector<Trigger> triggers();
+std::vector<Trigger> triggers();  // battery levels before events
+int batteryLevels();              // how many of them are levels
 
 // Whether a profile's file may be there: one of the profile folder, with its extension.
 bool isProfilePath(std::string_view text);

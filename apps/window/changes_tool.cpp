@@ -38,6 +38,7 @@ void ChangesTool::look(const QString& pageClass) {
   page_.clear();
   found_.clear();
   const auto all = tools_.settings().list();
+  failed_ = !all;
   if (!all) tools_.report(all.error());
   if (all)
     for (const host::SettingView& setting : *all) {

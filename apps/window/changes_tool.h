@@ -39,6 +39,7 @@ class ChangesTool : public QObject {
   QML_UNCREATABLE("belongs to the tools")
   Q_PROPERTY(QVariantList settings READ settings NOTIFY changed)  // of ChangedSetting
   Q_PROPERTY(int resettable READ resettable NOTIFY changed)       // how many a reset changes
+  Q_PROPERTY(bool failed MEMBER failed_ NOTIFY changed)           // they can't be read
   Q_PROPERTY(QString page READ page NOTIFY changed)               // its title; empty: of all pages
 
  public:
@@ -66,6 +67,7 @@ class ChangesTool : public QObject {
   Tools& tools_;
   QString pageClass_, page_;
   std::vector<host::SettingView> found_;
+  bool failed_ = false;
 };
 
 }  // namespace window

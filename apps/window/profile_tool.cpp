@@ -62,6 +62,7 @@ bool ProfileTool::compare() {
                                          : profiles.differences(trigger_, other_);
   differences_.clear();
   alike_ = 0;
+  failed_ = !found;
   if (!found) tools_.report(found.error());
   if (found)
     for (const host::SeenDifference& each : host::seenDifferences(tools_.settings(), *found)) {

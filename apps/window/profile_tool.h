@@ -36,6 +36,7 @@ class ProfileTool : public QObject {
   // Of ProfileValue: what a load would change, or what is another in the profile it is compared
   // with.
   Q_PROPERTY(QVariantList differences READ differences NOTIFY changed)
+  Q_PROPERTY(bool failed MEMBER failed_ NOTIFY changed)  // it can't be compared
   Q_PROPERTY(int alike READ alike NOTIFY changed)  // values that would be stored and look the same
   Q_PROPERTY(QString other READ other NOTIFY changed)  // the title of that one; empty: the settings
 
@@ -72,6 +73,7 @@ class ProfileTool : public QObject {
   QString description_;
   QVariantList values_, differences_;
   int alike_ = 0;
+  bool failed_ = false;
 };
 
 }  // namespace window

@@ -26,6 +26,10 @@ QStringList ProfilesTool::triggers() const {
   return titles;
 }
 
+int ProfilesTool::levels() const {
+  return host::batteryLevels();
+}
+
 QStringList ProfilesTool::triggerPaths() const {
   QStringList paths;
   for (const host::Trigger& trigger : host::triggers()) {
@@ -39,6 +43,7 @@ QStringList ProfilesTool::triggerPaths() const {
 void ProfilesTool::look() {
   auto found = tools_.savedProfiles().list();
   if (!found) tools_.report(found.error());
+  failed_ = !found;
   saved_ = found ? std::move(*found) : std::vector<host::SavedProfile>();
   emit changed();
 }

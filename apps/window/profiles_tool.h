@@ -34,9 +34,11 @@ class ProfilesTool : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("belongs to the tools")
-  Q_PROPERTY(QVariantList saved READ saved NOTIFY changed)               // of ProfileEntry
-  Q_PROPERTY(QStringList triggers READ triggers CONSTANT)                // the titles of all
+  Q_PROPERTY(QVariantList saved READ saved NOTIFY changed)  // of ProfileEntry
+  Q_PROPERTY(QStringList triggers READ triggers CONSTANT)   // the titles of all
+  Q_PROPERTY(int levels READ levels CONSTANT)  // how many of them, from the first on, are levels
   Q_PROPERTY(QStringList triggerPaths READ triggerPaths NOTIFY changed)  // empty without a profile
+  Q_PROPERTY(bool failed MEMBER failed_ NOTIFY changed)                  // they can't be read
   Q_PROPERTY(window::ProfileTool* opened READ opened CONSTANT)
 
  public:
@@ -44,6 +46,7 @@ class ProfilesTool : public QObject {
 
   QVariantList saved() const;
   QStringList triggers() const;
+  int levels() const;
   QStringList triggerPaths() const;
   ProfileTool* opened() { return &opened_; }
 
@@ -60,6 +63,7 @@ class ProfilesTool : public QObject {
  private:
   Tools& tools_;
   std::vector<host::SavedProfile> saved_;
+  bool failed_ = false;
   ProfileTool opened_{tools_};
 };
 

@@ -11,8 +11,8 @@ namespace {
 using host::RowKind;
 
 // The delegate that draws a row.
-QString delegateOf(RowKind kind) {
-  switch (kind) {
+QString delegateOf(const Row& row) {
+  switch (row.kind) {
     case RowKind::Group:
       return "group";
     case RowKind::Link:
@@ -26,7 +26,7 @@ QString delegateOf(RowKind kind) {
     case RowKind::Segments:
       return "segment";
     case RowKind::Text:
-      return "text";
+      return row.secret ? "secret" : "text";
     case RowKind::LongText:
       return "longtext";
     case RowKind::Value:
@@ -125,7 +125,7 @@ int RowModel::rowCount(const QModelIndex& parent) const {
 QVariant RowModel::data(const QModelIndex& index, int role) const {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
   const Row& row = rows_[index.row()];
-  if (role == KindRole) return delegateOf(row.kind);
+  if (role == KindRole) return delegateOf(row);
   if (role == EntryRole) return QVariant::fromValue(row);
   if (role == PageRole) return QVariant::fromValue(page_);
   return {};

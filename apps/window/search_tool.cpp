@@ -48,10 +48,10 @@ void SearchTool::open(int result) {
 }
 
 void SearchTool::end() {
-  index_.reset();
-  setWords({});
+  words_.clear();
   hits_.clear();
   index_.reset();
+  emit changed();
 }
 
 }  // namespace window

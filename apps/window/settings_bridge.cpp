@@ -1,5 +1,6 @@
 #include "apps/window/settings_bridge.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "apps/window/tools.h"
@@ -23,7 +24,7 @@ qsizetype sameIn(const QList<Model*>& models, const std::vector<View>& views) {
 SettingsBridge::SettingsBridge(host::Application& application)
     : application_(application),
       recovery_(this, application),
-      undo_(this, application),
+      undo_(*this, application),
       summaries_(application.environment()) {
   application_.setObserver([this] { refresh(); });
   refresh();
@@ -64,7 +65,7 @@ void SettingsBridge::showPages(const std::vector<host::PageView>& views) {
     backTitle = pages_[i]->title();
   }
   for (PageModel* page : gone) page->leave();
-  summarise();
+  if (!quiet_) summarise();
   opened_ = openedRow();
   if (gone.isEmpty() && kept == pages_.size()) return;
   emit shownChanged();
@@ -96,7 +97,11 @@ void SettingsBridge::announce() {
 }
 
 bool SettingsBridge::perform(const host::Request& request, const QString& badValue) {
+  // Nothing else differs while a row is scrolled to or a slider is held.
+  const auto* set = std::get_if<host::Set>(&request);
+  quiet_ = std::holds_alternative<host::Scroll>(request) || (set && set->held);
   const auto done = application_.perform(request);
+  quiet_ = false;
   // Its own notice resizes the page.
   const bool isScroll = std::holds_alternative<host::Scroll>(request) ||
                         std::holds_alternative<host::Resize>(request);
@@ -142,15 +147,20 @@ void SettingsBridge::summarise() {
   contents()->rows()->summarise(summaries);
 }
 
+// A search opens a page by its class, as the row would that leads there.
 int SettingsBridge::openedRow() const {
   const auto& pages = application_.pages();
   auto* list =
       pages.size() < 2 ? nullptr : dynamic_cast<preferences::PSListController*>(pages[0].get());
   if (!list) return -1;
   const auto& rows = list->specifiers();
-  for (int i = 0; i < std::ssize(rows); ++i)
-    if (rows[i].get() == pages[1]->specifier()) return i;
-  return -1;
+  const auto tapped =
+      std::ranges::find(rows, pages[1]->specifier(), [](const auto& row) { return row.get(); });
+  const auto found =
+      tapped != rows.end() ? tapped : std::ranges::find_if(rows, [&](const auto& row) {
+        return row->textForKey("detail") == pages[1]->className();
+      });
+  return found == rows.end() ? -1 : static_cast<int>(found - rows.begin());
 }
 
 std::string SettingsBridge::openedId() const {

@@ -57,7 +57,7 @@ class SettingsBridge : public QObject {
   // a row that leads nowhere the page is opened again that was open.
   Q_INVOKABLE void openFromContents(int row);
   Q_INVOKABLE void openSomething();  // the first link, where the first page is shown
-  Q_INVOKABLE void activate();
+  void activate();  // shows what is stored now, as when the application comes to the foreground
   Q_INVOKABLE void dismiss(int problem);
 
  signals:
@@ -88,6 +88,7 @@ class SettingsBridge : public QObject {
   host::Summaries summaries_;
   int opened_ = -1;
   bool refreshing_ = false, outdated_ = false;
+  bool quiet_ = false;  // what runs leaves the summaries as they are
 };
 
 }  // namespace window

@@ -53,7 +53,8 @@ class Tools : public QObject {
       const host::UserChange step(device_.backups(), what);
       return change();
     }();
-    if (!done) report(done.error());
+    // A profile that is there already leads to a question.
+    if (!done && done.error().reason != host::Failure::Exists) report(done.error());
     showStored();
     return static_cast<bool>(done);
   }

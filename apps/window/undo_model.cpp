@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "apps/window/settings_bridge.h"
 #include "apps/window/values.h"
 #include "host/setting_lookup.h"
 
@@ -29,6 +30,9 @@ QString nameOf(const preferences::Bundle& bundle, const std::string& left) {
 }
 
 }  // namespace
+
+UndoModel::UndoModel(SettingsBridge& bridge, host::Application& application)
+    : QObject(&bridge), bridge_(bridge), application_(application) {}
 
 void UndoModel::setDevice(host::Device* device) {
   if (device_ && device_->backups()) device_->backups()->setStepHandler({});
@@ -63,13 +67,11 @@ void UndoModel::redo() {
   take(host::redo, tr("Done again: %1."), Offer::Undo);
 }
 
-// As after a return to the application, since the store has changed below the pages.
 void UndoModel::take(Step* step, const QString& done, Offer opposite) {
   if (!device_ || !device_->backups()) return;
   forget();
   const auto undone = step(device_->environment(), *device_->backups());
-  application_.follow(host::Application::Lists::ReadAnew);
-  static_cast<void>(application_.perform(host::Activate{}));
+  bridge_.activate();
   if (!undone && undone.error().reason == host::Failure::NotFound)
     return say(asSentence(toQString(undone.error().problem.words)), Offer::Nothing);
   if (!undone) return application_.report(undone.error().problem);

@@ -9,6 +9,8 @@
 
 namespace window {
 
+class SettingsBridge;
+
 // What was done last and can be taken back, and what came of taking it back.
 class UndoModel : public QObject {
   Q_OBJECT
@@ -21,8 +23,7 @@ class UndoModel : public QObject {
   Q_PROPERTY(bool redoes READ redoes NOTIFY changed)  // redo is
 
  public:
-  UndoModel(QObject* parent, host::Application& application)
-      : QObject(parent), application_(application) {}
+  UndoModel(SettingsBridge& bridge, host::Application& application);
   ~UndoModel() override { setDevice(nullptr); }
 
   QString text() const { return text_; }
@@ -46,6 +47,7 @@ class UndoModel : public QObject {
   void changeMade(const std::string& what);
   void take(Step* step, const QString& done, Offer opposite);
 
+  SettingsBridge& bridge_;
   host::Application& application_;
   host::Device* device_ = nullptr;  // null: nothing can be taken back
   QString text_;

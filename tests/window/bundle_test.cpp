@@ -126,7 +126,7 @@ TEST_F(BundleWindow, ASoundIsFoundByItsNameAndStoredAsItsUrl) {
   ASSERT_TRUE(root.writeDurably(sounds + "tu\u0308r.caf", {&byte, 1}));
   open("UserNotificationListController");
   driver->click("Sound", QAccessible::Button);
-  driver->clickItem(driver->itemsOfType("FilterField").front());
+  driver->clickItem(driver->itemsOfType("InputField").front());
   for (const char16_t* typed : {u"A B 17", u"a%20b%2017", u"RU\u00DF", u"T\u00DCR"}) {
     driver->type(QString::fromUtf16(typed));
     ASSERT_EQ(driver->itemsOfType("ChoiceRow").size(), 1u)
@@ -211,6 +211,8 @@ TEST_F(BundleWindow, TheReasonGoesWithThePointer) {
   driver->waitUntilIdle();
   const QString reason = QString("dimmed: switch on %1 first").arg(labelOf("vibrate"));
   const QPoint slider = driver->place(driver->itemsOfType("SliderRow").front()).center().toPoint();
+  QTest::mouseMove(window, slider);
+  driver->waitUntilIdle();
   QTest::mouseClick(window, Qt::LeftButton, {}, slider);
   ASSERT_TRUE(driver->until([&] { return driver->shows(reason); }));
   QTest::mouseMove(window, QPoint(10, 10));

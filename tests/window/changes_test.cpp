@@ -31,6 +31,15 @@ class Changes : public BundleWindow {
   QString description(const std::string& id) const {
     return rowOf(id)->property("description").toString();
   }
+  // One setting of each; the second page is shown.
+  void changeTwoPages() {
+    open("UserNotificationListController");
+    set("vibrate", true);
+    ASSERT_TRUE(application->perform(host::Back{}));
+    ASSERT_TRUE(application->perform(host::Open{"PowerSavingListController"}));
+    set("custbrightenabled", true);
+    driver->waitUntilIdle();
+  }
 };
 
 TEST_F(Changes, ARowThatDiffersFromItsDefaultSaysSo) {
@@ -87,12 +96,7 @@ TEST_F(Changes, ALongPressOpensTheMenuAndDoesNotTurnTheSwitch) {
 }
 
 TEST_F(Changes, AllThatDiffersIsListedPageByPage) {
-  open("UserNotificationListController");
-  set("vibrate", true);
-  ASSERT_TRUE(application->perform(host::Back{}));
-  ASSERT_TRUE(application->perform(host::Open{"PowerSavingListController"}));
-  set("custbrightenabled", true);
-  driver->waitUntilIdle();
+  changeTwoPages();
   choose("All Changed Settings…");
   EXPECT_THAT(listed(), testing::ElementsAre("Custom Brightness: on (Default: off)",
                                              "Vibrate: on (Default: off)"));
@@ -108,12 +112,7 @@ TEST_F(Changes, NothingChangedIsSaid) {
 }
 
 TEST_F(Changes, AResetOfAPageLeavesTheOthers) {
-  open("UserNotificationListController");
-  set("vibrate", true);
-  ASSERT_TRUE(application->perform(host::Back{}));
-  ASSERT_TRUE(application->perform(host::Open{"PowerSavingListController"}));
-  set("custbrightenabled", true);
-  driver->waitUntilIdle();
+  changeTwoPages();
   choose("Changed on This Page…");
   driver->click("Reset This Setting", kButton);
   EXPECT_EQ(stored("custbrightenabled"), Value(false));

@@ -50,7 +50,7 @@ TEST_F(Choices, KeysMoveChooseAndLeave) {
 
 TEST_F(Choices, AShortListHasNoFilter) {
   driver->click("Tone");
-  EXPECT_TRUE(driver->itemsOfType("FilterField").empty());
+  EXPECT_TRUE(driver->itemsOfType("InputField").empty());
 }
 
 TEST_F(Choices, AListWithoutEntriesSaysSo) {
@@ -69,7 +69,7 @@ TEST_F(Choices, AVeryLongListOpensAtTheTickedEntryAndMakesFewRows) {
 TEST_F(Choices, TheFilterNarrowsAndAChoiceIsStillTheRightOne) {
   driver->resize(390, 700);
   driver->click("One of very many entries");
-  driver->clickItem(driver->itemsOfType("FilterField").front());
+  driver->clickItem(driver->itemsOfType("InputField").front());
   driver->type("eNTRY 987");
   EXPECT_EQ(driver->itemsOfType("ChoiceRow").size(), 11u);
   driver->click("Entry 9871", kRadioButton);
@@ -79,7 +79,7 @@ TEST_F(Choices, TheFilterNarrowsAndAChoiceIsStillTheRightOne) {
 
 TEST_F(Choices, EscapeEmptiesTheFilterBeforeItLeaves) {
   driver->click("One of very many entries");
-  driver->clickItem(driver->itemsOfType("FilterField").front());
+  driver->clickItem(driver->itemsOfType("InputField").front());
   driver->type("nothing like it");
   EXPECT_TRUE(driver->shows("No matches"));
   driver->key(Qt::Key_Escape);

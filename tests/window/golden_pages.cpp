@@ -93,14 +93,18 @@ const std::vector<GoldenPage>& goldenPages() {
 
 QImage drawGoldenPage(const GoldenPage& page, int width) {
   QTemporaryDir folder;
-  foundation::DeviceRoot root(folder.path().toStdString());
+  foundation::DeviceRoot root(folder.filePath("root").toStdString());
   fill(root);
   auto owned = std::make_unique<window::QtMainQueue>();
   window::QtMainQueue& queue = *owned;
-  host::Device device({.root = folder.path().toStdString()}, std::move(owned));
+  host::Device device({.root = folder.filePath("root").toStdString(),
+                       .state = folder.filePath("state").toStdString()},
+                      std::move(owned));
   host::Application application(device.environment(), 100, 100);
   if (!application.perform(host::Launch{})) std::abort();
   window::SettingsWindow settings(application, queue, {width, page.alert ? kLeast : kTallest});
+  application.record(device.backups());
+  settings.attach(device);
   QQuickWindow& window = *settings.quickWindow();
   Driver driver(window);
   driver.waitUntilIdle();

@@ -51,9 +51,9 @@ TEST_F(Look, TheNarrowestWindowNamesTheWayBack) {
 }
 
 TEST_F(Look, ATextThatIsCutOffIsSaidWholeWhereThePointerRests) {
-  store("profiledescription", long_);
+  const QString words = QString::fromStdString(long_ + " ").repeated(8).trimmed();
+  store("profiledescription", words.toStdString());
   open("ProfilesListController");
-  const QString words = QString::fromStdString(long_);
   QQuickItem* cut = text(words);
   ASSERT_TRUE(cut);
   ASSERT_TRUE(cut->property("truncated").toBool());

@@ -166,6 +166,7 @@ TEST_F(ProfileView, ADroppedFileIsImportedAndAsksBeforeItReplacesOne) {
   driver->waitUntilIdle();
   EXPECT_FALSE(driver->itemsOfType("ProfileView").empty());
   EXPECT_EQ(opened().description(), "Night");
+  EXPECT_TRUE(bridge().problems().isEmpty()) << "the question said it";
 }
 
 TEST_F(ProfileView, AFileThatIsNoProfileIsReported) {

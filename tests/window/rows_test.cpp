@@ -1,3 +1,5 @@
+#include <QClipboard>
+
 #include "tests/window/sample_window.h"
 
 namespace {
@@ -202,6 +204,46 @@ TEST_F(Rows, TextIsStoredWhenTheWindowIsClosed) {
   driver->type("Ann");
   window->close();
   EXPECT_EQ(device.stored("name"), plist::Value("Ann"));
+}
+
+TEST_F(Rows, ATextThatDoesNotFitBesideItsLabelStandsBelowItAndWraps) {
+  QQuickItem* field = driver->find("Name", kText);
+  QQuickItem* card = field;
+  while (!card->property("cardHeight").isValid()) card = card->parentItem();
+  const auto labelOfRow = [&] {
+    for (QQuickItem* text : driver->itemsOfType("QQuickText"))
+      if (text->property("text") == "Name") return driver->place(text);
+    return QRectF();
+  };
+  EXPECT_GT(driver->place(field).left(), labelOfRow().right());
+  const double height = card->height();
+  driver->click("Name", kText);
+  driver->type("A name that is so long that no row of a phone has room for all of it");
+  EXPECT_GE(driver->place(field).top(), labelOfRow().bottom() - 1);
+  EXPECT_GT(card->height(), height * 1.6) << "it is seen whole while it is typed";
+  driver->key(Qt::Key_Return);
+  driver->click("A long page");
+  driver->key(Qt::Key_Escape);
+  for (QQuickItem* text : driver->itemsOfType("QQuickText")) {
+    const bool isIt = text->property("text").toString().startsWith("A name that");
+    EXPECT_FALSE(isIt && text->property("truncated").toBool());
+  }
+}
+
+TEST_F(Rows, ATextOfOneLineTakesAPastedTextAsOneLine) {
+  QGuiApplication::clipboard()->setText("Ann\n  and Bo");
+  driver->click("Name", kText);
+  driver->key(Qt::Key_V, Qt::ControlModifier);
+  driver->key(Qt::Key_Return);
+  EXPECT_EQ(device.stored("name"), plist::Value("Ann and Bo"));
+}
+
+TEST_F(Rows, ArrowsLeaveATextAtItsFirstAndLastLine) {
+  driver->click("Name", kText);
+  driver->key(Qt::Key_Down);
+  EXPECT_NE(driver->focused(), "Name");
+  driver->key(Qt::Key_Up);
+  EXPECT_EQ(driver->focused(), "Name");
 }
 
 TEST_F(Rows, EscapeGivesBackTheTextThatWasThere) {

@@ -1,3 +1,4 @@
+#include "apps/window/tools.h"
 #include "tests/window/bundle_window.h"
 
 namespace {
@@ -75,6 +76,7 @@ TEST_F(Sidebar, ANarrowerWindowKeepsThePageAndGetsAWayBack) {
 
 TEST_F(Sidebar, EveryLinkHasAPicture) {
   openWide();
+  ASSERT_GE(driver->itemsOfType("SidebarRow").size(), 10u);
   for (QQuickItem* item : driver->itemsOfType("SidebarRow")) {
     bool drawn = false;
     for (QQuickItem* child : item->childItems())
@@ -92,6 +94,32 @@ TEST_F(Sidebar, ArrowsMoveWithinItAndReturnOpens) {
   driver->key(Qt::Key_Return);
   EXPECT_EQ(title(), "Notifications");
   EXPECT_EQ(driver->focused(), "Notifications");
+}
+
+TEST_F(Sidebar, IsOneStopOfTheTabKeyWhateverWasOpened) {
+  openWide();
+  entry("Sounds")->forceActiveFocus(Qt::TabFocusReason);
+  driver->key(Qt::Key_Down);
+  driver->key(Qt::Key_Up);
+  driver->key(Qt::Key_Up);
+  int stops = 0;
+  for (QQuickItem* item : driver->itemsOfType("SidebarRow")) stops += item->activeFocusOnTab();
+  EXPECT_EQ(stops, 1);
+  choose("Notifications");
+  driver->key(Qt::Key_Tab);
+  bridge().tools()->open("ConditionsListController", "");
+  driver->waitUntilIdle();
+  EXPECT_EQ(title(), "Conditions");
+  for (QQuickItem* item : driver->itemsOfType("SidebarRow"))
+    EXPECT_EQ(item->activeFocusOnTab(), item == entry("Conditions"))
+        << accessibleName(item).toStdString();
+}
+
+TEST_F(Sidebar, TypingInItBeginsASearch) {
+  openWide();
+  entry("Sounds")->forceActiveFocus(Qt::TabFocusReason);
+  driver->type("v");
+  EXPECT_FALSE(driver->itemsOfType("SearchView").empty());
 }
 
 TEST_F(Sidebar, RowsAreAtMost48PixelsHigh) {

@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Templates as T
 import Quorvantis.Settings
 
 // One button of an alert or a sheet.
-T.AbstractButton {
+PressButton {
     id: button
 
     required property alertButton shown
@@ -13,13 +12,8 @@ T.AbstractButton {
 
     implicitWidth: implicitContentWidth + 32
     implicitHeight: Math.max(Theme.rowHeight, implicitContentHeight + 20)
-    focusPolicy: Qt.StrongFocus
     text: shown.title
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
-    Accessible.name: text
     Accessible.defaultButton: shown.preferred
-    Accessible.onPressAction: clicked()
 
     background: Item {
         Rectangle {

@@ -8,20 +8,11 @@ AlertBase {
     id: popup
 
     readonly property bool sideBySide: alert.buttons.length === 2
-    readonly property real heightForWheel: parent ? parent.height - 24 - texts.implicitHeight - buttons.implicitHeight : 0
+    readonly property real heightForWheel: parent ? parent.height - top - 24 - texts.implicitHeight - buttons.implicitHeight : 0
 
     width: Math.min(parent ? parent.width - 40 : 0, Theme.unit(300))
-    x: parent ? Math.round((parent.width - width) / 2) : 0
-    y: parent ? Math.round((parent.height - height) / 2) : 0
     opacity: shown
     scale: 1.08 - 0.08 * shown
-
-    background: Rectangle {
-        radius: Theme.radius + 2
-        color: Theme.dialog
-        border.width: Theme.dark ? 1 : 0
-        border.color: Theme.separator
-    }
 
     contentItem: FocusScope { // qmllint disable deferred-property-id
         id: frame
@@ -33,7 +24,7 @@ AlertBase {
             return by !== undefined;
         }
 
-        implicitHeight: column.implicitHeight
+        implicitHeight: column.contentHeight
         focus: true
         Keys.onReturnPressed: popup.confirm()
         Keys.onEnterPressed: popup.confirm()
@@ -45,10 +36,11 @@ AlertBase {
         Accessible.name: popup.alert.title
         Accessible.description: popup.description
 
-        Column {
+        ScrollColumn {
             id: column
 
-            width: parent.width
+            anchors.fill: parent
+            keyed: false
 
             AlertText {
                 id: texts

@@ -4,7 +4,7 @@ import Quorvantis.Settings
 
 // A question, with a text to edit where it asks for one. The keyboard is in that text, else on the
 // button that does nothing.
-T.Popup {
+PopupBase {
     id: popup
 
     required property var question  // { heading, words, action, destructive, editable, field, act }
@@ -15,28 +15,13 @@ T.Popup {
         question.act(text);
     }
 
-    parent: T.Overlay.overlay
-    modal: true
-    focus: true
     closePolicy: T.Popup.CloseOnEscape
     padding: Theme.inset
-    width: Math.min(parent ? parent.width - 32 : 0, Math.round((question.editable ? 420 : 320) * Theme.scale))
-    implicitHeight: contentHeight + 2 * padding
-    x: parent ? Math.round((parent.width - width) / 2) : 0
-    y: parent ? Math.round((parent.height - height) / 3) : 0
+    width: Math.min(parent ? parent.width - 32 : 0, Theme.unit(question.editable ? 420 : 320))
     onOpened: question.editable ? field.forceActiveFocus(Qt.PopupFocusReason) : cancel.forceActiveFocus(Qt.TabFocusReason)
     onClosed: destroy()
 
-    T.Overlay.modal: Rectangle {
-        color: Theme.shade
-    }
-    background: Rectangle {
-        radius: Theme.radius
-        color: Theme.dialog
-        border.width: 1
-        border.color: Theme.separator
-    }
-    contentItem: Column { // qmllint disable deferred-property-id
+    contentItem: ScrollColumn { // qmllint disable deferred-property-id
         spacing: 10
         Accessible.role: Accessible.Dialog
         Accessible.name: popup.question.heading
@@ -66,7 +51,7 @@ T.Popup {
             Accessible.role: Accessible.StaticText
             Accessible.name: text
         }
-        FilterField {
+        InputField {
             id: field
 
             width: parent.width

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 
 // A problem, shown until the user dismisses it.
 Rectangle {
@@ -18,7 +17,7 @@ Rectangle {
         id: words
 
         anchors.left: parent.left
-        anchors.leftMargin: Theme.inset
+        anchors.leftMargin: Theme.sideOf(banner.width)
         anchors.right: button.left
         anchors.rightMargin: 8
         anchors.verticalCenter: parent.verticalCenter
@@ -30,12 +29,12 @@ Rectangle {
         Accessible.ignored: true
     }
 
-    T.AbstractButton {
+    PressButton {
         id: button
 
         objectName: "dismiss"
         anchors.right: parent.right
-        anchors.rightMargin: 8
+        anchors.rightMargin: Theme.sideOf(banner.width) - 10
         anchors.verticalCenter: parent.verticalCenter
         width: title.implicitWidth + 20
         height: Theme.rowHeight - 10
@@ -43,10 +42,6 @@ Rectangle {
         text: qsTr("Dismiss")
         opacity: down ? 0.4 : 1
         onClicked: banner.dismissed()
-        Keys.onReturnPressed: clicked()
-        Keys.onEnterPressed: clicked()
-        Accessible.name: text
-        Accessible.onPressAction: clicked()
 
         Text {
             id: title

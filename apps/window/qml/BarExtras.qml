@@ -22,7 +22,7 @@ Row {
             anchors.centerIn: parent
             anchors.horizontalCenterOffset: -2
             anchors.verticalCenterOffset: -2
-            width: Math.round(14 * Theme.scale)
+            width: Theme.unit(14)
             height: width
             radius: width / 2
             color: "transparent"
@@ -55,7 +55,7 @@ Row {
                 model: 3
 
                 Rectangle {
-                    width: Math.round(4.4 * Theme.scale)
+                    width: Theme.unit(4.4)
                     height: width
                     radius: width / 2
                     color: Theme.accentText

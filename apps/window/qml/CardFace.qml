@@ -8,7 +8,6 @@ Item {
     property bool last: false
     property bool pressed: false
     property bool hovered: false
-    property real separatorInset: Theme.inset
     readonly property color ground: pressed ? Theme.pressed : hovered ? Theme.hovered : Theme.card
 
     Rectangle {
@@ -30,7 +29,7 @@ Item {
         color: face.ground
     }
     Rectangle {
-        x: face.separatorInset
+        x: Theme.inset
         width: parent.width - x
         height: Theme.line
         anchors.bottom: parent.bottom

@@ -98,18 +98,23 @@ KeyRow {
         HoverHandler {
             id: pointer
             enabled: card.entry.reason !== ""
-            onHoveredChanged: if (!hovered) hint.rest()
+            onHoveredChanged: if (!hovered) (hint.item as Hint).rest()
         }
         TapHandler {
             enabled: card.entry.reason !== ""
-            onTapped: hint.linger()
+            onTapped: (hint.item as Hint).linger()
         }
-        Hint {
+        Loader {
             id: hint
-            text: card.entry.reason
-            wanted: pointer.hovered || (dimmed.activeFocus && KeyboardUse.active)
-            action: card.entry.wayOut
-            onActed: card.page.takeWayOut(card.index)
+
+            anchors.fill: parent
+            active: card.entry.reason !== ""
+            sourceComponent: Hint {
+                text: card.entry.reason
+                wanted: pointer.hovered || (dimmed.activeFocus && KeyboardUse.active)
+                action: card.entry.wayOut
+                onActed: card.page.takeWayOut(card.index)
+            }
         }
     }
 

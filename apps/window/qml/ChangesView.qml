@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Controls.Basic
 import Quorvantis.Settings
 
 // What differs from the defaults, page by page, and its reset.
@@ -19,24 +18,16 @@ ToolView {
     NoticeView {
         anchors.fill: list
         visible: list.count === 0
-        title: qsTr("Nothing is changed")
-        detail: qsTr("Every setting has its default.")
+        title: view.changes.failed ? qsTr("The settings can't be read") : qsTr("Nothing is changed")
+        detail: view.changes.failed ? "" : view.all ? qsTr("Every setting has its default.") : qsTr("Every setting of this page has its default.")
     }
-    ListView {
+    EntryList {
         id: list
 
         anchors.fill: parent
         anchors.bottomMargin: actions.height
-        clip: true
-        focus: true
+        heading: view.heading
         model: view.changes.settings
-        boundsBehavior: Flickable.StopAtBounds
-        cacheBuffer: 4000
-        keyNavigationEnabled: false
-        bottomMargin: 16
-        ScrollBar.vertical: ScrollBar {}
-        Accessible.role: Accessible.List
-        Accessible.name: view.heading
 
         delegate: Column {
             id: item

@@ -17,7 +17,7 @@ KeyRow {
     readonly property string profile: page.tools ? page.profileAt(choice) : ""  // that it is, if any
 
     function stops(): var {
-        return [button];
+        return details.visible ? [button, details] : [button];
     }
 
     // Shows again what the page has ticked: it may have refused.

@@ -25,13 +25,14 @@ FocusScope {
         visible: view.scrolled && filter.visible
         color: Theme.separator
     }
-    FilterField {
+    InputField {
         id: filter
 
         x: view.side
         y: 12
         width: view.width - 2 * x
         visible: view.choices.filterable
+        placeholderText: qsTr("Filter")
         onTextChanged: {
             list.currentIndex = -1;
             view.choices.filter = text;

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 
 // Leads to the page where a color is chosen, and shows it or the word that stands for it.
 CardRow {
@@ -10,19 +9,15 @@ CardRow {
     hovered: button.hovered
     contentHeight: Math.max(Theme.rowHeight, texts.implicitHeight + 20)
 
-    T.AbstractButton {
+    PressButton {
         id: button
 
         anchors.fill: parent
         focusPolicy: Qt.ClickFocus
         text: card.entry.label
         onClicked: card.page.tap(card.index)
-        Keys.onReturnPressed: clicked()
-        Keys.onEnterPressed: clicked()
-        Accessible.name: text
         Accessible.description: card.description
         Accessible.focusable: true
-        Accessible.onPressAction: clicked()
 
         LabelledValue {
             id: texts

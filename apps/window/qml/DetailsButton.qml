@@ -4,7 +4,7 @@ import QtQuick
 BarButton {
     Rectangle {
         anchors.centerIn: parent
-        width: Math.round(22 * Theme.scale)
+        width: Theme.unit(22)
         height: width
         radius: width / 2
         color: "transparent"

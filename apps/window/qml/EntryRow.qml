@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 
 // An entry of a list over the pages: what it is, more about it below, and a value at the right.
 Item {
@@ -17,7 +16,7 @@ Item {
 
     implicitHeight: Math.max(Theme.rowHeight, texts.implicitHeight + 16)
 
-    T.AbstractButton {
+    PressButton {
         id: button
 
         x: Theme.sideOf(entry.width)
@@ -27,11 +26,7 @@ Item {
         enabled: entry.leads
         text: entry.label
         onClicked: entry.chosen()
-        Keys.onReturnPressed: clicked()
-        Keys.onEnterPressed: clicked()
-        Accessible.name: text
         Accessible.description: entry.value + (entry.value === "" || entry.detail === "" ? "" : ", ") + entry.detail
-        Accessible.onPressAction: clicked()
 
         CardFace {
             anchors.fill: parent

@@ -60,8 +60,10 @@ T.ToolTip {
             id: inside
         }
         Text {
+            width: Math.min(implicitWidth, (hint.parent?.Window.width ?? 390) - 36)
             text: hint.text
             textFormat: Text.PlainText
+            wrapMode: Text.Wrap
             color: Theme.hintText
             font.pixelSize: Theme.small
         }

@@ -14,6 +14,7 @@ ApplicationWindow {
     property bool hasContents: false
     readonly property bool split: width >= Theme.wide && hasContents
     readonly property int firstDepth: split ? 2 : 1  // of a page that there is no way back from
+    readonly property bool covered: settings.alert !== null || tools.open > 0 || help.active
     property bool instant: false                     // pages change without sliding
 
     // What is being edited is stored before its page is left.
@@ -104,18 +105,21 @@ ApplicationWindow {
     }
     Shortcut {
         sequences: ["F1"]
-        enabled: !window.settings.alert
+        enabled: !window.covered
         onActivated: help.active = true
     }
 
+    // Also while a view lies over the pages.
     Shortcut {
         sequences: ["Ctrl+Z"]
-        enabled: !window.settings.alert
+        context: Qt.ApplicationShortcut
+        enabled: !window.settings.alert && !tools.asking && !help.active
         onActivated: window.settings.undo.undo()
     }
     Shortcut {
         sequences: ["Ctrl+Shift+Z", "Ctrl+Y"]
-        enabled: !window.settings.alert
+        context: Qt.ApplicationShortcut
+        enabled: !window.settings.alert && !tools.asking && !help.active
         onActivated: window.settings.undo.redo()
     }
     Component {
@@ -142,12 +146,30 @@ ApplicationWindow {
         width: window.width
         height: visible ? contentHeight : 0
         padding: 0
-        visible: window.settings.alert !== null && window.settings.problems.length > 0
+        visible: window.covered && window.settings.problems.length > 0
         closePolicy: T.Popup.NoAutoClose
 
-        contentItem: Notices {
-            settings: window.settings
+        contentItem: Loader { // qmllint disable deferred-property-id
+            id: noticesAbove
         }
+        onAboutToShow: noticesAbove.setSource("Notices.qml", { settings: window.settings }) // qmllint disable deferred-property-id
+    }
+    T.Popup {
+        id: aboveViews
+
+        parent: T.Overlay.overlay
+        z: 1
+        y: window.height - height
+        width: window.width
+        height: visible ? contentHeight : 0
+        padding: 0
+        visible: tools.open > 0 && window.settings.undo.text !== ""
+        closePolicy: T.Popup.NoAutoClose
+
+        contentItem: Loader { // qmllint disable deferred-property-id
+            id: undoAbove
+        }
+        onAboutToShow: undoAbove.setSource("UndoBar.qml", { undo: window.settings.undo }) // qmllint disable deferred-property-id
     }
 
     Binding {
@@ -158,11 +180,19 @@ ApplicationWindow {
     Item {
         id: nowhere
     }
-    RecoveryNotice {
+    Loader {
         id: recovery
 
+        function load() {
+            if (active)
+                setSource("RecoveryNotice.qml", { recovery: window.settings.recovery });
+        }
+
         width: parent.width
-        recovery: window.settings.recovery
+        height: active ? implicitHeight : 0
+        active: window.settings.recovery.damaged
+        onActiveChanged: load()
+        Component.onCompleted: load()
     }
     Loader {
         id: help
@@ -171,9 +201,7 @@ ApplicationWindow {
         source: "HelpPopup.qml"
         onLoaded: (item as HelpPopup).closed.connect(() => active = false)
     }
-    TruncatedHint {
-        z: 10
-    }
+    TruncatedHint {}
     Loader {
         id: side
 
@@ -188,6 +216,7 @@ ApplicationWindow {
         active: window.split
         onActiveChanged: load()
         onLoaded: (item as SidebarView).chosen.connect(window.openFromContents)
+        Keys.onPressed: event => event.accepted = tools.type(event.text, event.modifiers)
         Component.onCompleted: load()
     }
     Notices {
@@ -206,7 +235,7 @@ ApplicationWindow {
         anchors.bottom: banners.top
         width: parent.width
         undo: window.settings.undo
-        covered: window.settings.alert !== null
+        covered: window.covered
     }
 
     StackView {
@@ -231,6 +260,8 @@ ApplicationWindow {
 
         anchors.fill: parent
         settings: window.settings
+        above: above.height
+        below: aboveViews.height
         onLeaving: window.commit()
         onDone: stack.currentItem.forceActiveFocus()
     }

@@ -5,7 +5,7 @@ import QtQuick.Templates as T
 import Quorvantis.Settings
 
 // A menu at an item. Each entry has a text, and what it does; one that can't be chosen is dimmed.
-T.Popup {
+PopupBase {
     id: popup
 
     required property Item at
@@ -19,29 +19,19 @@ T.Popup {
                 return items.itemAt(i).forceActiveFocus(Qt.TabFocusReason); // qmllint disable deferred-property-id
     }
 
-    parent: T.Overlay.overlay
-    modal: true
     dim: false
-    focus: true
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
     padding: 4
-    width: Math.min(Math.round(300 * Theme.scale), parent ? parent.width - 16 : 0)
-    implicitHeight: contentHeight + 2 * padding
+    width: Math.min(Theme.unit(300), parent ? parent.width - 16 : 0)
     x: parent ? Math.max(8, Math.min(corner.x, parent.width - width - 8)) : 0
     y: parent ? Math.max(8, Math.min(corner.y, parent.height - height - 8)) : 0
     onOpened: move(-1, 1)
     onClosed: destroy()
 
-    background: Rectangle {
-        radius: Theme.radius
-        color: Theme.dialog
-        border.width: 1
-        border.color: Theme.separator
-    }
-
-    contentItem: Column { // qmllint disable deferred-property-id
+    contentItem: ScrollColumn { // qmllint disable deferred-property-id
         id: column
 
+        keyed: false
         Accessible.role: Accessible.PopupMenu
         Accessible.name: qsTr("Menu")
 
@@ -50,7 +40,7 @@ T.Popup {
 
             model: popup.entries
 
-            T.AbstractButton {
+            PressButton {
                 id: entry
 
                 required property var modelData
@@ -59,18 +49,13 @@ T.Popup {
                 width: column.width
                 height: Math.max(Theme.rowHeight, name.implicitHeight + 16)
                 enabled: modelData.usable
-                focusPolicy: Qt.StrongFocus
                 text: modelData.text
                 onClicked: {
                     popup.close();
                     modelData.act();
                 }
-                Keys.onReturnPressed: clicked()
-                Keys.onEnterPressed: clicked()
                 Keys.onDownPressed: popup.move(index, 1)
                 Keys.onUpPressed: popup.move(index, -1)
-                Accessible.name: text
-                Accessible.onPressAction: clicked()
 
                 Rectangle {
                     anchors.fill: parent

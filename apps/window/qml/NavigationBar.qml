@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 
 // The page's title, the way back, and what the page does from here.
 Rectangle {
@@ -27,7 +26,8 @@ Rectangle {
     TextMetrics {
         id: titleSize
         text: bar.title
-        font: title.font
+        font.pixelSize: Theme.body
+        font.weight: title.font.weight
     }
     TextMetrics {
         id: backSize
@@ -35,7 +35,7 @@ Rectangle {
         font: backName.font
     }
 
-    T.AbstractButton {
+    PressButton {
         id: backButton
 
         objectName: "back"
@@ -47,11 +47,7 @@ Rectangle {
         text: qsTr("Back")
         opacity: down ? 0.4 : 1
         onClicked: bar.back()
-        Keys.onReturnPressed: clicked()
-        Keys.onEnterPressed: clicked()
-        Accessible.name: text
         Accessible.description: bar.backTitle
-        Accessible.onPressAction: clicked()
 
         Row {
             id: backContent
@@ -86,7 +82,7 @@ Rectangle {
         }
     }
 
-    T.AbstractButton {
+    PressButton {
         id: actionButton
 
         objectName: "action"
@@ -99,10 +95,6 @@ Rectangle {
         text: bar.actionName
         opacity: down ? 0.4 : 1
         onClicked: bar.acted()
-        Keys.onReturnPressed: clicked()
-        Keys.onEnterPressed: clicked()
-        Accessible.name: text
-        Accessible.onPressAction: clicked()
 
         ComposeIcon {
             anchors.centerIn: parent
@@ -120,12 +112,16 @@ Rectangle {
         readonly property real centered: (bar.width - width) / 2
 
         x: Math.max(bar.leftWidth, Math.min(centered, bar.width - bar.rightWidth - width))
-        width: Math.min(implicitWidth, freeWidth)
+        width: Math.min(Math.ceil(titleSize.advanceWidth) + 1, freeWidth)
         height: parent.height
         verticalAlignment: Text.AlignVCenter
         text: bar.title
         textFormat: Text.PlainText
         elide: Text.ElideRight
+        wrapMode: Text.WordWrap
+        maximumLineCount: 2
+        fontSizeMode: Text.Fit
+        minimumPixelSize: Math.round(Theme.body * 0.7)
         color: Theme.text
         font.pixelSize: Theme.body
         font.weight: Font.DemiBold

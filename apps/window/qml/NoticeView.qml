@@ -9,7 +9,7 @@ Item {
 
     Column {
         anchors.centerIn: parent
-        width: Math.min(parent.width - 64, 420)
+        width: Math.min(parent.width - 64, Theme.unit(420))
         spacing: 8
 
         Text {

@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Controls.Basic
 import Quorvantis.Settings
 
 // One profile: what can be done with it, what a load would change, and its values.
@@ -35,78 +34,67 @@ ToolView {
 
     heading: profile.title
 
-    Flickable {
-        id: flick
-
+    ScrollColumn {
         anchors.fill: parent
-        contentHeight: column.height + 24
-        boundsBehavior: Flickable.StopAtBounds
-        clip: true
-        ScrollBar.vertical: ScrollBar {}
+        bottomMargin: 24
+        spacing: 8
 
-        Column {
-            id: column
+        Text {
+            x: Theme.sideOf(parent.width) + Theme.inset
+            width: parent.width - 2 * x
+            visible: text !== ""
+            text: view.note !== "" ? view.note : view.profile.description
+            textFormat: Text.PlainText
+            wrapMode: Text.Wrap
+            horizontalAlignment: Text.AlignHCenter
+            color: Theme.secondary
+            font.pixelSize: Theme.body
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+        }
+        Flow {
+            id: buttons
 
-            width: flick.width
-            spacing: 8
+            x: Math.max(Theme.sideOf(parent.width), (parent.width - childrenRect.width) / 2)
+            width: parent.width - 2 * Theme.sideOf(parent.width)
 
-            Text {
-                x: Theme.sideOf(parent.width) + Theme.inset
-                width: parent.width - 2 * x
-                visible: text !== ""
-                text: view.note !== "" ? view.note : view.profile.description
-                textFormat: Text.PlainText
-                wrapMode: Text.Wrap
-                horizontalAlignment: Text.AlignHCenter
-                color: Theme.secondary
-                font.pixelSize: Theme.body
-                Accessible.role: Accessible.StaticText
-                Accessible.name: text
+            TextButton {
+                id: comparing
+
+                focus: true
+                text: qsTr("Compare With…")
+                onClicked: view.compareMenu()
             }
-            Flow {
-                id: buttons
-
-                x: Math.max(Theme.sideOf(parent.width), (parent.width - childrenRect.width) / 2)
-                width: parent.width - 2 * Theme.sideOf(parent.width)
-
-                TextButton {
-                    id: comparing
-
-                    focus: true
-                    text: qsTr("Compare With…")
-                    onClicked: view.compareMenu()
-                }
-                TextButton {
-                    text: qsTr("Rename…")
-                    onClicked: view.rename()
-                }
-                TextButton {
-                    text: qsTr("Export…")
-                    onClicked: view.exportFile()
-                }
-                TextButton {
-                    text: qsTr("Delete…")
-                    destructive: true
-                    onClicked: view.remove()
-                }
-                TextButton {
-                    text: qsTr("Load")
-                    strong: true
-                    onClicked: if (view.profile.load()) view.note = qsTr("Loaded.")
-                }
+            TextButton {
+                text: qsTr("Rename…")
+                onClicked: view.rename()
             }
-            ValueList {
-                width: parent.width
-                heading: view.profile.other === "" ? qsTr("A load would change") : qsTr("Different in %1").arg(view.profile.other)
-                values: view.profile.differences
-                empty: view.profile.other === "" ? qsTr("Nothing: the settings are like this already.") : qsTr("Nothing: both are alike.")
-                footer: view.profile.alike === 0 || view.profile.other !== "" ? "" : view.profile.alike === 1 ? qsTr("One more is only stored with the value already shown.") : qsTr("%1 more are only stored with the value already shown.").arg(view.profile.alike)
+            TextButton {
+                text: qsTr("Export…")
+                onClicked: view.exportFile()
             }
-            ValueList {
-                width: parent.width
-                heading: qsTr("Values")
-                values: view.profile.values
+            TextButton {
+                text: qsTr("Delete…")
+                destructive: true
+                onClicked: view.remove()
             }
+            TextButton {
+                text: qsTr("Load")
+                strong: true
+                onClicked: if (view.profile.load()) view.note = qsTr("Loaded.")
+            }
+        }
+        ValueList {
+            width: parent.width
+            heading: view.profile.other === "" ? qsTr("A load would change") : qsTr("Different in %1").arg(view.profile.other)
+            values: view.profile.differences
+            empty: view.profile.failed ? qsTr("It can't be compared.") : view.profile.other === "" ? qsTr("Nothing: the settings are like this already.") : qsTr("Nothing: both are alike.")
+            footer: view.profile.alike === 0 || view.profile.other !== "" ? "" : view.profile.alike === 1 ? qsTr("One more is only stored with the value already shown.") : qsTr("%1 more are only stored with the value already shown.").arg(view.profile.alike)
+        }
+        ValueList {
+            width: parent.width
+            heading: qsTr("Values")
+            values: view.profile.values
         }
     }
 }

@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Controls.Basic
 import Quorvantis.Settings
 
 // The saved profiles; each opens.
@@ -25,24 +24,17 @@ ToolView {
     NoticeView {
         anchors.fill: list
         visible: list.count === 0
-        title: qsTr("No saved profiles")
-        detail: qsTr("A profile that is saved stands here. A file of one can be dropped here, too.")
+        title: view.profiles.failed ? qsTr("The profiles can't be read") : qsTr("No saved profiles")
+        detail: view.profiles.failed ? "" : qsTr("A profile that is saved stands here. A file of one can be dropped here, too.")
     }
-    ListView {
+    EntryList {
         id: list
 
         anchors.fill: parent
         anchors.topMargin: strip.y + strip.height + 16
         anchors.bottomMargin: actions.height
-        clip: true
-        focus: true
+        heading: view.heading
         model: view.profiles.saved
-        boundsBehavior: Flickable.StopAtBounds
-        keyNavigationEnabled: false
-        bottomMargin: 16
-        ScrollBar.vertical: ScrollBar {}
-        Accessible.role: Accessible.List
-        Accessible.name: view.heading
 
         delegate: EntryRow {
             required property int index

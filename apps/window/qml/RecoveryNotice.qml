@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 import Quorvantis.Settings
 
 // Settings that can't be read: what that means, and the two ways out.
@@ -11,8 +10,7 @@ Rectangle {
     readonly property string title: qsTr("The settings can't be read")
     readonly property string detail: recovery.possible ? qsTr("Nothing can be changed until you choose how to go on. The damaged file is kept in both cases:") : qsTr("Nothing can be changed. This is the file:")
 
-    visible: recovery.damaged
-    height: visible ? column.implicitHeight + 2 * Theme.inset : 0
+    implicitHeight: column.implicitHeight + 2 * Theme.inset
     color: Theme.warning
     Accessible.role: Accessible.AlertMessage
     Accessible.name: title
@@ -65,20 +63,15 @@ Rectangle {
         }
     }
 
-    component Way: T.AbstractButton {
+    component Way: PressButton {
         id: way
 
         property string detail
 
         width: Math.max(title.implicitWidth, below.implicitWidth) + 28
         height: title.implicitHeight + below.implicitHeight + 16
-        focusPolicy: Qt.StrongFocus
         opacity: down || !enabled ? 0.5 : 1
-        Keys.onReturnPressed: clicked()
-        Keys.onEnterPressed: clicked()
-        Accessible.name: text
         Accessible.description: detail
-        Accessible.onPressAction: clicked()
 
         background: Rectangle {
             radius: 8

@@ -39,7 +39,8 @@ KeyList {
         DelegateChoice { roleValue: "slider"; SliderRow {} }
         DelegateChoice { roleValue: "segment"; SegmentRow {} }
         DelegateChoice { roleValue: "text"; TextRow {} }
-        DelegateChoice { roleValue: "longtext"; LongTextRow {} }
+        DelegateChoice { roleValue: "secret"; SecretRow {} }
+        DelegateChoice { roleValue: "longtext"; TextRow {} }
         DelegateChoice { roleValue: "value"; ValueRow {} }
         DelegateChoice { roleValue: "static"; StaticRow {} }
         DelegateChoice { roleValue: "giant"; StaticRow {} }

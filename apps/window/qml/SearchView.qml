@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Controls.Basic
 import Quorvantis.Settings
 
 // The search over all pages: the keyboard stays in the field, and chooses among the results.
@@ -22,7 +21,7 @@ ToolView {
     Component.onCompleted: field.text = words
     Component.onDestruction: tools.search.end()
 
-    FilterField {
+    InputField {
         id: field
 
         objectName: "search"
@@ -46,21 +45,15 @@ ToolView {
         title: field.text === "" ? qsTr("What are you looking for?") : qsTr("Nothing found")
         detail: field.text === "" ? qsTr("A setting, one of its choices, a color, a page or a saved profile") : qsTr("Try another word, or fewer")
     }
-    ListView {
+    EntryList {
         id: list
 
         anchors.fill: parent
         anchors.topMargin: field.y + field.height + 12
-        clip: true
+        heading: view.heading
+        focus: false
         model: view.tools.search.results
         currentIndex: 0
-        boundsBehavior: Flickable.StopAtBounds
-        highlightFollowsCurrentItem: false
-        keyNavigationEnabled: false
-        bottomMargin: 24
-        ScrollBar.vertical: ScrollBar {}
-        Accessible.role: Accessible.List
-        Accessible.name: view.heading
 
         delegate: EntryRow {
             required property int index

@@ -14,17 +14,19 @@ AlertBase {
     readonly property real parentHeight: parent ? parent.height : 0
     readonly property bool wide: parentWidth >= Theme.wide
     readonly property rect anchor: anchorRect(parentWidth, parentHeight)
-    readonly property bool pointed: wide && anchor.width > 0
     readonly property bool below: anchor.y + anchor.height + 14 + height <= parentHeight - 12
+    readonly property bool above: anchor.y - 14 - height >= top + 12
+    readonly property bool pointed: wide && anchor.width > 0 && (below || above)
 
     function anchorRect(width: real, height: real): rect {
         const item = page ? page.anchorOf(alert) : null;
         return item && parent ? item.mapToItem(parent, 0, 0, item.width, item.height) : Qt.rect(0, 0, 0, 0);
     }
-    width: wide ? Theme.unit(320) : Math.min(parentWidth - 16, 440)
+    width: wide ? Theme.unit(320) : Math.min(parentWidth - 16, Theme.unit(440))
     x: Math.round(pointed ? Math.max(12, Math.min(parentWidth - 12 - width, anchor.x + anchor.width / 2 - width / 2)) : (parentWidth - width) / 2)
-    y: Math.round(!wide ? parentHeight - height - 8 : !pointed ? (parentHeight - height) / 2 : below ? Math.max(top + 14, anchor.y + anchor.height + 14) : Math.max(12, anchor.y - 14 - height))
+    y: Math.round(!wide ? parentHeight - height - 8 : !pointed ? top + (parentHeight - top - height) / 2 : below ? Math.max(top + 14, anchor.y + anchor.height + 14) : anchor.y - 14 - height)
     opacity: wide ? shown : 1
+    background: null
 
     contentItem: FocusScope { // qmllint disable deferred-property-id
         id: frame
@@ -34,7 +36,7 @@ AlertBase {
             item.nextItemInFocusChain(forward).forceActiveFocus(Qt.TabFocusReason);
         }
 
-        implicitHeight: column.implicitHeight
+        implicitHeight: column.contentHeight
         focus: true
         transform: Translate { y: popup.wide ? 0 : (1 - popup.shown) * (popup.height + 8) }
         Keys.onDownPressed: move(true)
@@ -56,16 +58,15 @@ AlertBase {
             antialiasing: true
             color: Theme.dialog
         }
-        Rectangle {
+        DialogFace {
             anchors.fill: parent
-            radius: Theme.radius + 2
             visible: popup.wide
-            color: Theme.dialog
         }
-        Column {
+        ScrollColumn {
             id: column
 
-            width: parent.width
+            anchors.fill: parent
+            keyed: false
             spacing: popup.wide ? 0 : 8
 
             Card {
@@ -85,13 +86,13 @@ AlertBase {
         }
     }
 
-    component Card: Rectangle {
+    component Card: DialogFace {
         default property alias content: inside.data
 
         width: column.width
         height: inside.height
-        radius: Theme.radius + 2
         color: popup.wide ? "transparent" : Theme.dialog
+        border.width: popup.wide || !Theme.dark && !Theme.highContrast ? 0 : Theme.line
 
         Column {
             id: inside

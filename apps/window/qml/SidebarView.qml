@@ -31,8 +31,7 @@ FocusScope {
             if (next < 0)
                 return false;
             positionViewAtIndex(next, ListView.Contain);
-            currentIndex = next;
-            currentItem.forceActiveFocus(direction > 0 ? Qt.TabFocusReason : Qt.BacktabFocusReason);
+            itemAtIndex(next).forceActiveFocus(direction > 0 ? Qt.TabFocusReason : Qt.BacktabFocusReason);
             return true;
         }
 
@@ -44,7 +43,7 @@ FocusScope {
         boundsBehavior: Flickable.StopAtBounds
         cacheBuffer: 2000
         keyNavigationEnabled: false
-        currentIndex: view.settings.opened
+        Component.onCompleted: currentIndex = view.settings.opened
         highlightFollowsCurrentItem: false
         topMargin: 8
         bottomMargin: 16
@@ -53,6 +52,15 @@ FocusScope {
         Keys.onUpPressed: event => event.accepted = move(-1)
         Accessible.role: Accessible.List
         Accessible.name: view.settings.contents.title
+
+        Connections {
+            target: view.settings
+
+            function onShownChanged() {
+                if (!list.activeFocus)
+                    list.currentIndex = view.settings.opened;
+            }
+        }
 
         delegate: DelegateChooser {
             role: "kind"

@@ -84,7 +84,7 @@ KeyRow {
                 x: Theme.inset
                 anchors.verticalCenter: parent.verticalCenter
                 anchors.verticalCenterOffset: -card.below / 2
-                width: Theme.unit(48)
+                width: Math.min(Theme.unit(48), face.width * 0.2)
                 height: Theme.unit(24)
                 color: card.entry.image
                 outline: card.entry.border

@@ -1,8 +1,7 @@
 import QtQuick
-import QtQuick.Templates as T
 
 // A button that is a word or two.
-T.AbstractButton {
+PressButton {
     id: button
 
     property bool destructive: false
@@ -10,12 +9,7 @@ T.AbstractButton {
 
     implicitWidth: implicitContentWidth + 24
     implicitHeight: Theme.rowHeight - 4
-    focusPolicy: Qt.StrongFocus
     opacity: down ? 0.4 : enabled ? 1 : 0.5
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
-    Accessible.name: text
-    Accessible.onPressAction: clicked()
 
     contentItem: Text {
         horizontalAlignment: Text.AlignHCenter

@@ -1,32 +1,55 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// One line of text to edit, stored when the user is done with it.
+// A text to edit, stored when the user is done with it: beside its label while both fit there, else
+// below it; it wraps where it is longer than the row. A text of several lines shows no label.
 CardRow {
     id: card
 
-    readonly property bool titled: entry.label !== ""
+    required property string kind
 
-    control: field
+    readonly property bool several: kind === "longtext"
+    readonly property bool titled: entry.label !== "" && !several
+    readonly property real free: width - 2 * side - 2 * Theme.inset
+    readonly property bool below: titled && labelSize.advanceWidth + 13 + Math.max(Theme.unit(80), textSize.advanceWidth + 4) > free
+    readonly property real textHeight: area.activeFocus ? area.contentHeight + 2 * area.topPadding : shown.implicitHeight
 
+    control: area
+    contentHeight: Math.max((several ? 3 : 1) * Theme.rowHeight, (below ? 10 + label.height : 0) + textHeight)
+
+    TextMetrics {
+        id: labelSize
+        text: label.text
+        font: label.font
+    }
+    TextMetrics {
+        id: textSize
+        text: shown.text
+        font: area.font
+    }
     Text {
         id: label
 
         x: Theme.inset
-        width: Math.min(implicitWidth, (parent.width - 2 * x) * 0.5)
-        anchors.verticalCenter: parent.verticalCenter
+        y: card.below ? 10 : (parent.height - height) / 2
+        width: Math.min(card.free, Math.ceil(labelSize.advanceWidth) + 1)
         visible: card.titled
         text: card.entry.label
         textFormat: Text.PlainText
+        wrapMode: Text.Wrap
+        maximumLineCount: 3
         elide: Text.ElideRight
         color: Theme.text
         font.pixelSize: Theme.body
     }
 
-    T.TextField {
-        id: field
+    T.TextArea {
+        id: area
 
         property string begun: card.entry.value  // what stood there when editing began
+
+        readonly property bool onFirstLine: cursorRectangle.y <= positionToRectangle(0).y
+        readonly property bool onLastLine: cursorRectangle.y >= positionToRectangle(length).y
 
         function show() {
             if (activeFocus)
@@ -36,38 +59,54 @@ CardRow {
             text = Qt.binding(() => begun);
         }
         function commit() {
-            if (text !== begun)
-                card.page.setText(card.index, text);
+            const line = card.several ? text : text.replace(/\s*\n\s*/g, " ");
+            if (line !== begun)
+                card.page.setText(card.index, line);
             show();
         }
 
-        anchors.left: card.titled ? label.right : parent.left
-        anchors.leftMargin: card.titled ? 12 : Theme.inset
-        anchors.right: parent.right
-        anchors.rightMargin: Theme.inset
-        anchors.top: parent.top
-        anchors.bottom: parent.bottom
+        x: card.titled && !card.below ? label.x + label.width + 12 : Theme.inset
+        y: card.below ? label.y + label.height : 0
+        width: card.free + Theme.inset - x
+        height: parent.height - y
+        topPadding: card.below ? 6 : 12
+        bottomPadding: topPadding
         activeFocusOnTab: false
-        horizontalAlignment: card.titled ? TextInput.AlignRight : TextInput.AlignLeft
-        verticalAlignment: TextInput.AlignVCenter
+        horizontalAlignment: card.titled && !card.below ? TextInput.AlignRight : TextInput.AlignLeft
+        verticalAlignment: card.several ? TextInput.AlignTop : TextInput.AlignVCenter
         text: begun
         placeholderText: card.entry.placeholder
-        placeholderTextColor: Theme.secondary
-        echoMode: card.entry.secret ? TextInput.Password : TextInput.Normal
+        textFormat: TextEdit.PlainText
+        wrapMode: TextEdit.Wrap
         inputMethodHints: card.entry.inputHints
         color: activeFocus ? Theme.text : "transparent"
         selectionColor: Theme.accent
         selectedTextColor: Theme.textOnAccent
         selectByMouse: true
         font.pixelSize: Theme.body
-        clip: true
         onActiveFocusChanged: {
             if (activeFocus)
                 begun = card.entry.value;
             else
-                show();
+                commit();
         }
-        onEditingFinished: commit()
+        Keys.onTabPressed: card.tabbed(1)
+        Keys.onBacktabPressed: card.tabbed(-1)
+        Keys.onPressed: event => {
+            event.accepted = !(event.modifiers & Qt.ShiftModifier) && (event.key === Qt.Key_Up && onFirstLine || event.key === Qt.Key_Down && onLastLine);
+            if (event.accepted)
+                card.tabbed(event.key === Qt.Key_Up ? -1 : 1);
+        }
+        Keys.onReturnPressed: event => {
+            event.accepted = !card.several;
+            if (!card.several)
+                commit();
+        }
+        Keys.onEnterPressed: event => {
+            event.accepted = !card.several;
+            if (!card.several)
+                commit();
+        }
         Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Escape && text !== begun
         Keys.onEscapePressed: event => {
             event.accepted = text !== begun;
@@ -76,19 +115,25 @@ CardRow {
         Accessible.name: card.entry.label !== "" ? card.entry.label : card.entry.placeholder
         Accessible.description: card.entry.reason
 
-        // Stands in for the text while it isn't edited, since a field can't end in an ellipsis.
+        // Stands in for the text while it isn't edited, since an editor can't end in an ellipsis.
         Text {
-            readonly property bool empty: field.text === "" && field.preeditText === ""
+            id: shown
 
-            anchors.fill: parent
-            horizontalAlignment: field.horizontalAlignment
-            verticalAlignment: Text.AlignVCenter
-            visible: empty || !field.activeFocus
-            text: empty ? field.placeholderText : field.displayText
+            readonly property bool empty: area.text === "" && area.preeditText === ""
+
+            y: area.verticalAlignment === TextInput.AlignTop ? 0 : (parent.height - height) / 2
+            width: parent.width
+            topPadding: area.topPadding
+            bottomPadding: area.bottomPadding
+            horizontalAlignment: area.horizontalAlignment
+            visible: empty || !area.activeFocus
+            text: empty ? area.placeholderText : area.text
             textFormat: Text.PlainText
+            wrapMode: Text.Wrap
+            maximumLineCount: card.several ? 12 : 4
             elide: Text.ElideRight
             color: card.faint
-            font: field.font
+            font: area.font
             Accessible.ignored: true
         }
     }

@@ -3,24 +3,21 @@ import QtQuick.Templates as T
 import Quorvantis.Settings
 
 // Shows a view over the pages: the whole of a narrow window, a card in a wide one.
-T.Popup {
+PopupBase {
     id: popup
 
     required property Tools tools
     required property url file     // of the view
     required property var values   // what the view is made with
     readonly property bool whole: !parent || parent.width < Theme.wide
-    property real shown: 0
+    property real bottom: 0        // what stands below it in the window
+    readonly property real room: (parent ? parent.height : 0) - top - bottom
 
-    parent: T.Overlay.overlay
-    modal: true
-    focus: true
-    padding: 0
+    shown: 0
     closePolicy: whole ? T.Popup.CloseOnEscape : T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
     width: !parent ? 0 : whole ? parent.width : Theme.widest
-    height: !parent ? 0 : whole ? parent.height : parent.height - 64
-    x: parent ? Math.round((parent.width - width) / 2) : 0
-    y: parent ? Math.round((parent.height - height) / 2) + (1 - shown) * 24 : 0
+    height: whole ? room : room - 64
+    y: Math.round(top + (room - height) / 2) + (1 - shown) * 24
     opacity: shown
     onAboutToShow: loader.setSource(file, Object.assign({ tools: tools }, values)) // qmllint disable deferred-property-id
     onClosed: destroy()
@@ -36,14 +33,10 @@ T.Popup {
     enter: Transition { NumberAnimation { property: "shown"; from: 0; to: 1; duration: Theme.slide * 0.6; easing.type: Easing.OutCubic } }
     exit: Transition { NumberAnimation { property: "shown"; to: 0; duration: Theme.slide * 0.4; easing.type: Easing.InCubic } }
 
-    T.Overlay.modal: Rectangle {
-        color: Theme.shade
-        Behavior on opacity { NumberAnimation { duration: Theme.slide * 0.6 } }
-    }
     background: Rectangle {
         radius: popup.whole ? 0 : Theme.radius
         color: Theme.background
-        border.width: popup.whole ? 0 : 1
+        border.width: popup.whole ? 0 : Theme.line
         border.color: Theme.separator
     }
 
@@ -52,6 +45,7 @@ T.Popup {
         Accessible.role: Accessible.Dialog
         Accessible.name: heading.text
 
+        TruncatedHint {}
         Item {
             id: bar
 

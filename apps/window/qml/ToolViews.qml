@@ -8,7 +8,10 @@ Item {
 
     required property SettingsBridge settings
     readonly property Tools tools: settings.tools
-    property int open: 0  // how many views and menus are shown
+    property int open: 0            // how many views and menus are shown
+    property bool asking: false     // a question is one of them
+    property real above: 0          // what stands above the views in the window
+    property real below: 0
 
     signal leaving  // a view is about to be shown
     signal done     // the last one was closed
@@ -21,7 +24,7 @@ Item {
         show("SearchView.qml", { words: text });
         return true;
     }
-    function make(file: string, properties: var) {
+    function make(file: string, properties: var): T.Popup {
         if (open === 0)
             leaving();
         const popup = Qt.createComponent(file).createObject(views, properties) as T.Popup;
@@ -31,15 +34,22 @@ Item {
                 views.done();
         });
         popup.open();
+        return popup;
     }
     function show(file: string, values: var) {
-        make("ToolPopup.qml", { tools: tools, file: Qt.resolvedUrl(file), values: values });
+        const popup = make("ToolPopup.qml", { tools: tools, file: Qt.resolvedUrl(file), values: values });
+        popup.top = Qt.binding(() => above);
+        popup.bottom = Qt.binding(() => below);
     }
     function menu(entries: var, at: Item) {
         make("MenuPopup.qml", { entries: entries, at: at });
     }
     function ask(question: var) {
-        make("AskPopup.qml", { question: question });
+        asking = true;
+        make("AskPopup.qml", { question: question }).closed.connect(() => {
+            if (views)
+                views.asking = false;
+        });
     }
     function importFile() {
         ask({ heading: qsTr("Import"), words: qsTr("A profile from this file, a property list:"), action: qsTr("Import"), editable: true,

@@ -8,7 +8,8 @@ Item {
     id: strip
 
     required property ProfilesTool profiles
-    readonly property int levels: 100
+    readonly property var paths: profiles.triggerPaths
+    readonly property int levels: profiles.levels
     readonly property real gap: 8
     readonly property real step: (width - gap) / profiles.triggers.length
     property int pointed: -1  // the trigger under the pointer
@@ -24,7 +25,7 @@ Item {
     function filledNear(index: int): int {
         for (let off = 0; off < 5; ++off)
             for (const i of [index - off, index + off])
-                if (i >= 0 && i < profiles.triggers.length && profiles.triggerPaths[i] !== "")
+                if (i >= 0 && i < profiles.triggers.length && paths[i] !== "")
                     return i;
         return -1;
     }
@@ -44,7 +45,7 @@ Item {
 
             Rectangle {
                 required property int index
-                readonly property bool filled: strip.profiles.triggerPaths[index] !== ""
+                readonly property bool filled: strip.paths[index] !== ""
 
                 objectName: filled ? "filled" : "free"
                 x: index * strip.step + (index >= strip.levels ? strip.gap : 0)
@@ -69,15 +70,17 @@ Item {
         Text {
             id: low
 
-            text: strip.pointed >= 0 ? strip.profiles.triggers[strip.pointed] : "1 %"
+            text: strip.profiles.triggers[Math.max(0, strip.pointed)]
             color: Theme.secondary
             font.pixelSize: Theme.small
             Accessible.ignored: true
         }
         Text {
-            x: strip.step * 49.5 - width / 2
+            readonly property int middle: strip.levels / 2 - 1
+
+            x: strip.step * (middle + 0.5) - width / 2
             visible: strip.pointed < 0
-            text: "50 %"
+            text: strip.profiles.triggers[middle]
             color: Theme.secondary
             font.pixelSize: Theme.small
             Accessible.ignored: true
@@ -85,7 +88,7 @@ Item {
         Text {
             anchors.right: parent.right
             visible: strip.pointed < 0
-            text: qsTr("100 % · events")
+            text: qsTr("Events")
             color: Theme.secondary
             font.pixelSize: Theme.small
             Accessible.ignored: true
@@ -99,7 +102,7 @@ Item {
         onClicked: mouse => {
             const filled = strip.filledNear(strip.at(mouse.x));
             if (filled >= 0)
-                strip.chosen(strip.profiles.triggerPaths[filled]);
+                strip.chosen(strip.paths[filled]);
         }
     }
 }

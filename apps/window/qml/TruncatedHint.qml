@@ -24,9 +24,12 @@ Item {
         y: watch.at.y + 20
         width: 1
 
-        Hint {
-            text: watch.words
-            wanted: watch.words !== ""
+        Loader {
+            active: watch.words !== ""
+            sourceComponent: Hint {
+                text: watch.words
+                wanted: true
+            }
         }
     }
 }

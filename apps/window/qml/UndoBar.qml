@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 import Quorvantis.Settings
 
 // What was done last, and the way to take it back. It leaves by itself.
@@ -7,11 +6,13 @@ Rectangle {
     id: bar
 
     required property UndoModel undo
-    property bool covered: false  // by an alert
+    property bool covered: false  // by what lies over the pages
 
     visible: undo.text !== ""
-    height: visible ? Math.max(Theme.rowHeight, words.implicitHeight + 20) : 0
+    implicitHeight: Math.max(Theme.rowHeight, words.implicitHeight + 20)
+    height: visible ? implicitHeight : 0
     color: Theme.hint
+    onCoveredChanged: moment.restart()
     Accessible.role: Accessible.AlertMessage
     Accessible.name: undo.text
 
@@ -52,7 +53,7 @@ Rectangle {
         font.pixelSize: Theme.small
         Accessible.ignored: true
     }
-    T.AbstractButton {
+    PressButton {
         id: button
 
         anchors.right: parent.right
@@ -61,14 +62,9 @@ Rectangle {
         visible: bar.undo.undoes || bar.undo.redoes
         width: visible ? title.implicitWidth + 20 : 10
         height: Theme.rowHeight - 10
-        focusPolicy: Qt.StrongFocus
         text: bar.undo.redoes ? qsTr("Redo") : qsTr("Undo")
         opacity: down ? 0.4 : 1
         onClicked: bar.undo.redoes ? bar.undo.redo() : bar.undo.undo()
-        Keys.onReturnPressed: clicked()
-        Keys.onEnterPressed: clicked()
-        Accessible.name: text
-        Accessible.onPressAction: clicked()
 
         Text {
             id: title

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// Narrows a long list to the entries that hold this text.
+// A text to type: what a list is narrowed to or searched for, or the answer to a question.
 T.TextField {
     id: field
 
@@ -11,7 +11,6 @@ T.TextField {
     verticalAlignment: TextInput.AlignVCenter
     activeFocusOnTab: true
     selectByMouse: true
-    placeholderText: qsTr("Filter")
     color: Theme.text
     selectionColor: Theme.accent
     selectedTextColor: Theme.textOnAccent

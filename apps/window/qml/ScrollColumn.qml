@@ -1,0 +1,28 @@
+import QtQuick
+import QtQuick.Controls.Basic
+
+// One thing below the other; scrolls where they are taller than their place.
+Flickable {
+    id: scroll
+
+    default property alias content: column.data
+    property alias spacing: column.spacing
+    property bool keyed: true  // the arrows work in it
+
+    implicitHeight: column.implicitHeight
+    contentHeight: column.implicitHeight
+    clip: interactive
+    interactive: contentHeight > height
+    boundsBehavior: Flickable.StopAtBounds
+    ScrollBar.vertical: ScrollBar {}
+    Keys.forwardTo: keyed ? [keys] : []
+
+    Column {
+        id: column
+        width: scroll.width
+    }
+    KeyScroll {
+        id: keys
+        of: scroll
+    }
+}
