@@ -166,6 +166,7 @@ std::vector<Problem> Application::failuresOf(const std::shared_ptr<uikit::Alert>
 }
 
 void Application::report(Problem problem) {
+  problem = onMachine(std::move(problem), environment_.root);
   reported_.push_back(problem);
   if (std::ranges::find(problems_, problem) != problems_.end()) return;
   problems_.push_back(std::move(problem));
@@ -176,7 +177,8 @@ void Application::dismiss(const Problem& problem) {
   if (std::erase(problems_, problem) > 0 && changed_) changed_();
 }
 
-void Application::withdraw(const Problem& problem) {
+void Application::withdraw(const Problem& gone) {
+  const Problem problem = onMachine(gone, environment_.root);
   for (auto& [alert, failures] : failures_) std::erase(failures, problem);
   dismiss(problem);
 }

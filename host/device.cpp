@@ -54,9 +54,8 @@ Device::Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQue
       } {
   preferences_.setXmlReader([this](plist::Bytes bytes) { return xml_.read(bytes); });
   preferences_.setProblemHandler(reportOf(Source::Settings, Severity::Failure));
-  preferences_.setRecoveryHandler([this](const platform::Error& error) {
-    withdraw(problemOf(Source::Settings, error, root_));
-  });
+  preferences_.setRecoveryHandler(
+      [this](const platform::Error& error) { withdraw(problemOf(Source::Settings, error)); });
   if (options.state) makeBackups(options);
   if (!options.realTime) return;
   preferences_.setUnfinishedHandler([this] { finishSoon(); });
@@ -89,7 +88,7 @@ Device::~Device() {
 
 platform::Report Device::reportOf(Source source, Severity severity) {
   return [this, source, severity](const platform::Error& error) {
-    Problem problem = problemOf(source, error, root_);
+    Problem problem = problemOf(source, error);
     if (severity == Severity::Warning) problem.severity = severity;
     report(problem);
   };

@@ -51,7 +51,7 @@ void Application::follow(Lists lists) {
   const auto seen = environment_.preferences.refresh(prefs::kDomain);
   damage_.reset();
   if (!seen && seen.error().kind == platform::ErrorKind::Damaged)
-    damage_ = problemOf(Source::Settings, seen.error(), environment_.root);
+    damage_ = onMachine(problemOf(Source::Settings, seen.error()), environment_.root);
   const bool anew = lists == Lists::ReadAnew;
   for (const Page& page : pages_) {
     if (auto* list = dynamic_cast<PSListController*>(page.get())) {
