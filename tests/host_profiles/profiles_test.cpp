@@ -65,14 +65,29 @@ TEST_F(HostProfiles, ADescriptionIsReplacedAndAllElseStays) {
 }
 
 TEST_F(HostProfiles, ADescriptionOverwritesNothingThatAnotherProgramHasWrittenMeanwhile) {
-  const plist::Dictionary profile{{"profilepercentage", "20"}};
-  const std::string xml = "<plist><dict/></plist>";
-  seed::write(device, "profile_20.qvx", {xml.begin(), xml.end()});
+  const auto uid = [](int number) {
+    return "<dict><key>CF$UID</key><integer>" + std::to_string(number) + "</integer></dict>";
+  };
+  const std::string xml =
+      "<plist><dict><key>$archiver</key><string>NSKeyedArchiver</string><key>$version</key>"
+      "<integer>100000</integer><key>$top</key><dict><key>root</key>" +
+      uid(1) +
+      "</dict><key>$objects</key><array><string>$null</string><dict><key>NS.keys</key><array/>"
+      "<key>NS.objects</key><array/><key>$class</key>" +
+      uid(2) +
+      "</dict><dict><key>$classname</key><string>NSDictionary</string><key>$classes</key><array>"
+      "<string>NSDictionary</string><string>NSObject</string></array></dict></array></dict></"
+      "plist>";
+  const auto writeXml = [&] { seed::write(device, "profile_20.qvx", {xml.begin(), xml.end()}); };
+  writeXml();
   const std::vector<std::uint8_t> theirs{'n', 'e', 'w'};
   device.realXml.atNextRead = [&] { seed::write(device, "profile_20.qvx", theirs); };
   const auto failure = failureOf(profiles.describe(trigger("20"), "Night"));
-  EXPECT_EQ(failure.reason, Failure::Failed);
+  EXPECT_EQ(failure.problem.message(),
+            prefs::profilePath(20) + ": another program has changed it meanwhile");
   EXPECT_EQ(file("20"), theirs);
+  writeXml();
+  EXPECT_TRUE(profiles.describe(trigger("20"), "Night"));
 }
 
 TEST_F(HostProfiles, ASaveWritesTheDomainOnceAfterTheFile) {
