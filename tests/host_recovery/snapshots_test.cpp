@@ -65,7 +65,7 @@ TEST_F(HostSnapshots, OfAChangeAreTakenJustBeforeItChangesTheSettingsFirst) {
     }
   }
   device.set("wifi", 4);
-  EXPECT_THAT(device.snapshots(), ElementsAre("daily", "reset"));
+  ASSERT_THAT(device.snapshots(), ElementsAre("daily", "reset"));
   EXPECT_EQ(device.recovery().settingsOf(2)->find("wifi")->integer(), 1);
 }
 
