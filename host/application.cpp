@@ -12,22 +12,15 @@ namespace {
 using preferences::PSListController;
 using preferences::PSSpecifier;
 
-template <class T, class... Types>
-constexpr bool kIsOneOf = (std::is_same_v<T, Types> || ...);
-
 // Whether the user does it to the shown page itself.
 bool touchesPage(const Request& request) {
-  return std::visit(
-      []<class T>(const T&) {
-        return kIsOneOf<T, Open, Back, Tap, Set, WayOut, Scroll, Select, Drag, Bar>;
-      },
-      request);
+  return isOneOf<Open, Back, Tap, Set, WayOut, Scroll, Select, Drag, Bar>(request);
 }
 
-// What an alert does is refused where it is done.
-bool changes(const Request& request) {
-  return std::visit([]<class T>(const T&) { return kIsOneOf<T, Set, WayOut, Select, Drag, Bar>; },
-                    request);
+// Whether it is refused while the settings can't be read. What an alert does is refused where it is
+// done.
+bool needsSettings(const Request& request) {
+  return isOneOf<Set, WayOut, Select, Drag, Bar>(request);
 }
 
 // The row that the user operates; null for a request that operates none.
@@ -50,7 +43,7 @@ Outcome<plist::Value> Application::perform(const Request& request) {
   if (const auto refused = refusal(request)) return *refused;
   reported_.clear();
   const std::vector before(alerts().begin(), alerts().end());
-  record_.begin(request, labelOf(request));
+  record_.begin(request, [&] { return labelOf(request); });
   auto result = std::visit([this](const auto& each) { return run(each); }, request);
   record_.end(request);
   noteFailures(before);
@@ -75,7 +68,7 @@ std::string Application::labelOf(const Request& request) const {
 std::optional<Refusal> Application::refusal(const Request& request) const {
   if (touchesPage(request) && topmostAlert())
     return Refusal{RefusalCode::Modal, "an alert is on screen"};
-  if (damage_ && (changes(request) || opensProfileManager(request)))
+  if (damage_ && (needsSettings(request) || opensProfileManager(request)))
     return Refusal{RefusalCode::Disabled,
                    "nothing can be changed while the settings can't be read"};
   const RowReference* row = operatedRow(request);
@@ -173,6 +166,7 @@ std::vector<Problem> Application::failuresOf(const std::shared_ptr<uikit::Alert>
 }
 
 void Application::report(Problem problem) {
+  problem = onMachine(std::move(problem), environment_.root);
   reported_.push_back(problem);
   if (std::ranges::find(problems_, problem) != problems_.end()) return;
   problems_.push_back(std::move(problem));
@@ -183,7 +177,8 @@ void Application::dismiss(const Problem& problem) {
   if (std::erase(problems_, problem) > 0 && changed_) changed_();
 }
 
-void Application::withdraw(const Problem& problem) {
+void Application::withdraw(const Problem& gone) {
+  const Problem problem = onMachine(gone, environment_.root);
   for (auto& [alert, failures] : failures_) std::erase(failures, problem);
   dismiss(problem);
 }

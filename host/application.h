@@ -44,7 +44,7 @@ class Application {
   // what has no such form, and for every other request. Refused, in this order:
   //   as Modal, what touches the page (Open, Back, Tap, Set, WayOut, Scroll, Select, Drag, Bar)
   //   while an alert is on screen;
-  //   as Damaged, what would change something while the settings can't be read;
+  //   as Disabled, what would change something while the settings can't be read;
   //   as NoRow, NotBuilt or Disabled, a Tap or Set of a row that isn't there, is off screen or is
   //   dimmed;
   //   as what the request itself can't do, NoPage before a launch among it.
@@ -74,7 +74,7 @@ class Application {
   // performs.
   void report(Problem problem);
   void dismiss(const Problem& problem);
-  void withdraw(const Problem& problem);  // it has gone: also from the alert it came with
+  void withdraw(const Problem& gone);  // it has gone: also from the alert it came with
   const std::vector<Problem>& problems() const { return problems_; }
   // Those that were reported since the latest request began.
   const std::vector<Problem>& latestProblems() const { return reported_; }

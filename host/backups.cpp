@@ -8,6 +8,7 @@
 #include "platform/foundation/checksum.h"
 #include "platform/foundation/text.h"
 #include "platform/plist/hexadecimal.h"
+#include "prefs/core/archive_file.h"
 #include "prefs/core/names.h"
 #include "prefs/profiles/profile_file.h"
 
@@ -83,7 +84,7 @@ Backups::Backups(preferences::Environment& environment, std::string state,
       warn_(std::move(warn)),
       clock_(std::move(clock)),
       store_(environment.root, lockPatience) {
-  store_.setXmlReader([this](plist::Bytes bytes) { return environment_.xml.read(bytes); });
+  store_.setXmlReader(prefs::readerOf(environment_.xml));
   store_.setChangeObserver(this);
 }
 
@@ -149,20 +150,27 @@ Result<int> Backups::keep(const std::string& before) {
   return state().snapshots.add(snapshot);
 }
 
-void Backups::keepOrWarn(const std::string& before) {
+bool Backups::keepOrWarn(const std::string& before) {
   const auto kept = keep(before);
-  if (!kept) warn("no snapshot was kept before \"" + before + "\"", kept.error());
+  if (kept) return true;
+  const bool isThere = kept.error().kind == platform::ErrorKind::Unconfirmed;
+  warn((isThere ? "the snapshot is not confirmed on disk that was kept before \""
+                : "no snapshot was kept before \"") +
+           before + "\"",
+       kept.error());
+  return isThere;
 }
 
 void Backups::takeDailySnapshot() {
   using namespace std::chrono;
   const std::int64_t today = floor<days>(clock_()).time_since_epoch().count();
-  if (std::exchange(day_, today) == today) return;
+  if (day_ == today) return;
   const auto latest = readRecord(state().folder, kDay);
   const plist::Value* day = latest ? latest->find(kDayNumber) : nullptr;
-  if (day && day->integer() == today) return;
-  if (store_.damage(prefs::kDomain)) return;
-  keepOrWarn("daily");
+  const bool taken = day && day->integer() == today;
+  if (!taken && store_.damage(prefs::kDomain)) return;
+  day_ = today;
+  if (taken || !keepOrWarn("daily")) return;
   const auto noted =
       writeRecord(state().folder, kDay, plist::Dictionary{{std::string(kDayNumber), today}});
   if (!noted) warn("the day's snapshot will be taken again", noted.error());
@@ -219,10 +227,12 @@ void Backups::noteFile(const preferences::ProfileStep& step) {
   change_->files.push_back(std::move(change));
 }
 
-void Backups::beginChange(std::string what, Label label) {
+void Backups::beginChange(std::string what, Label label, std::string snapshot) {
   endChange();
+  snapshot_ = std::move(snapshot);
   change_ = Change{.what = std::move(what)};
   label_ = label;
+  ++number_;
   prepared_ = false;
 }
 
@@ -234,7 +244,6 @@ void Backups::endChange() noexcept try {
 
 void Backups::recordChange() {
   Change change = *std::exchange(change_, std::nullopt);
-  std::erase_if(change.settings, [](const auto& each) { return each.from == each.to; });
   // What failed, or was taken back, has not changed.
   std::erase_if(change.files, [&](const FileChange& each) {
     const auto now = bytesOf(environment_.root, each.path);
@@ -247,7 +256,8 @@ void Backups::remember(Change change, const std::vector<std::string>& left) {
   const auto isLeft = [&](const std::string& name) {
     return std::ranges::find(left, name) != left.end();
   };
-  std::erase_if(change.settings, [&](const auto& each) { return isLeft(each.key); });
+  std::erase_if(change.settings,
+                [&](const auto& each) { return each.from == each.to || isLeft(each.key); });
   std::erase_if(change.files, [&](const auto& each) { return isLeft(each.path); });
   if (change.empty() || !isOpen()) return;
   change.time = now();
@@ -258,14 +268,55 @@ void Backups::remember(Change change, const std::vector<std::string>& left) {
 
 void Backups::willChange(std::string_view domain) {
   // A change that takes back its own load must not find it finished.
-  if (domain == prefs::kDomain && !(change_ && prepared_)) prepare();
+  if (domain != prefs::kDomain) return;
+  if (!(change_ && prepared_)) prepare();
+  if (!change_ || preparing_ || snapshot_.empty()) return;
+  keepOrWarn(std::exchange(snapshot_, {}));
 }
 
 void Backups::didChange(std::string_view domain, const foundation::DomainChange& change) {
   if (domain != prefs::kDomain) return;
-  if (change_ && !preparing_) merge(change.keys, change_->settings);
+  const foundation::KeyChanges changes = withoutKept(change);
+  if (change_ && !preparing_) merge(changes, change_->settings);
   // Whoever reads it next is not misled: at worst it says that another program has changed it.
   if (isOpen()) static_cast<void>(state().lastSeen.changed(change.before, change.after, now()));
+}
+
+void Backups::didKeep(std::string_view domain, const foundation::KeyChanges& kept) {
+  if (domain != prefs::kDomain) return;
+  for (const foundation::KeyChange& each : kept) {
+    if (change_)
+      keptBy_[each.key] = {number_, change_->what};
+    else
+      keptBy_.erase(each.key);
+  }
+}
+
+// The lock of the file is held: nothing is written here.
+foundation::KeyChanges Backups::withoutKept(const foundation::DomainChange& change) {
+  foundation::KeyChanges others;
+  for (const auto& [key, from, to] : change.keys) {
+    const plist::Value* kept = change.kept.find(key);
+    const auto by = keptBy_.find(key);
+    const bool known = kept && by != keptBy_.end();
+    if (!kept || (known && change_ && by->second.change == number_)) {
+      others.push_back({key, from, to});
+      continue;
+    }
+    const auto value = kept->isNothing() ? std::nullopt : std::optional(*kept);
+    if (known) {
+      Change& step = stored_[by->second.change];
+      step.what = by->second.what;
+      step.settings.push_back({key, from, value});
+    }
+    if (value != to) others.push_back({key, value, to});
+  }
+  for (const auto& entry : change.kept) keptBy_.erase(entry.key);
+  return others;
+}
+
+void Backups::rememberKept() {
+  for (auto& [number, step] : std::exchange(stored_, {})) remember(std::move(step), {});
 }
 
 }  // namespace host

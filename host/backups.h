@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -31,8 +32,8 @@ class Backups : public foundation::ChangeObserver {
   // Takes a snapshot before what the text says ("reset"). An error also while the settings can't be
   // read, so that the good ones stay.
   platform::Result<int> keep(const std::string& before);
-  // Likewise, with a warning for an error.
-  void keepOrWarn(const std::string& before);
+  // Likewise, with a warning for an error. Whether there is one now.
+  bool keepOrWarn(const std::string& before);
 
   // Finds the folder; an error where the root's real path can't be told. Everything does it when it
   // needs it, and nothing is kept where it fails, but the three that follow presuppose that it has
@@ -57,10 +58,11 @@ class Backups : public foundation::ChangeObserver {
 
   // What happens in between is one change of this user's, and stands in the history afterwards, if
   // anything has changed. One that was begun before ends. The label is `what`; with Label::Default
-  // a profile's step gives it another one ("load Battery 20%"). Without memory for it a change is
-  // forgotten.
+  // a profile's step gives it another one ("load Battery 20%"). With a text for `snapshot` one is
+  // kept before what that says, just before the settings are changed first; of a change that is
+  // refused, or turns out to be none, none. Without memory for it a change is forgotten.
   enum class Label { Fixed, Default };
-  void beginChange(std::string what, Label label = Label::Fixed);
+  void beginChange(std::string what, Label label = Label::Fixed, std::string snapshot = {});
   void endChange() noexcept;
   bool isChanging() const { return change_.has_value(); }
   // Puts a change into the history that was made otherwise, without what was left out of it.
@@ -69,9 +71,16 @@ class Backups : public foundation::ChangeObserver {
   void setStepHandler(std::function<void(const std::string& what)> handler) {
     stepHandler_ = std::move(handler);
   }
+  // Reports what was done all the same.
+  void warn(std::string what, const platform::Error& cause) const;
+
+  // What sets of earlier changes had left to be stored, and is stored by now, enters the history: a
+  // step for each change.
+  void rememberKept();
 
   void willChange(std::string_view domain) override;
   void didChange(std::string_view domain, const foundation::DomainChange& change) override;
+  void didKeep(std::string_view domain, const foundation::KeyChanges& kept) override;
 
  private:
   struct State;
@@ -81,7 +90,7 @@ class Backups : public foundation::ChangeObserver {
   void takeDailySnapshot();
   void noteFile(const preferences::ProfileStep& step);
   void recordChange();
-  void warn(std::string what, const platform::Error& cause) const;
+  foundation::KeyChanges withoutKept(const foundation::DomainChange& change);
 
   preferences::Environment& environment_;
   std::string folder_;
@@ -92,6 +101,14 @@ class Backups : public foundation::ChangeObserver {
   std::unique_ptr<State> state_;
   std::optional<Change> change_;  // that has been begun
   Label label_ = Label::Fixed;    // of it
+  std::string snapshot_;          // what one is to be kept before; empty: none
+  int number_ = 0;                // of it, or of the latest one
+  struct KeptBy {
+    int change = 0;  // its number
+    std::string what{};
+  };
+  std::map<std::string, KeptBy, std::less<>> keptBy_;  // whose sets are kept, by their keys
+  std::map<int, Change> stored_;                       // by now, of those changes
   std::function<void(const std::string& what)> stepHandler_;
   std::int64_t day_ = -1;  // when the day's snapshot was looked for last, since 1970
   bool preparing_ = false, prepared_ = false, warned_ = false;
@@ -100,9 +117,10 @@ class Backups : public foundation::ChangeObserver {
 // A change of this user's, from the one brace to the other; `backups` may be null.
 class UserChange {
  public:
-  UserChange(Backups* backups, std::string what, Backups::Label label = Backups::Label::Fixed)
+  UserChange(Backups* backups, std::string what, Backups::Label label = Backups::Label::Fixed,
+             std::string snapshot = {})
       : backups_(backups) {
-    if (backups_) backups_->beginChange(std::move(what), label);
+    if (backups_) backups_->beginChange(std::move(what), label, std::move(snapshot));
   }
   ~UserChange() {
     if (backups_) backups_->endChange();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "prefs/core/archive_file.h"
 #include "prefs/core/names.h"
 #include "prefs/resources/bundle.h"
 #include "services/services.h"
@@ -52,16 +53,17 @@ Device::Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQue
           .screen = &screen_,
           .problemHandler = reportOf(Source::Profiles, Severity::Failure),
       } {
-  preferences_.setXmlReader([this](plist::Bytes bytes) { return xml_.read(bytes); });
+  preferences_.setXmlReader(prefs::readerOf(xml_));
   preferences_.setProblemHandler(reportOf(Source::Settings, Severity::Failure));
-  preferences_.setRecoveryHandler([this](const platform::Error& error) {
-    withdraw(problemOf(Source::Settings, error, root_));
-  });
+  preferences_.setRecoveryHandler(
+      [this](const platform::Error& error) { withdraw(problemOf(Source::Settings, error)); });
   if (options.state) makeBackups(options);
   if (!options.realTime) return;
   preferences_.setUnfinishedHandler([this] { finishSoon(); });
-  preferences_.setKeptHandler(
-      [this] { environment_.darwinCenter.post(prefs::kPrefsNotification); });
+  preferences_.setKeptHandler([this] {
+    if (backups_) backups_->rememberKept();
+    environment_.darwinCenter.post(prefs::kPrefsNotification);
+  });
 }
 
 void Device::makeBackups(const DeviceOptions& options) {
@@ -89,7 +91,7 @@ Device::~Device() {
 
 platform::Report Device::reportOf(Source source, Severity severity) {
   return [this, source, severity](const platform::Error& error) {
-    Problem problem = problemOf(source, error, root_);
+    Problem problem = problemOf(source, error);
     if (severity == Severity::Warning) problem.severity = severity;
     report(problem);
   };

@@ -17,7 +17,8 @@ struct DeviceOptions {
   // The folder for what the host itself remembers of device roots, on this machine; none: nothing
   // is remembered.
   std::optional<std::string> state{};
-  // How long a set waits for another program that holds the settings.
+  // How long a lock that another program holds is waited for: that of the settings, that of the
+  // snapshots, that of the history. What takes several of them may wait for each.
   std::chrono::milliseconds lockPatience = foundation::kLockPatience;
   // Whether the main queue runs in real time. What a set leaves to be flushed is flushed within a
   // second then, and a set that fails is kept, tried again, and announced once it is stored; else

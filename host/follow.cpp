@@ -1,9 +1,11 @@
+#include <algorithm>
+
 #include "host/application.h"
 #include "platform/preferences/PSListItemsController.h"
 #include "prefs/colorpicker/ZorvekColorPickerQuorvantis.h"
 #include "prefs/colorpicker/ZorvekColorPickerQuorvantisLinkCell.h"
 #include "prefs/core/names.h"
-#include "prefs/core/quorvantisprefsListController.h"
+#include "prefs/keys.h"
 
 namespace host {
 namespace {
@@ -24,16 +26,13 @@ void followValue(PSListController& page, PSSpecifier& row) {
   color->layoutSubviews();
 }
 
-// Only the first page has choices that are read from profiles and battery log.
-void readAnew(PSListController& page, PSSpecifier& row) {
-  const bool has = !row.textForKey("valuesDataSource").empty();
-  if (has && dynamic_cast<prefs::quorvantisprefsListController*>(&page)) page.loadChoices(row);
-}
+// The rows whose choices are read from profiles and battery log.
+constexpr std::string_view kReadFromFiles[] = {prefs::kSavedProfilesRow, prefs::key::profile,
+                                               prefs::kBatteryLogRow};
 
-void followChoices(PSListItemsController& page, bool anew) {
-  auto* list = dynamic_cast<PSListController*>(page.parent());
-  if (anew && list) readAnew(*list, *page.specifier());
-  page.tableView().reloadData();
+void readAnew(PSListController& page, PSSpecifier& row) {
+  if (std::ranges::find(kReadFromFiles, row.identifier()) != std::end(kReadFromFiles))
+    page.loadChoices(row);
 }
 
 void followColor(ZorvekColorPickerQuorvantis& page, foundation::Preferences& preferences) {
@@ -51,7 +50,7 @@ void Application::follow(Lists lists) {
   const auto seen = environment_.preferences.refresh(prefs::kDomain);
   damage_.reset();
   if (!seen && seen.error().kind == platform::ErrorKind::Damaged)
-    damage_ = problemOf(Source::Settings, seen.error(), environment_.root);
+    damage_ = onMachine(problemOf(Source::Settings, seen.error()), environment_.root);
   const bool anew = lists == Lists::ReadAnew;
   for (const Page& page : pages_) {
     if (auto* list = dynamic_cast<PSListController*>(page.get())) {
@@ -60,7 +59,7 @@ void Application::follow(Lists lists) {
         followValue(*list, *row);
       }
     } else if (auto* choices = dynamic_cast<PSListItemsController*>(page.get())) {
-      followChoices(*choices, anew);
+      choices->tableView().reloadData();
     } else if (auto* picker = dynamic_cast<ZorvekColorPickerQuorvantis*>(page.get())) {
       followColor(*picker, environment_.preferences);
     }

@@ -1,11 +1,15 @@
 #include "host/following.h"
 
+#include <cerrno>
+#include <utility>
+
 #include "prefs/core/names.h"
 
 namespace host {
 namespace {
 
 constexpr std::chrono::milliseconds kGathering{20};
+constexpr char kAtLimit[] = "the system follows no more folders for this user";
 
 std::string folderOf(const std::string& path) {
   return path.substr(0, path.rfind('/'));
@@ -27,25 +31,36 @@ struct Following::Task {
 
 Following::Following(preferences::Environment& environment, Application& application)
     : queue_(environment.mainQueue),
+      preferences_(environment.preferences),
       watch_(environment.root,
              {folderOf(foundation::domainPath(prefs::kDomain)), std::string(prefs::kDocuments)}),
       task_(std::make_shared<Task>(Task{.application = &application})) {
+  static_cast<void>(preferences_.changedByOthers(prefs::kDomain));
   application.follow();
-  if (!watch_.failure()) return;
-  application.report(
-      {.source = Source::Settings,
-       .severity = Severity::Warning,
-       .words = "what other programs change isn't followed: " + watch_.failure()->message()});
+  reportFailure();
 }
 
 Following::~Following() {
   task_->application = nullptr;
 }
 
+void Following::reportFailure() {
+  if (!watch_.failure() || std::exchange(reported_, true)) return;
+  const int code = watch_.failure()->code;
+  const bool atLimit = code == ENOSPC || code == EMFILE;
+  task_->application->report({.source = Source::Settings,
+                              .severity = Severity::Warning,
+                              .words = "what other programs change isn't followed: " +
+                                       (atLimit ? kAtLimit : watch_.failure()->message())});
+}
+
 void Following::look() {
   const auto changed = watch_.takeChanges();
+  reportFailure();
   if (changed.empty()) return;
-  if (changed.contains(std::string(prefs::kDocuments))) task_->lists = Application::Lists::ReadAnew;
+  const bool documents = changed.contains(std::string(prefs::kDocuments));
+  if (!preferences_.changedByOthers(prefs::kDomain) && !documents) return;
+  if (documents) task_->lists = Application::Lists::ReadAnew;
   if (std::exchange(task_->waiting, true)) return;
   queue_.after(kGathering, [task = task_] { task->run(); });
 }

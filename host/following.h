@@ -7,10 +7,12 @@ namespace host {
 
 // Keeps what an application shows in step with what other processes store: settings, profiles,
 // battery log. Whoever runs it waits for its descriptor; what is seen then is followed at most
-// 20 ms later, by a task of the main queue, so that several changes at once cost one look.
+// 20 ms later, by a task of the main queue, so that several changes at once cost one look. What the
+// environment's own store has changed is shown already.
 class Following {
  public:
-  // Both have to outlive it. Reports, as a warning, that nothing can be followed.
+  // Both have to outlive it. Reports once, as a warning, that not all is followed, also where that
+  // is found later.
   Following(preferences::Environment& environment, Application& application);
   ~Following();
   Following(const Following&) = delete;
@@ -21,10 +23,13 @@ class Following {
 
  private:
   struct Task;
+  void reportFailure();
 
   foundation::MainQueue& queue_;
+  foundation::Preferences& preferences_;
   foundation::FolderWatch watch_;
   std::shared_ptr<Task> task_;
+  bool reported_ = false;
 };
 
 }  // namespace host

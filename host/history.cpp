@@ -84,6 +84,15 @@ Result<FileChange::Bytes> bytesOf(const foundation::DeviceRoot& root, const std:
   return bytes.error();
 }
 
+Result<Done> putBytes(foundation::DeviceRoot& root, const std::string& path,
+                      const FileChange::Bytes& bytes) {
+  return bytes ? root.writeDurably(path, *bytes) : root.remove(path);
+}
+
+bool isUnconfirmed(const Result<Done>& written) {
+  return !written && written.error().kind == platform::ErrorKind::Unconfirmed;
+}
+
 Result<Done> History::add(const Change& change) {
   const auto locked = lock();
   if (!locked) return locked.error();

@@ -19,6 +19,11 @@ struct FileChange {
 // What `from` and `to` are of; links are refused.
 platform::Result<FileChange::Bytes> bytesOf(const foundation::DeviceRoot& root,
                                             const std::string& path);
+// Makes the file hold these bytes; nothing removes it.
+platform::Result<platform::Done> putBytes(foundation::DeviceRoot& root, const std::string& path,
+                                          const FileChange::Bytes& bytes);
+// Whether it was done all the same.
+bool isUnconfirmed(const platform::Result<platform::Done>& written);
 
 // One change that this user made: a row, or all that a load has set.
 struct Change {

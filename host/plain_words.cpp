@@ -2,6 +2,9 @@
 
 #include <cerrno>
 
+#include "host/text.h"
+#include "prefs/profiles/ProfilesListController.h"
+
 namespace host {
 namespace {
 
@@ -50,14 +53,15 @@ std::string whyOf(int code) {
   return "the system refuses it";
 }
 
-// "The profile was not saved": a page that reports what it passes over begins with what it didn't
-// do.
+// What a page didn't do, and what is kept for the user, is said by the error that has a cause.
 std::string whatOf(Source source, const Error& error) {
   if (error.kind == ErrorKind::Unconfirmed)
     return source == Source::Profiles ? "The profile is stored, but a power cut may undo that"
                                       : "The change is stored, but a power cut may undo it";
-  if (source == Source::Profiles && error.cause && error.what.starts_with("not "))
+  if (source == Source::Profiles &&
+      (error.what == prefs::kNotSaved || error.what == prefs::kNotDeleted))
     return "The profile was " + error.what;
+  if (source == Source::Backups && error.cause) return capital(error.what);
   switch (source) {
     case Source::Settings:
       return "The settings can't be read or changed";
@@ -70,7 +74,7 @@ std::string whatOf(Source source, const Error& error) {
     case Source::Sounds:
       return "The sound can't be played";
     case Source::Backups:
-      return "Nothing is kept that could be undone or restored";
+      return "What is kept of earlier settings can't be read or changed";
     default:
       return "It was not done";
   }

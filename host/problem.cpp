@@ -11,6 +11,12 @@ constexpr char kWayOut[] =
     "; \"quorvantis repair --restore\" puts the last good settings in its place, \"quorvantis "
     "repair --start-anew\" begins without any";
 constexpr char kUnconfirmed[] = "stored, but not confirmed on disk: ";
+constexpr std::string_view kUserFolder = "/var/mobile/";  // the platform's
+
+bool isPlatformPath(const Problem& problem, const foundation::DeviceRoot& root) {
+  if (!problem.file.starts_with('/') || problem.file == root.directory()) return false;
+  return problem.source != Source::Backups || problem.file.starts_with(kUserFolder);
+}
 
 }  // namespace
 
@@ -27,9 +33,8 @@ Problem problemOf(Source source, const platform::Error& error) {
   return problem;
 }
 
-Problem problemOf(Source source, const platform::Error& error, const foundation::DeviceRoot& root) {
-  Problem problem = problemOf(source, error);
-  if (!problem.file.starts_with('/')) return problem;
+Problem onMachine(Problem problem, const foundation::DeviceRoot& root) {
+  if (!isPlatformPath(problem, root)) return problem;
   std::error_code unresolved;
   const auto folder = std::filesystem::weakly_canonical(root.directory(), unresolved).string();
   problem.file = (unresolved ? root.directory() : folder) + problem.file;

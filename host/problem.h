@@ -36,7 +36,7 @@ struct Problem {
   std::string words{};
   // The same for a reader who doesn't know the system's words: "The profile was not saved: the disk
   // is full." Empty where `words` do. `file` is the path of the file that lies behind it, if one
-  // does: on this machine where the problem came from a device, else the platform's.
+  // does: as the error has it, and on this machine once it is reported to an application.
   std::string plain{}, file{};
   bool damage = false;  // a domain file that can't be read or parsed
 
@@ -64,7 +64,9 @@ struct Failure {
 // A failure below the host, in its user's terms: with the way out where the settings can't be read,
 // and as a warning where it is stored but not confirmed on disk.
 Problem problemOf(Source source, const platform::Error& error);
-Problem problemOf(Source source, const platform::Error& error, const foundation::DeviceRoot& root);
+// The same with its `file` on this machine. The root itself, and what lies in the folder of what
+// this host remembers, are named so already.
+Problem onMachine(Problem problem, const foundation::DeviceRoot& root);
 // Failed or Unconfirmed, and that problem; `before` stands before its words.
 Failure failureOf(Source source, const platform::Error& error, const std::string& before = {});
 

@@ -59,7 +59,7 @@ Attempt<Done> check(const plist::Dictionary& values, const std::vector<std::stri
 
 platform::Result<plist::Value> readPropertyList(plist::Bytes bytes,
                                                 platform::XmlPropertyLists& xml) {
-  return foundation::readPropertyList(bytes, [&xml](plist::Bytes text) { return xml.read(text); });
+  return foundation::readPropertyList(bytes, prefs::readerOf(xml));
 }
 
 Attempt<ImportedProfile> readImport(plist::Bytes bytes, platform::XmlPropertyLists& xml) {

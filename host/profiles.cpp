@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 
+#include "host/history.h"
 #include "host/profile_import.h"
 #include "platform/foundation/text.h"
 #include "prefs/core/names.h"
@@ -51,6 +52,21 @@ Failure notDone(const std::string& what, const platform::Error& error) {
 Failure halfDone(std::string message) {
   return failure(Failure::PartlyDone, "", std::move(message));
 }
+
+// What is reported as not done must not be done later.
+class FailedSetsDropped {
+ public:
+  explicit FailedSetsDropped(foundation::Preferences& preferences)
+      : preferences_(preferences), before_(preferences.setFailedSets(Policy::Drop)) {}
+  ~FailedSetsDropped() { preferences_.setFailedSets(before_); }
+  FailedSetsDropped(const FailedSetsDropped&) = delete;
+  FailedSetsDropped& operator=(const FailedSetsDropped&) = delete;
+
+ private:
+  using Policy = foundation::Preferences::FailedSets;
+  foundation::Preferences& preferences_;
+  Policy before_;
+};
 
 SavedProfile savedProfile(const prefs::ProfileFile& file) {
   const auto orDefault = [](const plist::Value& value, std::string_view key) {
@@ -107,9 +123,9 @@ Attempt<Done> Profiles::checkFree(const Trigger& trigger, Existing existing) con
 bool Profiles::restore(const Trigger& trigger,
                        const platform::Result<std::vector<std::uint8_t>>& before) {
   if (!before && before.error().code != ENOENT) return false;
-  const auto restored = before ? environment_.root.writeDurably(trigger.path, *before)
-                               : environment_.root.remove(trigger.path);
-  return restored || restored.error().kind == platform::ErrorKind::Unconfirmed;
+  const auto restored = putBytes(environment_.root, trigger.path,
+                                 before ? FileChange::Bytes(*before) : FileChange::Bytes());
+  return restored || isUnconfirmed(restored);
 }
 
 bool Profiles::takeBack(const plist::Dictionary& profile, const plist::Dictionary& before) {
@@ -129,6 +145,7 @@ Attempt<Done> Profiles::finish() {
 
 Attempt<Done> Profiles::save(const Trigger& trigger, Existing existing) {
   if (const auto free = checkFree(trigger, existing); !free) return free;
+  const FailedSetsDropped dropped(environment_.preferences);
   // The file is written before the domain is, and what it replaces can't always be brought back.
   if (const auto writable = checkWritable(); !writable)
     return notDone("not saved", writable.error());
@@ -156,6 +173,7 @@ Attempt<Done> Profiles::save(const Trigger& trigger, Existing existing) {
 
 Attempt<Done> Profiles::load(const Trigger& trigger) {
   foundation::Preferences& preferences = environment_.preferences;
+  const FailedSetsDropped dropped(preferences);
   const auto profile = read(trigger);
   if (!profile) return profile.error();
   if (const auto writable = checkWritable(); !writable)
@@ -201,10 +219,14 @@ Attempt<Done> Profiles::copy(const Trigger& from, const Trigger& to, Existing ex
 }
 
 Attempt<Done> Profiles::describe(const Trigger& trigger, const std::string& description) {
+  const auto before = environment_.root.read(trigger.path);
   const auto profile = read(trigger);
   if (!profile) return profile.error();
   plist::Dictionary described = *plist::storable(*profile)->dictionary();
   described.set(prefs::kProfileDescription, description);
+  const auto now = environment_.root.read(trigger.path);
+  if (!before || !now || *before != *now)
+    return failure(Failure::Failed, trigger.path, "another program has changed it meanwhile");
   return write(trigger, described, Existing::Overwrite, preferences::ProfileStep::Save);
 }
 

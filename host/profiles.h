@@ -50,7 +50,8 @@ class Profiles {
   // Binds a copy of one's profile to another trigger.
   Attempt<Done> copy(const Trigger& from, const Trigger& to, Existing existing);
 
-  // Gives it another description, which may be empty; its other values stay.
+  // Gives it another description, which may be empty; its other values stay. It fails where another
+  // program has changed the file meanwhile.
   Attempt<Done> describe(const Trigger& trigger, const std::string& description);
 
   // What a load would change in the settings; what differs between two profiles. Numbers are

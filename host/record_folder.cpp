@@ -124,8 +124,9 @@ Result<int> RecordFolder::add(const plist::Dictionary& record, Place place) {
   for (int number = first; number < first + kAttempts; ++number) {
     const auto placed = place(state_, fileOf(number), *bytes);
     if (!placed && placed.error().code == EEXIST) continue;
+    const bool isThere = placed || placed.error().kind == platform::ErrorKind::Unconfirmed;
+    if (isThere && (taken->size() >= kept_ || bytes->size() > largest_ / kept_)) removeOld();
     if (!placed) return located(state_, placed.error());
-    if (taken->size() >= kept_ || bytes->size() > largest_ / kept_) removeOld();
     return number;
   }
   return Error{state_.directory() + path_, EEXIST, "create"};

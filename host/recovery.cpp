@@ -42,8 +42,14 @@ Recovery::State Recovery::state() {
   State state;
   state.damage = backups_.store().damage(prefs::kDomain);
   state.settings = prefs::wholeDomainRead(backups_.store()).size();
-  state.seen = backups_.lastSeen().read();
-  state.changedOutside = state.seen && state.seen->checksum != backups_.domainChecksum();
+  const auto compare = [&] {
+    state.seen = backups_.lastSeen().read();
+    state.changedOutside = state.seen && state.seen->checksum != backups_.domainChecksum();
+  };
+  compare();
+  // Another process of this program may just have changed the file, and not noted that yet.
+  if (state.changedOutside && environment_.root.hasEntry(foundation::domainPath(prefs::kDomain)))
+    if (const auto locked = backups_.store().lock(prefs::kDomain)) compare();
   return state;
 }
 
@@ -62,14 +68,21 @@ Attempt<Recovery::List> Recovery::snapshots() {
 }
 
 Attempt<std::optional<Recovery::Entry>> Recovery::lastGood() {
+  const auto good = newestGood();
+  if (!good) return good.error();
+  return *good ? std::optional((*good)->entry) : std::nullopt;
+}
+
+Attempt<std::optional<Recovery::Good>> Recovery::newestGood() {
   const auto numbers = backups_.snapshots().numbers();
   if (!numbers) return failed(numbers.error());
   for (auto number = numbers->rbegin(); number != numbers->rend(); ++number) {
     const auto snapshot = backups_.snapshots().read(*number);
-    if (snapshot && settingsIn(*snapshot))
-      return std::optional(Entry{*number, snapshot->time, snapshot->before});
+    if (!snapshot) continue;
+    if (auto settings = settingsIn(*snapshot))
+      return std::optional(Good{{*number, snapshot->time, snapshot->before}, std::move(*settings)});
   }
-  return std::optional<Entry>();
+  return std::optional<Good>();
 }
 
 Attempt<Snapshot> Recovery::read(int number) {
@@ -85,8 +98,7 @@ Attempt<Snapshot> Recovery::read(int number) {
 
 Attempt<plist::Dictionary> Recovery::settingsIn(const Snapshot& snapshot) {
   if (!snapshot.domain) return plist::Dictionary();
-  auto settings = foundation::decodeDomain(
-      *snapshot.domain, [this](plist::Bytes bytes) { return environment_.xml.read(bytes); });
+  auto settings = foundation::decodeDomain(*snapshot.domain, prefs::readerOf(environment_.xml));
   if (!settings) return failed(settings.error());
   return std::move(*settings);
 }
@@ -115,17 +127,15 @@ Attempt<Done> Recovery::replace(const plist::Dictionary& settings) {
 
 Attempt<Recovery::Entry> Recovery::restoreLast() {
   if (const auto needed = damaged(); !needed) return needed.error();
-  const auto last = lastGood();
+  const auto last = newestGood();
   if (!last) return last.error();
   if (!*last)
     return failure(Failure::Failed,
                    "there is no snapshot to restore; quorvantis repair --start-anew begins without "
                    "settings");
-  const auto settings = settingsOf((*last)->number);
-  if (!settings) return settings.error();
-  const auto replaced = replace(*settings);
+  const auto replaced = replace((*last)->settings);
   if (!replaced) return replaced.error();
-  return **last;
+  return (*last)->entry;
 }
 
 Attempt<Done> Recovery::startAnew() {

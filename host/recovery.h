@@ -55,6 +55,11 @@ class Recovery {
   Attempt<std::vector<std::string>> restore(int number);
 
  private:
+  struct Good {
+    Entry entry{};
+    plist::Dictionary settings{};
+  };
+  Attempt<std::optional<Good>> newestGood();
   Attempt<Snapshot> read(int number);
   Attempt<plist::Dictionary> settingsIn(const Snapshot& snapshot);
   Attempt<platform::Done> damaged();  // or Refused

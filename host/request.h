@@ -67,4 +67,9 @@ struct Call {  // runs the shown page's operation of that selector; Nothing is n
 using Request = std::variant<Launch, Open, Back, Tap, Set, Release, WayOut, Scroll, Resize, Select,
                              Drag, Bar, Press, Pick, Activate, Layout, Reload, Call>;
 
+template <class... Kinds>
+bool isOneOf(const Request& request) {
+  return (std::holds_alternative<Kinds>(request) || ...);
+}
+
 }  // namespace host

@@ -3,17 +3,12 @@
 namespace host {
 namespace {
 
-template <class... Types>
-bool isOneOf(const Request& request) {
-  return (std::holds_alternative<Types>(request) || ...);
-}
-
 bool isTheUsers(const Request& request) {
   return !isOneOf<Scroll, Resize, Activate, Layout, Reload>(request);
 }
 
-// Whether it may change what is stored on the user's behalf.
-bool changes(const Request& request) {
+// What it changes of what is stored, if anything, is a change of the user's.
+bool mayChange(const Request& request) {
   return isOneOf<Back, Tap, Set, WayOut, Select, Drag, Bar, Press, Pick, Call>(request);
 }
 
@@ -25,13 +20,13 @@ void RequestRecord::record(Backups* backups) {
   held_.reset();
 }
 
-void RequestRecord::begin(const Request& request, const std::string& label) {
+void RequestRecord::begin(const Request& request, const std::function<std::string()>& label) {
   if (!backups_ || !isTheUsers(request)) return;
   const auto* set = std::get_if<Set>(&request);
   // An undo in between has ended the change.
   if (set && held_ == set->row && backups_->isChanging()) return;
   backups_->endChange();
-  if (changes(request)) backups_->beginChange("set " + label, Backups::Label::Default);
+  if (mayChange(request)) backups_->beginChange("set " + label(), Backups::Label::Default);
 }
 
 void RequestRecord::end(const Request& request) {

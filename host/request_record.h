@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -21,8 +22,9 @@ class RequestRecord {
 
   void record(Backups* backups);  // null: nowhere
 
-  // Around what a request does; `label` is that of the row or page that it is about.
-  void begin(const Request& request, const std::string& label);
+  // Around what a request does; `label` gives that of the row or page that it is about, and is
+  // called where a change begins.
+  void begin(const Request& request, const std::function<std::string()>& label);
   void end(const Request& request);
 
  private:

@@ -59,7 +59,7 @@ bool beginsWithTypo(const std::string& typed, const std::string& word) {
   return false;
 }
 
-// Of 100.
+// How well a word matches what was typed: 100 is the same word, 0 is no match.
 int likeness(const std::string& typed, const std::string& word) {
   if (word == typed) return 100;
   if (word.starts_with(typed)) return 80;
@@ -70,7 +70,8 @@ int likeness(const std::string& typed, const std::string& word) {
   return beginsWithTypo(typed, word) ? 40 : 0;
 }
 
-// Of 100, for the entry; 0 where a word has no match, or only in what leads to it.
+// Likewise of an entry, for all that was typed; 0 where a word has no match, or only in what leads
+// to it.
 int scoreOf(const std::vector<std::string>& typed, const std::vector<SearchIndex::Word>& words) {
   int sum = 0;
   bool itself = false;

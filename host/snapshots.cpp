@@ -28,6 +28,10 @@ bool namesAProfile(const std::string& name) {
 
 }  // namespace
 
+bool isNoFile(const Error& error) {
+  return error.code == 0 || error.code == EISDIR || error.code == ELOOP || error.code == ENXIO;
+}
+
 Result<Files> readProfileFiles(const foundation::DeviceRoot& root, std::size_t domain) {
   Files files;
   if (domain > kLargestSnapshot) return tooLarge();
@@ -39,10 +43,7 @@ Result<Files> readProfileFiles(const foundation::DeviceRoot& root, std::size_t d
   for (const std::string& name : *names) {
     if (!namesAProfile(name)) continue;
     auto bytes = root.read(folder + name, foundation::Links::Refuse);
-    // A folder, a link or a device of such a name is no file of the user's settings.
-    if (!bytes && (bytes.error().code == 0 || bytes.error().code == EISDIR ||
-                   bytes.error().code == ELOOP || bytes.error().code == ENXIO))
-      continue;
+    if (!bytes && isNoFile(bytes.error())) continue;
     if (!bytes) return bytes.error();
     together += bytes->size() + name.size() + kEntry;
     if (together > kLargestSnapshot) return tooLarge();

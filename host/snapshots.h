@@ -25,6 +25,9 @@ struct Snapshot {
 // What a snapshot holds at most, in bytes: settings, profiles and their names.
 inline constexpr std::size_t kLargestSnapshot = 32 << 20;
 
+// Whether that error of reading a file says that a folder, a link or a device stands in its place.
+bool isNoFile(const platform::Error& error);
+
 // Every regular file of the documents folder whose extension is a profile's, whatever it holds. An
 // error when one can't be read, or when they don't fit into a snapshot that holds `domain` bytes of
 // settings.

@@ -7,6 +7,8 @@
 #include "platform/plist/binary.h"
 #include "platform/preferences/row_value.h"
 #include "platform/preferences/specifier_list.h"
+#include "prefs/core/names.h"
+#include "prefs/keys.h"
 
 namespace host {
 namespace {
@@ -18,23 +20,24 @@ constexpr std::size_t kMostChanges = 2;
 
 // The switch that a whole page depends on.
 constexpr std::pair<std::string_view, std::string_view> kMasters[] = {
-    {"GeneralSettingsController", "enabled"},
-    {"ProfilesListController", "profileactive"},
-    {"LowPowerListController", "lowpowermodeenabled"}};
+    {"GeneralSettingsController", prefs::key::enabled},
+    {"ProfilesListController", prefs::key::profileactive},
+    {"LowPowerListController", prefs::key::lowpowermodeenabled}};
 
 // What the entries of a list are.
 struct Counted {
   std::string_view row, one, several;
 };
-constexpr Counted kCounted[] = {{"savedprofiles", "profile", "profiles"},
-                                {"batterylog", "entry", "entries"}};
+constexpr Counted kCounted[] = {{prefs::kSavedProfilesRow, "profile", "profiles"},
+                                {prefs::kBatteryLogRow, "entry", "entries"}};
 
 // What would fill a list, by the row that leads to it.
 constexpr std::pair<std::string_view, std::string_view> kWaysToFill[] = {
-    {"savedprofiles", "The profile manager, below Manage Profiles, saves profiles."},
-    {"profile", "The profile manager, below Manage Profiles, saves profiles."},
-    {"batterylog", "Entries are written while Keep Battery Log, below Extras, is on."},
-    {"adressbook", "Contacts are read from vCard files (.vcf) in the folder of contacts."}};
+    {prefs::kSavedProfilesRow, "The profile manager, below Manage Profiles, saves profiles."},
+    {prefs::key::profile, "The profile manager, below Manage Profiles, saves profiles."},
+    {prefs::kBatteryLogRow, "Entries are written while Keep Battery Log, below Extras, is on."},
+    {prefs::key::adressbook,
+     "Contacts are read from vCard files (.vcf) in the folder of contacts."}};
 
 std::string countOf(const PSSpecifier& row) {
   const auto found = std::ranges::find(kCounted, row.identifier(), &Counted::row);
@@ -42,11 +45,6 @@ std::string countOf(const PSSpecifier& row) {
   const std::size_t count = row.values().size();
   return (count == 0 ? "No" : std::to_string(count)) + " " +
          std::string(count == 1 ? found->one : found->several);
-}
-
-std::string capital(std::string text) {
-  if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] += 'A' - 'a';
-  return text;
 }
 
 std::string lowered(std::string text) {

@@ -46,6 +46,11 @@ bool isTypable(std::string_view text, bool lines) {
   });
 }
 
+std::string capital(std::string text) {
+  if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] += 'A' - 'a';
+  return text;
+}
+
 std::string joined(const std::vector<std::string>& texts) {
   std::string all;
   for (const std::string& text : texts) (all += all.empty() ? "" : ", ") += text;

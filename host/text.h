@@ -45,6 +45,9 @@ std::optional<std::string> namingText(const plist::Value& value);
 // may hold `lines`.
 bool isTypable(std::string_view text, bool lines);
 
+// "No permission" of "no permission".
+std::string capital(std::string text);
+
 // "one, two, three"
 std::string joined(const std::vector<std::string>& texts);
 

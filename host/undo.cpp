@@ -9,7 +9,6 @@
 namespace host {
 namespace {
 
-using platform::Done;
 using platform::Error;
 using platform::Result;
 
@@ -17,15 +16,6 @@ enum class Direction { Undo, Redo };
 
 Failure failure(Failure::Reason reason, Source source, std::string words) {
   return {reason, {.source = source, .words = std::move(words)}};
-}
-
-bool isUnconfirmed(const Result<Done>& written) {
-  return !written && written.error().kind == platform::ErrorKind::Unconfirmed;
-}
-
-Result<Done> put(foundation::DeviceRoot& root, const std::string& path,
-                 const FileChange::Bytes& bytes) {
-  return bytes ? root.writeDurably(path, *bytes) : root.remove(path);
 }
 
 // The files of the change, one by one, and back again if it can't be finished.
@@ -36,9 +26,11 @@ class FileChanges {
   // Whether the file was `from` or is `to` already.
   Result<bool> make(const FileChange& change) {
     const auto now = bytesOf(root_, change.path);
-    if (now && *now == change.to) return true;
-    if (!now || *now != change.from) return false;
-    const auto written = put(root_, change.path, change.to);
+    if (!now && isNoFile(now.error())) return false;
+    if (!now) return now.error();
+    if (*now == change.to) return true;
+    if (*now != change.from) return false;
+    const auto written = putBytes(root_, change.path, change.to);
     if (!written && !isUnconfirmed(written)) return written.error();
     if (!written) unconfirmed_ = written.error();
     made_.push_back(&change);
@@ -50,7 +42,7 @@ class FileChanges {
   std::vector<std::string> takeBack() {
     std::vector<std::string> stay;
     for (const FileChange* change : made_) {
-      const auto back = put(root_, change->path, change->from);
+      const auto back = putBytes(root_, change->path, change->from);
       if (!back && !isUnconfirmed(back)) stay.push_back(change->path);
     }
     return stay;
@@ -74,6 +66,8 @@ Failure takenBack(FileChanges& files, Failure cause) {
 
 Attempt<Undone> move(preferences::Environment& environment, Backups& backups, Direction direction) {
   backups.endChange();
+  // What a set that failed has left to be stored is the user's last change.
+  static_cast<void>(environment.preferences.finish(std::chrono::milliseconds(0)));
   backups.prepare();
   History& history = backups.history();
   const auto locked = history.lock();
@@ -89,12 +83,12 @@ Attempt<Undone> move(preferences::Environment& environment, Backups& backups, Di
   auto left = apply(environment, backups, change);
   if (!left && left.error().reason != Failure::Unconfirmed) return left.error();
   const auto moved = undoing ? history.setUndone(number) : history.setRedone(number);
+  if (!moved)
+    backups.warn(
+        "\"" + change.what + "\" is still the next to be " + (undoing ? "undone" : "done again"),
+        moved.error());
   if (!left) return left.error();
   const bool done = left->size() < change.files.size() + change.settings.size();
-  if (!moved)
-    return failure(done ? Failure::PartlyDone : Failure::Failed, Source::Backups,
-                   "\"" + change.what + "\" is " + (undoing ? "undone" : "done again") +
-                       ", but not remembered as such: " + moved.error().message());
   return Undone{change.what, done, std::move(*left)};
 }
 
@@ -127,14 +121,6 @@ Attempt<Undone> undo(preferences::Environment& environment, Backups& backups) {
 
 Attempt<Undone> redo(preferences::Environment& environment, Backups& backups) {
   return move(environment, backups, Direction::Redo);
-}
-
-Steps steps(Backups& backups) {
-  if (!backups.open()) return {};
-  const auto labelOf = [](const History::Latest& latest) {
-    return latest && *latest ? (*latest)->change.what : std::string();
-  };
-  return {labelOf(backups.history().lastDone()), labelOf(backups.history().lastUndone())};
 }
 
 std::string asDone(const std::string& what) {

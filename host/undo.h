@@ -19,15 +19,10 @@ struct Undone {
 // taken back last. What holds neither what the change has left nor what it was before stays as it
 // is. A profile's file becomes byte for byte what it was. The settings are announced as changed; a
 // page sees them once it reads the store anew (Activate). One of which all is left counts as
-// undone, or redone, so that the next one can be. NotFound: there is none.
+// undone, or redone, so that the next one can be; where that can't be noted, a warning says so.
+// NotFound: there is none.
 Attempt<Undone> undo(preferences::Environment& environment, Backups& backups);
 Attempt<Undone> redo(preferences::Environment& environment, Backups& backups);
-
-// The labels of what the two would be about now; empty where there is nothing.
-struct Steps {
-  std::string undo, redo;
-};
-Steps steps(Backups& backups);
 
 // What the label of a change says once it has been made: "loaded 55" of "load 55".
 std::string asDone(const std::string& what);

@@ -7,21 +7,20 @@ namespace {
 preferences::Environment beside(const preferences::Environment& shown,
                                 foundation::NotificationCenter& center,
                                 foundation::MainQueue& clock) {
-  return {shown.root,
-          shown.preferences,
-          center,
-          clock,
-          shown.darwinCenter,
-          shown.collator,
-          shown.urls,
-          shown.addressBook,
-          shown.sounds,
-          shown.xml,
-          shown.bundle,
-          shown.idiom,
-          shown.soundFallback,
-          nullptr,
-          shown.problemHandler};
+  return {.root = shown.root,
+          .preferences = shown.preferences,
+          .defaultCenter = center,
+          .mainQueue = clock,
+          .darwinCenter = shown.darwinCenter,
+          .collator = shown.collator,
+          .urls = shown.urls,
+          .addressBook = shown.addressBook,
+          .sounds = shown.sounds,
+          .xml = shown.xml,
+          .bundle = shown.bundle,
+          .idiom = shown.idiom,
+          .soundFallback = shown.soundFallback,
+          .problemHandler = shown.problemHandler};
 }
 
 }  // namespace

@@ -16,8 +16,7 @@ struct Line {
 
 // Reads the line, and its common options into the session. Options may stand anywhere, "--" ends
 // them; a value follows its option or a "=" in it, and the last one counts. A number isn't an
-// option though it begins with
-// "-".
+// option though it begins with "-".
 Outcome<Line> readLine(const std::vector<std::string>& words, Session& session);
 
 // Null where there is none of that name; an empty group is that of commands of one word.

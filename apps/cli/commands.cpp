@@ -26,8 +26,7 @@ constexpr Command kCommands[] = {
      .arguments = {{"CLASS", "The page's class or its title", Words::Pages}},
      .example = "page \"Power Saving\""},
     {.name = "search",
-     .description =
-         "Find what quorvantis-settings --page CLASS --row ID shows, choices and profiles",
+     .description = "Find rows, choices, pages and profiles",
      .run = search,
      .arguments = {{"WORD", "What to look for; each word has to match", Words::Any,
                     Argument::OnceOrMore}},

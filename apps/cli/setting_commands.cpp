@@ -112,12 +112,8 @@ Outcome<Done> resetValues(Session& session, const Arguments& arguments) {
     printDifferences(session, *changes);
     return Done{};
   }
-  // A reset that is refused takes no snapshot.
-  const auto changes = settings.changesOfReset(scope);
-  if (!changes) return failureOf(changes.error());
-  host::Backups* const backups = session.device().backups();
-  if (backups && !changes->empty()) backups->keepOrWarn("reset");
-  const host::UserChange change(backups, "reset " + nameOf(scope));
+  const host::UserChange change(session.device().backups(), "reset " + nameOf(scope),
+                                host::Backups::Label::Fixed, "reset");
   auto stored = settings.reset(scope);
   if (!stored) return failureOf(stored.error());
   session.warnings = std::move(*stored);

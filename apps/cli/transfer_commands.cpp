@@ -47,15 +47,14 @@ Outcome<Done> importSettings(Session& session, const Arguments& arguments) {
   if (!bytes) return failureOf(bytes.error());
   host::Settings settings = session.settings();
   preferences::Environment& environment = session.device().environment();
-  const auto changes = host::changesOfImport(settings, environment, *bytes);
-  if (!changes) return failureOfImport(changes.error(), file);
   if (arguments.has("--dry-run")) {
+    const auto changes = host::changesOfImport(settings, environment, *bytes);
+    if (!changes) return failureOfImport(changes.error(), file);
     printDifferences(session, *changes);
     return Done{};
   }
-  host::Backups* const backups = session.device().backups();
-  if (backups && !changes->empty()) backups->keepOrWarn("import");
-  const host::UserChange change(backups, "import");
+  const host::UserChange change(session.device().backups(), "import", host::Backups::Label::Fixed,
+                                "import");
   const auto imported = host::importSettings(settings, environment, *bytes);
   if (!imported) return failureOfImport(imported.error(), file);
   return Done{};

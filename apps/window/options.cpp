@@ -6,7 +6,7 @@
 namespace window {
 namespace {
 
-// A click must not freeze the window for longer than this.
+// For each lock that another program holds: a set takes two, a load some more.
 constexpr std::chrono::milliseconds kLockPatience{250};
 
 host::Refusal wrongUse(const QString& message) {

@@ -45,12 +45,12 @@ class Tools : public QObject {
   void open(const std::string& pageClass, const std::string& row);
 
   // Makes a change of settings or profiles, which is one step of the history, and shows it.
-  enum class Keeps { Nothing, Snapshot };  // before the change
+  enum class Keeps { Nothing, Snapshot };  // before it changes the settings
   template <class Change>
   bool change(const std::string& what, const Change& change, Keeps keeps = Keeps::Nothing) {
-    if (keeps == Keeps::Snapshot && device_.backups()) device_.backups()->keepOrWarn(what);
     const auto done = [&] {
-      const host::UserChange step(device_.backups(), what);
+      const host::UserChange step(device_.backups(), what, host::Backups::Label::Fixed,
+                                  keeps == Keeps::Snapshot ? what : std::string());
       return change();
     }();
     // A profile that is there already leads to a question.

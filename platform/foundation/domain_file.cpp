@@ -142,6 +142,12 @@ Result<DomainFile::Locked> DomainFile::lock(std::chrono::milliseconds patience) 
   return Locked{std::move(*folder), std::move(*lock)};
 }
 
+Result<Descriptor> DomainFile::hold(std::chrono::milliseconds patience) {
+  auto locked = lock(patience);
+  if (!locked) return locked.error();
+  return std::move(locked->lock);
+}
+
 Result<DomainChange> DomainFile::change(const plist::Dictionary& set,
                                         const std::vector<std::string>& remove,
                                         std::chrono::milliseconds patience) {

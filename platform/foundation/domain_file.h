@@ -17,10 +17,11 @@ namespace foundation {
 
 // What was done to a domain's file.
 struct DomainChange {
-  KeyChanges keys{};  // whose values are others now
+  KeyChanges keys{};         // whose values are others now
+  plist::Dictionary kept{};  // the sets among it that had failed before; Nothing removes its key
   // checksumOf() what was read and what was left, of no bytes without a file; 0: it was damaged.
   std::uint64_t before = 0, after = 0;
-  Descriptor lock{};  // of the file: nobody else changes it as long as this lives
+  Descriptor lock{};  // of the file: as long as this lives nobody else who takes it changes it
 };
 
 // Where the domain's file is, and what its bytes hold.
@@ -90,6 +91,9 @@ class DomainFile {
   // lock.
   platform::Result<platform::Done> flush(std::chrono::milliseconds patience);
   bool unflushed() const { return unflushed_; }
+
+  // The lock alone.
+  platform::Result<Descriptor> hold(std::chrono::milliseconds patience);
 
  private:
   struct Locked {

@@ -2,10 +2,11 @@
 
 #include <fcntl.h>
 #include <sys/inotify.h>
+#include <sys/stat.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <utility>
 
 namespace foundation {
 namespace {
@@ -27,22 +28,27 @@ std::vector<std::string> partsOf(const std::string& path) {
 FolderWatch::FolderWatch(const DeviceRoot& root, std::vector<std::string> folders)
     : root_(root), folders_(std::move(folders)), queue_(inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
   if (!queue_) failure_ = platform::Error{.code = errno, .what = "inotify_init1"};
+  followAll();
+}
+
+// What doesn't lead to a folder any more is not watched any more.
+void FolderWatch::followAll() {
+  const auto before = std::exchange(interests_, {});
   for (const std::string& folder : folders_) follow(folder);
+  for (const auto& [watch, interests] : before)
+    if (!interests_.contains(watch)) inotify_rm_watch(queue_.number(), watch);
 }
 
 // By its descriptor, so that links count as DeviceRoot takes them.
 bool FolderWatch::add(int directory, const Interest& interest) {
   const std::string path = "/proc/self/fd/" + std::to_string(directory);
   const int watch = inotify_add_watch(queue_.number(), path.c_str(), kEvents);
+  if (watch < 0 && errno == ENOENT) return false;  // it has gone since it was opened
   if (watch < 0) {
     failure_ = platform::Error{interest.folder, errno, "inotify_add_watch"};
     return false;
   }
-  auto& interests = interests_[watch];
-  const auto same = [&](const Interest& each) {
-    return each.folder == interest.folder && each.next == interest.next;
-  };
-  if (std::ranges::none_of(interests, same)) interests.push_back(interest);
+  interests_[watch].push_back(interest);
   return true;
 }
 
@@ -75,8 +81,17 @@ void FolderWatch::followRootOf(const std::string& folder) {
   }
 }
 
+// A link, and what gets a second name, is there at once.
+bool FolderWatch::isNewAndEmpty(const std::string& folder, const std::string& name) const {
+  const auto file = root_.open(folder + "/" + name, O_PATH | O_NOFOLLOW);
+  struct stat status {};
+  return file && fstat(file->number(), &status) == 0 && S_ISREG(status.st_mode) &&
+         status.st_size == 0;
+}
+
 std::set<std::string> FolderWatch::takeChanges() {
-  std::set<std::string> changed, moved;
+  std::set<std::string> changed;
+  bool moved = false;
   alignas(inotify_event) char events[4096];
   for (;;) {
     const ssize_t size = ::read(queue_.number(), events, sizeof events);
@@ -90,14 +105,17 @@ std::set<std::string> FolderWatch::takeChanges() {
       const std::string name = event->len > 0 ? event->name : "";
       for (const auto& [folder, next] : found->second) {
         const bool itself = event->mask & kOfTheFolderItself;
+        const bool within = !itself && next.empty();
         if (!itself && !next.empty() && next != name) continue;
+        if (within && name.starts_with('.')) continue;
+        if (within && event->mask & IN_CREATE && isNewAndEmpty(folder, name)) continue;
         changed.insert(folder);
-        if (itself || !next.empty()) moved.insert(folder);
+        moved = moved || !within;
       }
       if (event->mask & IN_IGNORED) interests_.erase(found);
     }
   }
-  for (const std::string& folder : moved) follow(folder);
+  if (moved) followAll();
   return changed;
 }
 

@@ -15,7 +15,8 @@ namespace foundation {
 // Follows what any process changes in folders below a device root, by inotify(7). A folder, or the
 // root, that doesn't exist yet is followed from the moment it is made; one that is put in another's
 // place, instead of it. A file counts as changed when it is put there, renamed, removed, or closed
-// after it was written; not while it is being written.
+// after it was written; not while it is being written, or is new and empty. One whose name begins
+// with a dot is a lock, or a file that gets its name once it is written, and doesn't count.
 class FolderWatch {
  public:
   // `root` has to outlive it.
@@ -36,8 +37,10 @@ class FolderWatch {
     std::string next;    // the entry that leads to it; empty: it is the folder itself
   };
 
+  void followAll();
   void follow(const std::string& folder);
   void followRootOf(const std::string& folder);
+  bool isNewAndEmpty(const std::string& folder, const std::string& name) const;
   bool add(int directory, const Interest& interest);
 
   const DeviceRoot& root_;

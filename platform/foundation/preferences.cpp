@@ -1,5 +1,6 @@
 #include "platform/foundation/preferences.h"
 
+#include <cerrno>
 #include <utility>
 
 namespace foundation {
@@ -62,7 +63,8 @@ void Preferences::willChange(const Domain& domain) {
   if (observer_) observer_->willChange(domain.name);
 }
 
-void Preferences::didChange(const Domain& domain, const DomainChange& change) {
+void Preferences::didChange(Domain& domain, const DomainChange& change) {
+  if (domain.left == change.before) domain.left = change.after;
   if (observer_) observer_->didChange(domain.name, change);
 }
 
@@ -93,9 +95,11 @@ Result<Done> Preferences::refresh(Domain& domain) {
   return Done{};
 }
 
-Result<Done> Preferences::store(Domain& domain, std::chrono::milliseconds patience) {
+Result<Done> Preferences::store(Domain& domain, const plist::Dictionary& before,
+                                std::chrono::milliseconds patience) {
   if (!domain.kept.empty()) willChange(domain);
-  const auto changed = change(domain.file, domain.kept, patience);
+  auto changed = change(domain.file, domain.kept, patience);
+  if (changed) changed->kept = before;
   if (changed && !domain.kept.empty()) didChange(domain, *changed);
   if (changed && domain.loaded) overlay(domain.kept, domain.entries);
   if (changed || changed.error().kind == ErrorKind::Damaged) domain.kept = {};
@@ -106,7 +110,7 @@ Result<Done> Preferences::store(Domain& domain, std::chrono::milliseconds patien
 Result<Done> Preferences::finish(Domain& domain, std::chrono::milliseconds patience) {
   if (held_ || (domain.kept.empty() && !domain.file.unflushed())) return Done{};
   if (!domain.kept.empty()) {
-    const auto stored = store(domain, patience);
+    const auto stored = store(domain, plist::Dictionary(domain.kept), patience);
     if (!stored) return failed(domain, stored.error());
     if (keptHandler_) keptHandler_();
   }
@@ -124,10 +128,10 @@ std::optional<plist::Value> Preferences::copyAppValue(std::string_view key,
 
 Result<Done> Preferences::setAppValue(std::string_view key, const plist::Value& value,
                                       std::string_view domain) {
-  if (value.isNothing()) return setMultiple({}, {std::string(key)}, domain);
+  if (value.isNothing()) return set({}, {std::string(key)}, domain, Kept::Sets);
   plist::Dictionary values;
   values.set(key, value);
-  return setMultiple(values, {}, domain);
+  return set(values, {}, domain, Kept::Sets);
 }
 
 Result<Done> Preferences::appSynchronize(std::string_view domain) {
@@ -137,6 +141,15 @@ Result<Done> Preferences::appSynchronize(std::string_view domain) {
 
 Result<Done> Preferences::refresh(std::string_view domain) {
   return refresh(this->domain(domain));
+}
+
+bool Preferences::changedByOthers(std::string_view domain) {
+  Domain& target = this->domain(domain);
+  const auto bytes = root_.read(domainPath(domain));
+  std::optional<std::uint64_t> now;
+  if (bytes) now = checksumOf(*bytes);
+  if (!bytes && bytes.error().code == ENOENT) now = checksumOf({});
+  return std::exchange(target.left, now) != now || !now;
 }
 
 std::vector<std::string> Preferences::copyKeyList(std::string_view domain) {
@@ -176,6 +189,12 @@ void Preferences::keepChangesOnly(Domain& domain, const plist::Dictionary& befor
 Result<Done> Preferences::setMultiple(const plist::Dictionary& values,
                                       const std::vector<std::string>& remove,
                                       std::string_view domain) {
+  return set(values, remove, domain, Kept::Changes);
+}
+
+Result<Done> Preferences::set(const plist::Dictionary& values,
+                              const std::vector<std::string>& remove, std::string_view domain,
+                              Kept kept) {
   Domain& target = this->domain(domain);
   const plist::Value storable = *plist::storable(values);
   const plist::Dictionary before = target.kept;
@@ -183,14 +202,16 @@ Result<Done> Preferences::setMultiple(const plist::Dictionary& values,
   for (const std::string& key : remove) target.kept.set(key, plist::Value());
   if (held_) return Done{};
   // Whoever held the lock a moment ago isn't waited for again.
-  const auto stored = store(target, before.empty() ? lockPatience_ : std::chrono::milliseconds(0));
+  const auto patience = before.empty() ? lockPatience_ : std::chrono::milliseconds(0);
+  const auto stored = store(target, before, patience);
   if (stored && !before.empty() && keptHandler_) keptHandler_();
   if (!stored) {
     const Error error = failed(target, stored.error(), Repeated::Always);
     if (!failedSet_) failedSet_ = error;
     const bool keep = failedSets_ == FailedSets::Keep && error.kind == ErrorKind::Failed;
     if (!keep && error.kind != ErrorKind::Damaged) target.kept = before;
-    if (keep) keepChangesOnly(target, before);
+    if (keep && kept == Kept::Changes) keepChangesOnly(target, before);
+    if (keep && observer_) observer_->didKeep(target.name, changesBetween(before, target.kept));
   }
   if (unfinishedHandler_ && unfinished()) unfinishedHandler_();
   return stored;
@@ -257,14 +278,19 @@ Result<Done> Preferences::release() {
   for (auto& [name, domain] : domains_) {
     const plist::Dictionary before = std::exchange(domain.keptBefore, {});
     if (plist::Value(domain.kept) == plist::Value(before)) continue;
-    if (const auto stored = store(domain, lockPatience_); !stored) {
+    if (const auto stored = store(domain, before, lockPatience_); !stored) {
       const Error error = failed(domain, stored.error());
       drop();
       domain.kept = before;
       return error;
     }
+    if (!before.empty() && keptHandler_) keptHandler_();
   }
   return finish(lockPatience_);
+}
+
+Result<Descriptor> Preferences::lock(std::string_view domain) {
+  return this->domain(domain).file.hold(lockPatience_);
 }
 
 std::optional<Error> Preferences::damage(std::string_view domain) {

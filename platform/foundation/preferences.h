@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/foundation/device_root.h"
@@ -24,6 +25,8 @@ class ChangeObserver {
   virtual void willChange(std::string_view domain) = 0;
   // No keys where the domain was replaced or stays equal.
   virtual void didChange(std::string_view domain, const DomainChange& change) = 0;
+  // A set has failed and is kept: what is to be stored now, other than before it.
+  virtual void didKeep(std::string_view, const KeyChanges&) {}
 };
 
 // The preference store: one binary property list per domain below the device root
@@ -45,9 +48,12 @@ class ChangeObserver {
 class Preferences {
  public:
   // What becomes of a set that fails: it is dropped, or it is kept and reads show it, until it is
-  // stored by a later set, synchronise or `finish`. What can never be stored, and what was to
-  // change a damaged file, is dropped in either case.
+  // stored by a later set, synchronise or `finish`. Of a setMultiple only that is kept which it was
+  // to change. What can never be stored, and what was to change a damaged file, is dropped in
+  // either case.
   enum class FailedSets { Drop, Keep };
+  // From now on; what is kept already stays so. Gives what it was.
+  FailedSets setFailedSets(FailedSets failedSets) { return std::exchange(failedSets_, failedSets); }
 
   explicit Preferences(DeviceRoot& root, std::chrono::milliseconds lockPatience = kLockPatience,
                        FailedSets failedSets = FailedSets::Drop);
@@ -64,6 +70,9 @@ class Preferences {
 
   // Sees what is on disk now; on an error what was seen last stays. Flushes nothing.
   platform::Result<platform::Done> refresh(std::string_view domain);
+  // Whether the domain's file holds anything but what this has made of what it held when this was
+  // asked last; of one that can't be read, and when this is asked first, yes.
+  bool changedByOthers(std::string_view domain);
   // Both see what is on disk now; they flush nothing.
   std::vector<std::string> copyKeyList(std::string_view domain);
   plist::Dictionary copyMultiple(const std::vector<std::string>& keys, std::string_view domain);
@@ -95,6 +104,9 @@ class Preferences {
   void hold();
   platform::Result<platform::Done> release();
   void drop();
+
+  // As long as what it gives lives, nobody else who takes the lock changes the domain's file.
+  platform::Result<Descriptor> lock(std::string_view domain);
 
   // Why the domain can't be read now, if it can't.
   std::optional<platform::Error> damage(std::string_view domain);
@@ -134,6 +146,7 @@ class Preferences {
     bool loaded = false;
     plist::Dictionary kept{};                   // failed or held sets; Nothing removes its key
     plist::Dictionary keptBefore{};             // what was kept when the hold began
+    std::optional<std::uint64_t> left{};        // checksumOf() the file, see changedByOthers
     std::optional<platform::Error> reported{};  // the latest failure
   };
 
@@ -141,14 +154,20 @@ class Preferences {
 
   Domain& domain(std::string_view name);
   Domain& loadedDomain(std::string_view name);
+  enum class Kept { Sets, Changes };  // of a set that fails
+  platform::Result<platform::Done> set(const plist::Dictionary& values,
+                                       const std::vector<std::string>& remove,
+                                       std::string_view domain, Kept kept);
   static void keepChangesOnly(Domain& domain, const plist::Dictionary& before);
   static const plist::Value* find(const Domain& domain, std::string_view key);
   platform::Result<platform::Done> refresh(Domain& domain);
-  platform::Result<platform::Done> store(Domain& domain, std::chrono::milliseconds patience);
+  // `before`: what was kept before the latest set.
+  platform::Result<platform::Done> store(Domain& domain, const plist::Dictionary& before,
+                                         std::chrono::milliseconds patience);
   platform::Result<platform::Done> finish(Domain& domain, std::chrono::milliseconds patience);
   platform::Error failed(Domain& domain, platform::Error error, Repeated repeated = Repeated::Once);
   void willChange(const Domain& domain);
-  void didChange(const Domain& domain, const DomainChange& change);
+  void didChange(Domain& domain, const DomainChange& change);
   void recovered(Domain& domain);
 
   DeviceRoot& root_;

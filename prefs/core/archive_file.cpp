@@ -1,7 +1,5 @@
 #include "prefs/core/archive_file.h"
 
-#include "platform/foundation/property_list.h"
-
 namespace prefs {
 namespace {
 
@@ -33,6 +31,10 @@ auto readArchive(plist::Bytes bytes, platform::XmlPropertyLists& xml, Read read)
 }
 
 }  // namespace
+
+foundation::XmlReader readerOf(platform::XmlPropertyLists& lists) {
+  return [&lists](plist::Bytes bytes) { return lists.read(bytes); };
+}
 
 Result<plist::Value> unarchive(plist::Bytes bytes, platform::XmlPropertyLists& xml) {
   return readArchive(bytes, xml, [](plist::Bytes binary) { return archive::unarchive(binary); });

@@ -24,6 +24,10 @@ inline constexpr std::string_view kDocuments = "/var/mobile/Documents/Quorvantis
 inline constexpr std::string_view kProfileExtension = "qvx";
 inline constexpr std::string_view kBatteryLog = "/var/mobile/Documents/Quorvantis/quorvantis.log";
 
+// Rows of the first page, by their ids.
+inline constexpr std::string_view kSavedProfilesRow = "savedprofiles";
+inline constexpr std::string_view kBatteryLogRow = "batterylog";
+
 // The extension and its user agree on these keys of a profile.
 inline constexpr std::string_view kProfilePercentage = "profilepercentage";
 inline constexpr std::string_view kProfileDescription = "profiledescription";

@@ -85,7 +85,7 @@ void ProfilesListController::saveProfileOverwriteIfExists(std::int32_t row, bool
                   overwrite ? Existing::Overwrite : Existing::Keep, AfterFailure::GoOn);
   if (saved.outcome == SaveOutcome::Exists) return confirmOverwrite(row);
   if (saved.failure && saved.outcome != SaveOutcome::NotRemembered)
-    report("not saved", *saved.failure);
+    report(kNotSaved, *saved.failure);
   const std::string trigger =
       row < kBatteryLevels ? filled("Battery %@%", profileID) : lists_.profileNameArray[row];
   showInfoAlertWithTitleMessage(
@@ -120,7 +120,7 @@ platform::Result<LoadedProfile> ProfilesListController::loadProfileAtPath(
 void ProfilesListController::deleteProfile(std::int32_t row) {
   if (!lists_.hasRow(row)) return reportNothingDone("deleted", row);
   const auto deleted = prefs::deleteProfile(environment(), lists_.fileNameArray[row]);
-  if (!deleted) report("not deleted", deleted.error());
+  if (!deleted) report(kNotDeleted, deleted.error());
   showInfoAlertWithTitleMessage(
       "Done", filled("The profile %@ was successfully deleted!", lists_.profileNameArray[row]));
   cleanUpPickerAndRelodSpecifers();
@@ -154,11 +154,11 @@ void ProfilesListController::report(const std::string& problem) const {
   if (environment().problemHandler) environment().problemHandler({.what = problem});
 }
 
-void ProfilesListController::report(const std::string& notDone,
-                                    const platform::Error& error) const {
+void ProfilesListController::report(std::string_view notDone, const platform::Error& error) const {
   if (!environment().problemHandler) return;
   if (error.kind == platform::ErrorKind::Unconfirmed) return environment().problemHandler(error);
-  environment().problemHandler(platform::Error{.what = notDone}.because(error).as(error.kind));
+  environment().problemHandler(
+      platform::Error{.what = std::string(notDone)}.because(error).as(error.kind));
 }
 
 void ProfilesListController::reportNothingDone(std::string_view done, std::int32_t row) const {

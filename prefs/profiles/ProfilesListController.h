@@ -11,6 +11,9 @@
 
 namespace prefs {
 
+// What the page reports that it has passed over: each stands before the reason.
+inline constexpr std::string_view kNotSaved = "not saved", kNotDeleted = "not deleted";
+
 // The page of profiles, with the profile manager: an action sheet from which profiles are loaded,
 // saved and deleted. Rows are picker rows, counted from 0; an operation that is given a row that
 // isn't there does nothing and reports that. Alerts say "Success" and "Done" whatever became of the
@@ -82,7 +85,7 @@ class ProfilesListController : public preferences::PSListController,
   void selectTriggerSavedLast();
   void confirmOverwrite(std::int32_t row);
   void report(const std::string& problem) const;
-  void report(const std::string& notDone, const platform::Error& error) const;
+  void report(std::string_view notDone, const platform::Error& error) const;
   void reportNothingDone(std::string_view done, std::int32_t row) const;
   std::shared_ptr<ProfilesListController> self();
 

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "host/application.h"
 #include "host/device.h"
 #include "tests/services/temporary_folder.h"
 
@@ -86,6 +87,24 @@ TEST_F(DeviceStore, StoresASetOnceTheFaultHasGoneAndWithdrawsItsNotice) {
   EXPECT_THAT(notices_, IsEmpty());
   EXPECT_FALSE(preferences().unfinished());
   EXPECT_THAT(posted_.names, ElementsAre("com.zorvek.quorvantis.prefs"));
+}
+
+// The device reports it as it happens, and whoever asked for the change as what came of it.
+TEST_F(DeviceStore, AFailureThatIsReportedTwiceIsShownOnceAndGoesOnce) {
+  host::Application application(device_->environment(), 40);
+  device_->setProblemHandler([&](const host::Problem& problem) { application.report(problem); },
+                             [&](const host::Problem& problem) { application.withdraw(problem); });
+  forbid();
+  const auto set = preferences().setAppValue("a", 1, kDomain);
+  ASSERT_FALSE(set);
+  application.report(host::failureOf(host::Source::Settings, set.error()).problem);
+  ASSERT_EQ(application.problems().size(), 1u);
+  EXPECT_EQ(
+      application.problems().front().file,
+      std::filesystem::canonical(lock().parent_path()).string() + "/" + lock().filename().string());
+  std::filesystem::remove(lock());
+  clock_->advance(kSecond);
+  EXPECT_THAT(application.problems(), IsEmpty());
 }
 
 TEST_F(DeviceStore, TriesASetOnceMoreAtTheEndAndSaysWhatBecameOfIt) {

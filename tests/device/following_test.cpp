@@ -4,7 +4,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <poll.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 
@@ -16,6 +19,16 @@
 
 using host::Application;
 using plist::Value;
+
+namespace {
+bool watchesAtLimit = false;  // the system follows no more folders
+}
+
+extern "C" __attribute__((visibility("default"))) int inotify_add_watch(
+    int queue, const char* path, std::uint32_t events) noexcept {
+  if (watchesAtLimit) return errno = ENOSPC, -1;
+  return static_cast<int>(syscall(SYS_inotify_add_watch, queue, path, events));
+}
 
 namespace {
 
@@ -167,6 +180,37 @@ TEST_F(HostFollowing, ListsOfProfilesAndLogFollow) {
   EXPECT_THAT(page().choices->titles, testing::ElementsAre("B", "A"));
 }
 
+TEST_F(HostFollowing, TheProfilesOfTheGeneralPageFollow) {
+  open("GeneralSettingsController");
+  ASSERT_TRUE(application_.perform(host::Tap{"profile"}));
+  EXPECT_EQ(page().choices->titles.size(), 0u);
+  write("/var/mobile/Documents/Quorvantis/profile_7.qvx",
+        plist::Dictionary{{"profilepercentage", "7"}});
+  wait();
+  EXPECT_THAT(page().choices->titles, testing::ElementsAre("Battery 7%"));
+}
+
+TEST_F(HostFollowing, SaysOnceAndInPlainWordsThatNotAllIsFollowed) {
+  const std::string said =
+      "what other programs change isn't followed: the system follows no more folders for this user";
+  open("");
+  EXPECT_THAT(application_.problems(), testing::IsEmpty());
+  watchesAtLimit = true;
+  store("wifi", true);  // in a folder that is made now
+  wait();
+  ASSERT_EQ(application_.problems().size(), 1u);
+  EXPECT_EQ(application_.problems().front().message(), said);
+  application_.dismiss(host::Problem(application_.problems().front()));
+  write("/var/mobile/Documents/Quorvantis/profile_7.qvx",
+        plist::Dictionary{{"profilepercentage", "7"}});
+  wait();
+  EXPECT_THAT(application_.problems(), testing::IsEmpty());
+  following_.emplace(device_.environment(), application_);
+  watchesAtLimit = false;
+  ASSERT_EQ(application_.problems().size(), 1u);
+  EXPECT_EQ(application_.problems().front().message(), said);
+}
+
 TEST_F(HostFollowing, TheTickOfAListFollows) {
   open("GeneralSettingsController");
   ASSERT_TRUE(application_.perform(host::Tap{"tapaction"}));
@@ -214,6 +258,32 @@ TEST_F(HostFollowing, ProfilesAreNotManagedWhileTheSettingsCantBeRead) {
       EXPECT_FALSE(application_.perform(host::Tap{row.id})) << row.id;
     }
   EXPECT_TRUE(host::describe(application_).alerts.empty());
+}
+
+TEST_F(HostFollowing, ItsOwnChangesAreShownAlreadyAndNotFollowed) {
+  open("PowerSavingListController");
+  store("vpn", 2);
+  wait();
+  ASSERT_TRUE(application_.perform(host::Set{"wifi", 1}));
+  following_->look();
+  store("vpn", 1);
+  clock_->advance(std::chrono::milliseconds(20));
+  EXPECT_EQ(row("wifi").shown, "On");
+  EXPECT_EQ(row("vpn").shown, "Off") << "followed without need";
+  wait();
+  EXPECT_EQ(row("vpn").shown, "On");
+}
+
+TEST_F(HostFollowing, AnotherProcessesChangeBesideAnOwnOneIsFollowed) {
+  open("PowerSavingListController");
+  store("vpn", 1);
+  ASSERT_TRUE(application_.perform(host::Set{"wifi", 1}));
+  wait();
+  EXPECT_EQ(row("vpn").shown, "On");
+  ASSERT_TRUE(application_.perform(host::Set{"wifi", 0}));
+  store("vpn", 2);
+  wait();
+  EXPECT_EQ(row("vpn").shown, "Off");
 }
 
 TEST_F(HostFollowing, EndsWithATaskStillDue) {

@@ -30,6 +30,25 @@ TEST(PlainWords, SayWhatIsStoredButNotConfirmed) {
             "The profile is stored, but a power cut may undo that: the disk reports an error.");
 }
 
+TEST(PlainWords, OfWhatIsKeptSayWhatFailedOfIt) {
+  const Error full{"/state/snapshots/1", ENOSPC, "write"};
+  EXPECT_EQ(
+      host::plainWords(Source::Backups,
+                       Error{.what = "no snapshot was kept before \"load 20\""}.because(full)),
+      "No snapshot was kept before \"load 20\": the disk is full.");
+  EXPECT_EQ(host::plainWords(Source::Backups,
+                             Error{.what = "\"delete 20\" can't be undone"}.because(full)),
+            "\"delete 20\" can't be undone: the disk is full.");
+  EXPECT_EQ(host::plainWords(Source::Backups, full),
+            "What is kept of earlier settings can't be read or changed: the disk is full.");
+}
+
+TEST(PlainWords, OfAProfileThatIsNotAnArchiveDoNotSayThatItWasNot) {
+  const auto error = Error{.what = "not a keyed archive"}.because(Error{kProfile, EIO, "read"});
+  EXPECT_EQ(host::plainWords(Source::Profiles, error),
+            "The profiles can't be read or changed: the disk reports an error.");
+}
+
 TEST(PlainWords, HaveNoWordsOfTheSystem) {
   for (int code = 1; code < 134; ++code) {
     const std::string words = host::plainWords(Source::Profiles, notSaved(code));

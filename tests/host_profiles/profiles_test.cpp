@@ -64,6 +64,32 @@ TEST_F(HostProfiles, ADescriptionIsReplacedAndAllElseStays) {
   EXPECT_TRUE(file("21").empty());
 }
 
+TEST_F(HostProfiles, ADescriptionOverwritesNothingThatAnotherProgramHasWrittenMeanwhile) {
+  const auto uid = [](int number) {
+    return "<dict><key>CF$UID</key><integer>" + std::to_string(number) + "</integer></dict>";
+  };
+  const std::string xml =
+      "<plist><dict><key>$archiver</key><string>NSKeyedArchiver</string><key>$version</key>"
+      "<integer>100000</integer><key>$top</key><dict><key>root</key>" +
+      uid(1) +
+      "</dict><key>$objects</key><array><string>$null</string><dict><key>NS.keys</key><array/>"
+      "<key>NS.objects</key><array/><key>$class</key>" +
+      uid(2) +
+      "</dict><dict><key>$classname</key><string>NSDictionary</string><key>$classes</key><array>"
+      "<string>NSDictionary</string><string>NSObject</string></array></dict></array></dict></"
+      "plist>";
+  const auto writeXml = [&] { seed::write(device, "profile_20.qvx", {xml.begin(), xml.end()}); };
+  writeXml();
+  const std::vector<std::uint8_t> theirs{'n', 'e', 'w'};
+  device.realXml.atNextRead = [&] { seed::write(device, "profile_20.qvx", theirs); };
+  const auto failure = failureOf(profiles.describe(trigger("20"), "Night"));
+  EXPECT_EQ(failure.problem.message(),
+            prefs::profilePath(20) + ": another program has changed it meanwhile");
+  EXPECT_EQ(file("20"), theirs);
+  writeXml();
+  EXPECT_TRUE(profiles.describe(trigger("20"), "Night"));
+}
+
 TEST_F(HostProfiles, ASaveWritesTheDomainOnceAfterTheFile) {
   seed::profile(device, "5");
   device.store("wifi", 2);
@@ -162,6 +188,40 @@ TEST_F(HostProfiles, ALoadSaysWhyItLoadedNothing) {
   const auto failure = failureOf(profiles.load(trigger("20")));
   EXPECT_EQ(failure.reason, Failure::Failed);
   EXPECT_TRUE(failure.problem.words.starts_with("not loaded: ")) << failure.problem.words;
+}
+
+TEST_F(HostProfiles, WhatIsReportedAsNotDoneIsNotDoneLater) {
+  device.preferences.setFailedSets(foundation::Preferences::FailedSets::Keep);
+  device.store("wifi", 1);
+  seed::archive(device, "profile_20.qvx",
+                plist::Dictionary{{"profilepercentage", "20"}, {"wifi", 2}, {"profileactive", 1}});
+  const plist::Dictionary before = device.domain();
+  for (const int rename : {1, 2}) {  // that of all settings, that of the page's switch
+    calls().failRename = rename;
+    EXPECT_TRUE(failureOf(profiles.load(trigger("20"))).problem.words.starts_with("not loaded"));
+    EXPECT_TRUE(device.preferences.finish());
+    EXPECT_TRUE(Value(device.domain()) == Value(before)) << rename;
+  }
+  calls().failRename = 2;  // the profile's, then the domain's
+  EXPECT_TRUE(failureOf(profiles.save(trigger("7"), Existing::Keep))
+                  .problem.words.starts_with("not saved"));
+  EXPECT_TRUE(device.preferences.finish());
+  EXPECT_TRUE(Value(device.domain()) == Value(before));
+}
+
+TEST_F(HostProfiles, ASetThatWasKeptBeforeALoadFailedStaysKept) {
+  using FailedSets = foundation::Preferences::FailedSets;
+  device.preferences.setFailedSets(FailedSets::Keep);
+  seed::profile(device, "20");
+  device.store("wifi", 1);
+  calls().failRename = 1;
+  EXPECT_FALSE(device.preferences.setAppValue("vpn", 1, prefs::kDomain));
+  calls().failRename = 1;
+  EXPECT_FALSE(profiles.load(trigger("20")));
+  EXPECT_EQ(device.preferences.setFailedSets(FailedSets::Keep), FailedSets::Keep);
+  EXPECT_TRUE(device.preferences.finish());
+  EXPECT_EQ(device.stored("vpn"), Value(1));
+  EXPECT_EQ(device.stored("wifi"), Value(1));
 }
 
 TEST_F(HostProfiles, ListsProfilesAndReportsWhatIsNot) {

@@ -29,6 +29,7 @@ class BackedUpDevice : public profiles_test::ProfilesDevice {
         [this](const platform::Error& error) { warnings.push_back(error.message()); },
         [this] { return now; });
     preferences.setChangeObserver(backups.get());
+    preferences.setKeptHandler([this] { backups->rememberKept(); });
     environment.profileGuard = [this](const ::preferences::ProfileStep& step) {
       return backups->guard(step);
     };
@@ -40,6 +41,16 @@ class BackedUpDevice : public profiles_test::ProfilesDevice {
     EXPECT_TRUE(preferences.setAppValue(key, value, prefs::kDomain));
   }
   using ProfilesDevice::store;
+
+  // From now on no change can be stored, and sets are kept; until it can be again.
+  void forbid() {
+    preferences.setFailedSets(foundation::Preferences::FailedSets::Keep);
+    std::filesystem::remove(at(kLock));
+    std::filesystem::create_directories(at(kLock));
+  }
+  void allow() { std::filesystem::remove(at(kLock)); }
+  static constexpr std::string_view kLock =
+      "/var/mobile/Library/Preferences/.com.zorvek.quorvantis.plist.lock";
 
   host::Trigger trigger(const std::string& id) { return *host::findTrigger(id); }
   host::Profiles profiles{environment};

@@ -100,6 +100,43 @@ TEST_F(HostHistory, AStepOfWhichAllIsLeftIsPassedOver) {
   EXPECT_EQ(device.stored("vpn"), std::nullopt);
 }
 
+TEST_F(HostHistory, WhatCannotBeNotedAsUndoneIsWarnedOf) {
+  device.set("wifi", 1);
+  std::ofstream(device.stateFolder() / "undone") << "a file";
+  EXPECT_TRUE(undo().done);
+  EXPECT_EQ(device.stored("wifi"), std::nullopt);
+  const std::string still = "\"set wifi\" is still the next to be undone: ";
+  EXPECT_THAT(device.warnings, ElementsAre(testing::StartsWith(still)));
+}
+
+TEST_F(HostHistory, NothingIsSaidToBeUndoneWhereNothingWas) {
+  device.set("wifi", 1);
+  device.store("wifi", 7);
+  std::ofstream(device.stateFolder() / "undone") << "a file";
+  const auto undone = undo();
+  EXPECT_FALSE(undone.done);
+  EXPECT_THAT(undone.left, ElementsAre("wifi"));
+  EXPECT_EQ(device.stored("wifi"), Value(7));
+  EXPECT_EQ(device.warnings.size(), 1u);
+}
+
+TEST_F(HostHistory, AProfileThatCannotBeReadIsNotTakenForAnothersChange) {
+  device.save("20");
+  std::filesystem::resize_file(device.at(prefs::profilePath(20)), std::uintmax_t{1} << 30);
+  const auto undone = host::undo(device.environment, *device.backups);
+  ASSERT_FALSE(undone);
+  EXPECT_EQ(undone.error().reason, host::Failure::Failed);
+  EXPECT_EQ(undone.error().problem.path, prefs::profilePath(20));
+  EXPECT_EQ(names("history"), (Names{"1"}));
+}
+
+TEST_F(HostHistory, AFolderInAProfilesPlaceIsAnothersChange) {
+  device.save("20");
+  std::filesystem::remove(device.at(prefs::profilePath(20)));
+  std::filesystem::create_directories(device.at(prefs::profilePath(20)));
+  EXPECT_THAT(undo().left, ElementsAre(prefs::profilePath(20)));
+}
+
 // Just before it is put in place, another process has its say.
 TEST_F(HostHistory, AnUndoMovesTheStepThatItHasUndoneAndNoOther) {
   device.set("wifi", 1);
@@ -160,13 +197,18 @@ TEST_F(HostHistory, WhatCannotBeTakenBackIsNamed) {
   EXPECT_TRUE(device.root.hasEntry(prefs::profilePath(30)));
 }
 
-TEST_F(HostHistory, StepsAreNamedForTheMenu) {
-  EXPECT_EQ(host::steps(*device.backups).undo, "");
+TEST_F(HostHistory, KnowsTheNextToBeUndoneAndToBeDoneAgain) {
+  ASSERT_TRUE(device.backups->open());
+  host::History& history = device.backups->history();
+  EXPECT_FALSE(*history.lastDone());
   device.set("wifi", 1);
   device.set("vpn", 1);
   undo();
-  EXPECT_EQ(host::steps(*device.backups).undo, "set wifi");
-  EXPECT_EQ(host::steps(*device.backups).redo, "set vpn");
+  EXPECT_EQ((*history.lastDone())->change.what, "set wifi");
+  EXPECT_EQ((*history.lastUndone())->change.what, "set vpn");
+}
+
+TEST_F(HostHistory, ALabelSaysOnceItIsDoneWhatWasDone) {
   EXPECT_EQ(host::asDone("load Battery 20%"), "loaded Battery 20%");
   EXPECT_EQ(host::asDone("set WiFi"), "set WiFi");
 }
@@ -242,12 +284,10 @@ TEST_F(HostHistory, AProfileThatAnotherProcessHasWrittenStaysAndIsNamed) {
 TEST_F(HostHistory, WhenTheSettingsCannotBeChangedNoProfileIs) {
   device.save("20");
   const auto saved = device.file(prefs::profilePath(20));
-  const auto lock = device.at("/var/mobile/Library/Preferences/.com.zorvek.quorvantis.plist.lock");
-  std::filesystem::remove(lock);
-  std::filesystem::create_directories(lock);
+  device.forbid();
   EXPECT_FALSE(host::undo(device.environment, *device.backups));
   EXPECT_EQ(device.file(prefs::profilePath(20)), saved);
-  std::filesystem::remove(lock);
+  device.allow();
   EXPECT_EQ(undo().what, "save 20");
 }
 
@@ -263,6 +303,46 @@ TEST_F(HostHistory, AChangeThatFailedIsNotInIt) {
 TEST_F(HostHistory, AChangeToTheSameValueIsNotInIt) {
   device.store("wifi", 1);
   device.set("wifi", 1);
+  EXPECT_TRUE(nothingToUndo());
+}
+
+TEST_F(HostHistory, WhatWaitsToBeStoredIsTheLastChange) {
+  device.set("vpn", 1);
+  device.forbid();
+  {
+    const host::UserChange change(device.backups.get(), "set wifi");
+    EXPECT_FALSE(device.preferences.setAppValue("wifi", 1, prefs::kDomain));
+  }
+  device.allow();
+  EXPECT_EQ(undo().what, "set wifi");
+  EXPECT_EQ(device.stored("wifi"), std::nullopt);
+  EXPECT_EQ(device.stored("vpn"), Value(1));
+}
+
+TEST_F(HostHistory, WhatASetChangesThatWasKeptForAnotherChangeIsAPartOfEach) {
+  device.store("wifi", 1);
+  device.forbid();
+  {
+    const host::UserChange change(device.backups.get(), "set wifi");
+    EXPECT_FALSE(device.preferences.setAppValue("wifi", 2, prefs::kDomain));
+  }
+  device.allow();
+  device.set("wifi", 3);
+  undo();
+  EXPECT_EQ(device.stored("wifi"), Value(2));
+  undo();
+  EXPECT_EQ(device.stored("wifi"), Value(1));
+  EXPECT_TRUE(nothingToUndo());
+}
+
+TEST_F(HostHistory, WhatIsNotTheUsersAndStoredLaterIsNotInIt) {
+  device.forbid();
+  EXPECT_FALSE(device.preferences.setAppValue("wifi", 1, prefs::kDomain));
+  device.allow();
+  device.set("vpn", 1);
+  EXPECT_EQ(device.stored("wifi"), Value(1));
+  undo();
+  EXPECT_EQ(device.stored("wifi"), Value(1));
   EXPECT_TRUE(nothingToUndo());
 }
 

@@ -1,3 +1,5 @@
+#include <future>
+
 #include "tests/host_recovery/backed_up_device.h"
 
 namespace {
@@ -139,6 +141,27 @@ TEST_F(HostRecovery, ChangesOfTwoProcessesOfThisProgramAreNotFromOutside) {
   const auto state = one->recovery().state();
   EXPECT_FALSE(state.changedOutside);
   EXPECT_FALSE(state.seen->outside);
+}
+
+// The file is changed, and that is noted, while the lock is held.
+TEST_F(HostRecovery, AChangeThatIsNotNotedYetIsNotFromOutside) {
+  struct Changing : foundation::ChangeObserver {
+    explicit Changing(BackedUpDevice& changed) : device(changed) {}
+    void willChange(std::string_view) override {}
+    void didChange(std::string_view domain, const foundation::DomainChange& change) override {
+      state = std::async(std::launch::async, [this] { return device.recovery().state(); });
+      EXPECT_EQ(state.wait_for(100ms), std::future_status::timeout);
+      host::Backups(device.environment, device.state.path(), foundation::kLockPatience, {})
+          .didChange(domain, change);
+    }
+    BackedUpDevice& device;
+    std::future<host::Recovery::State> state;
+  } changing(device);
+  device.set("wifi", 1);
+  foundation::Preferences another(device.root);
+  another.setChangeObserver(&changing);
+  ASSERT_TRUE(another.setAppValue("wifi", 2, prefs::kDomain));
+  EXPECT_FALSE(changing.state.get().changedOutside);
 }
 
 TEST_F(HostRecovery, RestoresASnapshotWhole) {

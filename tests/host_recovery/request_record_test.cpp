@@ -129,6 +129,61 @@ TEST_F(HostRequestRecord, AProfileStepIsNamedAfterItsTrigger) {
   EXPECT_THAT(steps, ElementsAre("load Battery 20%"));
 }
 
+TEST_F(HostRequestRecord, WhatIsStoredLaterIsAStepOfItsOwn) {
+  show("PowerSavingListController");
+  device.forbid();
+  perform(host::Set{"custbrightenabled", true});
+  EXPECT_THAT(steps, IsEmpty());
+  device.allow();
+  ASSERT_TRUE(device.preferences.finish());
+  EXPECT_THAT(steps, ElementsAre("set " + (*application.row("custbrightenabled"))->name()));
+  undo();
+  EXPECT_EQ(device.stored("custbrightenabled"), std::nullopt);
+}
+
+TEST_F(HostRequestRecord, WhatIsStoredLaterIsNoPartOfTheChangeThatStoresIt) {
+  show("PowerSavingListController");
+  device.forbid();
+  perform(host::Set{"custbrightenabled", true});
+  device.allow();
+  perform(host::Set{"wifi", 1});
+  EXPECT_THAT(steps, ElementsAre("set " + (*application.row("custbrightenabled"))->name(),
+                                 "set " + (*application.row("wifi"))->name()));
+  undo();
+  EXPECT_EQ(device.stored("wifi"), std::nullopt);
+  EXPECT_EQ(device.stored("custbrightenabled"), Value(true));
+  undo();
+  EXPECT_EQ(device.stored("custbrightenabled"), std::nullopt);
+}
+
+TEST_F(HostRequestRecord, ADragThatIsStoredLateIsOneStep) {
+  show("PowerSavingListController");
+  perform(host::Set{"custbrightenabled", true});
+  perform(host::Set{"custbright", 20.0});
+  steps.clear();
+  device.forbid();
+  perform(host::Set{"custbright", 30.0, true});
+  device.allow();
+  perform(host::Set{"custbright", 40.0, true});
+  perform(host::Release{});
+  EXPECT_EQ(steps.size(), 1u);
+  undo();
+  EXPECT_EQ(device.stored("custbright"), Value(20.0));
+}
+
+TEST_F(HostRequestRecord, AsksForALabelOnlyWhereAChangeBegins) {
+  host::RequestRecord record;
+  record.record(device.backups.get());
+  int asked = 0;
+  for (const host::Request& request :
+       {host::Request(host::Layout{}), host::Request(host::Scroll{}), host::Request(host::Launch{}),
+        host::Request(host::Set{"wifi", 1})}) {
+    record.begin(request, [&] { return std::to_string(++asked); });
+    record.end(request);
+  }
+  EXPECT_EQ(asked, 1);
+}
+
 TEST_F(HostRequestRecord, NothingIsRecordedNowhere) {
   application.record(nullptr);
   show("PowerSavingListController");

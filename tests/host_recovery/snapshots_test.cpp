@@ -1,4 +1,5 @@
 #include "tests/host_recovery/backed_up_device.h"
+#include "tests/platform_foundation/system_calls.h"
 
 namespace {
 
@@ -53,6 +54,21 @@ TEST_F(HostSnapshots, AreTakenBeforeLoadImportOverwriteAndDelete) {
   EXPECT_TRUE(device.warnings.empty());
 }
 
+TEST_F(HostSnapshots, OfAChangeAreTakenJustBeforeItChangesTheSettingsFirst) {
+  device.store("wifi", 1);
+  for (const char* what : {"reset", "reset all"}) {
+    const host::UserChange change(device.backups.get(), what, host::Backups::Label::Fixed, what);
+    if (what == std::string("reset all")) break;  // it is refused
+    EXPECT_TRUE(device.snapshots().empty());
+    for (const int value : {2, 3}) {
+      ASSERT_TRUE(device.preferences.setAppValue("wifi", value, prefs::kDomain));
+    }
+  }
+  device.set("wifi", 4);
+  ASSERT_THAT(device.snapshots(), ElementsAre("daily", "reset"));
+  EXPECT_EQ(device.recovery().settingsOf(2)->find("wifi")->integer(), 1);
+}
+
 TEST_F(HostSnapshots, AreNotTakenBeforeADeleteOfNothing) {
   EXPECT_FALSE(device.profiles.remove(device.trigger("7"), host::Profiles::Folders::Refuse));
   EXPECT_TRUE(device.snapshots().empty());
@@ -70,6 +86,40 @@ TEST_F(HostSnapshots, AreTakenOnceADayBeforeTheFirstChange) {
   device.set("wifi", 5);
   EXPECT_THAT(device.snapshots(), ElementsAre("daily", "daily"));
   EXPECT_EQ(device.recovery().settingsOf(2)->find("wifi")->integer(), 4);
+}
+
+TEST_F(HostSnapshots, ADailyOneThatFailedIsTakenByTheNextProgram) {
+  ASSERT_TRUE(device.backups->open());
+  ASSERT_TRUE(device.backups->keep("reset"));
+  const auto folder = device.stateFolder() / "snapshots";
+  std::filesystem::remove_all(folder);
+  std::ofstream(folder) << "a file";
+  device.set("wifi", 1);
+  EXPECT_THAT(device.warnings,
+              ElementsAre(testing::StartsWith("no snapshot was kept before \"daily\"")));
+  std::filesystem::remove(folder);
+  device.startAnew();
+  device.set("wifi", 2);
+  EXPECT_THAT(device.snapshots(), ElementsAre("daily"));
+}
+
+TEST_F(HostSnapshots, TheDailyOneIsTakenOnceTheSettingsCanBeRead) {
+  device.damageDomain();
+  device.backups->prepare();
+  std::filesystem::remove(device.at(device.kDomainFile));
+  device.set("wifi", 1);
+  EXPECT_THAT(device.snapshots(), ElementsAre("daily"));
+}
+
+TEST_F(HostSnapshots, OneThatIsNotConfirmedOnDiskIsThere) {
+  for (int i = 1; i <= 20; ++i) ASSERT_TRUE(device.backups->keep("reset"));
+  foundation::test::systemCalls().failFsync = 2;  // the folder's
+  EXPECT_TRUE(device.backups->keepOrWarn("load 20"));
+  EXPECT_THAT(device.warnings,
+              ElementsAre(testing::StartsWith(
+                  "the snapshot is not confirmed on disk that was kept before \"load 20\": ")));
+  EXPECT_EQ(device.snapshots().size(), 20u);
+  EXPECT_EQ(device.snapshots().back(), "load 20");
 }
 
 TEST_F(HostSnapshots, OfSettingsThatCannotBeReadAreNotTaken) {

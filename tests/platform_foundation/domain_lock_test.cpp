@@ -121,6 +121,52 @@ TEST_F(KeptSet, LeavesWhatItOnlyRepeatsToOtherProcesses) {
   EXPECT_EQ(stored("c"), Value(6));
 }
 
+TEST_F(KeptSet, OfOneKeyIsStoredAlsoIfTheKeyHeldThatBefore) {
+  EXPECT_EQ(keeping.copyAppValue("a", kDomain), Value(1));
+  holdElsewhere(1h);
+  EXPECT_FALSE(keeping.setAppValue("a", 1, kDomain));
+  EXPECT_FALSE(keeping.setAppValue("c", Value(), kDomain));
+  stopHolder();
+  Preferences another{root};
+  ASSERT_TRUE(another.setMultiple({{"a", 5}, {"c", 6}}, {}, kDomain));
+  EXPECT_TRUE(keeping.finish(0ms));
+  EXPECT_EQ(stored("a"), Value(1));
+  EXPECT_EQ(stored("c"), Value());
+}
+
+TEST_F(KeptSet, CanBeDroppedFromNowOn) {
+  holdElsewhere(1h);
+  EXPECT_FALSE(keeping.setAppValue("a", 2, kDomain));
+  EXPECT_EQ(keeping.setFailedSets(Preferences::FailedSets::Drop), Preferences::FailedSets::Keep);
+  EXPECT_FALSE(keeping.setAppValue("a", 3, kDomain));
+  EXPECT_FALSE(keeping.setAppValue("b", 3, kDomain));
+  stopHolder();
+  EXPECT_TRUE(keeping.finish(0ms));
+  EXPECT_EQ(stored("a"), Value(2));
+  EXPECT_EQ(stored("b"), Value());
+}
+
+TEST_F(KeptSet, IsDistinguishedFromTheOneItIsStoredWith) {
+  struct Witness : ChangeObserver {
+    void willChange(std::string_view) override {}
+    void didChange(std::string_view, const DomainChange& change) override {
+      for (const auto& entry : change.kept) stored.push_back(entry.key);
+    }
+    void didKeep(std::string_view, const KeyChanges& changes) override {
+      for (const KeyChange& each : changes) kept.push_back(each.key);
+    }
+    std::vector<std::string> kept, stored;
+  } witness;
+  keeping.setChangeObserver(&witness);
+  holdElsewhere(1h);
+  EXPECT_FALSE(keeping.setAppValue("a", 2, kDomain));
+  EXPECT_FALSE(keeping.setAppValue("b", 2, kDomain));
+  stopHolder();
+  EXPECT_TRUE(keeping.setAppValue("c", 2, kDomain));
+  EXPECT_THAT(witness.kept, ElementsAre("a", "b"));
+  EXPECT_THAT(witness.stored, ElementsAre("a", "b"));
+}
+
 TEST_F(KeptSet, IsStoredWithTheNextOne) {
   holdElsewhere(1h);
   EXPECT_FALSE(keeping.setAppValue("a", 2, kDomain));

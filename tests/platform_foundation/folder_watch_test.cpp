@@ -69,6 +69,37 @@ TEST_F(FolderWatching, AFileThatIsBeingWrittenHasNotChangedYet) {
   EXPECT_THAT(watch().takeChanges(), ElementsAre(kDocuments));
 }
 
+TEST_F(FolderWatching, ANewFileThatIsEmptyStillHasNotChangedYet) {
+  makeFolders();
+  watch();
+  std::ofstream file(folder_.at(kDocuments) / "log");
+  EXPECT_THAT(watch().takeChanges(), IsEmpty());
+  file << "half" << std::flush;
+  EXPECT_THAT(watch().takeChanges(), IsEmpty());
+  file.close();
+  EXPECT_THAT(watch().takeChanges(), ElementsAre(kDocuments));
+}
+
+TEST_F(FolderWatching, SeesALinkAndASecondName) {
+  makeFolders();
+  folder_.write("/file", "1");
+  watch();
+  fs::create_symlink("/file", folder_.at(kDocuments) / "log");
+  EXPECT_THAT(watch().takeChanges(), ElementsAre(kDocuments));
+  fs::create_hard_link(folder_.at("/file"), folder_.at(kSettings) / "x.plist");
+  EXPECT_THAT(watch().takeChanges(), ElementsAre(kSettings));
+}
+
+TEST_F(FolderWatching, LocksAndFilesWithoutTheirNameYetAreNoChange) {
+  makeFolders();
+  watch();
+  folder_.write(std::string(kSettings) + "/.x.plist.lock", "");
+  folder_.write(std::string(kSettings) + "/.x.plist.0123", "1");
+  EXPECT_THAT(watch().takeChanges(), IsEmpty());
+  fs::rename(folder_.at(kSettings) / ".x.plist.0123", folder_.at(kSettings) / "x.plist");
+  EXPECT_THAT(watch().takeChanges(), ElementsAre(kSettings));
+}
+
 TEST_F(FolderWatching, ReadingIsNoChange) {
   makeFolders();
   folder_.write(std::string(kDocuments) + "log", "1");
@@ -96,6 +127,36 @@ TEST_F(FolderWatching, FollowsTheFolderThatTakesAnothersPlace) {
   makeFolders();
   EXPECT_THAT(watch().takeChanges(), ElementsAre(kDocuments, kSettings));
   folder_.write(std::string(kSettings) + "/x.plist", "1");
+  EXPECT_THAT(watch().takeChanges(), ElementsAre(kSettings));
+}
+
+TEST_F(FolderWatching, LeavesTheFolderWhosePlaceIsTaken) {
+  makeFolders();
+  watch();
+  fs::rename(folder_.at("/var/mobile"), folder_.at("/var/before"));
+  makeFolders();
+  EXPECT_THAT(watch().takeChanges(), ElementsAre(kDocuments, kSettings));
+  EXPECT_THAT(watch().takeChanges(), IsEmpty());
+  folder_.write("/var/before/Library/Preferences/x.plist", "1");
+  fs::rename(folder_.at("/var/before/Library"), folder_.at("/var/before/else"));
+  EXPECT_FALSE(isReadable());
+}
+
+TEST_F(FolderWatching, LeavesTheFolderAboveTheRootOnceThatIsMade) {
+  const fs::path above = folder_.at("/above");
+  fs::create_directories(above);
+  DeviceRoot root((above / "root").string());
+  watch_.emplace(root, std::vector<std::string>{kSettings});
+  fs::create_directories(above / "root");
+  EXPECT_THAT(watch().takeChanges(), ElementsAre(kSettings));
+  EXPECT_THAT(watch().takeChanges(), IsEmpty());
+  fs::create_directories(above / "another");
+  EXPECT_FALSE(isReadable());
+  fs::remove_all(above / "root");
+  EXPECT_THAT(watch().takeChanges(), ElementsAre(kSettings));
+  fs::create_directories(above / "root/var/mobile/Library/Preferences");
+  EXPECT_THAT(watch().takeChanges(), ElementsAre(kSettings));
+  std::ofstream(above / "root/var/mobile/Library/Preferences/x.plist") << "1";
   EXPECT_THAT(watch().takeChanges(), ElementsAre(kSettings));
 }
 

@@ -117,6 +117,28 @@ TEST_F(ChangeObserverTest, LearnsTheChecksumsOfWhatWasReadAndLeft) {
                           std::pair(second, checksumOf({}))));
 }
 
+TEST_F(PreferencesTest, KnowsWhatOthersHaveChanged) {
+  EXPECT_TRUE(preferences.changedByOthers(kDomain));
+  EXPECT_FALSE(preferences.changedByOthers(kDomain));
+  ASSERT_TRUE(preferences.setAppValue("a", 1, kDomain));
+  ASSERT_TRUE(preferences.exchange({{"a", Value(1), Value(2)}}, kDomain));
+  EXPECT_FALSE(preferences.changedByOthers(kDomain));
+  storeElsewhere("b", 1);
+  ASSERT_TRUE(preferences.setAppValue("a", 3, kDomain));
+  ASSERT_TRUE(preferences.synchronize());
+  EXPECT_TRUE(preferences.changedByOthers(kDomain));
+  EXPECT_FALSE(preferences.changedByOthers(kDomain));
+  ASSERT_TRUE(preferences.setAppValue("a", 4, kDomain));
+  storeElsewhere("b", 2);
+  EXPECT_TRUE(preferences.changedByOthers(kDomain));
+  ASSERT_TRUE(preferences.setMultiple({}, {"a", "b"}, kDomain));
+  EXPECT_FALSE(preferences.changedByOthers(kDomain));
+  folder.write(kFile, "garbage");
+  EXPECT_TRUE(preferences.changedByOthers(kDomain));
+  ASSERT_TRUE(preferences.replaceDomain({}, kDomain));
+  EXPECT_TRUE(preferences.changedByOthers(kDomain));
+}
+
 TEST_F(ChangeObserverTest, LearnsOfAChangeWhileTheLockIsHeld) {
   bool held = false;
   witness.look = [&] {
