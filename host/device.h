@@ -90,7 +90,7 @@ class Device {
 
   foundation::DeviceRoot root_;
   std::string contactsFolder_;
-  services::VCardAddressBook addressBook_;
+  services::MergedAddressBook addressBook_;
   services::DeviceSounds sounds_;
   uikit::Screen screen_;
   foundation::Preferences preferences_;

@@ -34,7 +34,9 @@ constexpr std::pair<std::string_view, std::string_view> kWaysToFill[] = {
     {"savedprofiles", "The profile manager, below Manage Profiles, saves profiles."},
     {"profile", "The profile manager, below Manage Profiles, saves profiles."},
     {"batterylog", "Entries are written while Keep Battery Log, below Extras, is on."},
-    {"adressbook", "Contacts are read from vCard files (.vcf) in the folder of contacts."}};
+    {"adressbook",
+     "Contacts are read from vCard files (.vcf) in the folder of contacts, and from the "
+     "desktop's address book while that is running."}};
 
 std::string countOf(const PSSpecifier& row) {
   const auto found = std::ranges::find(kCounted, row.identifier(), &Counted::row);

@@ -168,6 +168,7 @@ void PSListController::loadChoices(PSSpecifier& specifier) {
     return std::move(*value->array());
   };
   const bool outer = std::exchange(asking_, true);
+  const auto samePeople = environment().addressBook.hold();  // in both lists
   auto values = list("valuesDataSource"), titles = list("titlesDataSource");
   asking_ = outer;
   if (!values || !titles) return;
