@@ -23,7 +23,8 @@ constexpr std::chrono::milliseconds kFinished{500};
 
 Device::Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQueue> mainQueue,
                const Substitutes& substitutes)
-    : notifications_(substitutes.darwinCenter ? *substitutes.darwinCenter : darwinCenter_),
+    : options_(options),
+      notifications_(substitutes.darwinCenter ? *substitutes.darwinCenter : darwinCenter_),
       collator_(reportOf(Source::Collation, Severity::Warning)),
       urls_(desktop_, reportOf(Source::Urls, Severity::Failure)),
       root_(options.root),
@@ -62,6 +63,12 @@ Device::Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQue
   preferences_.setUnfinishedHandler([this] { finishSoon(); });
   preferences_.setKeptHandler(
       [this] { environment_.darwinCenter.post(prefs::kPrefsNotification); });
+}
+
+std::unique_ptr<Device> Device::another() const {
+  return std::make_unique<Device>(
+      DeviceOptions{.root = options_.root, .contacts = options_.contacts, .idiom = options_.idiom},
+      std::make_unique<foundation::ManualQueue>());
 }
 
 void Device::makeBackups(const DeviceOptions& options) {

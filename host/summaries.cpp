@@ -1,6 +1,7 @@
 #include "host/summaries.h"
 
 #include <algorithm>
+#include <span>
 
 #include "host/describe.h"
 #include "host/text.h"
@@ -86,6 +87,21 @@ std::string wordsOf(const PSSpecifier& row, const plist::Value& value) {
   }
 }
 
+// What the window says as long as a list is read, by the row that leads to it.
+constexpr std::pair<std::string_view, std::string_view> kReading[] = {
+    {"savedprofiles", "Reading profiles…"},
+    {"profile", "Reading profiles…"},
+    {"batterylog", "Reading the battery log…"},
+    {"playsound", "Reading sounds…"},
+    {"adressbook", "Reading contacts…"}};
+
+std::string wordsFor(std::span<const std::pair<std::string_view, std::string_view>> table,
+                     const PSSpecifier& row) {
+  const auto found =
+      std::ranges::find(table, row.identifier(), [](auto& each) { return each.first; });
+  return found == table.end() ? std::string() : std::string(found->second);
+}
+
 }  // namespace
 
 const Summaries::Rows& Summaries::rowsOf(std::string_view pageClass) {
@@ -139,9 +155,11 @@ std::string Summaries::of(const PSSpecifier& link) {
 }
 
 std::string wayToFill(const PSSpecifier& row) {
-  for (const auto& [id, way] : kWaysToFill)
-    if (id == row.identifier()) return std::string(way);
-  return {};
+  return wordsFor(kWaysToFill, row);
+}
+
+std::string readingWords(const PSSpecifier& row) {
+  return wordsFor(kReading, row);
 }
 
 }  // namespace host

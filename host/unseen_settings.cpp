@@ -21,7 +21,9 @@ preferences::Environment beside(const preferences::Environment& shown,
           shown.idiom,
           shown.soundFallback,
           nullptr,
-          shown.problemHandler};
+          shown.problemHandler,
+          {},
+          shown.choicesSource};
 }
 
 }  // namespace

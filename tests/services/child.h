@@ -45,6 +45,7 @@ class Child {
   }
 
   void stop() { kill(id_, SIGSTOP); }  // it runs no further, and stays
+  void proceed() { kill(id_, SIGCONT); }
 
   int exitCode() {
     int status = 0;
