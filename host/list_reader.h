@@ -43,7 +43,7 @@ class ListReader {
   using Post = std::function<void(Task task)>;
 
   // The source of choices for that application, until it is destroyed, which waits for what is
-  // being read.
+  // being read. What shows the application must be gone before.
   ListReader(Application& application, MakeSource makeSource, Post post,
              Patience patience = kPatience);
   ~ListReader();

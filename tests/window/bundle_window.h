@@ -48,6 +48,8 @@ class BundleWindow : public WindowTest {
   }
   void closeAll() {
     if (device) device->setProblemHandler({});
+    driver.reset();
+    settings.reset();
     lists.reset();
     close();
     device.reset();

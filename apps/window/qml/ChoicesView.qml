@@ -62,7 +62,6 @@ FocusScope {
         anchors.bottom: parent.bottom
         x: view.side + Theme.inset
         width: view.width - 2 * x
-        height: visible ? implicitHeight : 0
         topPadding: 10
         bottomPadding: 14
         visible: text !== ""
@@ -83,7 +82,7 @@ FocusScope {
         page: view.page
         anchors.fill: parent
         anchors.topMargin: filter.visible ? filter.height + 24 : 0
-        anchors.bottomMargin: note.height
+        anchors.bottomMargin: note.visible ? note.height : 0
         model: view.choices
         topMargin: filter.visible ? 0 : 20
 
