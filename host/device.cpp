@@ -24,7 +24,8 @@ constexpr std::chrono::milliseconds kFinished{500};
 
 Device::Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQueue> mainQueue,
                const Substitutes& substitutes)
-    : notifications_(substitutes.darwinCenter ? *substitutes.darwinCenter : darwinCenter_),
+    : options_(options),
+      notifications_(substitutes.darwinCenter ? *substitutes.darwinCenter : darwinCenter_),
       collator_(reportOf(Source::Collation, Severity::Warning)),
       urls_(desktop_, reportOf(Source::Urls, Severity::Failure)),
       root_(options.root),
@@ -64,6 +65,12 @@ Device::Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQue
     if (backups_) backups_->rememberKept();
     environment_.darwinCenter.post(prefs::kPrefsNotification);
   });
+}
+
+std::unique_ptr<Device> Device::another() const {
+  return std::make_unique<Device>(
+      DeviceOptions{.root = options_.root, .contacts = options_.contacts, .idiom = options_.idiom},
+      std::make_unique<foundation::ManualQueue>());
 }
 
 void Device::makeBackups(const DeviceOptions& options) {

@@ -33,6 +33,9 @@ class Device {
   Device(const DeviceOptions& options, std::unique_ptr<foundation::MainQueue> mainQueue,
          const Substitutes& substitutes = {});
   ~Device();
+  // Another one of the same root and contacts, for a thread of its own: its time stands still, and
+  // it remembers nothing.
+  std::unique_ptr<Device> another() const;
   Device(const Device&) = delete;
   Device& operator=(const Device&) = delete;
 
@@ -75,6 +78,7 @@ class Device {
   void call(const std::shared_ptr<const ProblemHandler>& handler, const Problem& problem);
   void finishSoon();
 
+  const DeviceOptions options_;
   std::mutex mutex_;  // of what follows: sounds report from threads of their own
   std::condition_variable called_;
   std::shared_ptr<const ProblemHandler> handler_, gone_;  // null: none
@@ -90,7 +94,7 @@ class Device {
 
   foundation::DeviceRoot root_;
   std::string contactsFolder_;
-  services::VCardAddressBook addressBook_;
+  services::MergedAddressBook addressBook_;
   services::DeviceSounds sounds_;
   uikit::Screen screen_;
   foundation::Preferences preferences_;

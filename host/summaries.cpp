@@ -1,6 +1,7 @@
 #include "host/summaries.h"
 
 #include <algorithm>
+#include <span>
 
 #include "host/describe.h"
 #include "host/text.h"
@@ -37,7 +38,8 @@ constexpr std::pair<std::string_view, std::string_view> kWaysToFill[] = {
     {prefs::key::profile, "The profile manager, below Manage Profiles, saves profiles."},
     {prefs::kBatteryLogRow, "Entries are written while Keep Battery Log, below Extras, is on."},
     {prefs::key::adressbook,
-     "Contacts are read from vCard files (.vcf) in the folder of contacts."}};
+     "Contacts are read from vCard files (.vcf) in the folder of contacts, and from the desktop's "
+     "address book while that is running."}};
 
 std::string countOf(const PSSpecifier& row) {
   const auto found = std::ranges::find(kCounted, row.identifier(), &Counted::row);
@@ -80,6 +82,21 @@ std::string wordsOf(const PSSpecifier& row, const plist::Value& value) {
                  ? row.name()
                  : row.name() + " " + shown;
   }
+}
+
+// What the window says as long as a list is read, by the row that leads to it.
+constexpr std::pair<std::string_view, std::string_view> kReading[] = {
+    {"savedprofiles", "Reading profiles…"},
+    {"profile", "Reading profiles…"},
+    {"batterylog", "Reading the battery log…"},
+    {"playsound", "Reading sounds…"},
+    {"adressbook", "Reading contacts…"}};
+
+std::string wordsFor(std::span<const std::pair<std::string_view, std::string_view>> table,
+                     const PSSpecifier& row) {
+  const auto found =
+      std::ranges::find(table, row.identifier(), [](auto& each) { return each.first; });
+  return found == table.end() ? std::string() : std::string(found->second);
 }
 
 }  // namespace
@@ -135,9 +152,11 @@ std::string Summaries::of(const PSSpecifier& link) {
 }
 
 std::string wayToFill(const PSSpecifier& row) {
-  for (const auto& [id, way] : kWaysToFill)
-    if (id == row.identifier()) return std::string(way);
-  return {};
+  return wordsFor(kWaysToFill, row);
+}
+
+std::string readingWords(const PSSpecifier& row) {
+  return wordsFor(kReading, row);
 }
 
 }  // namespace host

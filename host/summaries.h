@@ -37,5 +37,7 @@ class Summaries {
 
 // What would fill the list that this row leads to, in a sentence; empty where that isn't known.
 std::string wayToFill(const preferences::PSSpecifier& row);
+// What to say while that list is read.
+std::string readingWords(const preferences::PSSpecifier& row);
 
 }  // namespace host

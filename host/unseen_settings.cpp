@@ -20,7 +20,8 @@ preferences::Environment beside(const preferences::Environment& shown,
           .bundle = shown.bundle,
           .idiom = shown.idiom,
           .soundFallback = shown.soundFallback,
-          .problemHandler = shown.problemHandler};
+          .problemHandler = shown.problemHandler,
+          .choicesSource = shown.choicesSource};
 }
 
 }  // namespace

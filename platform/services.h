@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -45,6 +46,8 @@ class AddressBook {
   virtual ~AddressBook() = default;
   // All persons of the default source, sorted by first name, equal ones in stored order.
   virtual std::vector<Person> peopleSortedByFirstName() = 0;
+  // As long as what this gives lives, they are the same at each call.
+  virtual std::shared_ptr<void> hold() { return nullptr; }
 };
 
 // Where the platform has its sounds.

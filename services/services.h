@@ -4,6 +4,7 @@
 
 #include "platform/services.h"
 #include "services/bus.h"
+#include "services/desktop_books.h"
 #include "services/sound_player.h"
 #include "services/vcards.h"
 
@@ -29,6 +30,8 @@ template <>
 inline constexpr Origin kOrigin<platform::XmlPropertyLists>{"xml", "reading and writing XML"};
 template <>
 inline constexpr Origin kOrigin<VCards>{"vcards", "reading vCards"};
+template <>
+inline constexpr Origin kOrigin<DesktopBooks>{"desktop-books", "the desktop's address book"};
 template <>
 inline constexpr Origin kOrigin<SoundPlayer>{"gstreamer", "playing sounds"};
 

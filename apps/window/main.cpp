@@ -64,6 +64,8 @@ int run(const window::Options& options) {
   host::Application application(device.environment(), window::kGuessedEntries,
                                 window::kGuessedEntries);
   application.record(device.backups());
+  QObject pages;
+  const host::ListReader lists(application, window::sourcesBeside(device), window::postTo(pages));
   if (const auto launched = application.perform(host::Launch{options.page}); !launched)
     return complain(kNoPage, launched.error().message);
   if (!options.row.empty())
@@ -77,7 +79,7 @@ int run(const window::Options& options) {
   if (!settings.quickWindow()) return complain(kFailed, "the window can't be made.");
   device.setProblemHandler([&](const host::Problem& problem) { settings.report(problem); },
                            [&](const host::Problem& problem) { settings.withdraw(problem); });
-  settings.attach(device);
+  settings.attach(device, &lists);
   settings.followDesktop();
   if (!options.row.empty()) settings.showRow(options.row);
   const int code = QGuiApplication::exec();

@@ -38,6 +38,18 @@ void PageModel::refresh(const host::PageView& view, const QString& backTitle, bo
   if (view.opener != before.opener) emit previewChanged();
 }
 
+void PageModel::setReading(const QString& words) {
+  if (words == reading_) return;
+  reading_ = words;
+  emit readingChanged();
+}
+
+void PageModel::setNotice(const QString& words) {
+  if (words == notice_) return;
+  notice_ = words;
+  emit noticeChanged();
+}
+
 Tools* PageModel::tools() const {
   return bridge_.tools();
 }

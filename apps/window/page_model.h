@@ -33,6 +33,9 @@ class PageModel : public QObject {
   Q_PROPERTY(window::RowModel* rows READ rows NOTIFY kindChanged)
   Q_PROPERTY(window::ChoiceModel* choices READ choices NOTIFY kindChanged)
   Q_PROPERTY(window::SwatchModel* swatches READ swatches NOTIFY kindChanged)
+  Q_PROPERTY(QString reading READ reading NOTIFY readingChanged)  // while its choices are read
+  // What can't be read of its choices; may be empty.
+  Q_PROPERTY(QString notice MEMBER notice_ NOTIFY noticeChanged)
   // What would fill its choices where there are none; may be empty.
   Q_PROPERTY(QString filledBy MEMBER filledBy_ NOTIFY kindChanged)
   // The row that opened a page of colors, as it looks since the last choice.
@@ -58,6 +61,9 @@ class PageModel : public QObject {
   std::uint64_t number() const { return view_.number; }
   // A page below the shown one has a title only.
   void refresh(const host::PageView& view, const QString& backTitle, bool shown);
+  QString reading() const { return reading_; }
+  void setReading(const QString& words);
+  void setNotice(const QString& words);
   void setFilledBy(const QString& words) { filledBy_ = words; }
   void leave() { left_ = true; }  // the page has left the stack
 
@@ -86,6 +92,8 @@ class PageModel : public QObject {
   void changed();
   void kindChanged();
   void previewChanged();
+  void readingChanged();
+  void noticeChanged();
   void scrollWanted(int first);  // the view brings this entry to its top
   void rowWanted(int row);       // the view brings this one on screen
   void toolsChanged();
@@ -99,7 +107,7 @@ class PageModel : public QObject {
 
   SettingsBridge& bridge_;
   host::PageView view_;
-  QString backTitle_, filledBy_;
+  QString backTitle_, filledBy_, reading_, notice_;
   RowModel* rows_ = nullptr;
   ChoiceModel* choices_ = nullptr;
   SwatchModel* swatches_ = nullptr;

@@ -5,6 +5,7 @@
 
 #include "apps/window/tools.h"
 #include "host/describe.h"
+#include "host/notices.h"
 
 namespace window {
 namespace {
@@ -17,6 +18,11 @@ qsizetype sameIn(const QList<Model*>& models, const std::vector<View>& views) {
          models[same]->number() == views[same].number)
     ++same;
   return same;
+}
+
+bool isChange(const host::Request& request) {
+  const auto* set = std::get_if<host::Set>(&request);
+  return (set && !set->held) || std::holds_alternative<host::WayOut>(request);
 }
 
 }  // namespace
@@ -57,8 +63,7 @@ void SettingsBridge::showPages(const std::vector<host::PageView>& views) {
   pages_.resize(kept);
   while (pages_.size() < std::ssize(views))
     pages_.append(new PageModel(*this, views[pages_.size()].number));
-  if (const auto* page = application_.shownPage(); page && page->specifier() && !pages_.isEmpty())
-    pages_.last()->setFilledBy(toQString(host::wayToFill(*page->specifier())));
+  if (!pages_.isEmpty()) sayWhatIsRead();
   QString backTitle;
   for (qsizetype i = 0; i < pages_.size(); ++i) {
     pages_[i]->refresh(views[i], backTitle, i == pages_.size() - 1);
@@ -106,6 +111,8 @@ bool SettingsBridge::perform(const host::Request& request, const QString& badVal
   const bool isScroll = std::holds_alternative<host::Scroll>(request) ||
                         std::holds_alternative<host::Resize>(request);
   if (done && !isScroll) showRefusal({});
+  if (done && isChange(request) && !std::exchange(announces_, true))
+    application_.report(host::changesNotAnnounced());
   if (done) return true;
   const bool ownWords = done.error().code == host::RefusalCode::BadValue && !badValue.isEmpty();
   showRefusal(ownWords ? badValue : toQString(done.error().message));
@@ -134,6 +141,17 @@ PageModel* SettingsBridge::contents() const {
   return pages_.first()->rows()->onlyLeads() ? pages_.first() : nullptr;
 }
 
+// Of the list that is shown, if one is.
+void SettingsBridge::sayWhatIsRead() {
+  const auto* row = application_.shownPage()->specifier();
+  if (!row) return;
+  const bool reading = lists_ && row->target && lists_->isReading(row->target->className(), *row);
+  pages_.last()->setReading(reading ? toQString(host::readingWords(*row)) : QString());
+  if (lists_ && row->target)
+    pages_.last()->setNotice(toQString(lists_->noticeOf(row->target->className(), *row)));
+  pages_.last()->setFilledBy(toQString(host::wayToFill(*row)));
+}
+
 void SettingsBridge::summarise() {
   auto* list =
       application_.pages().empty()
@@ -141,8 +159,14 @@ void SettingsBridge::summarise() {
           : dynamic_cast<preferences::PSListController*>(application_.pages().front().get());
   if (!list || !contents() || recovery_.damaged()) return;
   QHash<QString, QString> summaries;
+  const auto wordsOf = [&](const preferences::PSSpecifier& row) -> std::string {
+    if (!lists_) return summaries_.of(row);
+    if (lists_->isReading(list->className(), row)) return "…";
+    const bool unread = !lists_->noticeOf(list->className(), row).empty();
+    return unread && row.values().empty() ? host::kCannotBeRead : summaries_.of(row);
+  };
   for (const auto& row : list->specifiers())
-    if (const std::string words = summaries_.of(*row); !words.empty())
+    if (const std::string words = wordsOf(*row); !words.empty())
       summaries.insert(toQString(row->identifier()), toQString(words));
   contents()->rows()->summarise(summaries);
 }

@@ -9,6 +9,7 @@
 #include "apps/window/recovery_model.h"
 #include "apps/window/undo_model.h"
 #include "host/application.h"
+#include "host/list_reader.h"
 #include "host/summaries.h"
 
 namespace window {
@@ -46,6 +47,10 @@ class SettingsBridge : public QObject {
   void setTools(Tools* tools);
   QStringList problems() const;
 
+  void setLists(const host::ListReader* lists) { lists_ = lists; }
+
+  void setAnnounces(bool announces) { announces_ = announces; }  // changes, on the session bus
+
   void refresh();  // something on screen may have changed
   // A refusal is a problem until something else is done; in these words where the value can't be
   // taken.
@@ -73,6 +78,7 @@ class SettingsBridge : public QObject {
   void show(const host::Scene& scene);
   void showPages(const std::vector<host::PageView>& views);
   void showAlerts(const std::vector<host::AlertView>& views);
+  void sayWhatIsRead();
   void summarise();
   int openedRow() const;
   void showRefusal(const QString& refusal);
@@ -86,7 +92,9 @@ class SettingsBridge : public QObject {
   std::vector<host::Problem> problems_;
   QString refusal_;
   host::Summaries summaries_;
+  const host::ListReader* lists_ = nullptr;  // null: none
   int opened_ = -1;
+  bool announces_ = true;  // or it is reported already that they aren't
   bool refreshing_ = false, outdated_ = false;
   bool quiet_ = false;  // what runs leaves the summaries as they are
 };

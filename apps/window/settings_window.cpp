@@ -45,7 +45,27 @@ SettingsWindow::SettingsWindow(host::Application& application, QtMainQueue& queu
   engine_.load("qrc:/qt/qml/Quorvantis/Settings/Main.qml");
 }
 
-void SettingsWindow::attach(host::Device& device) {
+host::ListReader::MakeSource sourcesBeside(const host::Device& device) {
+  return [&device] {
+    const std::shared_ptr<host::Device> own = device.another();
+    const auto takeProblems = [own] {
+      auto problems = own->takeProblems(host::Severity::Failure);
+      for (auto& warning : own->takeProblems(host::Severity::Warning))
+        problems.push_back(std::move(warning));
+      return problems;
+    };
+    return host::ListReader::Source{own, own->environment(), takeProblems};
+  };
+}
+
+host::ListReader::Post postTo(QObject& context) {
+  return [&context](host::ListReader::Task task) {
+    QMetaObject::invokeMethod(&context, std::move(task), Qt::QueuedConnection);
+  };
+}
+
+void SettingsWindow::attach(host::Device& device, const host::ListReader* lists) {
+  bridge_.setLists(lists);
   bridge_.setTools(new Tools(bridge_, application_, device));
   bridge_.recovery()->setDevice(&device);
   bridge_.undo()->setDevice(&device);
@@ -54,6 +74,12 @@ void SettingsWindow::attach(host::Device& device) {
   if (following_->descriptor() < 0) return;
   auto* notifier = new QSocketNotifier(following_->descriptor(), QSocketNotifier::Read, this);
   connect(notifier, &QSocketNotifier::activated, this, [this] { following_->look(); });
+}
+
+void SettingsWindow::followDesktop() {
+  const QDBusConnection bus = DesktopPortal::sessionBus();
+  bridge_.setAnnounces(bus.isConnected());
+  portal_.emplace(desktop_, bus);
 }
 
 void SettingsWindow::takeFont() {

@@ -10,6 +10,7 @@
 #include "apps/window/settings_bridge.h"
 #include "host/device.h"
 #include "host/following.h"
+#include "host/list_reader.h"
 
 class QQuickWindow;
 
@@ -17,6 +18,11 @@ namespace window {
 
 // How many entries of a page are made before the window knows how many fit, and at the least.
 inline constexpr int kGuessedEntries = 12;
+
+// What a reader of lists reads on: another device beside the one that is shown, which outlives it.
+host::ListReader::MakeSource sourcesBeside(const host::Device& device);
+// How a reader of lists reaches the thread of the pages, as long as `context` lives there.
+host::ListReader::Post postTo(QObject& context);
 
 // The window on a Settings application that runs on this queue. Needs a QGuiApplication; when that
 // becomes active, so does the Settings application. The size is the window's own where it is empty.
@@ -29,14 +35,16 @@ class SettingsWindow : public QObject {
   SettingsBridge& bridge() { return bridge_; }
   // From now on it shows what other processes change on this device, which has to outlive it, and
   // offers to undo, ways out where its settings can't be read, and its tools.
-  void attach(host::Device& device);
+  // With a reader of lists it says which are being read.
+  void attach(host::Device& device, const host::ListReader* lists = nullptr);
   Desktop& desktop() { return desktop_; }
   void showRow(const std::string& id);  // scrolls to that row of the shown page and marks it
   // Reports a problem to the application; may be called from any thread while the window exists.
   void report(const host::Problem& problem);
   void withdraw(const host::Problem& problem);  // once it has gone
-  // Looks as the desktop wants from now on.
-  void followDesktop() { portal_.emplace(desktop_, DesktopPortal::sessionBus()); }
+  // Looks as the desktop wants from now on. Where there is no session bus the first change is
+  // reported to be announced to nobody.
+  void followDesktop();
   QQuickWindow* quickWindow() const;  // null when the window couldn't be made
 
  private:

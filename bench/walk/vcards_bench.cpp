@@ -83,7 +83,7 @@ int main() {
   const std::string folder = makeFolder();
   const foundation::DeviceRoot root("/nonexistent");
   services::UserCollator collator;
-  services::VCardAddressBook book(root, folder, collator, [](const std::string& problem) {
+  services::MergedAddressBook book(root, folder, collator, [](const std::string& problem) {
     std::fprintf(stderr, "%s\n", problem.c_str());
   });
   std::size_t people = 0, total = 0;

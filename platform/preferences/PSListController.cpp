@@ -79,7 +79,8 @@ PSListController::Specifiers PSListController::loadSpecifiersFromPlistNameTarget
     byIdentifier_.emplace(row->identifier(), row.get());
     // Some are many and take long to find out, and most requests ask for none.
     if (!row->textForKey("valuesDataSource").empty())
-      row->setChoicesLater([this, choices = row.get()] { loadChoices(*choices); });
+      row->setChoicesLater(
+          [this, choices = row.get()] { loadChoices(*choices, ChoicesFor::Showing); });
   }
   return std::move(list->specifiers);
 }
@@ -157,7 +158,12 @@ void PSListController::buildRow(PSSpecifier& specifier) {
   cell->layoutSubviews();
 }
 
-void PSListController::loadChoices(PSSpecifier& specifier) {
+void PSListController::loadChoices(PSSpecifier& specifier, ChoicesFor what) {
+  if (const auto& source = environment().choicesSource)
+    if (const auto answer = source(className(), specifier, what)) {
+      if (*answer) specifier.setChoices(**answer);
+      return;
+    }
   auto list = [&](std::string_view key) -> std::optional<plist::Array> {
     const Operation* operation = operations().find(specifier.textForKey(key));
     if (!operation) return std::nullopt;
@@ -168,6 +174,7 @@ void PSListController::loadChoices(PSSpecifier& specifier) {
     return std::move(*value->array());
   };
   const bool outer = std::exchange(asking_, true);
+  const auto samePeople = environment().addressBook.hold();  // in both lists
   auto values = list("valuesDataSource"), titles = list("titlesDataSource");
   asking_ = outer;
   if (!values || !titles) return;

@@ -51,8 +51,8 @@ class PSListController : public PSViewController {
   void buildRow(PSSpecifier& specifier);  // makes the cell and control of a row come on screen
   // Shows the value of now in the row's cell, which stays as it is otherwise.
   void refreshRow(PSSpecifier& specifier);
-  // Asks the row's data sources again.
-  void loadChoices(PSSpecifier& specifier);
+  // Asks the environment's source of choices, else the row's data sources, again.
+  void loadChoices(PSSpecifier& specifier, ChoicesFor what = ChoicesFor::Opening);
   // The table scrolled.
   virtual void scrollViewDidScroll(uikit::View*) {}
 

@@ -1,7 +1,10 @@
 #pragma once
 
 #include <functional>
+#include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "platform/foundation/device_root.h"
 #include "platform/foundation/fallback_folder.h"
@@ -9,6 +12,7 @@
 #include "platform/foundation/notification_center.h"
 #include "platform/foundation/preferences.h"
 #include "platform/preferences/bundle.h"
+#include "platform/preferences/choices.h"
 #include "platform/services.h"
 #include "platform/uikit/geometry.h"
 #include "platform/uikit/screen.h"
@@ -24,6 +28,13 @@ struct ProfileStep {
 };
 // Is called just before it is done; what it gives is destroyed once it has been done or has failed.
 using ProfileGuard = std::function<std::shared_ptr<void>(const ProfileStep& step)>;
+
+// What a page asks for a row's choices before it asks the row's own data sources; these are asked
+// where there is no answer. Null: not yet, and the row keeps those that it has.
+using ChoicesAnswer = std::optional<std::shared_ptr<const Choices>>;
+enum class ChoicesFor { Opening, Showing };  // the list itself, or the row that leads to it
+using ChoicesSource = std::function<ChoicesAnswer(std::string_view pageClass,
+                                                  const PSSpecifier& row, ChoicesFor what)>;
 
 // The device and the application that a page runs in, handed to every page.
 struct Environment {
@@ -44,6 +55,7 @@ struct Environment {
   uikit::Screen* screen = nullptr;    // where alerts are shown; without one they are dropped
   platform::Report problemHandler{};  // for what the pages themselves pass over; may be empty
   ProfileGuard profileGuard{};        // may be empty
+  ChoicesSource choicesSource{};      // may be empty
 
   std::shared_ptr<void> guard(const ProfileStep& step) const {
     return profileGuard ? profileGuard(step) : nullptr;

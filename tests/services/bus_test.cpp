@@ -6,7 +6,7 @@
 
 #include "services/lazy_services.h"
 #include "services/services.h"
-#include "tests/services/child.h"
+#include "tests/services/bus_daemon.h"
 #include "tests/services/temporary_folder.h"
 
 using testing::HasSubstr;
@@ -16,29 +16,6 @@ namespace {
 std::string beside(const char* program) {
   return (std::filesystem::read_symlink("/proc/self/exe").parent_path() / program).string();
 }
-
-// A message bus of the test's own, at FOLDER/bus.
-class Daemon {
- public:
-  explicit Daemon(const TemporaryFolder& folder)
-      : child_({"dbus-daemon", "--nofork", "--nopidfile", "--print-address",
-                "--config-file=" + configuration(folder)}) {
-    running = child_.line().has_value();
-  }
-  void end() { child_.end(); }
-  bool running = false;
-
- private:
-  static std::string configuration(const TemporaryFolder& folder) {
-    return folder.write(
-        "bus.conf",
-        "<busconfig><type>session</type><listen>unix:path=" + (folder.path / "bus").string() +
-            "</listen><policy context='default'><allow send_destination='*' "
-            "eavesdrop='true'/><allow eavesdrop='true'/><allow own='*'/></policy>"
-            "</busconfig>");
-  }
-  Child child_;
-};
 
 class BusTest : public testing::Test {
  protected:
@@ -52,7 +29,7 @@ class BusTest : public testing::Test {
 
   TemporaryFolder folder_;
   std::string address_;
-  std::optional<Daemon> daemon_;
+  std::optional<BusDaemon> daemon_;
   services::SessionNotificationCenter center_;
 };
 

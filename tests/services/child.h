@@ -44,6 +44,9 @@ class Child {
     id_ = 0;
   }
 
+  void stop() { kill(id_, SIGSTOP); }  // it runs no further, and stays
+  void proceed() { kill(id_, SIGCONT); }
+
   int exitCode() {
     int status = 0;
     waitpid(id_, &status, 0);

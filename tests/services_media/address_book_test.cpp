@@ -29,7 +29,7 @@ std::string card(const std::string& first, const std::string& last) {
 class AddressBook : public testing::Test {
  protected:
   std::vector<std::string> names(platform::Collator& collator) {
-    services::VCardAddressBook book(root_, contacts_, collator,
+    services::MergedAddressBook book(root_, contacts_, collator,
                                     [this](auto& error) { problems_.push_back(error.message()); });
     std::vector<std::string> names;
     for (const auto& person : book.peopleSortedByFirstName())
@@ -89,7 +89,7 @@ TEST_F(AddressBook, OnlyVCardFilesCount) {
   EXPECT_THAT(problems_, IsEmpty());
 }
 TEST_F(AddressBook, ItIsReadAnewAtEachCall) {
-  services::VCardAddressBook book(root_, std::nullopt, bytes_, {});
+  services::MergedAddressBook book(root_, std::nullopt, bytes_, {});
   EXPECT_THAT(book.peopleSortedByFirstName(), IsEmpty());
   write("a.vcf", card("a", ""));
   EXPECT_THAT(book.peopleSortedByFirstName(), testing::SizeIs(1));
@@ -128,7 +128,7 @@ TEST_F(AddressBook, ALinkThatLeadsOutOfTheFolderIsNotFollowed) {
 }
 TEST_F(AddressBook, PeopleBringTheirNumbers) {
   write("a.vcf", "BEGIN:VCARD\nN:b;a\nTEL:1\nTEL:2\nEMAIL:x@y\nEND:VCARD\n");
-  services::VCardAddressBook book(root_, std::nullopt, bytes_, {});
+  services::MergedAddressBook book(root_, std::nullopt, bytes_, {});
   const auto people = book.peopleSortedByFirstName();
   ASSERT_EQ(people.size(), 1u);
   EXPECT_THAT(people[0].phones, ElementsAre("1", "2"));

@@ -40,13 +40,13 @@ class MissingMedia : public testing::Test {
 
 TEST_F(MissingMedia, TheAddressBookIsEmptyAndSaysSoOnce) {
   folder_.write("var/mobile/Library/AddressBook/a.vcf", "BEGIN:VCARD\nTEL:1\nEND:VCARD\n");
-  services::VCardAddressBook book(root_, std::nullopt, collator_, problem_);
+  services::MergedAddressBook book(root_, std::nullopt, collator_, problem_);
   EXPECT_THAT(book.peopleSortedByFirstName(), IsEmpty());
   EXPECT_THAT(book.peopleSortedByFirstName(), IsEmpty());
   EXPECT_THAT(problems_, ElementsAre(reason("reading vCards", "vcards")));
 }
 TEST_F(MissingMedia, AnAddressBookWithoutCardsMissesNothing) {
-  services::VCardAddressBook book(root_, std::nullopt, collator_, problem_);
+  services::MergedAddressBook book(root_, std::nullopt, collator_, problem_);
   EXPECT_THAT(book.peopleSortedByFirstName(), IsEmpty());
   EXPECT_THAT(problems_, IsEmpty());
 }

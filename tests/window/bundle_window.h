@@ -34,6 +34,8 @@ class BundleWindow : public WindowTest {
     auto launched = std::make_unique<host::Application>(
         device->environment(), window::kGuessedEntries, window::kGuessedEntries);
     launched->record(device->backups());
+    lists = std::make_unique<host::ListReader>(*launched, window::sourcesBeside(*device),
+                                               window::postTo(queue), patience);
     ASSERT_TRUE(launched->perform(host::Launch{}));
     if (pageClass) {
       ASSERT_TRUE(launched->perform(host::Open{pageClass}));
@@ -42,10 +44,13 @@ class BundleWindow : public WindowTest {
     device->setProblemHandler(
         [this](const host::Problem& problem) { settings->report(problem); },
         [this](const host::Problem& problem) { settings->withdraw(problem); });
-    settings->attach(*device);
+    settings->attach(*device, lists.get());
   }
   void closeAll() {
     if (device) device->setProblemHandler({});
+    driver.reset();
+    settings.reset();
+    lists.reset();
     close();
     device.reset();
   }
@@ -62,4 +67,7 @@ class BundleWindow : public WindowTest {
   QTemporaryDir folder;
   host::DeviceOptions options;
   std::unique_ptr<host::Device> device;
+  std::unique_ptr<host::ListReader> lists;
+  // A slow machine doesn't change what tests see that aren't about lists that take long.
+  host::ListReader::Patience patience = std::chrono::seconds(30);
 };

@@ -10,12 +10,20 @@ FocusScope {
     readonly property real side: Theme.sideOf(width)
     readonly property bool scrolled: list.raised
     readonly property bool raised: scrolled && !filter.visible
+    readonly property bool reading: page.reading !== ""
 
     function takeFocus() {
         list.go(list.currentIndex >= 0 ? list.currentIndex : Math.max(0, choices.tickedPosition), false);
     }
 
     focus: true
+    onReadingChanged: {
+        if (reading)
+            return;
+        list.begin();
+        if (KeyboardUse.active && view.activeFocus)
+            takeFocus();
+    }
 
     Rectangle {
         width: parent.width
@@ -44,8 +52,27 @@ FocusScope {
     NoticeView {
         anchors.fill: list
         visible: view.choices.count === 0
-        title: view.choices.total === 0 ? qsTr("No entries") : qsTr("No matches")
-        detail: view.choices.total === 0 ? view.page.filledBy : qsTr("Nothing holds \u201c%1\u201d.").arg(filter.text)
+        busy: view.reading && view.choices.total === 0
+        title: busy ? view.page.reading : view.choices.total > 0 ? qsTr("No matches") : note.visible ? "" : qsTr("No entries")
+        detail: busy || note.visible ? "" : view.choices.total === 0 ? view.page.filledBy : qsTr("Nothing holds \u201c%1\u201d.").arg(filter.text)
+    }
+
+    Text {
+        id: note
+
+        anchors.bottom: parent.bottom
+        x: view.side + Theme.inset
+        width: view.width - 2 * x
+        topPadding: 10
+        bottomPadding: 14
+        visible: text !== ""
+        text: view.page.notice
+        textFormat: Text.PlainText
+        wrapMode: Text.Wrap
+        color: Theme.secondary
+        font.pixelSize: Theme.small
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
     }
 
     KeyList {
@@ -56,14 +83,17 @@ FocusScope {
         page: view.page
         anchors.fill: parent
         anchors.topMargin: filter.visible ? filter.height + 24 : 0
+        anchors.bottomMargin: note.visible ? note.height : 0
         model: view.choices
         topMargin: filter.visible ? 0 : 20
 
-        Component.onCompleted: {
+        function begin() {
             currentIndex = view.choices.tickedPosition;
             if (currentIndex >= 0)
                 positionViewAtIndex(currentIndex, ListView.Center);
         }
+
+        Component.onCompleted: begin()
 
         delegate: ChoiceRow {}
     }

@@ -6,12 +6,18 @@ Item {
 
     property string title
     property string detail
+    property bool busy: false  // it says what is being done
 
     Column {
         anchors.centerIn: parent
         width: Math.min(parent.width - 64, Theme.unit(420))
         spacing: 8
 
+        BusyWheel {
+            anchors.horizontalCenter: parent.horizontalCenter
+            visible: notice.busy
+            Accessible.name: notice.title
+        }
         Text {
             width: parent.width
             horizontalAlignment: Text.AlignHCenter

@@ -15,43 +15,11 @@ CardRow {
         Accessible.name: text
     }
 
-    Item {
-        id: wheel
-
+    BusyWheel {
         anchors.right: parent.right
         anchors.rightMargin: Theme.inset
         anchors.verticalCenter: parent.verticalCenter
-        width: 20
-        height: 20
-        scale: Theme.scale
-        Accessible.role: Accessible.ProgressBar
+        turning: card.entry.built
         Accessible.name: card.entry.label
-
-        Repeater {
-            model: 8
-
-            Rectangle {
-                id: ray
-
-                required property int index
-
-                x: 9
-                y: 1
-                width: 2
-                height: 6
-                radius: 1
-                antialiasing: true
-                color: Theme.secondary
-                opacity: (ray.index + 1) / 8
-                transform: Rotation { origin.x: 1; origin.y: 9; angle: 45 * ray.index }
-            }
-        }
-        RotationAnimator on rotation {
-            from: 0
-            to: 360
-            duration: 900
-            loops: Animation.Infinite
-            running: wheel.visible && card.entry.built
-        }
     }
 }

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+#include "host/problem.h"
+#include "platform/preferences/PSSpecifier.h"
+#include "platform/preferences/environment.h"
+
+namespace host {
+
+// What stands beside the list that this row leads to, in plain words: which profiles can't be read,
+// that the battery log can't. Empty where all can be, and for other rows. Reads the files.
+std::string unreadableIn(const preferences::PSSpecifier& row,
+                         const preferences::Environment& environment);
+
+// In place of the number of a list's entries where it can't be read.
+inline constexpr const char* kCannotBeRead = "Can't be read";
+
+// What is to be reported of the first change where there is no session bus.
+Problem changesNotAnnounced();
+
+}  // namespace host

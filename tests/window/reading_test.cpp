@@ -1,0 +1,168 @@
+#include <QElapsedTimer>
+#include <algorithm>
+
+#include "tests/services/bus_daemon.h"
+#include "tests/window/bundle_window.h"
+
+namespace {
+
+constexpr char kCard[] =
+    "BEGIN:VCARD\r\nVERSION:3.0\r\nN:Lovelace;Ada;;;\r\nTEL:+44 1\r\nEND:VCARD\r\n";
+constexpr char kContact[] = "Ada Lovelace (+44 1)";
+
+// A contact in the folder, and a desktop whose address book answers when the test wants.
+class Reading : public BundleWindow {
+ protected:
+  Reading() {
+    patience = host::ListReader::kPatience;
+    setenv("DBUS_SESSION_BUS_ADDRESS", ("unix:path=" + (bus_.path / "bus").string()).c_str(), 1);
+    std::filesystem::create_directories(bus_.path / "sources");
+    foundation::DeviceRoot root(folder.path().toStdString());
+    const std::string text = kCard;
+    EXPECT_TRUE(
+        root.writeDurably("/var/mobile/Library/AddressBook/ada.vcf",
+                          {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}));
+    daemon_.emplace(bus_);
+    const auto program =
+        std::filesystem::read_symlink("/proc/self/exe").parent_path() / "data_server";
+    server_.emplace(std::vector<std::string>{program, (bus_.path / "sources").string()});
+    EXPECT_EQ(server_->line(), "ready");
+  }
+  ~Reading() override {
+    server_->proceed();
+    closeAll();
+    unsetenv("DBUS_SESSION_BUS_ADDRESS");
+  }
+
+  void openNotifications() {
+    open("UserNotificationListController");
+    set("sendmessage", true);
+    driver->waitUntilIdle();
+  }
+  QString contacts() { return labelOf("adressbook"); }
+  // What must not stop the window.
+  template <class Act>
+  qint64 millisecondsFor(const Act& act) {
+    QElapsedTimer timer;
+    timer.start();
+    act();
+    return timer.elapsed();
+  }
+
+  TemporaryFolder bus_;
+  std::optional<BusDaemon> daemon_;
+  std::optional<Child> server_;
+};
+
+TEST_F(Reading, AListThatIsThereInTimeIsShownAtOnce) {
+  openNotifications();
+  driver->click(contacts());
+  EXPECT_TRUE(driver->shows(kContact));
+  EXPECT_TRUE(driver->itemsOfType("BusyWheel").empty());
+}
+
+TEST_F(Reading, AListThatTakesLongSaysSoAndComesInWhenItIsRead) {
+  openNotifications();
+  server_->stop();
+  EXPECT_LT(millisecondsFor([&] { driver->click(contacts()); }), 2000);
+  EXPECT_TRUE(driver->shows("Reading contacts…"));
+  EXPECT_EQ(driver->itemsOfType("BusyWheel").size(), 1u);
+  EXPECT_FALSE(driver->shows("No entries"));
+  server_->proceed();
+  EXPECT_TRUE(driver->until([&] { return driver->shows(kContact); }));
+  EXPECT_FALSE(driver->shows("Reading contacts…"));
+  driver->click(kContact, kRadioButton);
+  EXPECT_EQ(stored("msgrecipient"), plist::Value("+44 1"));
+}
+
+TEST_F(Reading, EscapeLeavesAListThatTakesLongAtOnce) {
+  openNotifications();
+  server_->stop();
+  driver->click(contacts());
+  ASSERT_TRUE(driver->shows("Reading contacts…"));
+  EXPECT_LT(millisecondsFor([&] { driver->key(Qt::Key_Escape); }), 1500);
+  EXPECT_EQ(page().pageClass, "UserNotificationListController");
+  // What comes later is for nobody; the next opening has a list of its own.
+  server_->proceed();
+  EXPECT_TRUE(driver->until([&] {
+    return !lists->isReading("UserNotificationListController", **application->row("adressbook"));
+  }));
+  driver->click(contacts());
+  EXPECT_TRUE(driver->until([&] { return driver->shows(kContact); }));
+}
+
+TEST_F(Reading, AnAddressBookThatStaysSilentIsReportedOnItsPage) {
+  openNotifications();
+  EXPECT_TRUE(bridge().problems().isEmpty());
+  server_->stop();
+  driver->click(contacts());
+  EXPECT_TRUE(driver->until([&] { return driver->shows(kContact); }));
+  EXPECT_TRUE(driver->shows("The desktop's address book doesn't answer"));
+  driver->key(Qt::Key_Escape);
+  EXPECT_FALSE(driver->shows("The desktop's address book doesn't answer"));
+  EXPECT_TRUE(bridge().problems().isEmpty());
+}
+
+class Notices : public BundleWindow {
+ protected:
+  void writeText(const std::string& path, const std::string& text) {
+    foundation::DeviceRoot root(folder.path().toStdString());
+    ASSERT_TRUE(
+        root.writeDurably(path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}));
+  }
+  bool says(const QString& words) {
+    for (QQuickItem* item : driver->itemsOfType("QQuickText"))
+      if (item->property("text").toString().contains(words)) return true;
+    return false;
+  }
+};
+
+TEST_F(Notices, ADamagedLogIsSaidWhereItIsListed) {
+  writeText("/var/mobile/Documents/Quorvantis/quorvantis.log", "no log");
+  open();
+  EXPECT_TRUE(driver->shows("Can't be read"));
+  EXPECT_FALSE(says("The battery log can't be read"));
+  driver->click(labelOf("batterylog"));
+  EXPECT_TRUE(driver->shows("The battery log can't be read: " + folder.path() +
+                            "/var/mobile/Documents/Quorvantis/quorvantis.log"));
+  EXPECT_FALSE(driver->shows("No entries"));
+  EXPECT_TRUE(bridge().problems().isEmpty());
+}
+
+TEST_F(Notices, DamagedProfilesAreSaidWhereTheyAreListed) {
+  for (const char* number : {"10", "20", "30", "40"})
+    writeText(std::string("/var/mobile/Documents/Quorvantis/profile_") + number + ".qvx", "no");
+  write("/var/mobile/Documents/Quorvantis/profile_50.qvx",
+        plist::Dictionary{{"profile", "50"}, {"enabled", true}});
+  open();
+  EXPECT_FALSE(says("Left out"));
+  driver->click(labelOf("savedprofiles"));
+  EXPECT_TRUE(
+      says("profile_10.qvx, profile_20.qvx, profile_30.qvx and 1 more in " + folder.path()));
+  EXPECT_EQ(driver->itemsOfType("ChoiceRow").size(), 1u);
+  driver->key(Qt::Key_Escape);
+  EXPECT_FALSE(says("Left out"));
+  EXPECT_TRUE(bridge().problems().isEmpty());
+}
+
+TEST_F(Notices, AMissingBusIsReportedOnceAndOnlyAfterAChange) {
+  unsetenv("DBUS_SESSION_BUS_ADDRESS");
+  setenv("XDG_RUNTIME_DIR", folder.path().toUtf8().constData(), 1);
+  open("PowerSavingListController");
+  settings->followDesktop();
+  EXPECT_TRUE(bridge().problems().isEmpty());
+  const auto rows = page().rows;
+  const auto isSwitch = [](auto& row) { return row.kind == host::RowKind::Switch && row.usable; };
+  const auto row = std::ranges::find_if(rows, isSwitch);
+  ASSERT_NE(row, rows.end());
+  const QString name = QString::fromStdString(row->label);
+  driver->click(name, kCheckBox);
+  ASSERT_EQ(bridge().problems().size(), 1);
+  EXPECT_TRUE(bridge().problems()[0].contains("this session has no message bus"));
+  driver->click("Dismiss");
+  EXPECT_TRUE(bridge().problems().isEmpty());
+  driver->click(name, kCheckBox);
+  EXPECT_TRUE(bridge().problems().isEmpty());
+}
+
+}  // namespace
