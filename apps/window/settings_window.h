@@ -15,16 +15,26 @@ class QQuickWindow;
 
 namespace window {
 
-// How many entries of a page are made before the window knows how many fit, and at the least.
+// How many entries of a page are made before the window knows how many fit.
 inline constexpr int kGuessedEntries = 12;
+// A page of rows makes all of them: assistive technology reads those that are off screen too, which
+// are dimmed by rules only once they are made.
+inline constexpr int kAllRows = 1000;
+
+// How the window begins.
+struct Start {
+  QSize size{};          // its own where this is empty
+  std::string opened{};  // the row of the first page whose page is open, where there is such a row
+  std::optional<QDBusConnection> desktop{};  // looks as the desktop on this bus wants
+};
 
 // The window on a Settings application that runs on this queue. Needs a QGuiApplication; when that
-// becomes active, so does the Settings application. The size is the window's own where it is empty.
+// becomes active, so does the Settings application. Its first frame is as it begins.
 class SettingsWindow : public QObject {
   Q_OBJECT
 
  public:
-  SettingsWindow(host::Application& application, QtMainQueue& queue, QSize size = {});
+  SettingsWindow(host::Application& application, QtMainQueue& queue, const Start& start = {});
 
   SettingsBridge& bridge() { return bridge_; }
   // From now on it shows what other processes change on this device, which has to outlive it, and
@@ -35,11 +45,10 @@ class SettingsWindow : public QObject {
   // Reports a problem to the application; may be called from any thread while the window exists.
   void report(const host::Problem& problem);
   void withdraw(const host::Problem& problem);  // once it has gone
-  // Looks as the desktop wants from now on.
-  void followDesktop() { portal_.emplace(desktop_, DesktopPortal::sessionBus()); }
-  QQuickWindow* quickWindow() const;  // null when the window couldn't be made
+  QQuickWindow* quickWindow() const;            // null when the window couldn't be made
 
  private:
+  void reopen(const std::string& id);
   void takeFont();
 
   host::Application& application_;

@@ -63,6 +63,18 @@ void UndoModel::redo() {
   take(host::redo, tr("Done again: %1."), Offer::Undo);
 }
 
+host::Steps UndoModel::steps() const {
+  return device_ && device_->backups() ? host::steps(*device_->backups()) : host::Steps();
+}
+
+QString UndoModel::nextUndo() const {
+  return toQString(steps().undo);
+}
+
+QString UndoModel::nextRedo() const {
+  return toQString(steps().redo);
+}
+
 // As after a return to the application, since the store has changed below the pages.
 void UndoModel::take(Step* step, const QString& done, Offer opposite) {
   if (!device_ || !device_->backups()) return;

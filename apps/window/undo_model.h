@@ -33,6 +33,9 @@ class UndoModel : public QObject {
 
   Q_INVOKABLE void undo();
   Q_INVOKABLE void redo();
+  // What the two would be about now: "set Vibrate"; empty where there is nothing.
+  Q_INVOKABLE QString nextUndo() const;
+  Q_INVOKABLE QString nextRedo() const;
   Q_INVOKABLE void forget();  // the sentence
 
  signals:
@@ -45,6 +48,7 @@ class UndoModel : public QObject {
   void say(const QString& text, Offer offer);
   void changeMade(const std::string& what);
   void take(Step* step, const QString& done, Offer opposite);
+  host::Steps steps() const;
 
   host::Application& application_;
   host::Device* device_ = nullptr;  // null: nothing can be taken back

@@ -100,7 +100,8 @@ QImage drawGoldenPage(const GoldenPage& page, int width) {
   host::Device device({.root = folder.path().toStdString()}, std::move(owned));
   host::Application application(device.environment(), 100, 100);
   if (!application.perform(host::Launch{})) std::abort();
-  window::SettingsWindow settings(application, queue, {width, page.alert ? kLeast : kTallest});
+  window::SettingsWindow settings(application, queue,
+                                  {.size = {width, page.alert ? kLeast : kTallest}});
   QQuickWindow& window = *settings.quickWindow();
   Driver driver(window);
   driver.waitUntilIdle();

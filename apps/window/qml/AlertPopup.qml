@@ -12,7 +12,7 @@ AlertBase {
 
     width: Math.min(parent ? parent.width - 40 : 0, Theme.unit(300))
     x: parent ? Math.round((parent.width - width) / 2) : 0
-    y: parent ? Math.round((parent.height - height) / 2) : 0
+    y: parent ? Math.round((parent.height - implicitHeight) / 2) : 0
     opacity: shown
     scale: 1.08 - 0.08 * shown
 

@@ -23,7 +23,7 @@ T.Popup {
     width: Math.min(parent ? parent.width - 32 : 0, Math.round((question.editable ? 420 : 320) * Theme.scale))
     implicitHeight: contentHeight + 2 * padding
     x: parent ? Math.round((parent.width - width) / 2) : 0
-    y: parent ? Math.round((parent.height - height) / 3) : 0
+    y: parent ? Math.round((parent.height - implicitHeight) / 3) : 0
     onOpened: question.editable ? field.forceActiveFocus(Qt.PopupFocusReason) : cancel.forceActiveFocus(Qt.TabFocusReason)
     onClosed: destroy()
 

@@ -13,6 +13,9 @@ T.Popup {
         [qsTr("Enter, Space"), qsTr("open, switch, press")],
         [qsTr("Left, Right"), qsTr("choose a segment, move a slider")],
         [qsTr("0 to 9"), qsTr("type the number of a slider")],
+        [qsTr("Ctrl+F"), qsTr("search all pages")],
+        [qsTr("Ctrl+Z, Ctrl+Shift+Z"), qsTr("undo, redo")],
+        [qsTr("Menu, Shift+F10"), qsTr("what can be done with a row")],
         [qsTr("Esc, Alt+Left"), qsTr("back, or leave a text as it was")],
         [qsTr("Ctrl+W, Ctrl+Q"), qsTr("close the window")],
         [qsTr("F1"), qsTr("these keys")]

@@ -63,7 +63,10 @@ ApplicationWindow {
 
     onSplitChanged: if (stack.depth > 0) fill()
     Component.onCompleted: {
+        instant = true;
         settings.announce();
+        instant = false;
+        stack.currentItem?.forceActiveFocus();
         hasContents = settings.contents !== null;
         fill();
     }

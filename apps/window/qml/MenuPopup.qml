@@ -28,7 +28,7 @@ T.Popup {
     width: Math.min(Math.round(300 * Theme.scale), parent ? parent.width - 16 : 0)
     implicitHeight: contentHeight + 2 * padding
     x: parent ? Math.max(8, Math.min(corner.x, parent.width - width - 8)) : 0
-    y: parent ? Math.max(8, Math.min(corner.y, parent.height - height - 8)) : 0
+    y: parent ? Math.max(8, Math.min(corner.y, parent.height - implicitHeight - 8)) : 0
     onOpened: move(-1, 1)
     onClosed: destroy()
 

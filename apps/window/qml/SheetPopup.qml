@@ -15,15 +15,16 @@ AlertBase {
     readonly property bool wide: parentWidth >= Theme.wide
     readonly property rect anchor: anchorRect(parentWidth, parentHeight)
     readonly property bool pointed: wide && anchor.width > 0
-    readonly property bool below: anchor.y + anchor.height + 14 + height <= parentHeight - 12
+    readonly property bool below: anchor.y + anchor.height + 14 + implicitHeight <= parentHeight - 12
 
     function anchorRect(width: real, height: real): rect {
         const item = page ? page.anchorOf(alert) : null;
         return item && parent ? item.mapToItem(parent, 0, 0, item.width, item.height) : Qt.rect(0, 0, 0, 0);
     }
+    // Its height is that, but changes as it is placed.
     width: wide ? Theme.unit(320) : Math.min(parentWidth - 16, 440)
     x: Math.round(pointed ? Math.max(12, Math.min(parentWidth - 12 - width, anchor.x + anchor.width / 2 - width / 2)) : (parentWidth - width) / 2)
-    y: Math.round(!wide ? parentHeight - height - 8 : !pointed ? (parentHeight - height) / 2 : below ? Math.max(top + 14, anchor.y + anchor.height + 14) : Math.max(12, anchor.y - 14 - height))
+    y: Math.round(!wide ? parentHeight - implicitHeight - 8 : !pointed ? (parentHeight - implicitHeight) / 2 : below ? Math.max(top + 14, anchor.y + anchor.height + 14) : Math.max(12, anchor.y - 14 - implicitHeight))
     opacity: wide ? shown : 1
 
     contentItem: FocusScope { // qmllint disable deferred-property-id
