@@ -45,7 +45,7 @@ ApplicationWindow {
         const depth = stack.depth + 1;
         const view = stack.push("PageView.qml", {
             page: page,
-            byKeyboard: !instant && KeyboardUse.active
+            byKeyboard: KeyboardUse.active && !instant  // which sees keys once it was asked
         }, depth > 1 && !instant ? StackView.PushTransition : StackView.Immediate);
         view.canGoBack = Qt.binding(() => depth > firstDepth);
         view.back.connect(back);
