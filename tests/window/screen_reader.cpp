@@ -22,6 +22,10 @@ QString firstLine(QProcess& process) {
 }  // namespace
 
 ScreenReader::ScreenReader() {
+  // The bus for accessibility has a socket of a fixed name there.
+  auto own = QProcessEnvironment::systemEnvironment();
+  own.insert("XDG_RUNTIME_DIR", folder_.path());
+  session_.setProcessEnvironment(own);
   session_.start("dbus-daemon", {"--session", "--nofork", "--nopidfile", "--print-address"});
   display_.start("Xvfb", {"-displayfd", "1", "-screen", "0", "1000x5200x24", "-nolisten", "tcp"});
   address_ = firstLine(session_);

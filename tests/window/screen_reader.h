@@ -3,6 +3,8 @@
 #include <QDBusConnection>
 #include <QProcess>
 #include <QString>
+#include <QTemporaryDir>
+#include <optional>
 #include <vector>
 
 // What a screen reader finds of a thing on screen.
@@ -37,6 +39,7 @@ class ScreenReader {
   std::vector<Reference> childrenOf(const Reference& parent) const;
   void read(const Reference& from, std::vector<Read>& all) const;
 
+  QTemporaryDir folder_;
   QProcess session_, display_;
   QString address_, number_;
   std::optional<QDBusConnection> accessibility_;
