@@ -166,7 +166,7 @@ std::vector<SearchHit> SearchIndex::find(std::string_view words) const {
   std::vector<std::pair<int, const SearchHit*>> found;
   for (const Entry& entry : entries_)
     if (const int score = scoreOf(typed, entry.words); score > 0)
-      found.emplace_back(score, &entry.hit);
+      found.emplace_back(2 * score + (wordsOf(entry.hit.label) == typed), &entry.hit);
   std::ranges::stable_sort(found, std::ranges::greater(), &std::pair<int, const SearchHit*>::first);
   std::vector<SearchHit> hits;
   for (const auto& [score, hit] : found) hits.push_back(*hit);

@@ -37,6 +37,7 @@ Desktop::Desktop(QObject* parent) : QObject(parent), platformFont_(QGuiApplicati
 
 Desktop::~Desktop() {
   if (last == this) last = nullptr;
+  qApp->removeEventFilter(this);
   if (fontIsOurs_) QGuiApplication::setFont(platformFont_);
 }
 

@@ -4,8 +4,10 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QEventLoop>
 #include <QFile>
 #include <QMetaType>
+#include <QTimer>
 
 namespace window {
 namespace {
@@ -16,6 +18,8 @@ constexpr const char* kInterface = "org.freedesktop.portal.Settings";
 constexpr const char* kAppearance = "org.freedesktop.appearance";
 constexpr const char* kGnome = "org.gnome.desktop.interface";
 constexpr const char* kGnomeAccess = "org.gnome.desktop.a11y.interface";
+
+constexpr int kPatience = 100;  // milliseconds
 
 using Namespaces = QMap<QString, QVariantMap>;
 
@@ -36,7 +40,8 @@ std::optional<uint> choiceIn(const QVariant& value) {
   return value.toUInt();
 }
 
-void take(const QString& space, const QString& key, const QVariant& value, DesktopWishes& wishes) {
+void takeWish(const QString& space, const QString& key, const QVariant& value,
+              DesktopWishes& wishes) {
   if (space == kAppearance && key == "color-scheme") {
     const auto scheme = choiceIn(value);
     wishes.dark = scheme ? std::optional(*scheme == 1) : std::nullopt;
@@ -71,28 +76,42 @@ QDBusConnection DesktopPortal::sessionBus() {
   return hasBus() ? QDBusConnection::sessionBus() : QDBusConnection(QString());
 }
 
+void DesktopPortal::await() {
+  if (!waiting_) return;
+  QEventLoop loop;
+  connect(this, &DesktopPortal::answered, &loop, &QEventLoop::quit);
+  QTimer::singleShot(kPatience, &loop, &QEventLoop::quit);
+  loop.exec(QEventLoop::ExcludeUserInputEvents);
+}
+
 void DesktopPortal::ask() {
+  waiting_ = true;
   auto call = QDBusMessage::createMethodCall(kService, kPath, kInterface, "ReadAll");
   call << QStringList{kAppearance, kGnome, kGnomeAccess};
   auto* answer = new QDBusPendingCallWatcher(bus_.asyncCall(call), this);
   connect(answer, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* done) {
     done->deleteLater();
-    const auto arguments = done->reply().arguments();
-    if (done->isError() || arguments.isEmpty() || !arguments[0].canConvert<QDBusArgument>()) return;
-    if (done->reply().signature() != "a{sa{sv}}") return;
-    const auto spaces = qdbus_cast<Namespaces>(arguments[0]);
-    DesktopWishes wishes = desktop_.wishes();
-    for (auto space = spaces.begin(); space != spaces.end(); ++space)
-      for (auto key = space->begin(); key != space->end(); ++key)
-        take(space.key(), key.key(), key.value(), wishes);
-    desktop_.follow(wishes);
+    take(done->reply());
+    waiting_ = false;
+    emit answered();
   });
+}
+
+void DesktopPortal::take(const QDBusMessage& answer) {
+  const auto arguments = answer.arguments();
+  if (answer.type() != QDBusMessage::ReplyMessage || answer.signature() != "a{sa{sv}}") return;
+  const auto spaces = qdbus_cast<Namespaces>(arguments[0]);
+  DesktopWishes wishes = desktop_.wishes();
+  for (auto space = spaces.begin(); space != spaces.end(); ++space)
+    for (auto key = space->begin(); key != space->end(); ++key)
+      takeWish(space.key(), key.key(), key.value(), wishes);
+  desktop_.follow(wishes);
 }
 
 void DesktopPortal::settingChanged(const QString& space, const QString& key,
                                    const QDBusVariant& value) {
   DesktopWishes wishes = desktop_.wishes();
-  take(space, key, value.variant(), wishes);
+  takeWish(space, key, value.variant(), wishes);
   desktop_.follow(wishes);
 }
 

@@ -41,8 +41,8 @@ class DimmedInterface : public QAccessibleObject, public QAccessibleActionInterf
   }
   void* interface_cast(QAccessible::InterfaceType type) override {
     if (type == QAccessible::ActionInterface) return static_cast<QAccessibleActionInterface*>(this);
-    const bool isValue = type == QAccessible::ValueInterface;
-    return isValue && control() ? control()->interface_cast(type) : nullptr;
+    const bool isRead = type == QAccessible::ValueInterface || type == QAccessible::TextInterface;
+    return isRead && control() ? control()->interface_cast(type) : nullptr;
   }
 
   QStringList actionNames() const override {

@@ -1,6 +1,4 @@
 #include <QGuiApplication>
-#include <QQuickWindow>
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -8,11 +6,8 @@
 #include <string_view>
 
 #include "apps/window/options.h"
-#include "apps/window/settings_window.h"
-#include "host/describe.h"
-#include "host/device.h"
+#include "apps/window/session.h"
 #include "host/user_file.h"
-#include "host/window_state.h"
 
 namespace {
 
@@ -39,53 +34,12 @@ void handleMessage(QtMsgType type, const QMessageLogContext& context, const QStr
   std::_Exit(complain(kFailed, message.simplified().toStdString()));
 }
 
-// The page that was open when the window was closed, where there still is such a one.
-void reopen(host::Application& application, const std::string& row) {
-  const auto rows = host::describe(application).pages.back().rows;
-  const auto found = std::ranges::find(rows, row, &host::RowView::id);
-  if (found == rows.end() || found->kind != host::RowKind::Link) return;
-  const int index = static_cast<int>(found - rows.begin());
-  static_cast<void>(application.perform(host::Scroll{index}));
-  static_cast<void>(application.perform(host::Tap{index}));
-}
-
-// Its size and that page, for the next time.
-void remember(window::SettingsWindow& settings, const std::string& folder) {
-  const QQuickWindow& shown = *settings.quickWindow();
-  static_cast<void>(host::writeWindowState(
-      folder, {shown.width(), shown.height(), settings.bridge().openedId()}));
-}
-
 int run(const window::Options& options) {
-  auto mainQueue = std::make_unique<window::QtMainQueue>();
-  window::QtMainQueue& queue = *mainQueue;
-  host::Device device(options.device, std::move(mainQueue));
-  if (device.backups()) device.backups()->prepare();
-  host::Application application(device.environment(), window::kGuessedEntries,
-                                window::kGuessedEntries);
-  application.record(device.backups());
-  QObject pages;
-  const host::ListReader lists(application, window::sourcesBeside(device), window::postTo(pages));
-  if (const auto launched = application.perform(host::Launch{options.page}); !launched)
-    return complain(kNoPage, launched.error().message);
-  if (!options.row.empty())
-    if (const auto row = application.row(options.row); !row)
-      return complain(kNoPage, row.error().message);
-
-  const std::string folder = options.device.state.value_or(std::string());
-  const auto before = host::readWindowState(folder);
-  if (options.page.empty()) reopen(application, before.row);
-  window::SettingsWindow settings(application, queue, QSize(before.width, before.height));
-  if (!settings.quickWindow()) return complain(kFailed, "the window can't be made.");
-  device.setProblemHandler([&](const host::Problem& problem) { settings.report(problem); },
-                           [&](const host::Problem& problem) { settings.withdraw(problem); });
-  settings.attach(device, &lists);
-  settings.followDesktop();
-  if (!options.row.empty()) settings.showRow(options.row);
+  const auto session = window::Session::open(options);
+  if (!session) return complain(kNoPage, session.error().message);
+  if (!(*session)->settings().quickWindow()) return complain(kFailed, "the window can't be made.");
   const int code = QGuiApplication::exec();
-  remember(settings, folder);
-  device.setProblemHandler({});
-  if (const auto finished = device.finish(); !finished)
+  if (const auto finished = (*session)->finish(); !finished)
     return complain(kFailed, "at the end: " + finished.error().problem.message());
   return code;
 }

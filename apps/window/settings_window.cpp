@@ -4,10 +4,11 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QSocketNotifier>
+#include <algorithm>
 
 #include "apps/window/icons.h"
-
 #include "apps/window/tools.h"
+#include "host/describe.h"
 #include "host/go_to.h"
 
 void qml_register_types_Quorvantis_Settings();
@@ -28,7 +29,8 @@ void setFamily(QQuickItem* item, const QString& family) {
 
 }  // namespace
 
-SettingsWindow::SettingsWindow(host::Application& application, QtMainQueue& queue, QSize size)
+SettingsWindow::SettingsWindow(host::Application& application, QtMainQueue& queue,
+                               const Start& start)
     : application_(application), bridge_(application) {
   connect(&queue, &QtMainQueue::ran, &bridge_, [&application] { application.buildVisibleRows(); });
   connect(qApp, &QGuiApplication::applicationStateChanged, &bridge_,
@@ -36,13 +38,23 @@ SettingsWindow::SettingsWindow(host::Application& application, QtMainQueue& queu
             if (state == Qt::ApplicationActive) bridge_.activate();
           });
   connect(&desktop_, &Desktop::fontChanged, this, &SettingsWindow::takeFont);
+  if (!start.opened.empty()) reopen(start.opened);
   qml_register_types_Quorvantis_Settings();
   engine_.addImportPath("qrc:/qt/qml");
   engine_.addImageProvider("icons", new Icons);
   QVariantMap properties{{"settings", QVariant::fromValue(&bridge_)}};
-  if (!size.isEmpty()) properties.insert({{"width", size.width()}, {"height", size.height()}});
+  if (!start.size.isEmpty())
+    properties.insert({{"width", start.size.width()}, {"height", start.size.height()}});
+  if (start.desktop) {
+    bridge_.setAnnounces(start.desktop->isConnected());
+    portal_.emplace(desktop_, *start.desktop);  // which answers while the window is made
+    properties.insert("visible", false);
+  }
   engine_.setInitialProperties(properties);
   engine_.load("qrc:/qt/qml/Quorvantis/Settings/Main.qml");
+  if (!start.desktop || !quickWindow()) return;
+  portal_->await();
+  quickWindow()->show();
 }
 
 host::ListReader::MakeSource sourcesBeside(const host::Device& device) {
@@ -76,10 +88,13 @@ void SettingsWindow::attach(host::Device& device, const host::ListReader* lists)
   connect(notifier, &QSocketNotifier::activated, this, [this] { following_->look(); });
 }
 
-void SettingsWindow::followDesktop() {
-  const QDBusConnection bus = DesktopPortal::sessionBus();
-  bridge_.setAnnounces(bus.isConnected());
-  portal_.emplace(desktop_, bus);
+void SettingsWindow::reopen(const std::string& id) {
+  const auto rows = host::describe(application_).pages.back().rows;
+  const auto found = std::ranges::find(rows, id, &host::RowView::id);
+  if (found == rows.end() || found->kind != host::RowKind::Link) return;
+  const int row = static_cast<int>(found - rows.begin());
+  static_cast<void>(application_.perform(host::Scroll{row}));
+  static_cast<void>(application_.perform(host::Tap{row}));
 }
 
 void SettingsWindow::takeFont() {

@@ -16,8 +16,20 @@ class QQuickWindow;
 
 namespace window {
 
-// How many entries of a page are made before the window knows how many fit, and at the least.
+// How many entries of a page are made before the window knows how many fit.
 inline constexpr int kGuessedEntries = 12;
+// A page of rows makes all of them: assistive technology reads those that are off screen too, which
+// are dimmed by rules only once they are made.
+inline constexpr int kAllRows = 1000;
+
+// How the window begins.
+struct Start {
+  QSize size{};          // its own where this is empty
+  std::string opened{};  // the row of the first page whose page is open, where there is such a row
+  // Looks as the desktop on this bus wants. Where the bus isn't there the first change is reported
+  // to be announced to nobody.
+  std::optional<QDBusConnection> desktop{};
+};
 
 // What a reader of lists reads on: another device beside the one that is shown, which outlives it.
 host::ListReader::MakeSource sourcesBeside(const host::Device& device);
@@ -25,12 +37,12 @@ host::ListReader::MakeSource sourcesBeside(const host::Device& device);
 host::ListReader::Post postTo(QObject& context);
 
 // The window on a Settings application that runs on this queue. Needs a QGuiApplication; when that
-// becomes active, so does the Settings application. The size is the window's own where it is empty.
+// becomes active, so does the Settings application. Its first frame is as it begins.
 class SettingsWindow : public QObject {
   Q_OBJECT
 
  public:
-  SettingsWindow(host::Application& application, QtMainQueue& queue, QSize size = {});
+  SettingsWindow(host::Application& application, QtMainQueue& queue, const Start& start = {});
 
   SettingsBridge& bridge() { return bridge_; }
   // From now on it shows what other processes change on this device, which has to outlive it, and
@@ -42,12 +54,10 @@ class SettingsWindow : public QObject {
   // Reports a problem to the application; may be called from any thread while the window exists.
   void report(const host::Problem& problem);
   void withdraw(const host::Problem& problem);  // once it has gone
-  // Looks as the desktop wants from now on. Where there is no session bus the first change is
-  // reported to be announced to nobody.
-  void followDesktop();
-  QQuickWindow* quickWindow() const;  // null when the window couldn't be made
+  QQuickWindow* quickWindow() const;            // null when the window couldn't be made
 
  private:
+  void reopen(const std::string& id);
   void takeFont();
 
   host::Application& application_;

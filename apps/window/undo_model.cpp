@@ -21,6 +21,10 @@ QString asSentence(QString text) {
   return text + '.';
 }
 
+QString whatOf(const host::History::Latest& step) {
+  return step && *step ? toQString((*step)->change.what) : QString();
+}
+
 // A setting by its row's label, a profile by its file's name.
 QString nameOf(const preferences::Bundle& bundle, const std::string& left) {
   if (left.starts_with('/')) return toQString(left).section('/', -1);
@@ -65,6 +69,16 @@ void UndoModel::undo() {
 
 void UndoModel::redo() {
   take(host::redo, tr("Done again: %1."), Offer::Undo);
+}
+
+QString UndoModel::nextUndo() const {
+  return device_ && device_->backups() ? whatOf(device_->backups()->history().lastDone())
+                                       : QString();
+}
+
+QString UndoModel::nextRedo() const {
+  return device_ && device_->backups() ? whatOf(device_->backups()->history().lastUndone())
+                                       : QString();
 }
 
 void UndoModel::take(Step* step, const QString& done, Offer opposite) {

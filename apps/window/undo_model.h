@@ -34,6 +34,9 @@ class UndoModel : public QObject {
 
   Q_INVOKABLE void undo();
   Q_INVOKABLE void redo();
+  // What the two would be about now: "set Vibrate"; empty where there is nothing.
+  Q_INVOKABLE QString nextUndo() const;
+  Q_INVOKABLE QString nextRedo() const;
   Q_INVOKABLE void forget();  // the sentence
 
  signals:

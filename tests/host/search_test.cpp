@@ -113,4 +113,12 @@ TEST(Search, ALabelComesBeforeAChoiceAndAFooter) {
   EXPECT_EQ(hits[2].label, "First");
 }
 
+TEST(Search, ALabelThatIsWhatWasTypedComesFirst) {
+  host::PageView page;
+  page.rows = {row("a", "Vibrate on Ring"), row("b", "Vibrate"), row("c", "Vibrate on Silent")};
+  const auto hits = host::SearchIndex({page}, {}).find("vibrate");
+  ASSERT_EQ(hits.size(), 3u);
+  EXPECT_EQ(hits.front().label, "Vibrate");
+}
+
 }  // namespace

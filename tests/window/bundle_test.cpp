@@ -185,6 +185,17 @@ TEST_F(BundleWindow, ADimmedTextSaysWhichSwitchToTurnOn) {
     })) << id;
 }
 
+TEST_F(BundleWindow, ADimmedTextIsReadAndNotEdited) {
+  open("UserNotificationListController");
+  ASSERT_TRUE(driver->until([this] { return !row("msgtext").usable; }));
+  driver->waitUntilIdle();
+  QAccessibleInterface* field = driver->accessible(labelOf("msgtext"), kText);
+  ASSERT_TRUE(field && field->textInterface());
+  EXPECT_EQ(field->textInterface()->text(0, field->textInterface()->characterCount()),
+            "Current battery level on device %DNAME%: %BAT%");
+  EXPECT_FALSE(field->state().editable);
+}
+
 TEST_F(BundleWindow, ADimmedRowSaysWhichSwitchToTurnOff) {
   open("LowPowerListController");
   set("lowpowermodeenabled", true);

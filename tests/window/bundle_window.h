@@ -30,9 +30,9 @@ class BundleWindow : public WindowTest {
     options.root = folder.path().toStdString();
     options.lockPatience = std::chrono::milliseconds(0);
     options.realTime = true;
-    device = std::make_unique<host::Device>(options, std::move(owned));
-    auto launched = std::make_unique<host::Application>(
-        device->environment(), window::kGuessedEntries, window::kGuessedEntries);
+    device = std::make_unique<host::Device>(options, std::move(owned), substitutes);
+    auto launched = std::make_unique<host::Application>(device->environment(),
+                                                        window::kGuessedEntries, window::kAllRows);
     launched->record(device->backups());
     lists = std::make_unique<host::ListReader>(*launched, window::sourcesBeside(*device),
                                                window::postTo(queue), patience);
@@ -66,6 +66,7 @@ class BundleWindow : public WindowTest {
 
   QTemporaryDir folder;
   host::DeviceOptions options;
+  host::Substitutes substitutes;
   std::unique_ptr<host::Device> device;
   std::unique_ptr<host::ListReader> lists;
   // A slow machine doesn't change what tests see that aren't about lists that take long.

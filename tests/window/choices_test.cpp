@@ -67,8 +67,8 @@ TEST_F(Choices, AVeryLongListOpensAtTheTickedEntryAndMakesFewRows) {
 }
 
 TEST_F(Choices, TheFilterNarrowsAndAChoiceIsStillTheRightOne) {
-  driver->resize(390, 700);
   driver->click("One of very many entries");
+  driver->resize(390, 700);
   driver->clickItem(driver->itemsOfType("InputField").front());
   driver->type("eNTRY 987");
   EXPECT_EQ(driver->itemsOfType("ChoiceRow").size(), 11u);

@@ -9,8 +9,9 @@ class Colors : public BundleWindow {
   Colors() { open("ExtrasListController"); }
 
   void openPicker(const QString& setting, int height = 5000) {
-    driver->resize(390, height);
+    driver->resize(390, 5000);
     driver->click(setting);
+    driver->resize(390, height);
     ASSERT_EQ(page().pageClass, "ZorvekColorPickerQuorvantis");
   }
   QString spoken(const QString& name, QAccessible::Role role) const {
@@ -24,11 +25,11 @@ class Colors : public BundleWindow {
   double at(const QString& slider) const {
     return driver->accessible(slider, kSlider)->valueInterface()->currentValue().toDouble();
   }
-  void tapCustom() {  // beside the sliders
+  void tapCustom() {  // beside the sliders, which may be below
     const QRectF place = driver->place(driver->find("Custom", kRadioButton));
     QTest::mouseClick(
         window, Qt::LeftButton, {},
-        QPoint(static_cast<int>(place.left()) + 40, static_cast<int>(place.center().y())));
+        QPoint(static_cast<int>(place.left()) + 40, static_cast<int>(place.top()) + 20));
     driver->waitUntilIdle();
   }
   void store(const Value& value) {

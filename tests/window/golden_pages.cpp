@@ -102,7 +102,8 @@ QImage drawGoldenPage(const GoldenPage& page, int width) {
                       std::move(owned));
   host::Application application(device.environment(), 100, 100);
   if (!application.perform(host::Launch{})) std::abort();
-  window::SettingsWindow settings(application, queue, {width, page.alert ? kLeast : kTallest});
+  window::SettingsWindow settings(application, queue,
+                                  {.size = {width, page.alert ? kLeast : kTallest}});
   application.record(device.backups());
   settings.attach(device);
   QQuickWindow& window = *settings.quickWindow();

@@ -66,8 +66,7 @@ int draw(const QCommandLineParser& options) {
   if (options.isSet("state")) deviceOptions.state = options.value("state").toStdString();
   if (size.width() >= kTabletWidth) deviceOptions.idiom = uikit::Idiom::Tablet;
   host::Device device(deviceOptions, std::move(owned));
-  host::Application application(device.environment(), window::kGuessedEntries,
-                                window::kGuessedEntries);
+  host::Application application(device.environment(), window::kGuessedEntries, window::kAllRows);
   const auto launched = application.perform(host::Launch{options.value("page").toStdString()});
   if (!launched) return complain(launched.error().message);
 

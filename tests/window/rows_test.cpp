@@ -284,7 +284,7 @@ TEST_F(Rows, ATallerWindowMakesMoreRows) {
   scrollTo("long");
   driver->click("A long page");
   EXPECT_FALSE(row("row30").built);
-  driver->resize(390, 2000);
+  driver->resize(390, 4000);
   EXPECT_TRUE(row("row30").built);
 }
 

@@ -10,6 +10,7 @@ T.ToolTip {
     property string action  // what can be done; empty: nothing
     readonly property bool reached: wanted || moment.running || inside.hovered
     property bool held: false
+    readonly property bool onScreen: (parent?.Window.window ?? null) !== null  // not on a page that was left
 
     signal acted
 
@@ -29,7 +30,7 @@ T.ToolTip {
         else
             leaving.restart();
     }
-    visible: text !== "" && held
+    visible: text !== "" && held && onScreen
     delay: moment.running ? 0 : 400
     x: parent ? Math.round((parent.width - width) / 2) : 0
     y: parent ? parent.height - 6 : 0

@@ -46,7 +46,7 @@ ApplicationWindow {
         const depth = stack.depth + 1;
         const view = stack.push("PageView.qml", {
             page: page,
-            byKeyboard: !instant && KeyboardUse.active
+            byKeyboard: KeyboardUse.active && !instant  // which sees keys once it was asked
         }, depth > 1 && !instant ? StackView.PushTransition : StackView.Immediate);
         view.canGoBack = Qt.binding(() => depth > firstDepth);
         view.back.connect(back);
@@ -64,7 +64,10 @@ ApplicationWindow {
 
     onSplitChanged: if (stack.depth > 0) fill()
     Component.onCompleted: {
+        instant = true;
         settings.announce();
+        instant = false;
+        stack.currentItem?.forceActiveFocus();
         hasContents = settings.contents !== null;
         fill();
     }

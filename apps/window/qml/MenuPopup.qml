@@ -24,7 +24,7 @@ PopupBase {
     padding: 4
     width: Math.min(Theme.unit(300), parent ? parent.width - 16 : 0)
     x: parent ? Math.max(8, Math.min(corner.x, parent.width - width - 8)) : 0
-    y: parent ? Math.max(8, Math.min(corner.y, parent.height - height - 8)) : 0
+    y: parent ? Math.max(8, Math.min(corner.y, parent.height - implicitHeight - 8)) : 0
     onOpened: move(-1, 1)
     onClosed: destroy()
 

@@ -10,25 +10,30 @@ ToolView {
     readonly property ProfileTool profile: tools.profiles.opened
     property string note  // what was done last
 
+    // A question may be answered when the view is closed already.
     function rename() {
+        const opened = profile, profiles = tools.profiles;
         tools.questionAsked({ heading: qsTr("Rename Description"), action: qsTr("Rename"), field: profile.description, editable: true,
-            act: text => { if (profile.describe(text)) { note = qsTr("Renamed."); tools.profiles.look(); } } });
+            act: text => { if (opened.describe(text)) { profiles.look(); if (view) view.note = qsTr("Renamed."); } } });
     }
     function exportFile() {
+        const opened = profile;
         tools.questionAsked({ heading: qsTr("Export"), words: qsTr("As a property list, to this file:"), action: qsTr("Export"), editable: true,
             field: tools.profiles.suggestedFolder() + profile.title + ".plist",
-            act: text => { if (profile.exportTo(text)) note = qsTr("Exported to %1").arg(text); } });
+            act: text => { if (opened.exportTo(text) && view) view.note = qsTr("Exported to %1").arg(text); } });
     }
     function remove() {
+        const opened = profile, profiles = tools.profiles;
         tools.questionAsked({ heading: qsTr("Delete %1?").arg(profile.title), words: qsTr("Its file is removed."), action: qsTr("Delete"), destructive: true,
-            act: () => { if (profile.remove()) { tools.profiles.look(); done(); } } });
+            act: () => { if (opened.remove()) { profiles.look(); view?.done(); } } });
     }
     function compareMenu() {
-        const entries = [{ text: qsTr("The current settings"), usable: true, act: () => profile.compareWith("") }];
+        const opened = profile;
+        const entries = [{ text: qsTr("The current settings"), usable: true, act: () => opened.compareWith("") }];
         tools.profiles.look();
         for (const saved of tools.profiles.saved)
-            if (saved.path !== profile.path)
-                entries.push({ text: saved.description === "" ? saved.title : saved.title + " - " + saved.description, usable: true, act: () => profile.compareWith(saved.path) });
+            if (saved.path !== opened.path)
+                entries.push({ text: saved.description === "" ? saved.title : saved.title + " - " + saved.description, usable: true, act: () => opened.compareWith(saved.path) });
         tools.menuWanted(entries, comparing);
     }
 

@@ -17,7 +17,7 @@ T.AbstractButton {
     width: ListView.view ? ListView.view.width - 2 * x : 0
     implicitHeight: Math.max(Theme.rowHeight - 2, texts.implicitHeight + 10)
     // Tab visits the sidebar once, arrow keys move within it.
-    focusPolicy: ListView.isCurrentItem ? Qt.StrongFocus : Qt.ClickFocus
+    focusPolicy: ListView.isCurrentItem || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
     onActiveFocusChanged: if (activeFocus) ListView.view.currentIndex = index
     text: entry.label
     onClicked: chosen()

@@ -106,11 +106,14 @@ Item {
         }
         function onPageMenuWanted(page, at) {
             const tools = views.tools, pageClass = page.pageClass;
+            const undo = views.settings.undo, undone = undo.nextUndo(), redone = undo.nextRedo();
             views.menu([
                 { text: qsTr("Search…"), usable: true, act: () => tools.searchWanted("") },
                 { text: qsTr("Changed on This Page…"), usable: page.rows !== null, act: () => tools.changesWanted(pageClass) },
                 { text: qsTr("All Changed Settings…"), usable: true, act: () => tools.changesWanted("") },
-                { text: qsTr("Saved Profiles…"), usable: true, act: () => tools.profilesWanted() }
+                { text: qsTr("Saved Profiles…"), usable: true, act: () => tools.profilesWanted() },
+                { text: undone === "" ? qsTr("Undo") : qsTr("Undo: %1").arg(undone), usable: undone !== "", act: () => undo.undo() },
+                { text: redone === "" ? qsTr("Redo") : qsTr("Redo: %1").arg(redone), usable: redone !== "", act: () => undo.redo() }
             ], at);
         }
     }
