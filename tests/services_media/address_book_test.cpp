@@ -30,7 +30,7 @@ class AddressBook : public testing::Test {
  protected:
   std::vector<std::string> names(platform::Collator& collator) {
     services::MergedAddressBook book(root_, contacts_, collator,
-                                    [this](auto& error) { problems_.push_back(error.message()); });
+                                     [this](auto& error) { problems_.push_back(error.message()); });
     std::vector<std::string> names;
     for (const auto& person : book.peopleSortedByFirstName())
       names.push_back(person.firstName + " " + person.lastName);

@@ -110,10 +110,10 @@ KeyRow {
             anchors.fill: parent
             active: card.entry.reason !== ""
             sourceComponent: Hint {
-                text: card.entry.reason
-                wanted: pointer.hovered || (dimmed.activeFocus && KeyboardUse.active)
-                action: card.entry.wayOut
-                onActed: card.page.takeWayOut(card.index)
+                text: card.entry.reason  // qmllint disable unqualified
+                wanted: pointer.hovered || (dimmed.activeFocus && KeyboardUse.active)  // qmllint disable unqualified
+                action: card.entry.wayOut  // qmllint disable unqualified
+                onActed: card.page.takeWayOut(card.index)  // qmllint disable unqualified
             }
         }
     }

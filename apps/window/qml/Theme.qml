@@ -58,7 +58,7 @@ QtObject {
     property bool broad: false           // the window is wide: rows have their control at the right
 
     readonly property FontMetrics strong: FontMetrics {
-        font.family: Qt.application.font.family
+        font.family: Qt.application.font.family  // qmllint disable
         font.pixelSize: theme.small
         font.weight: Font.DemiBold
     }

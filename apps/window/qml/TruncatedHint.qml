@@ -27,7 +27,7 @@ Item {
         Loader {
             active: watch.words !== ""
             sourceComponent: Hint {
-                text: watch.words
+                text: watch.words  // qmllint disable unqualified
                 wanted: true
             }
         }
