@@ -20,11 +20,6 @@ qsizetype sameIn(const QList<Model*>& models, const std::vector<View>& views) {
   return same;
 }
 
-bool isChange(const host::Request& request) {
-  const auto* set = std::get_if<host::Set>(&request);
-  return (set && !set->held) || std::holds_alternative<host::WayOut>(request);
-}
-
 }  // namespace
 
 SettingsBridge::SettingsBridge(host::Application& application)
@@ -111,12 +106,14 @@ bool SettingsBridge::perform(const host::Request& request, const QString& badVal
   const bool isScroll = std::holds_alternative<host::Scroll>(request) ||
                         std::holds_alternative<host::Resize>(request);
   if (done && !isScroll) showRefusal({});
-  if (done && isChange(request) && !std::exchange(announces_, true))
-    application_.report(host::changesNotAnnounced());
   if (done) return true;
   const bool ownWords = done.error().code == host::RefusalCode::BadValue && !badValue.isEmpty();
   showRefusal(ownWords ? badValue : toQString(done.error().message));
   return false;
+}
+
+void SettingsBridge::noteChange() {
+  if (!std::exchange(announces_, true)) application_.report(host::changesNotAnnounced());
 }
 
 void SettingsBridge::showRefusal(const QString& refusal) {

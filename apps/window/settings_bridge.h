@@ -50,6 +50,7 @@ class SettingsBridge : public QObject {
   void setLists(const host::ListReader* lists) { lists_ = lists; }
 
   void setAnnounces(bool announces) { announces_ = announces; }  // changes, on the session bus
+  void noteChange();  // something was changed: where it isn't announced, the first time says so
 
   void refresh();  // something on screen may have changed
   // A refusal is a problem until something else is done; in these words where the value can't be

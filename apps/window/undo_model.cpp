@@ -51,6 +51,7 @@ void UndoModel::changeMade(const std::string& what) {
     say(asSentence(toQString(host::asDone(what))), Offer::Undo);
   else
     forget();
+  bridge_.noteChange();
 }
 
 void UndoModel::say(const QString& text, Offer offer) {

@@ -71,7 +71,7 @@ TEST_F(Choices, TheFilterNarrowsAndAChoiceIsStillTheRightOne) {
   driver->resize(390, 700);
   driver->clickItem(driver->itemsOfType("InputField").front());
   driver->type("eNTRY 987");
-  EXPECT_EQ(driver->itemsOfType("ChoiceRow").size(), 11u);
+  EXPECT_TRUE(driver->until([&] { return driver->itemsOfType("ChoiceRow").size() == 11; }));
   driver->click("Entry 9871", kRadioButton);
   EXPECT_EQ(device.stored("many"), plist::Value(9871));
   EXPECT_TRUE(ticked("Entry 9871"));

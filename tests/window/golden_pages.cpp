@@ -106,6 +106,9 @@ QImage drawGoldenPage(const GoldenPage& page, int width) {
                                   {.size = {width, page.alert ? kLeast : kTallest}});
   application.record(device.backups());
   settings.attach(device);
+  window::DesktopWishes wishes;
+  wishes.reducedMotion = true;  // nothing moves while it is drawn
+  settings.desktop().follow(wishes);
   QQuickWindow& window = *settings.quickWindow();
   Driver driver(window);
   driver.waitUntilIdle();

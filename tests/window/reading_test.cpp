@@ -146,6 +146,7 @@ TEST_F(Notices, DamagedProfilesAreSaidWhereTheyAreListed) {
 }
 
 TEST_F(Notices, AMissingBusIsReportedOnceAndOnlyAfterAChange) {
+  options.state = folder.filePath("state").toStdString();
   open("PowerSavingListController");
   bridge().setAnnounces(false);
   EXPECT_TRUE(bridge().problems().isEmpty());

@@ -238,6 +238,18 @@ TEST_F(Rows, ATextOfOneLineTakesAPastedTextAsOneLine) {
   EXPECT_EQ(device.stored("name"), plist::Value("Ann and Bo"));
 }
 
+TEST_F(Rows, ATextThatNobodyEditedStaysAsItIsStored) {
+  const std::string odd =
+      "a\xC2\xA0"
+      "b\nc";
+  ASSERT_TRUE(device.preferences.setAppValue("name", plist::Value(odd), sample::kDomain));
+  bridge().activate();
+  driver->waitUntilIdle();
+  driver->click("Name", kText);
+  driver->key(Qt::Key_Tab);
+  EXPECT_EQ(device.stored("name"), plist::Value(odd));
+}
+
 TEST_F(Rows, ArrowsLeaveATextAtItsFirstAndLastLine) {
   driver->click("Name", kText);
   driver->key(Qt::Key_Down);

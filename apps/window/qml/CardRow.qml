@@ -98,11 +98,11 @@ KeyRow {
         HoverHandler {
             id: pointer
             enabled: card.entry.reason !== ""
-            onHoveredChanged: if (!hovered) (hint.item as Hint).rest()
+            onHoveredChanged: if (!hovered) (hint.item as Hint)?.rest()
         }
         TapHandler {
             enabled: card.entry.reason !== ""
-            onTapped: (hint.item as Hint).linger()
+            onTapped: (hint.item as Hint)?.linger()
         }
         Loader {
             id: hint

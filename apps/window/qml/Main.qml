@@ -149,7 +149,7 @@ ApplicationWindow {
         width: window.width
         height: visible ? contentHeight : 0
         padding: 0
-        visible: window.covered && window.settings.problems.length > 0
+        visible: (window.settings.alert !== null || tools.covering || help.active) && window.settings.problems.length > 0
         closePolicy: T.Popup.NoAutoClose
 
         contentItem: Loader { // qmllint disable deferred-property-id
@@ -166,13 +166,14 @@ ApplicationWindow {
         width: window.width
         height: visible ? contentHeight : 0
         padding: 0
-        visible: tools.open > 0 && window.settings.undo.text !== ""
+        visible: tools.covering && window.settings.undo.text !== ""
         closePolicy: T.Popup.NoAutoClose
 
         contentItem: Loader { // qmllint disable deferred-property-id
             id: undoAbove
         }
         onAboutToShow: undoAbove.setSource("UndoBar.qml", { undo: window.settings.undo }) // qmllint disable deferred-property-id
+        onClosed: undoAbove.source = "" // qmllint disable deferred-property-id
     }
 
     Binding {
@@ -238,7 +239,7 @@ ApplicationWindow {
         anchors.bottom: banners.top
         width: parent.width
         undo: window.settings.undo
-        covered: window.covered
+        covered: window.settings.alert !== null || tools.covering || help.active
     }
 
     StackView {

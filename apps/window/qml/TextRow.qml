@@ -47,6 +47,7 @@ CardRow {
         id: area
 
         property string begun: card.entry.value  // what stood there when editing began
+        property string untouched                // how the editor shows that
 
         readonly property bool onFirstLine: cursorRectangle.y <= positionToRectangle(0).y
         readonly property bool onLastLine: cursorRectangle.y >= positionToRectangle(length).y
@@ -57,11 +58,12 @@ CardRow {
             else
                 begun = Qt.binding(() => card.entry.value);
             text = Qt.binding(() => begun);
+            untouched = text;
         }
+        // An editor shows some characters as others; a text that nobody edited stays as it is.
         function commit() {
-            const line = card.several ? text : text.replace(/\s*\n\s*/g, " ");
-            if (line !== begun)
-                card.page.setText(card.index, line);
+            if (text !== untouched)
+                card.page.setText(card.index, card.several ? text : text.replace(/\s*\n\s*/g, " "));
             show();
         }
 
@@ -86,7 +88,7 @@ CardRow {
         font.pixelSize: Theme.body
         onActiveFocusChanged: {
             if (activeFocus)
-                begun = card.entry.value;
+                show();
             else
                 commit();
         }
@@ -107,9 +109,9 @@ CardRow {
             if (!card.several)
                 commit();
         }
-        Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Escape && text !== begun
+        Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Escape && text !== untouched
         Keys.onEscapePressed: event => {
-            event.accepted = text !== begun;
+            event.accepted = text !== untouched;
             show();
         }
         Accessible.name: card.entry.label !== "" ? card.entry.label : card.entry.placeholder

@@ -10,6 +10,8 @@ Item {
     readonly property Tools tools: settings.tools
     property int open: 0            // how many views and menus are shown
     property bool asking: false     // a question is one of them
+    property bool choosing: false   // a menu is one of them
+    readonly property bool covering: open > (choosing ? 1 : 0)
     property real above: 0          // what stands above the views in the window
     property real below: 0
 
@@ -42,7 +44,11 @@ Item {
         popup.bottom = Qt.binding(() => below);
     }
     function menu(entries: var, at: Item) {
-        make("MenuPopup.qml", { entries: entries, at: at });
+        choosing = true;
+        make("MenuPopup.qml", { entries: entries, at: at }).closed.connect(() => {
+            if (views)
+                views.choosing = false;
+        });
     }
     function ask(question: var) {
         asking = true;

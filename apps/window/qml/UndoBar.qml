@@ -27,7 +27,7 @@ Rectangle {
         id: moment
 
         interval: 10000
-        onTriggered: if (bar.covered || pointer.hovered || button.activeFocus) restart(); else bar.undo.forget()
+        onTriggered: if (!bar.visible || bar.covered || pointer.hovered || button.activeFocus) restart(); else bar.undo.forget()
     }
     HoverHandler {
         id: pointer
