@@ -53,7 +53,8 @@ std::string whyOf(int code) {
   return "the system refuses it";
 }
 
-// What a page didn't do, and what is kept for the user, is said by the error that has a cause.
+// Of a request the error is about a file that the user has chosen. What a page didn't do, and what
+// is kept for the user, is said by the error that has a cause.
 std::string whatOf(Source source, const Error& error) {
   if (error.kind == ErrorKind::Unconfirmed)
     return source == Source::Profiles ? "The profile is stored, but a power cut may undo that"
@@ -75,6 +76,8 @@ std::string whatOf(Source source, const Error& error) {
       return "The sound can't be played";
     case Source::Backups:
       return "What is kept of earlier settings can't be read or changed";
+    case Source::Request:
+      return "The file can't be read or written";
     default:
       return "It was not done";
   }

@@ -15,6 +15,7 @@ constexpr std::string_view kUserFolder = "/var/mobile/";  // the platform's
 
 bool isPlatformPath(const Problem& problem, const foundation::DeviceRoot& root) {
   if (!problem.file.starts_with('/') || problem.file == root.directory()) return false;
+  if (problem.source == Source::Request) return false;
   return problem.source != Source::Backups || problem.file.starts_with(kUserFolder);
 }
 

@@ -5,6 +5,7 @@
 
 #include "host/history.h"
 #include "host/profile_import.h"
+#include "platform/archive/keyed_archive.h"
 #include "platform/foundation/text.h"
 #include "prefs/core/names.h"
 #include "prefs/core/preference_store.h"
@@ -47,6 +48,13 @@ Failure failureOf(const Trigger& trigger, const platform::Error& error) {
 // About the settings, or a profile that was being written.
 Failure notDone(const std::string& what, const platform::Error& error) {
   return failureOf(Source::Profiles, error, what);
+}
+
+Attempt<Done> outcomeOf(const platform::Result<Done>& written, const Trigger& trigger) {
+  if (written) return Done{};
+  if (written.error().kind == platform::ErrorKind::Unconfirmed)
+    return host::failureOf(Source::Profiles, written.error());
+  return failure(Failure::Failed, trigger.path, written.error().message());
 }
 
 Failure halfDone(std::string message) {
@@ -224,20 +232,22 @@ Attempt<Done> Profiles::describe(const Trigger& trigger, const std::string& desc
   if (!profile) return profile.error();
   plist::Dictionary described = *plist::storable(*profile)->dictionary();
   described.set(prefs::kProfileDescription, description);
+  const auto bytes = archive::archive(described, archive::Mutability::Mutable);
+  if (!bytes) return failure(Failure::Failed, trigger.path, bytes.error().message());
+  // The guard takes a snapshot of all profiles, which may take long.
+  const auto guarded = environment_.guard({preferences::ProfileStep::Save, trigger.path, *bytes});
   const auto now = environment_.root.read(trigger.path);
   if (!before || !now || *before != *now)
     return failure(Failure::Failed, trigger.path, "another program has changed it meanwhile");
-  return write(trigger, described, Existing::Overwrite, preferences::ProfileStep::Save);
+  return outcomeOf(environment_.root.writeDurably(trigger.path, *bytes), trigger);
 }
 
 Attempt<Done> Profiles::write(const Trigger& trigger, const plist::Dictionary& profile,
                               Existing existing, preferences::ProfileStep::What what) {
   const auto written = prefs::writeProfile(environment_, trigger.path, profile, existing, what);
-  if (written) return Done{};
-  if (existing == Existing::Keep && written.error().code == EEXIST) return exists(trigger);
-  if (written.error().kind == platform::ErrorKind::Unconfirmed)
-    return host::failureOf(Source::Profiles, written.error());
-  return failure(Failure::Failed, trigger.path, written.error().message());
+  if (existing == Existing::Keep && !written && written.error().code == EEXIST)
+    return exists(trigger);
+  return outcomeOf(written, trigger);
 }
 
 Attempt<std::vector<prefs::Difference>> Profiles::changesOfLoad(const Trigger& trigger) {

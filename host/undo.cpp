@@ -64,16 +64,32 @@ Failure takenBack(FileChanges& files, Failure cause) {
                      joined(stay));
 }
 
-Attempt<Undone> move(preferences::Environment& environment, Backups& backups, Direction direction) {
+// What a set that failed has left to be stored is the user's last change.
+Result<platform::Done> endChanges(preferences::Environment& environment, Backups& backups) {
+  if (const auto opened = backups.open(); !opened) return opened;
   backups.endChange();
-  // What a set that failed has left to be stored is the user's last change.
   static_cast<void>(environment.preferences.finish(std::chrono::milliseconds(0)));
+  return platform::Done{};
+}
+
+History::Latest latest(const History& history, Direction direction) {
+  return direction == Direction::Undo ? history.lastDone() : history.lastUndone();
+}
+
+History::Latest next(preferences::Environment& environment, Backups& backups, Direction direction) {
+  if (const auto ended = endChanges(environment, backups); !ended) return ended.error();
+  return latest(backups.history(), direction);
+}
+
+Attempt<Undone> move(preferences::Environment& environment, Backups& backups, Direction direction) {
+  if (const auto ended = endChanges(environment, backups); !ended)
+    return failureOf(Source::Backups, ended.error());
   backups.prepare();
   History& history = backups.history();
   const auto locked = history.lock();
   if (!locked) return failureOf(Source::Backups, locked.error());
   const bool undoing = direction == Direction::Undo;
-  const auto last = undoing ? history.lastDone() : history.lastUndone();
+  const auto last = latest(history, direction);
   if (!last) return failureOf(Source::Backups, last.error());
   if (!*last)
     return failure(Failure::NotFound, Source::Backups,
@@ -121,6 +137,14 @@ Attempt<Undone> undo(preferences::Environment& environment, Backups& backups) {
 
 Attempt<Undone> redo(preferences::Environment& environment, Backups& backups) {
   return move(environment, backups, Direction::Redo);
+}
+
+History::Latest nextUndo(preferences::Environment& environment, Backups& backups) {
+  return next(environment, backups, Direction::Undo);
+}
+
+History::Latest nextRedo(preferences::Environment& environment, Backups& backups) {
+  return next(environment, backups, Direction::Redo);
 }
 
 std::string asDone(const std::string& what) {

@@ -24,6 +24,11 @@ struct Undone {
 Attempt<Undone> undo(preferences::Environment& environment, Backups& backups);
 Attempt<Undone> redo(preferences::Environment& environment, Backups& backups);
 
+// What each of the two would be about now. What they begin with is done: a change under way ends,
+// and what a set that failed has left to be stored is stored if it can be.
+History::Latest nextUndo(preferences::Environment& environment, Backups& backups);
+History::Latest nextRedo(preferences::Environment& environment, Backups& backups);
+
 // What the label of a change says once it has been made: "loaded 55" of "load 55".
 std::string asDone(const std::string& what);
 

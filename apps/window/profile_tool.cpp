@@ -109,7 +109,7 @@ bool ProfileTool::exportTo(const QString& file) {
     return false;
   }
   const auto written = host::writeUserFile(path, *bytes, host::Existing::Keep);
-  if (!written) tools_.report(host::failureOf(host::Source::Profiles, written.error()));
+  if (!written) tools_.report(host::failureOf(host::Source::Request, written.error()));
   return static_cast<bool>(written);
 }
 

@@ -50,7 +50,7 @@ void ProfilesTool::look() {
 
 void ProfilesTool::importFile(const QString& file, bool replace) {
   const auto bytes = host::readUserFile(file.toStdString());
-  if (!bytes) return tools_.report(host::failureOf(host::Source::Profiles, bytes.error()));
+  if (!bytes) return tools_.report(host::failureOf(host::Source::Request, bytes.error()));
   const auto existing = replace ? Profiles::Existing::Overwrite : Profiles::Existing::Keep;
   host::Attempt<host::Trigger> imported = host::Failure{};
   const auto import = [&] { return imported = tools_.savedProfiles().import(*bytes, existing); };

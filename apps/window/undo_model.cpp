@@ -73,13 +73,13 @@ void UndoModel::redo() {
 }
 
 QString UndoModel::nextUndo() const {
-  return device_ && device_->backups() ? whatOf(device_->backups()->history().lastDone())
-                                       : QString();
+  if (!device_ || !device_->backups()) return {};
+  return whatOf(host::nextUndo(device_->environment(), *device_->backups()));
 }
 
 QString UndoModel::nextRedo() const {
-  return device_ && device_->backups() ? whatOf(device_->backups()->history().lastUndone())
-                                       : QString();
+  if (!device_ || !device_->backups()) return {};
+  return whatOf(host::nextRedo(device_->environment(), *device_->backups()));
 }
 
 void UndoModel::take(Step* step, const QString& done, Offer opposite) {

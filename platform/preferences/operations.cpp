@@ -1,5 +1,7 @@
 #include "platform/preferences/operations.h"
 
+#include <atomic>
+
 namespace preferences {
 
 std::optional<plist::Value> valueIn(const Argument& argument) {
@@ -36,8 +38,11 @@ std::optional<Argument> Operation::run(foundation::Object& self,
 }
 
 const OperationTable& Operations::own() const {
-  if (!own_) own_ = new OperationTable(make_());
-  return *own_;
+  const std::atomic_ref shared(own_);
+  const OperationTable* own = shared.load();
+  if (own) return *own;
+  auto made = std::make_unique<const OperationTable>(make_());
+  return shared.compare_exchange_strong(own, made.get()) ? *made.release() : *own;
 }
 
 const Operation* Operations::find(std::string_view selector) const {

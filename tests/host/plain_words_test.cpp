@@ -23,6 +23,8 @@ TEST(PlainWords, SayWhatFailedAndWhy) {
             "The profile was not saved: no permission.");
   EXPECT_EQ(host::plainWords(Source::Settings, Error{"/x", EIO, "write"}),
             "The settings can't be read or changed: the disk reports an error.");
+  EXPECT_EQ(host::plainWords(Source::Request, Error{"/x/y.plist", EEXIST, "open"}),
+            "The file can't be read or written: it exists already.");
 }
 
 TEST(PlainWords, SayWhatIsStoredButNotConfirmed) {

@@ -90,6 +90,19 @@ TEST_F(HostProfiles, ADescriptionOverwritesNothingThatAnotherProgramHasWrittenMe
   EXPECT_TRUE(profiles.describe(trigger("20"), "Night"));
 }
 
+TEST_F(HostProfiles, ADescriptionOverwritesNothingThatIsWrittenWhileASnapshotIsTaken) {
+  ASSERT_TRUE(profiles.save(trigger("20"), Existing::Keep));
+  const std::vector<std::uint8_t> theirs{'n', 'e', 'w'};
+  device.environment.profileGuard = [&](const preferences::ProfileStep&) {
+    seed::write(device, "profile_20.qvx", theirs);
+    return nullptr;
+  };
+  const auto failure = failureOf(profiles.describe(trigger("20"), "Night"));
+  EXPECT_EQ(failure.problem.message(),
+            prefs::profilePath(20) + ": another program has changed it meanwhile");
+  EXPECT_EQ(file("20"), theirs);
+}
+
 TEST_F(HostProfiles, ASaveWritesTheDomainOnceAfterTheFile) {
   seed::profile(device, "5");
   device.store("wifi", 2);

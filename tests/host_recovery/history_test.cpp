@@ -16,6 +16,11 @@ class HostHistory : public testing::Test {
     EXPECT_TRUE(attempt) << attempt.error().problem.message();
     return attempt ? *attempt : host::Undone();
   }
+  std::string next(host::History::Latest (*of)(preferences::Environment&, host::Backups&)) {
+    const auto found = of(device.environment, *device.backups);
+    EXPECT_TRUE(found && *found);
+    return found && *found ? (*found)->change.what : "";
+  }
   bool nothingToUndo() {
     const auto undone = host::undo(device.environment, *device.backups);
     return !undone && undone.error().reason == host::Failure::NotFound;
@@ -317,6 +322,35 @@ TEST_F(HostHistory, WhatWaitsToBeStoredIsTheLastChange) {
   EXPECT_EQ(undo().what, "set wifi");
   EXPECT_EQ(device.stored("wifi"), std::nullopt);
   EXPECT_EQ(device.stored("vpn"), Value(1));
+}
+
+// As a menu that is opened then names it.
+TEST_F(HostHistory, TheNextToBeUndoneIsTheOneThatAnUndoTakes) {
+  device.set("vpn", 1);
+  device.forbid();
+  {
+    const host::UserChange change(device.backups.get(), "set wifi");
+    EXPECT_FALSE(device.preferences.setAppValue("wifi", 1, prefs::kDomain));
+  }
+  device.allow();
+  EXPECT_EQ(next(host::nextUndo), "set wifi");
+  device.backups->beginChange("drag custbright");
+  ASSERT_TRUE(device.preferences.setAppValue("custbright", 5, prefs::kDomain));
+  EXPECT_EQ(next(host::nextUndo), "drag custbright");
+  EXPECT_EQ(undo().what, "drag custbright");
+  EXPECT_EQ(next(host::nextRedo), "drag custbright");
+  EXPECT_EQ(redo().what, "drag custbright");
+}
+
+TEST_F(HostHistory, OfARootThatCannotBeFoundIsAnErrorAndNotEmpty) {
+  const std::filesystem::path root = device.root.directory();
+  std::filesystem::remove_all(root);
+  std::filesystem::create_symlink(root.filename(), root);  // leads to itself
+  EXPECT_FALSE(host::nextUndo(device.environment, *device.backups));
+  EXPECT_FALSE(host::nextRedo(device.environment, *device.backups));
+  const auto undone = host::undo(device.environment, *device.backups);
+  ASSERT_FALSE(undone);
+  EXPECT_EQ(undone.error().reason, host::Failure::Failed);
 }
 
 TEST_F(HostHistory, WhatASetChangesThatWasKeptForAnotherChangeIsAPartOfEach) {

@@ -1,5 +1,8 @@
 #include <gmock/gmock.h>
 
+#include <latch>
+#include <thread>
+
 #include "tests/platform_preferences/sample_device.h"
 
 namespace {
@@ -65,6 +68,25 @@ TEST_F(OperationsTest, AreFoundInTheBaseClassToo) {
   EXPECT_NE(sample::ListPage::ownOperations.find("act"), nullptr);
   EXPECT_NE(sample::ListPage::ownOperations.find("reloadSpecifiers"), nullptr);
   EXPECT_EQ(sample::ListPage::ownOperations.find("absent"), nullptr);
+}
+
+TEST_F(OperationsTest, AreMadeOnceHoweverManyThreadsAskFirst) {
+  static const preferences::Operations asked{[] {
+    return preferences::OperationTable{{"name:", &Target::name}};
+  }};
+  constexpr int kThreads = 4;
+  std::latch start(kThreads);
+  const preferences::Operation* found[kThreads] = {};
+  {
+    std::vector<std::jthread> threads;
+    for (auto& each : found)
+      threads.emplace_back([&] {
+        start.arrive_and_wait();
+        each = asked.find("name:");
+      });
+  }
+  for (const auto* each : found) EXPECT_EQ(each, asked.find("name:"));
+  EXPECT_EQ(found[0]->selector(), "name:");
 }
 
 TEST_F(OperationsTest, RunOnANotification) {

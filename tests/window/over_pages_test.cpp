@@ -46,6 +46,9 @@ TEST_F(OverPages, ANoticeStandsAboveAViewAndLeavesItWhole) {
   driver->waitUntilIdle();
   QQuickItem* banner = only("Banner");
   ASSERT_TRUE(banner);
+  EXPECT_EQ(banner->property("message").toString(),
+            "The file can't be read or written: a file is in the place of its folder.\n"
+            "/dev/null/x.plist");
   EXPECT_EQ(driver->place(banner).top(), 0);
   EXPECT_GT(driver->place(only("ProfileView")).top(), before);
   EXPECT_GE(driver->place(driver->find("Close", kButton)).top(), driver->place(banner).bottom());
