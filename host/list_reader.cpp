@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "host/notices.h"
+#include "host/unseen_settings.h"
 #include "platform/preferences/PSListItemsController.h"
-#include "prefs/keys.h"
 
 namespace host {
 namespace {
@@ -44,8 +44,7 @@ ListReader::ListReader(Application& application, MakeSource makeSource, Post pos
                                                     const PSSpecifier& row,
                                                     ChoicesFor what) -> preferences::ChoicesAnswer {
     if (!isList(row)) return std::nullopt;
-    if (what == ChoicesFor::Showing && row.identifier() == std::string_view(prefs::key::adressbook))
-      return nullptr;
+    if (const auto contacts = contactsWhenOpened(pageClass, row, what)) return contacts;
     return answer({std::string(pageClass), row.identifier()});
   };
 }
