@@ -41,6 +41,17 @@ class Snapshots(RecoveryTest):
         self.output("reset", "bluetooth")  # has its default
         self.assertEqual(self.document("snapshot", "list"), kept)
 
+    def test_an_import_that_changes_nothing_keeps_none(self):
+        self.output("set", "wifi", "1")
+        self.output("export", "settings.plist")
+        self.output("import", "settings.plist")
+        self.output("set", "wifi", "2")
+        kept = self.befores()
+        self.output("import", "settings.plist")
+        self.assertEqual(self.befores(), kept + ["import"])
+        self.output("import", "settings.plist")
+        self.assertEqual(self.befores(), kept + ["import"])
+
     def test_one_is_kept_before_each_change_of_many_values(self):
         self.output("set", "wifi", "1")
         self.output("profile", "save", "20")
