@@ -113,7 +113,7 @@ class Snapshots(RecoveryTest):
         self.write_profile({"wifi": 2})
         done = self.run_program("profile", "load", "20")
         self.assertEqual(done.returncode, 0)
-        self.assertIn(b'no snapshot was kept before "load 20"', done.stderr)
+        self.assertIn(b'the snapshot before "load Battery 20%" was not kept', done.stderr)
         self.assertEqual(self.domain()["wifi"], 2)
 
     def test_without_a_home_nothing_is_kept_and_that_is_said(self):
