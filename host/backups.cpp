@@ -52,6 +52,16 @@ std::string labelOf(const preferences::ProfileStep& step) {
   return std::string(kVerbs[step.what]) + (trigger ? trigger->title : idOf(step.path));
 }
 
+constexpr std::string_view kDaily = "daily";
+
+// "the daily snapshot", "the snapshot before "load Battery 20%""
+std::string snapshotBefore(const std::string& what) {
+  if (what == kDaily) return "the daily snapshot";
+  const std::size_t id = what.find(' ') + 1;  // 0 without one
+  const auto trigger = id > 0 ? findTrigger(what.substr(id)) : std::nullopt;
+  return "the snapshot before \"" + (trigger ? what.substr(0, id) + trigger->title : what) + "\"";
+}
+
 // Of two changes of a key the first one's beginning and the second one's end.
 void merge(const foundation::KeyChanges& later, foundation::KeyChanges& changes) {
   for (const foundation::KeyChange& change : later) {
@@ -154,9 +164,7 @@ bool Backups::keepOrWarn(const std::string& before) {
   const auto kept = keep(before);
   if (kept) return true;
   const bool isThere = kept.error().kind == platform::ErrorKind::Unconfirmed;
-  warn((isThere ? "the snapshot is not confirmed on disk that was kept before \""
-                : "no snapshot was kept before \"") +
-           before + "\"",
+  warn(snapshotBefore(before) + (isThere ? " is not confirmed on disk" : " was not kept"),
        kept.error());
   return isThere;
 }
@@ -170,7 +178,7 @@ void Backups::takeDailySnapshot() {
   const bool taken = day && day->integer() == today;
   if (!taken && store_.damage(prefs::kDomain)) return;
   day_ = today;
-  if (taken || !keepOrWarn("daily")) return;
+  if (taken || !keepOrWarn(std::string(kDaily))) return;
   const auto noted =
       writeRecord(state().folder, kDay, plist::Dictionary{{std::string(kDayNumber), today}});
   if (!noted) warn("the day's snapshot will be taken again", noted.error());

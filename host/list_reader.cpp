@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "host/notices.h"
+#include "host/unseen_settings.h"
 #include "platform/preferences/PSListItemsController.h"
-#include "prefs/keys.h"
 
 namespace host {
 namespace {
@@ -44,8 +44,7 @@ ListReader::ListReader(Application& application, MakeSource makeSource, Post pos
                                                     const PSSpecifier& row,
                                                     ChoicesFor what) -> preferences::ChoicesAnswer {
     if (!isList(row)) return std::nullopt;
-    if (what == ChoicesFor::Showing && row.identifier() == std::string_view(prefs::key::adressbook))
-      return nullptr;
+    if (const auto contacts = contactsWhenOpened(pageClass, row, what)) return contacts;
     return answer({std::string(pageClass), row.identifier()});
   };
 }
@@ -63,7 +62,13 @@ std::string ListReader::noticeOf(std::string_view pageClass, const PSSpecifier& 
   return found == notices_.end() ? std::string() : found->second;
 }
 
-ListReader::Found ListReader::read(const Row& row) const {
+ListReader::Found ListReader::read(const Row& row) const try {
+  return readPage(row);
+} catch (const std::exception& error) {
+  return {.choices = nullptr, .notice = std::string("Can't be read: ") + error.what(), .problems{}};
+}
+
+ListReader::Found ListReader::readPage(const Row& row) const {
   const Source source = makeSource_();
   Found found;
   const auto* known = source.environment.bundle.pageClass(row.first);
@@ -81,18 +86,30 @@ ListReader::Found ListReader::read(const Row& row) const {
   return found;
 }
 
+ListReader::Reading& ListReader::begin(const Row& row) {
+  if (!deadline_) {
+    deadline_ = Clock::now() + patience_;
+    post_([this] { deadline_.reset(); });
+  }
+  const int number = ++begun_;
+  auto found = std::async(std::launch::async, [this, row, number] {
+    Found read = this->read(row);
+    post_([this, row, number] { show(row, number); });
+    return read;
+  });
+  return readings_.insert_or_assign(row, Reading{number, std::move(found), *deadline_})
+      .first->second;
+}
+
 // What is being read already is not waited for again.
 preferences::ChoicesAnswer ListReader::answer(const Row& row) {
   if (arrived_ && arrived_->first == row) return arrived_->second;
-  if (readings_.contains(row)) return nullptr;
-  Reading& reading = readings_[row];
-  reading.number = ++begun_;
-  reading.found = std::async(std::launch::async, [this, row, number = reading.number] {
-    Found found = read(row);
-    post_([this, row, number] { show(row, number); });
-    return found;
-  });
-  if (reading.found.wait_for(patience_) == std::future_status::timeout) return nullptr;
+  if (const auto known = readings_.find(row); known != readings_.end()) {
+    if (known->second.deadline != deadline_) known->second.isOld = true;
+    return nullptr;
+  }
+  const Reading& reading = begin(row);
+  if (reading.found.wait_until(reading.deadline) == std::future_status::timeout) return nullptr;
   return take(row);
 }
 
@@ -111,6 +128,7 @@ std::shared_ptr<const preferences::Choices> ListReader::take(const Row& row) {
 void ListReader::show(const Row& row, int number) {
   const auto reading = readings_.find(row);
   if (reading == readings_.end() || reading->second.number != number) return;
+  const bool isOld = reading->second.isOld;
   arrived_.emplace(row, take(row));
   for (const auto& page : application_.pages()) {
     auto* list = dynamic_cast<PSListController*>(page.get());
@@ -122,6 +140,7 @@ void ListReader::show(const Row& row, int number) {
     for (const auto& other : application_.pages()) showOn(*other, *shown);
   }
   arrived_.reset();
+  if (isOld) begin(row);
   application_.buildVisibleRows();
 }
 

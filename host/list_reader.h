@@ -21,7 +21,8 @@ namespace host {
 // whose data sources it asks; it shares nothing with the pages that are shown but the files, and
 // hands over values. Where they come within kPatience the shown page has them as if it had read
 // them itself; else its row keeps what it has, and gets them, on the pages' thread, when they are
-// there.
+// there. All lists that one task of that thread asks for share that time. One that a later task
+// asks for while it is read is read once more afterwards, since its files may have changed.
 //
 // Contacts are only read when their list is opened.
 class ListReader {
@@ -43,7 +44,8 @@ class ListReader {
   using Post = std::function<void(Task task)>;
 
   // The source of choices for that application, until it is destroyed, which waits for what is
-  // being read. What shows the application must be gone before.
+  // being read, however long that takes: as long as a data source does. What shows the application
+  // must be gone before.
   ListReader(Application& application, MakeSource makeSource, Post post,
              Patience patience = kPatience);
   ~ListReader();
@@ -56,6 +58,7 @@ class ListReader {
   std::string noticeOf(std::string_view pageClass, const preferences::PSSpecifier& row) const;
 
  private:
+  using Clock = std::chrono::steady_clock;
   using Row = std::pair<std::string, std::string>;  // the class of its page, its identifier
   struct Found {
     std::shared_ptr<const preferences::Choices> choices;
@@ -65,9 +68,14 @@ class ListReader {
   struct Reading {
     int number = 0;
     std::future<Found> found;
+    Clock::time_point deadline{};  // of the task in which it began
+    bool isOld = false;            // asked for by a later task: what it reads may have changed
   };
 
-  Found read(const Row& row) const;  // by a thread
+  // By a thread; what stops it is said beside the list.
+  Found read(const Row& row) const;
+  Found readPage(const Row& row) const;
+  Reading& begin(const Row& row);
   preferences::ChoicesAnswer answer(const Row& row);
   std::shared_ptr<const preferences::Choices> take(const Row& row);  // and reports its problems
   void show(const Row& row, int number);
@@ -77,6 +85,8 @@ class ListReader {
   const Post post_;
   const Patience patience_;
   int begun_ = 0;
+  // Until when the task of the pages' thread that runs now waits; empty before it reads a list.
+  std::optional<Clock::time_point> deadline_;
   std::vector<Problem> reported_;
   std::map<Row, std::string> notices_;
   // What is handed to the pages now.

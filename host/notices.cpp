@@ -1,9 +1,10 @@
 #include "host/notices.h"
 
-#include <filesystem>
+#include <algorithm>
 
 #include "host/battery_log.h"
 #include "prefs/core/names.h"
+#include "prefs/keys.h"
 #include "prefs/profiles/saved_profiles.h"
 
 namespace host {
@@ -12,10 +13,7 @@ namespace {
 constexpr std::size_t kMostNames = 3;
 
 std::string realPath(const preferences::Environment& environment, std::string_view path) {
-  std::error_code unresolved;
-  const auto real = environment.root.directory() + std::string(path);
-  const auto shown = std::filesystem::weakly_canonical(real, unresolved);
-  return unresolved ? real : shown.string();
+  return onMachine({.source = Source::Settings, .file = std::string(path)}, environment.root).file;
 }
 
 // "profile_20.qvx, profile_30.qvx", "profile_1.qvx, profile_2.qvx, profile_3.qvx and 5 more".
@@ -32,8 +30,7 @@ std::string unreadableProfiles(const preferences::Environment& environment) {
   const std::string folder = realPath(environment, prefs::kDocuments);
   if (!profiles.failure.empty()) return "The profiles can't be read: " + folder;
   if (profiles.skipped.empty()) return {};
-  return "Left out, as no profile can be read from it: " + namesOf(profiles.skipped) + " in " +
-         folder;
+  return "No profile can be read from " + namesOf(profiles.skipped) + " in " + folder;
 }
 
 }  // namespace
@@ -41,8 +38,9 @@ std::string unreadableProfiles(const preferences::Environment& environment) {
 std::string unreadableIn(const preferences::PSSpecifier& row,
                          const preferences::Environment& environment) {
   const std::string& id = row.identifier();
-  if (id == "savedprofiles" || id == "profile") return unreadableProfiles(environment);
-  if (id != "batterylog" || readBatteryLog(environment)) return {};
+  if (id == prefs::kSavedProfilesRow || id == std::string_view(prefs::key::profile))
+    return unreadableProfiles(environment);
+  if (id != prefs::kBatteryLogRow || readBatteryLog(environment)) return {};
   return "The battery log can't be read: " + realPath(environment, prefs::kBatteryLog);
 }
 

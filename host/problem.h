@@ -64,8 +64,8 @@ struct Failure {
 // A failure below the host, in its user's terms: with the way out where the settings can't be read,
 // and as a warning where it is stored but not confirmed on disk.
 Problem problemOf(Source source, const platform::Error& error);
-// The same with its `file` on this machine. The root itself, and what lies in the folder of what
-// this host remembers, are named so already.
+// The same with its `file` on this machine. The root itself, the file of a Request, which the user
+// has chosen, and what lies in the folder of what this host remembers, are named so already.
 Problem onMachine(Problem problem, const foundation::DeviceRoot& root);
 // Failed or Unconfirmed, and that problem; `before` stands before its words.
 Failure failureOf(Source source, const platform::Error& error, const std::string& before = {});

@@ -86,11 +86,11 @@ std::string wordsOf(const PSSpecifier& row, const plist::Value& value) {
 
 // What the window says as long as a list is read, by the row that leads to it.
 constexpr std::pair<std::string_view, std::string_view> kReading[] = {
-    {"savedprofiles", "Reading profiles…"},
-    {"profile", "Reading profiles…"},
-    {"batterylog", "Reading the battery log…"},
-    {"playsound", "Reading sounds…"},
-    {"adressbook", "Reading contacts…"}};
+    {prefs::kSavedProfilesRow, "Reading profiles…"},
+    {prefs::key::profile, "Reading profiles…"},
+    {prefs::kBatteryLogRow, "Reading the battery log…"},
+    {prefs::key::playsound, "Reading sounds…"},
+    {prefs::key::adressbook, "Reading contacts…"}};
 
 std::string wordsFor(std::span<const std::pair<std::string_view, std::string_view>> table,
                      const PSSpecifier& row) {

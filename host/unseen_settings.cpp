@@ -1,5 +1,8 @@
 #include "host/unseen_settings.h"
 
+#include "platform/preferences/PSSpecifier.h"
+#include "prefs/keys.h"
+
 namespace host {
 namespace {
 
@@ -25,6 +28,13 @@ preferences::Environment beside(const preferences::Environment& shown,
 }
 
 }  // namespace
+
+preferences::ChoicesAnswer contactsWhenOpened(std::string_view, const preferences::PSSpecifier& row,
+                                              preferences::ChoicesFor what) {
+  const bool leadsToContacts = row.identifier() == std::string_view(prefs::key::adressbook);
+  if (what == preferences::ChoicesFor::Opening || !leadsToContacts) return std::nullopt;
+  return nullptr;
+}
 
 UnseenSettings::Surroundings::Surroundings(preferences::Environment& shown)
     : environment(beside(shown, center, clock)) {}

@@ -7,6 +7,12 @@
 
 namespace host {
 
+// A source of choices for pages that nobody sees: of contacts it has none for the row that leads to
+// them, so that an address book that doesn't answer stops nobody who hasn't asked for contacts.
+preferences::ChoicesAnswer contactsWhenOpened(std::string_view pageClass,
+                                              const preferences::PSSpecifier& row,
+                                              preferences::ChoicesFor what);
+
 // The settings of an environment in which a face shows pages. They are read and changed on other
 // pages, which nobody sees, in a time of their own; the shown ones don't notice.
 class UnseenSettings : public Settings {

@@ -1,5 +1,7 @@
 #include "services/data_source.h"
 
+#include <algorithm>
+
 namespace services {
 
 namespace {

@@ -21,8 +21,9 @@ class DesktopBooks {
   // The cards of every address book that is enabled, in the order of the books' identifiers. None,
   // and no failure, where there is no bus or no server on it.
   //
-  // It waits no longer than three seconds in all. After such a wait it fails at once for as long as
-  // thirty; after any other failure the next call tries again. May be called from any thread.
+  // One call at a time; once it is its turn it waits no longer than three seconds in all. After
+  // such a wait it fails at once for as long as thirty; after any other failure the next call tries
+  // again. May be called from any thread.
   virtual Cards cards() = 0;
 };
 

@@ -67,9 +67,10 @@ class Conversation {
     const Message request(made);
     if (status >= 0) status = sd_bus_message_set_auto_start(request.get(), false);
     if (status >= 0 && argument) status = sd_bus_message_append(request.get(), "s", argument);
-    if (status >= 0 && left() == 0) status = -ETIMEDOUT;
+    const std::uint64_t patience = left();  // none would be sd-bus's own, of 25 s
+    if (status >= 0 && patience == 0) status = -ETIMEDOUT;
     sd_bus_message* reply = nullptr;
-    if (status >= 0) status = sd_bus_call(bus_.get(), request.get(), left(), nullptr, &reply);
+    if (status >= 0) status = sd_bus_call(bus_.get(), request.get(), patience, nullptr, &reply);
     return Message(reply);
   }
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "host/text.h"
+#include "host/unseen_settings.h"
 #include "host/user_file.h"
 
 namespace cli {
@@ -43,6 +44,7 @@ host::Device& Session::device() {
 
 host::Settings Session::settings() {
   host::Device& made = device();
+  made.environment().choicesSource = host::contactsWhenOpened;
   return {made.environment(), *clock_, made.notifications(),
           [&made] { return made.takeProblems(host::Severity::Failure); }};
 }

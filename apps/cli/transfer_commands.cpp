@@ -47,14 +47,14 @@ Outcome<Done> importSettings(Session& session, const Arguments& arguments) {
   if (!bytes) return failureOf(bytes.error());
   host::Settings settings = session.settings();
   preferences::Environment& environment = session.device().environment();
+  const auto changes = host::changesOfImport(settings, environment, *bytes);
+  if (!changes) return failureOfImport(changes.error(), file);
   if (arguments.has("--dry-run")) {
-    const auto changes = host::changesOfImport(settings, environment, *bytes);
-    if (!changes) return failureOfImport(changes.error(), file);
     printDifferences(session, *changes);
     return Done{};
   }
   const host::UserChange change(session.device().backups(), "import", host::Backups::Label::Fixed,
-                                "import");
+                                changes->empty() ? "" : "import");
   const auto imported = host::importSettings(settings, environment, *bytes);
   if (!imported) return failureOfImport(imported.error(), file);
   return Done{};

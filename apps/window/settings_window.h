@@ -37,7 +37,7 @@ host::ListReader::MakeSource sourcesBeside(const host::Device& device);
 host::ListReader::Post postTo(QObject& context);
 
 // The window on a Settings application that runs on this queue. Needs a QGuiApplication; when that
-// becomes active, so does the Settings application. Its first frame is as it begins.
+// becomes active, so does the Settings application.
 class SettingsWindow : public QObject {
   Q_OBJECT
 

@@ -99,7 +99,10 @@ std::set<std::string> FolderWatch::takeChanges() {
     for (const char* at = events; at < events + size;) {
       const auto* event = reinterpret_cast<const inotify_event*>(at);
       at += sizeof(inotify_event) + event->len;
-      if (event->mask & IN_Q_OVERFLOW) changed.insert(folders_.begin(), folders_.end());
+      if (event->mask & IN_Q_OVERFLOW) {
+        changed.insert(folders_.begin(), folders_.end());
+        moved = true;
+      }
       const auto found = interests_.find(event->wd);
       if (found == interests_.end()) continue;
       const std::string name = event->len > 0 ? event->name : "";

@@ -15,8 +15,9 @@ namespace foundation {
 // Follows what any process changes in folders below a device root, by inotify(7). A folder, or the
 // root, that doesn't exist yet is followed from the moment it is made; one that is put in another's
 // place, instead of it. A file counts as changed when it is put there, renamed, removed, or closed
-// after it was written; not while it is being written, or is new and empty. One whose name begins
-// with a dot is a lock, or a file that gets its name once it is written, and doesn't count.
+// after it was written, and when it is new and holds something by the time that the change is
+// taken; not while it is being written otherwise. One whose name begins with a dot is a lock, or a
+// file that gets its name once it is written, and doesn't count.
 class FolderWatch {
  public:
   // `root` has to outlive it.

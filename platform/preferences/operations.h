@@ -139,7 +139,7 @@ using OperationTable = std::vector<Operation>;
 
 // All that a list, a button, an observer or the platform can call on a class, by selector; what
 // isn't in the table is looked for in the base class's. The table is made when it is first asked
-// for, so that a table that is not used costs nothing.
+// for, by any thread, so that one that is not used costs nothing.
 class Operations {
  public:
   constexpr Operations(OperationTable (*make)(), const Operations* base = nullptr)

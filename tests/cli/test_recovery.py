@@ -41,6 +41,17 @@ class Snapshots(RecoveryTest):
         self.output("reset", "bluetooth")  # has its default
         self.assertEqual(self.document("snapshot", "list"), kept)
 
+    def test_an_import_that_changes_nothing_keeps_none(self):
+        self.output("set", "wifi", "1")
+        self.output("export", "settings.plist")
+        self.output("import", "settings.plist")
+        self.output("set", "wifi", "2")
+        kept = self.befores()
+        self.output("import", "settings.plist")
+        self.assertEqual(self.befores(), kept + ["import"])
+        self.output("import", "settings.plist")
+        self.assertEqual(self.befores(), kept + ["import"])
+
     def test_one_is_kept_before_each_change_of_many_values(self):
         self.output("set", "wifi", "1")
         self.output("profile", "save", "20")
@@ -102,7 +113,7 @@ class Snapshots(RecoveryTest):
         self.write_profile({"wifi": 2})
         done = self.run_program("profile", "load", "20")
         self.assertEqual(done.returncode, 0)
-        self.assertIn(b'no snapshot was kept before "load 20"', done.stderr)
+        self.assertIn(b'the snapshot before "load Battery 20%" was not kept', done.stderr)
         self.assertEqual(self.domain()["wifi"], 2)
 
     def test_without_a_home_nothing_is_kept_and_that_is_said(self):

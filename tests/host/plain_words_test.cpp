@@ -34,10 +34,9 @@ TEST(PlainWords, SayWhatIsStoredButNotConfirmed) {
 
 TEST(PlainWords, OfWhatIsKeptSayWhatFailedOfIt) {
   const Error full{"/state/snapshots/1", ENOSPC, "write"};
-  EXPECT_EQ(
-      host::plainWords(Source::Backups,
-                       Error{.what = "no snapshot was kept before \"load 20\""}.because(full)),
-      "No snapshot was kept before \"load 20\": the disk is full.");
+  EXPECT_EQ(host::plainWords(Source::Backups,
+                             Error{.what = "the daily snapshot was not kept"}.because(full)),
+            "The daily snapshot was not kept: the disk is full.");
   EXPECT_EQ(host::plainWords(Source::Backups,
                              Error{.what = "\"delete 20\" can't be undone"}.because(full)),
             "\"delete 20\" can't be undone: the disk is full.");

@@ -96,7 +96,7 @@ TEST_F(HostSnapshots, ADailyOneThatFailedIsTakenByTheNextProgram) {
   std::ofstream(folder) << "a file";
   device.set("wifi", 1);
   EXPECT_THAT(device.warnings,
-              ElementsAre(testing::StartsWith("no snapshot was kept before \"daily\"")));
+              ElementsAre(testing::StartsWith("the daily snapshot was not kept: ")));
   std::filesystem::remove(folder);
   device.startAnew();
   device.set("wifi", 2);
@@ -117,7 +117,7 @@ TEST_F(HostSnapshots, OneThatIsNotConfirmedOnDiskIsThere) {
   EXPECT_TRUE(device.backups->keepOrWarn("load 20"));
   EXPECT_THAT(device.warnings,
               ElementsAre(testing::StartsWith(
-                  "the snapshot is not confirmed on disk that was kept before \"load 20\": ")));
+                  "the snapshot before \"load Battery 20%\" is not confirmed on disk: ")));
   EXPECT_EQ(device.snapshots().size(), 20u);
   EXPECT_EQ(device.snapshots().back(), "load 20");
 }
@@ -179,7 +179,7 @@ TEST_F(HostSnapshots, AChangeIsMadeThoughNothingCanBeKept) {
   EXPECT_NE(std::ranges::find_if(device.warnings,
                                  [](const std::string& warning) {
                                    return warning.starts_with(
-                                       "no snapshot was kept before \"load 55\": ");
+                                       "the snapshot before \"load Battery 55%\" was not kept: ");
                                  }),
             device.warnings.end());
 }
@@ -206,7 +206,7 @@ TEST_F(HostSnapshots, LargerThanTheyCanBeAreRefusedInWordsAndDisableNoChange) {
   device.set("wifi", 2);
   EXPECT_EQ(device.stored("wifi"), Value(2));
   EXPECT_THAT(device.warnings,
-              ElementsAre(testing::HasSubstr("no snapshot was kept before \"daily\"")));
+              ElementsAre(testing::HasSubstr("the daily snapshot was not kept: ")));
 }
 
 TEST_F(HostSnapshots, OfTheLargestSizeCanBeReadAgain) {

@@ -80,6 +80,27 @@ TEST_F(FolderWatching, ANewFileThatIsEmptyStillHasNotChangedYet) {
   EXPECT_THAT(watch().takeChanges(), ElementsAre(kDocuments));
 }
 
+TEST_F(FolderWatching, FollowsAFolderThatWasPutInPlaceWhileEventsWereLost) {
+  makeFolders();
+  folder_.write(std::string(kDocuments) + "a", "1");
+  watch();
+  int limit = 0;
+  ASSERT_TRUE(std::ifstream("/proc/sys/fs/inotify/max_queued_events") >> limit);
+  if (limit > 1 << 17) GTEST_SKIP() << "the queue of events is too long to be filled";
+  const auto a = folder_.at(kDocuments) / "a", b = folder_.at(kDocuments) / "b";
+  for (int i = 0; i <= limit; i += 4) {
+    fs::rename(a, b);
+    fs::rename(b, a);
+  }
+  const auto documents = folder_.at(kDocuments).parent_path();
+  fs::rename(documents, folder_.at("/old"));
+  fs::create_directories(documents);
+  EXPECT_THAT(watch().takeChanges(), ElementsAre(kDocuments, kSettings));
+  watch().takeChanges();
+  folder_.write(std::string(kDocuments) + "log", "1");
+  EXPECT_THAT(watch().takeChanges(), ElementsAre(kDocuments));
+}
+
 TEST_F(FolderWatching, SeesALinkAndASecondName) {
   makeFolders();
   folder_.write("/file", "1");

@@ -135,13 +135,14 @@ TEST_F(Notices, DamagedProfilesAreSaidWhereTheyAreListed) {
   write("/var/mobile/Documents/Quorvantis/profile_50.qvx",
         plist::Dictionary{{"profile", "50"}, {"enabled", true}});
   open();
-  EXPECT_FALSE(says("Left out"));
+  EXPECT_FALSE(says("No profile can be read"));
   driver->click(labelOf("savedprofiles"));
-  EXPECT_TRUE(
-      says("profile_10.qvx, profile_20.qvx, profile_30.qvx and 1 more in " + folder.path()));
+  EXPECT_TRUE(says(
+      "No profile can be read from profile_10.qvx, profile_20.qvx, profile_30.qvx and 1 more in " +
+      folder.path()));
   EXPECT_EQ(driver->itemsOfType("ChoiceRow").size(), 1u);
   driver->key(Qt::Key_Escape);
-  EXPECT_FALSE(says("Left out"));
+  EXPECT_FALSE(says("No profile can be read"));
   EXPECT_TRUE(bridge().problems().isEmpty());
 }
 
