@@ -66,7 +66,7 @@ int show(QQuickWindow* window, qint64 started, bool idle) {
 
 int showSettings(qint64 started, bool idle, const std::string& folder) {
   window::Options options;
-  options.device.root = folder + "/root";
+  options.device.root = folder + "/device";
   options.device.state = folder + "/state";
   const auto session = window::Session::open(options);
   return session ? show((*session)->settings().quickWindow(), started, idle) : 1;
