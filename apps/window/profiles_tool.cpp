@@ -1,5 +1,6 @@
 #include "apps/window/profiles_tool.h"
 
+#include <QDir>
 #include <QStandardPaths>
 #include <algorithm>
 
@@ -70,7 +71,8 @@ void ProfilesTool::importUrl(const QUrl& url) {
 }
 
 QString ProfilesTool::suggestedFolder() const {
-  return QStandardPaths::writableLocation(QStandardPaths::DownloadLocation) + '/';
+  const QString downloads = QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
+  return (QDir(downloads).exists() ? downloads : QDir::homePath()) + '/';
 }
 
 }  // namespace window

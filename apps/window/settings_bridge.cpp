@@ -44,9 +44,9 @@ void SettingsBridge::refresh() {
 }
 
 void SettingsBridge::show(const host::Scene& scene) {
+  recovery_.refresh(scene.damage);
   showPages(scene.pages);
   showAlerts(scene.alerts);
-  recovery_.refresh(scene.damage);
   if (scene.problems == problems_) return;
   problems_ = scene.problems;
   emit problemsChanged();
@@ -154,8 +154,9 @@ void SettingsBridge::summarise() {
       application_.pages().empty()
           ? nullptr
           : dynamic_cast<preferences::PSListController*>(application_.pages().front().get());
-  if (!list || !contents() || recovery_.damaged()) return;
+  if (!list || !contents()) return;
   QHash<QString, QString> summaries;
+  if (recovery_.damaged()) return contents()->rows()->summarise(summaries);
   const auto wordsOf = [&](const preferences::PSSpecifier& row) -> std::string {
     if (!lists_) return summaries_.of(row);
     if (lists_->isReading(list->className(), row)) return "…";

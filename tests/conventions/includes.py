@@ -138,7 +138,7 @@ def fault_of(root, path, module, target):
         return "an include must name its file"
     quoted, header = named[1] is not None, named[1] or named[2]
     # moc's output stands beside the class that it completes.
-    if module in ("apps/window", "bench", "tests") and quoted and header == Path(path).stem + ".moc":
+    if module in ("apps/window", "tests") and quoted and header == Path(path).stem + ".moc":
         return None
     if quoted:
         return project_fault(root, module, header)
@@ -186,7 +186,7 @@ def faults_in(root, path):
         yield f"{path}: stands outside all modules"
         return
     if path.endswith(".qml"):
-        if module not in ("apps/window", "tests"):
+        if module not in ("apps/window", "bench", "tests"):
             yield f"{path}: {module} may not hold QML"
         return
     text = (root / path).read_text(encoding="utf-8", errors="replace").replace("\\\n", "")

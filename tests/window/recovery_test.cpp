@@ -62,6 +62,25 @@ TEST_F(DamagedWindow, ShowsNoValueAndChangesNothing) {
   EXPECT_EQ(settings.readAll(), "not a property list");
 }
 
+TEST_F(DamagedWindow, TheLinksSayNothingUntilAnotherProgramHasRepairedTheSettings) {
+  const auto summary = [this](const QString& label) {
+    return driver->accessible(label, kButton)->text(QAccessible::Description);
+  };
+  foundation::DeviceRoot root(folder.path().toStdString());
+  foundation::Preferences others(root);
+  ASSERT_TRUE(others.setAppValue("wifi", Value(2), prefs::kDomain));
+  open();
+  ASSERT_TRUE(summary("Power Saving").contains("Wi-Fi off"))
+      << summary("Power Saving").toStdString();
+  damage();
+  ASSERT_TRUE(driver->until([this] { return asks(); }));
+  EXPECT_FALSE(summary("Power Saving").contains("Wi-Fi"));
+  ASSERT_TRUE(QFile::remove(folder.path() + kSettings));
+  ASSERT_TRUE(others.setAppValue("wifi", Value(1), prefs::kDomain));
+  EXPECT_TRUE(driver->until([&] { return summary("Power Saving").contains("Wi-Fi on"); }))
+      << summary("Power Saving").toStdString();
+}
+
 TEST_F(DamagedWindow, WithoutASnapshotOnlyStartsAnew) {
   openDamaged("PowerSavingListController");
   EXPECT_FALSE(driver->find(kRestore, kButton)->isEnabled());
