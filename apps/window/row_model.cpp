@@ -115,7 +115,10 @@ int RowModel::nextLink() const {
 void RowModel::summarise(const QHash<QString, QString>& summaries) {
   if (summaries == summaries_) return;
   summaries_ = summaries;
-  show(rows_);
+  std::vector<Row> rows = rows_;
+  for (Row& row : rows)
+    if (row.opens) row.value.clear();
+  show(std::move(rows));
 }
 
 int RowModel::rowCount(const QModelIndex& parent) const {
