@@ -1,6 +1,5 @@
-#include <systemd/sd-bus.h>
-
 #include "services/bus.h"
+#include "services/bus_connection.h"
 #include "services/module.h"
 
 namespace services {
@@ -13,17 +12,6 @@ using namespace std::chrono_literals;
 constexpr auto kPatience = 250ms;
 constexpr auto kQuarantine = 10s;
 constexpr std::uint64_t kCallTimeout = 2'000'000;  // microseconds
-
-struct CloseBus {
-  void operator()(sd_bus* bus) const { sd_bus_close_unref(bus); }
-};
-using Connection = std::unique_ptr<sd_bus, CloseBus>;
-
-Connection connect(int& status) {
-  sd_bus* bus = nullptr;
-  status = sd_bus_open_user(&bus);
-  return Connection(bus);
-}
 
 platform::Error noBus(int status) {
   if (status == -ENOMEDIUM)
@@ -54,7 +42,7 @@ int flush(sd_bus* bus, Clock::time_point deadline) {
 
 class BusListener : public Listener {
  public:
-  BusListener(Connection bus, std::set<std::string, std::less<>> names)
+  BusListener(BusConnection bus, std::set<std::string, std::less<>> names)
       : bus_(std::move(bus)), names_(std::move(names)) {}
 
   int start() {
@@ -90,7 +78,7 @@ class BusListener : public Listener {
     return 0;
   }
 
-  Connection bus_;
+  BusConnection bus_;
   std::set<std::string, std::less<>> names_;
   const Received* received_ = nullptr;
 };
@@ -108,7 +96,7 @@ class SessionBus : public Bus {
   platform::Result<std::unique_ptr<Listener>> listen(
       std::set<std::string, std::less<>> names) override {
     int status;
-    Connection bus = connect(status);
+    BusConnection bus = connectToBus(status);
     if (!bus) return noBus(status);
     auto listener = std::make_unique<BusListener>(std::move(bus), std::move(names));
     if (status = listener->start(); status < 0) return noBus(status);
@@ -118,7 +106,7 @@ class SessionBus : public Bus {
  private:
   int send(std::string_view name) {
     int status = 0;
-    if (!bus_) bus_ = connect(status);
+    if (!bus_) bus_ = connectToBus(status);
     if (!bus_) return status;
     status = sd_bus_emit_signal(bus_.get(), kBusPath, kBusInterface, kBusMember, "s",
                                 std::string(name).c_str());
@@ -128,7 +116,7 @@ class SessionBus : public Bus {
     return status;
   }
 
-  Connection bus_;
+  BusConnection bus_;
   Clock::time_point leaveAloneUntil_{};
 };
 

@@ -1,5 +1,3 @@
-#include <systemd/sd-bus.h>
-
 #include <chrono>
 #include <map>
 #include <memory>
@@ -7,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "services/bus_connection.h"
 #include "services/data_source.h"
 #include "services/desktop_books.h"
 #include "services/module.h"
@@ -28,11 +27,6 @@ constexpr char kSource[] = "org.gnome.evolution.dataserver.Source";
 constexpr char kBook[] = "org.gnome.evolution.dataserver.AddressBook";
 constexpr char kEveryContact[] = "(contains \"x-evolution-any-field\" \"\")";
 
-struct CloseBus {
-  void operator()(sd_bus* bus) const { sd_bus_close_unref(bus); }
-};
-using Connection = std::unique_ptr<sd_bus, CloseBus>;
-
 struct Unref {
   void operator()(sd_bus_message* message) const { sd_bus_message_unref(message); }
 };
@@ -46,15 +40,12 @@ struct Method {
 // too.
 class Conversation {
  public:
-  Conversation() {
-    sd_bus* bus = nullptr;
-    status = sd_bus_open_user(&bus);
-    bus_.reset(bus);
+  Conversation() : bus_(connectToBus(status)) {
     if (status < 0) return;
     isBus_ = true;
     status = 0;
-    while (status >= 0 && sd_bus_is_ready(bus) <= 0)
-      if (status = sd_bus_process(bus, nullptr); status == 0) status = wait();
+    while (status >= 0 && sd_bus_is_ready(bus_.get()) <= 0)
+      if (status = sd_bus_process(bus_.get(), nullptr); status == 0) status = wait();
   }
 
   // Arguments and reply are texts.
@@ -91,7 +82,7 @@ class Conversation {
   }
 
   Clock::time_point deadline_ = Clock::now() + kPatience;
-  Connection bus_;
+  BusConnection bus_;
   bool isBus_ = false;
 };
 
