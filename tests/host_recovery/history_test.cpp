@@ -21,6 +21,15 @@ class HostHistory : public testing::Test {
     EXPECT_TRUE(found && *found);
     return found && *found ? (*found)->change.what : "";
   }
+  // A set that waits to be stored from then on.
+  void setWhileForbidden(const std::string& key) {
+    device.forbid();
+    {
+      const host::UserChange change(device.backups.get(), "set " + key);
+      EXPECT_FALSE(device.preferences.setAppValue(key, 1, prefs::kDomain));
+    }
+    device.allow();
+  }
   bool nothingToUndo() {
     const auto undone = host::undo(device.environment, *device.backups);
     return !undone && undone.error().reason == host::Failure::NotFound;
@@ -313,12 +322,7 @@ TEST_F(HostHistory, AChangeToTheSameValueIsNotInIt) {
 
 TEST_F(HostHistory, WhatWaitsToBeStoredIsTheLastChange) {
   device.set("vpn", 1);
-  device.forbid();
-  {
-    const host::UserChange change(device.backups.get(), "set wifi");
-    EXPECT_FALSE(device.preferences.setAppValue("wifi", 1, prefs::kDomain));
-  }
-  device.allow();
+  setWhileForbidden("wifi");
   EXPECT_EQ(undo().what, "set wifi");
   EXPECT_EQ(device.stored("wifi"), std::nullopt);
   EXPECT_EQ(device.stored("vpn"), Value(1));
@@ -327,12 +331,7 @@ TEST_F(HostHistory, WhatWaitsToBeStoredIsTheLastChange) {
 // As a menu that is opened then names it.
 TEST_F(HostHistory, TheNextToBeUndoneIsTheOneThatAnUndoTakes) {
   device.set("vpn", 1);
-  device.forbid();
-  {
-    const host::UserChange change(device.backups.get(), "set wifi");
-    EXPECT_FALSE(device.preferences.setAppValue("wifi", 1, prefs::kDomain));
-  }
-  device.allow();
+  setWhileForbidden("wifi");
   EXPECT_EQ(next(host::nextUndo), "set wifi");
   device.backups->beginChange("drag custbright");
   ASSERT_TRUE(device.preferences.setAppValue("custbright", 5, prefs::kDomain));
