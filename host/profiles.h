@@ -22,6 +22,7 @@ struct SavedProfile {
   bool active = true;  // its trigger does something
 
   std::string longTitle() const;  // "Battery 20% - Night"
+  bool operator==(const SavedProfile&) const = default;
 };
 
 class Profiles {

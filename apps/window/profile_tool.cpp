@@ -1,5 +1,7 @@
 #include "apps/window/profile_tool.h"
 
+#include <cerrno>
+
 #include "apps/window/tools.h"
 #include "apps/window/values.h"
 #include "host/user_file.h"
@@ -101,15 +103,27 @@ bool ProfileTool::describe(const QString& description) {
   return read() && described;
 }
 
-bool ProfileTool::exportTo(const QString& file) {
+bool ProfileTool::look() {
+  const auto profile = tools_.savedProfiles().read(trigger_);
+  if (!profile && profile.error().reason == host::Failure::NotFound) return false;
+  return read();
+}
+
+bool ProfileTool::exportTo(const QString& file, bool replace) {
   const std::string path = file.toStdString();
   const auto bytes = tools_.savedProfiles().exportXml(trigger_);
   if (!bytes) {
     tools_.report(bytes.error());
     return false;
   }
-  const auto written = host::writeUserFile(path, *bytes, host::Existing::Keep);
-  if (!written) tools_.report(host::failureOf(host::Source::Request, written.error()));
+  const auto existing = replace ? host::Existing::Overwrite : host::Existing::Keep;
+  const auto written = host::writeUserFile(path, *bytes, existing);
+  if (written)
+    emit exported(file);
+  else if (written.error().code == EEXIST)
+    emit replaceWanted(file);
+  else
+    tools_.report(host::failureOf(host::Source::Request, written.error()));
   return static_cast<bool>(written);
 }
 

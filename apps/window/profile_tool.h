@@ -58,11 +58,15 @@ class ProfileTool : public QObject {
   Q_INVOKABLE bool load();
   Q_INVOKABLE bool remove();
   Q_INVOKABLE bool describe(const QString& description);
-  // As an XML property list; a file that is there stays.
-  Q_INVOKABLE bool exportTo(const QString& file);
+  // Reads it and what it is compared with again; false: it is gone.
+  Q_INVOKABLE bool look();
+  // As an XML property list; asks first where it would replace a file.
+  Q_INVOKABLE bool exportTo(const QString& file, bool replace);
 
  signals:
   void changed();
+  void exported(const QString& file);
+  void replaceWanted(const QString& file);
 
  private:
   bool read();

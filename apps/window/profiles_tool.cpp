@@ -44,8 +44,10 @@ QStringList ProfilesTool::triggerPaths() const {
 void ProfilesTool::look() {
   auto found = tools_.savedProfiles().list();
   if (!found) tools_.report(found.error());
+  auto saved = found ? std::move(*found) : std::vector<host::SavedProfile>();
+  if (saved == saved_ && failed_ == !found) return;
   failed_ = !found;
-  saved_ = found ? std::move(*found) : std::vector<host::SavedProfile>();
+  saved_ = std::move(saved);
   emit changed();
 }
 

@@ -211,6 +211,7 @@ void SettingsBridge::activate() {
   perform(host::Activate{});
   // Other programs may have stored what cells show as they are laid out.
   perform(host::Layout{});
+  if (tools_) emit tools_->storedChanged();
 }
 
 void SettingsBridge::dismiss(int problem) {

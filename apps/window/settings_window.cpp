@@ -85,7 +85,10 @@ void SettingsWindow::attach(host::Device& device, const host::ListReader* lists)
   bridge_.refresh();
   if (following_->descriptor() < 0) return;
   auto* notifier = new QSocketNotifier(following_->descriptor(), QSocketNotifier::Read, this);
-  connect(notifier, &QSocketNotifier::activated, this, [this] { following_->look(); });
+  connect(notifier, &QSocketNotifier::activated, this, [this] {
+    following_->look();
+    emit bridge_.tools()->storedChanged();
+  });
 }
 
 void SettingsWindow::reopen(const std::string& id) {

@@ -63,7 +63,8 @@ class Tools : public QObject {
   Q_INVOKABLE void copy(const QString& text);  // to the clipboard
 
  signals:
-  void pageOpened();  // the views are done with
+  void pageOpened();     // the views are done with
+  void storedChanged();  // what they show may be out of date
   // A view of them is to be shown.
   void searchWanted(const QString& words);
   void changesWanted(const QString& pageClass);  // empty: of all pages

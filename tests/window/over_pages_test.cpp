@@ -42,7 +42,7 @@ TEST_F(OverPages, ANoticeStandsAboveAViewAndLeavesItWhole) {
   openWithProfiles(1);
   showProfile(1);
   const double before = driver->place(only("ProfileView")).top();
-  EXPECT_FALSE(bridge().tools()->profiles()->opened()->exportTo("/dev/null/x.plist"));
+  EXPECT_FALSE(bridge().tools()->profiles()->opened()->exportTo("/dev/null/x.plist", false));
   driver->waitUntilIdle();
   QQuickItem* banner = only("Banner");
   ASSERT_TRUE(banner);

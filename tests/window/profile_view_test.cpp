@@ -2,6 +2,7 @@
 
 #include "apps/window/tools.h"
 #include "host/undo.h"
+#include "prefs/core/names.h"
 #include "tests/window/bundle_window.h"
 
 namespace {
@@ -136,19 +137,65 @@ TEST_F(ProfileView, DeleteAsksFirstAndTheHarmlessButtonHasTheKeyboard) {
 TEST_F(ProfileView, WhatIsExportedIsImportedAgain) {
   openWithProfiles();
   show(kProfile20);
-  ASSERT_TRUE(opened().exportTo(exported("p.plist")));
-  EXPECT_FALSE(opened().exportTo(exported("p.plist"))) << "it is there already";
-  EXPECT_THAT(bridge().problems().join(' ').toStdString(), testing::HasSubstr("exists already"));
+  ASSERT_TRUE(opened().exportTo(exported("p.plist"), false));
   ASSERT_TRUE(opened().remove());
   ASSERT_FALSE(exists(kProfile20));
   bridge().tools()->profiles()->importFile(exported("p.plist"), false);
   EXPECT_TRUE(exists(kProfile20));
 }
 
+TEST_F(ProfileView, AnExportAsksBeforeItReplacesAFile) {
+  openWithProfiles();
+  show(kProfile20);
+  QFile file(exported("p.plist"));
+  ASSERT_TRUE(file.open(QFile::WriteOnly));
+  file.write("mine");
+  file.close();
+  const auto content = [&] {
+    return file.open(QFile::ReadOnly) ? QFile::decodeName(file.readAll()) : QString();
+  };
+  EXPECT_FALSE(opened().exportTo(exported("p.plist"), false));
+  driver->waitUntilIdle();
+  ASSERT_TRUE(driver->shows("Replace This File?") && driver->shows(exported("p.plist")));
+  EXPECT_EQ(driver->focused(), "Cancel");
+  EXPECT_EQ(content(), "mine");
+  file.close();
+  driver->click("Replace", kButton);
+  EXPECT_TRUE(content().startsWith("<?xml"));
+  EXPECT_TRUE(driver->shows("Exported to " + exported("p.plist")));
+  EXPECT_TRUE(bridge().problems().isEmpty());
+}
+
+TEST_F(ProfileView, FollowsWhatOtherProgramsChange) {
+  openWithProfiles();
+  show(kProfile20);
+  ASSERT_THAT(below("A load would change"), testing::Contains("Vibrate: off → on"));
+  foundation::DeviceRoot root(folder.path().toStdString());
+  ASSERT_TRUE(foundation::Preferences(root).setAppValue("vibrate", 1, prefs::kDomain));
+  EXPECT_TRUE(
+      driver->until([&] { return !below("A load would change").contains("Vibrate: off → on"); }));
+  ASSERT_TRUE(QFile::remove(folder.path() + kProfile20));
+  EXPECT_TRUE(driver->until([&] { return driver->itemsOfType("ProfileView").empty(); }));
+  EXPECT_TRUE(bridge().problems().isEmpty());
+}
+
+TEST_F(ProfileView, SaysWhatALoadWouldChangeAgainAfterItWasUndone) {
+  QTemporaryDir kept;
+  options.state = kept.path().toStdString();
+  openWithProfiles();
+  show(kProfile20);
+  const QStringList before = below("A load would change");
+  driver->click("Load", kButton);
+  ASSERT_NE(below("A load would change"), before);
+  driver->key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_TRUE(driver->until([&] { return below("A load would change") == before; }));
+  closeAll();
+}
+
 TEST_F(ProfileView, ADroppedFileIsImportedAndAsksBeforeItReplacesOne) {
   openWithProfiles();
   show(kProfile20);
-  ASSERT_TRUE(opened().exportTo(exported("p.plist")));
+  ASSERT_TRUE(opened().exportTo(exported("p.plist"), false));
   ASSERT_TRUE(opened().describe("Other"));
   driver->key(Qt::Key_Escape);
 

@@ -20,7 +20,7 @@ ToolView {
         const opened = profile;
         tools.questionAsked({ heading: qsTr("Export"), words: qsTr("As a property list, to this file:"), action: qsTr("Export"), editable: true,
             field: tools.profiles.suggestedFolder() + profile.title + ".plist",
-            act: text => { if (opened.exportTo(text) && view) view.note = qsTr("Exported to %1").arg(text); } });
+            act: text => opened.exportTo(text, false) });
     }
     function remove() {
         const opened = profile, profiles = tools.profiles;
@@ -39,6 +39,21 @@ ToolView {
 
     heading: profile.title
 
+    Connections {
+        target: view.profile
+
+        function onExported(file) {
+            view.note = qsTr("Exported to %1").arg(file);
+        }
+    }
+    Connections {
+        target: view.tools
+
+        function onStoredChanged() {
+            if (!view.profile.look())
+                view.done();
+        }
+    }
     ScrollColumn {
         anchors.fill: parent
         bottomMargin: 24

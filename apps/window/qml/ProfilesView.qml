@@ -12,6 +12,13 @@ ToolView {
     heading: qsTr("Saved Profiles")
     Component.onCompleted: profiles.look()
 
+    Connections {
+        target: view.tools
+
+        function onStoredChanged() {
+            view.profiles.look();
+        }
+    }
     TriggerStrip {
         id: strip
 

@@ -14,7 +14,7 @@ QtObject {
 
     readonly property color background: dark ? "#000000" : highContrast ? "#FFFFFF" : "#F2F2F7"
     readonly property color card: highContrast ? background : dark ? "#1C1C1E" : "#FFFFFF"
-    readonly property color hovered: dark ? "#262629" : "#F3F3F7"
+    readonly property color hovered: dark ? "#262629" : "#ECECF1"
     readonly property color pressed: dark ? "#303034" : "#E5E5EA"
     readonly property color bar: highContrast ? background : dark ? "#121214" : "#F9F9FB"
     readonly property color separator: highContrast ? edge : dark ? "#38383A" : "#D1D1D6"

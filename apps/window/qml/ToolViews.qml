@@ -124,6 +124,15 @@ Item {
         }
     }
     Connections {
+        target: views.tools?.profiles.opened ?? null
+
+        function onReplaceWanted(file) {
+            const opened = views.tools.profiles.opened;
+            views.ask({ heading: qsTr("Replace This File?"), words: file, action: qsTr("Replace"), destructive: true,
+                act: () => opened.exportTo(file, true) });
+        }
+    }
+    Connections {
         target: views.tools?.profiles ?? null
 
         function onReplaceWanted(file, title) {
