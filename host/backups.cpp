@@ -93,8 +93,7 @@ Backups::Backups(preferences::Environment& environment, std::string state,
       lockPatience_(lockPatience),
       warn_(std::move(warn)),
       clock_(std::move(clock)),
-      store_(environment.root, lockPatience) {
-  store_.setXmlReader(prefs::readerOf(environment_.xml));
+      store_(environment.preferences, lockPatience) {
   store_.setChangeObserver(this);
 }
 
@@ -287,7 +286,8 @@ void Backups::didChange(std::string_view domain, const foundation::DomainChange&
   const foundation::KeyChanges changes = withoutKept(change);
   if (change_ && !preparing_) merge(changes, change_->settings);
   // Whoever reads it next is not misled: at worst it says that another program has changed it.
-  if (isOpen()) static_cast<void>(state().lastSeen.changed(change.before, change.after, now()));
+  const std::uint64_t before = change.before ? change.before->checksum : 0;
+  if (isOpen()) static_cast<void>(state().lastSeen.changed(before, change.after->checksum, now()));
 }
 
 void Backups::didKeep(std::string_view domain, const foundation::KeyChanges& kept) {

@@ -48,6 +48,16 @@ Error located(const foundation::DeviceRoot& state, Error error) {
   return error;
 }
 
+// In ascending order.
+std::vector<int> numbersIn(const std::vector<std::string>& names) {
+  std::vector<int> numbers;
+  for (const std::string& name : names)
+    if (const auto number = numberIn<int>(name); number && std::to_string(*number) == name)
+      numbers.push_back(*number);
+  std::ranges::sort(numbers);
+  return numbers;
+}
+
 }  // namespace
 
 Result<plist::Dictionary> readRecord(const foundation::DeviceRoot& state, const std::string& path) {
@@ -76,15 +86,9 @@ RecordFolder::RecordFolder(foundation::DeviceRoot& state, std::string path, std:
     : state_(state), path_(std::move(path)), called_(called), kept_(kept), largest_(largest) {}
 
 Result<std::vector<int>> RecordFolder::numbers() const {
-  std::vector<int> found;
   const auto names = state_.contentsOfDirectory(path_);
   if (!names && names.error().code != ENOENT) return located(state_, names.error());
-  if (!names) return found;
-  for (const std::string& name : *names)
-    if (const auto number = numberIn<int>(name); number && std::to_string(*number) == name)
-      found.push_back(*number);
-  std::ranges::sort(found);
-  return found;
+  return names ? numbersIn(*names) : std::vector<int>();
 }
 
 Result<plist::Dictionary> RecordFolder::read(int number) const {
@@ -92,9 +96,7 @@ Result<plist::Dictionary> RecordFolder::read(int number) const {
 }
 
 Result<foundation::Descriptor> RecordFolder::lock(std::chrono::milliseconds patience) {
-  const auto made = state_.createDirectory(path_);
-  if (!made) return located(state_, made.error());
-  const auto folder = state_.openDirectory(path_);
+  const auto folder = state_.openOrCreateDirectory(path_);
   if (!folder) return located(state_, folder.error());
   auto locked = foundation::takeLock(*folder, kLockedName, patience, called_);
   if (!locked) return located(state_, locked.error());
@@ -102,47 +104,54 @@ Result<foundation::Descriptor> RecordFolder::lock(std::chrono::milliseconds pati
 }
 
 Result<int> RecordFolder::addDurably(const plist::Dictionary& record) {
-  return add(record,
-             [](foundation::DeviceRoot& state, const std::string& path, plist::Bytes bytes) {
-               return state.writeDurably(path, bytes, foundation::Existing::Keep);
-             });
+  return add(record, [](foundation::PendingFile& file, const foundation::Directory& folder) {
+    const auto placed = file.takeName();
+    return placed ? foundation::flushFolder(folder) : placed;
+  });
 }
 
 Result<int> RecordFolder::add(const plist::Dictionary& record) {
-  return add(record, [](foundation::DeviceRoot& state, const std::string& path,
-                        plist::Bytes bytes) { return state.create(path, bytes); });
+  return add(record, [](foundation::PendingFile& file, const foundation::Directory&) {
+    return file.takeNameUnflushed();
+  });
 }
 
 // Whoever adds without the lock may take the number first.
-Result<int> RecordFolder::add(const plist::Dictionary& record, Place place) {
+Result<int> RecordFolder::add(const plist::Dictionary& record, Put put) {
   const auto bytes = encodeRecord(record);
   if (!bytes) return bytes.error();
   if (bytes->size() > largest_) return Error{.what = "too large to be kept"};
-  const auto taken = numbers();
-  if (!taken) return taken.error();
-  const int first = taken->empty() ? 1 : taken->back() + 1;
+  const auto folder = state_.openOrCreateDirectory(path_);
+  if (!folder) return located(state_, folder.error());
+  const auto names = folder->names();
+  if (!names) return located(state_, names.error());
+  foundation::removeLeftovers(*folder, *names);
+  std::vector<int> taken = numbersIn(*names);
+  const int first = taken.empty() ? 1 : taken.back() + 1;
   for (int number = first; number < first + kAttempts; ++number) {
-    const auto placed = place(state_, fileOf(number), *bytes);
-    if (!placed && placed.error().code == EEXIST) continue;
-    const bool isThere = placed || placed.error().kind == platform::ErrorKind::Unconfirmed;
-    if (isThere && (taken->size() >= kept_ || bytes->size() > largest_ / kept_)) removeOld();
-    if (!placed) return located(state_, placed.error());
+    auto pending = foundation::PendingFile::write(*folder, std::to_string(number), *bytes);
+    if (!pending) return located(state_, pending.error());
+    const auto added = put(*pending, *folder);
+    if (!added && added.error().code == EEXIST) continue;
+    const bool isThere = added || added.error().kind == platform::ErrorKind::Unconfirmed;
+    if (isThere) taken.push_back(number);
+    if (isThere && (taken.size() > kept_ || bytes->size() > largest_ / kept_))
+      removeOld(*folder, taken);
+    if (!added) return located(state_, added.error());
     return number;
   }
   return Error{state_.directory() + path_, EEXIST, "create"};
 }
 
-void RecordFolder::removeOld() {
-  const auto numbered = numbers();
-  const auto folder = state_.openDirectory(path_);
-  if (!numbered || !folder) return;
-  const std::vector<int> found(numbered->rbegin(), numbered->rend());
+void RecordFolder::removeOld(const foundation::Directory& folder,
+                             const std::vector<int>& numbers) const {
   std::uintmax_t together = 0;
-  for (std::size_t i = 0; i < found.size(); ++i) {
-    const std::string name = std::to_string(found[i]);
-    together += folder->size(name).value_or(0);
-    if (i > 0 && (i >= kept_ || together > largest_))
-      static_cast<void>(folder->remove(name, foundation::Folders::Refuse));
+  std::size_t newer = 0;
+  for (auto number = numbers.rbegin(); number != numbers.rend(); ++number, ++newer) {
+    const std::string name = std::to_string(*number);
+    together += folder.size(name).value_or(0);
+    if (newer > 0 && (newer >= kept_ || together > largest_))
+      static_cast<void>(folder.remove(name, foundation::Folders::Refuse));
   }
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/foundation/device_root.h"
+#include "platform/foundation/durable_file.h"
 #include "platform/plist/value.h"
 
 namespace host {
@@ -41,11 +42,11 @@ class RecordFolder {
   void clear();
 
  private:
-  using Place = platform::Result<platform::Done> (*)(foundation::DeviceRoot& state,
-                                                     const std::string& path, plist::Bytes bytes);
-  platform::Result<int> add(const plist::Dictionary& record, Place place);
+  using Put = platform::Result<platform::Done> (*)(foundation::PendingFile& file,
+                                                   const foundation::Directory& folder);
+  platform::Result<int> add(const plist::Dictionary& record, Put put);
   std::string fileOf(int number) const { return path_ + std::to_string(number); }
-  void removeOld();
+  void removeOld(const foundation::Directory& folder, const std::vector<int>& numbers) const;
 
   foundation::DeviceRoot& state_;
   std::string path_, called_;

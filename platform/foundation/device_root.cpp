@@ -123,6 +123,14 @@ Result<Done> DeviceRoot::createDirectory(std::string_view path) {
   return Done{};
 }
 
+Result<Directory> DeviceRoot::openOrCreateDirectory(std::string_view path) {
+  auto folder = openDirectory(path);
+  if (folder || folder.error().code != ENOENT) return folder;
+  const auto made = createDirectory(path);
+  if (!made) return made.error();
+  return openDirectory(path);
+}
+
 // The folder, made if need be and free of leftovers, and the name in it.
 struct DeviceRoot::Place {
   Directory folder;
@@ -132,9 +140,7 @@ struct DeviceRoot::Place {
 Result<DeviceRoot::Place> DeviceRoot::placeFor(std::string_view path) {
   Location at = locate(path);
   if (!namesAnEntry(at.name)) return Error{std::string(path), EINVAL};
-  const auto made = createDirectory(at.folder);
-  if (!made) return made.error();
-  auto folder = openDirectory(at.folder);
+  auto folder = openOrCreateDirectory(at.folder);
   if (!folder) return folder.error();
   removeLeftovers(*folder);
   return Place{std::move(*folder), std::move(at.name)};
@@ -149,14 +155,6 @@ Result<Done> DeviceRoot::writeDurably(std::string_view path, plist::Bytes bytes,
   const auto placed = pending->place(existing);
   if (!placed) return placed.error();
   return flushFolder(place->folder);
-}
-
-Result<Done> DeviceRoot::create(std::string_view path, plist::Bytes bytes) {
-  const auto place = placeFor(path);
-  if (!place) return place.error();
-  auto pending = PendingFile::write(place->folder, place->name, bytes);
-  if (!pending) return pending.error();
-  return pending->takeNameUnflushed();
 }
 
 Result<Done> DeviceRoot::remove(std::string_view path, Folders folders) {

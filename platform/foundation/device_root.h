@@ -42,6 +42,7 @@ class DeviceRoot {
 
   // With intermediates, all 0700, durable; done already where the folder is there.
   platform::Result<platform::Done> createDirectory(std::string_view path);
+  platform::Result<Directory> openOrCreateDirectory(std::string_view path);
 
   // A new file, mode 0600, in missing folders if need be, in place of the file or link that is
   // there; a folder of that name is an error (EISDIR) and stays. After a crash there is the old one
@@ -51,10 +52,6 @@ class DeviceRoot {
   // error (EEXIST). Leftovers of killed writers of the folder are removed.
   platform::Result<platform::Done> writeDurably(std::string_view path, plist::Bytes bytes,
                                                 Existing existing = Existing::Overwrite);
-
-  // A new file likewise, whole or not at all, but EEXIST where the name is taken, and not durable:
-  // it outlives this process, but not a power cut, which may also leave a part of it.
-  platform::Result<platform::Done> create(std::string_view path, plist::Bytes bytes);
 
   // A file or a link (not what it leads to), durably; a folder with all that it holds, or EISDIR.
   // An error of the kind Unconfirmed: it is gone.

@@ -1,17 +1,16 @@
 #include "platform/foundation/domain_file.h"
 
 #include <fcntl.h>
-#include <stdio.h>
-#include <sys/stat.h>
+#include <sys/file.h>
 #include <time.h>
 
 #include <cerrno>
 #include <thread>
+#include <utility>
 
 #include "platform/foundation/damaged_file.h"
 #include "platform/foundation/durable_file.h"
 #include "platform/foundation/file_lock.h"
-#include "platform/foundation/file_reading.h"
 
 namespace foundation {
 namespace {
@@ -20,27 +19,10 @@ using platform::Done;
 using platform::Error;
 using platform::ErrorKind;
 using platform::Result;
+using Clock = std::chrono::steady_clock;
 
-constexpr std::string_view kFolder = "/var/mobile/Library/Preferences";
-// The coarsest clock of a file system in use ticks every 2 s.
-constexpr std::int64_t kStableAge = 3'000'000'000;
-constexpr int kLooksAgain = 3;
-constexpr std::chrono::milliseconds kPauseBetweenLooks{150};
 constexpr std::string_view kHeld = "the settings";
-constexpr std::int64_t kShortestPropertyList = 42;  // bytes, of a binary one
-
-std::int64_t nanoseconds(const timespec& time) {
-  return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
-}
-
-FileStamp stampOf(const struct stat& status) {
-  timespec now{};
-  clock_gettime(CLOCK_REALTIME, &now);
-  const std::int64_t changed = nanoseconds(status.st_ctim);
-  return {status.st_dev,  status.st_ino,
-          status.st_size, nanoseconds(status.st_mtim),
-          changed,        nanoseconds(now) - changed > kStableAge};
-}
+constexpr std::chrono::milliseconds kSoon{100}, kWayForOthers{2};
 
 Result<Done> checkName(const std::string& name, const std::string& path) {
   const bool oneComponent = name.find('/') == std::string::npos &&
@@ -61,115 +43,95 @@ void apply(const std::string& key, const plist::Value* value, plist::Dictionary&
     entries.remove(key);
 }
 
+// Another program's writing gives the file the time of the kernel's last tick, so not this one:
+// what has it still is what was written here.
+timespec setPreciseTime(int file) {
+  timespec now{};
+  clock_gettime(CLOCK_REALTIME, &now);
+  const timespec times[] = {{0, UTIME_OMIT}, now};
+  return futimens(file, times) == 0 ? now : timespec{};
+}
+
 const plist::Value* pointerTo(const std::optional<plist::Value>& value) {
   return value ? &*value : nullptr;
 }
 
 }  // namespace
 
-std::string domainPath(std::string_view domain) {
-  return std::string(kFolder) + "/" + std::string(domain) + ".plist";
-}
-
-Result<plist::Dictionary> decodeDomain(plist::Bytes bytes, const XmlReader& xml) {
-  return readPropertyList(bytes, xml)
-      .and_then([](plist::Value&& value) -> Result<plist::Dictionary> {
-        auto kept = plist::storable(std::move(value));
-        if (!kept || !kept->dictionary()) return Error{.what = "its top is not a dictionary"};
-        return std::move(*kept->dictionary());
-      });
-}
-
-bool FileStamp::sameFile(const FileStamp& other) const {
-  return device == other.device && inode == other.inode && size == other.size &&
-         modified == other.modified && changed == other.changed;
-}
-
 DomainFile::DomainFile(DeviceRoot& root, std::string_view domain, const XmlReader& xml)
-    : root_(root), xml_(xml), name_(std::string(domain) + ".plist"), path_(domainPath(domain)) {}
+    : root_(root),
+      name_(std::string(domain) + ".plist"),
+      path_(domainPath(domain)),
+      reader_(root, domain, xml) {}
 
-Result<std::optional<DomainFile::Reading>> DomainFile::look(const FileStamp& known,
-                                                            FileStamp& stamp) const {
-  const auto file = root_.open(path_, O_RDONLY);
-  if (!file && file.error().code == ENOENT) return std::optional<Reading>(Reading{});
-  if (!file) return file.error();
-  const auto status = statRegular(*file, path_);
-  if (!status && status.error().code != 0 && status.error().code != EFBIG) return status.error();
-  if (!status) return Error(status.error()).as(ErrorKind::Damaged);
-  stamp = stampOf(*status);
-  if (known.stable && known.sameFile(stamp)) return std::optional<Reading>();
-
-  std::vector<std::uint8_t> bytes;
-  const auto length = readWhole(*file, static_cast<std::size_t>(status->st_size), bytes, path_);
-  if (!length) return Error(length.error()).as(ErrorKind::Damaged);
-  const plist::Bytes read(bytes.data(), *length);
-  auto entries = decodeDomain(read, xml_);
-  if (entries) return std::optional(Reading{std::move(*entries), stamp, checksumOf(read)});
-  return Error{.path = path_, .what = "not a readable property list"}
-      .because(entries.error())
-      .as(ErrorKind::Damaged);
+Result<DomainReadingPtr> DomainFile::read() {
+  if (const auto named = checkName(name_, path_); !named) return named.error();
+  return reader_.read();
 }
 
-Result<std::optional<DomainFile::Reading>> DomainFile::readUnless(const FileStamp& known) {
-  if (const auto named = checkName(name_, path_); !named) return named.error();
-  FileStamp last;
-  for (int again = kLooksAgain;; --again) {
-    FileStamp stamp;
-    auto read = look(known, stamp);
-    if (read || read.error().kind != ErrorKind::Damaged) return read;
-    const bool first = again == kLooksAgain;
-    const bool beingWritten =
-        stamp.inode != 0 && !stamp.stable && !damaged_.sameFile(stamp) &&
-        (first || !last.sameFile(stamp) || stamp.size < kShortestPropertyList);
-    if (again == 0 || !beingWritten) {
-      damaged_ = stamp;
-      return read;
-    }
-    last = stamp;
-    std::this_thread::sleep_for(kPauseBetweenLooks);
-  }
+// False where it is held, or another file has its name.
+bool DomainFile::retakeLock() {
+  if (!place_ || !held_.expired()) return false;
+  // One process that changes the file again and again must not keep the others from it.
+  const bool again = Clock::now() - place_->released < kSoon;
+  if (again && isWaitedFor(place_->lock)) std::this_thread::sleep_for(kWayForOthers);
+  const int lock = place_->lock.number();
+  if (flock(lock, LOCK_EX | LOCK_NB) != 0) return false;
+  const std::string path = root_.directory() + place_->folder.path() + "/" + lockName(name_);
+  struct stat status {};
+  const bool named = stat(path.c_str(), &status) == 0 && status.st_dev == place_->status.st_dev &&
+                     status.st_ino == place_->status.st_ino;
+  if (!named) flock(lock, LOCK_UN);
+  return named;
 }
 
-Result<DomainFile::Locked> DomainFile::lock(std::chrono::milliseconds patience) {
-  if (const auto named = checkName(name_, path_); !named) return named.error();
-  const auto made = root_.createDirectory(kFolder);
-  if (!made) return made.error();
-  auto folder = root_.openDirectory(kFolder);
+Result<Done> DomainFile::openAndLock(std::chrono::milliseconds patience) {
+  auto folder = root_.openOrCreateDirectory(kDomainFolder);
   if (!folder) return folder.error();
   auto lock = takeLock(*folder, name_, patience, kHeld);
   if (!lock) return lock.error();
+  struct stat status {};
+  if (fstat(lock->number(), &status) != 0) return folder->error(lockName(name_), errno, "lock");
   if (!std::exchange(leftoversRemoved_, true)) removeLeftovers(*folder, name_);
-  return Locked{std::move(*folder), std::move(*lock)};
+  place_ = std::make_shared<Place>(std::move(*folder), std::move(*lock), status);
+  return Done{};
 }
 
-Result<Descriptor> DomainFile::hold(std::chrono::milliseconds patience) {
-  auto locked = lock(patience);
-  if (!locked) return locked.error();
-  return std::move(locked->lock);
+Result<DomainLock> DomainFile::lock(std::chrono::milliseconds patience) {
+  if (const auto named = checkName(name_, path_); !named) return named.error();
+  if (!retakeLock())
+    if (const auto locked = openAndLock(patience); !locked) return locked.error();
+  const DomainLock lock(place_.get(), [place = place_](void*) {
+    place->released = Clock::now();
+    flock(place->lock.number(), LOCK_UN);
+  });
+  held_ = lock;
+  return lock;
 }
 
 Result<DomainChange> DomainFile::change(const plist::Dictionary& set,
                                         const std::vector<std::string>& remove,
                                         std::chrono::milliseconds patience) {
-  DomainChange change{.before = checksumOf({}), .after = checksumOf({})};
   // There is nothing to remove from a domain without a file, and so no folder to make.
   if (set.empty()) {
     const auto file = root_.open(path_, O_PATH);
-    if (!file && file.error().code == ENOENT) return change;
+    if (!file && file.error().code == ENOENT) {
+      const auto none = std::make_shared<const DomainReading>();
+      return DomainChange{.before = none, .after = none};
+    }
   }
   auto locked = lock(patience);
   if (!locked) return locked.error();
-  auto old = readUnless(FileStamp{});
+  const auto old = read();
   if (!old) return old.error();
-  plist::Dictionary entries = std::move((*old)->entries);
-  change.before = change.after = (*old)->checksum;
-  change.lock = std::move(locked->lock);
+  DomainChange change{.before = *old, .after = *old, .lock = std::move(*locked)};
+  plist::Dictionary entries = (*old)->entries;
   for (const auto& [key, value] : set) apply(key, &value, entries, change.keys);
   for (const std::string& key : remove) apply(key, nullptr, entries, change.keys);
   if (set.empty() && change.keys.empty()) return change;
-  const auto stored = putOrRemove(locked->folder, entries);
+  auto stored = putOrRemove(std::move(entries));
   if (!stored) return stored.error();
-  change.after = *stored;
+  change.after = std::move(*stored);
   return change;
 }
 
@@ -177,13 +139,13 @@ Result<DomainFile::Exchange> DomainFile::exchange(const KeyChanges& wanted,
                                                   std::chrono::milliseconds patience) {
   auto locked = lock(patience);
   if (!locked) return locked.error();
-  auto old = readUnless(FileStamp{});
+  const auto old = read();
   if (!old) return old.error();
-  plist::Dictionary entries = std::move((*old)->entries);
   Exchange exchange;
   DomainChange& made = exchange.made;
-  made.before = made.after = (*old)->checksum;
-  made.lock = std::move(locked->lock);
+  made.before = made.after = *old;
+  made.lock = std::move(*locked);
+  plist::Dictionary entries = (*old)->entries;
   for (const auto& [key, from, to] : wanted) {
     const plist::Value* now = entries.find(key);
     if (isSame(now, pointerTo(from)))
@@ -192,77 +154,80 @@ Result<DomainFile::Exchange> DomainFile::exchange(const KeyChanges& wanted,
       exchange.left.push_back(key);
   }
   if (made.keys.empty()) return exchange;
-  const auto stored = putOrRemove(locked->folder, entries);
+  auto stored = putOrRemove(std::move(entries));
   if (!stored) return stored.error();
-  made.after = *stored;
+  made.after = std::move(*stored);
   return exchange;
 }
 
-Result<std::uint64_t> DomainFile::putOrRemove(const Directory& folder,
-                                              const plist::Dictionary& entries) {
-  if (!entries.empty()) return put(folder, entries);
-  if (unlinkat(folder.descriptor(), name_.c_str(), 0) != 0)
-    return folder.error(name_, errno, "remove");
+Result<DomainReadingPtr> DomainFile::putOrRemove(plist::Dictionary entries) {
+  if (!entries.empty()) return put(std::move(entries));
+  if (unlinkat(place_->folder.descriptor(), name_.c_str(), 0) != 0)
+    return place_->folder.error(name_, errno, "remove");
   unflushed_ = true;
   flushFailed_ = false;
-  return checksumOf({});
+  return std::make_shared<const DomainReading>();
 }
 
-Result<std::uint64_t> DomainFile::put(const Directory& folder, const plist::Dictionary& entries) {
-  const auto bytes = plist::writeBinary(entries);
+Result<DomainReadingPtr> DomainFile::put(plist::Dictionary entries) {
+  plist::Value whole(std::move(entries));
+  const auto bytes = plist::writeBinary(whole);
   if (!bytes)
     return Error{.path = path_, .what = "can't be stored"}
         .because(bytes.error())
         .as(ErrorKind::Invalid);
-  auto pending = PendingFile::write(folder, name_, *bytes);
+  auto pending = PendingFile::write(place_->folder, name_, *bytes);
   if (!pending) return pending.error();
+  const timespec time = setPreciseTime(pending->descriptor());
   const auto placed = pending->replaceTarget();
   if (!placed) return placed.error();
   unflushed_ = true;
   flushFailed_ = false;
-  return checksumOf(*bytes);
+  struct stat status {};
+  const bool precise = fstat(pending->descriptor(), &status) == 0 && time.tv_nsec != 0 &&
+                       status.st_mtim.tv_sec == time.tv_sec &&
+                       status.st_mtim.tv_nsec == time.tv_nsec;
+  return reader_.wrote(std::move(*whole.dictionary()), checksumOf(*bytes), status, precise);
 }
 
 Result<DomainChange> DomainFile::replace(const plist::Dictionary& entries,
                                          std::chrono::milliseconds patience) {
   auto locked = lock(patience);
   if (!locked) return locked.error();
-  const auto old = readUnless(FileStamp{});
+  const auto old = read();
   if (old) return Error{.path = path_, .what = "can be read and is not replaced"};
   if (old.error().kind != ErrorKind::Damaged) return old.error();
-  const auto aside = keepAside(locked->folder, name_);
+  const Directory& folder = place_->folder;
+  const auto aside = keepAside(folder, name_);
   if (!aside) return aside.error();
-  const auto stored = put(locked->folder, entries);
+  auto stored = put(entries);
   if (!stored) {
-    unlinkat(locked->folder.descriptor(), aside->c_str(), 0);
+    unlinkat(folder.descriptor(), aside->c_str(), 0);
     return stored.error();
   }
-  removeOldest(locked->folder, name_);
-  return DomainChange{.after = *stored, .lock = std::move(locked->lock)};
+  removeOldest(folder, name_);
+  return DomainChange{.after = std::move(*stored), .lock = std::move(*locked)};
 }
 
 Result<Done> DomainFile::writeAnew(std::chrono::milliseconds patience) {
   const auto locked = lock(patience);
   if (!locked) return locked.error();
-  const auto now = readUnless(FileStamp{});
+  const auto now = read();
   if (!now) return now.error();
   if ((*now)->stamp.inode != 0) {
-    if (const auto written = put(locked->folder, (*now)->entries); !written) return written.error();
+    if (const auto written = put((*now)->entries); !written) return written.error();
   } else {
     // The folder itself is to be written anew; a file that comes and goes does that.
-    auto passing = PendingFile::write(locked->folder, name_, {});
+    auto passing = PendingFile::write(place_->folder, name_, {});
     if (!passing) return passing.error();
     if (const auto flushed = passing->flush(); !flushed) return flushed;
   }
-  return flushFolder(locked->folder);
+  return flushFolder(place_->folder);
 }
 
 Result<Done> DomainFile::flush(std::chrono::milliseconds patience) {
   if (!unflushed_) return Done{};
-  const auto flushed = flushFailed_
-                           ? writeAnew(patience)
-                           : root_.openDirectory(kFolder).and_then(
-                                 [](const Directory& folder) { return flushFolder(folder); });
+  const auto flushed = flushFailed_ ? writeAnew(patience) : flushFolder(place_->folder);
   unflushed_ = flushFailed_ = !flushed;
   if (flushed || flushed.error().kind == ErrorKind::Damaged) return flushed;
   return Error(flushed.error()).as(ErrorKind::Unconfirmed);

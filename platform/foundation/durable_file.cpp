@@ -53,14 +53,6 @@ void removeUnlessLocked(const Directory& folder, const std::string& temporary) {
     unlinkat(folder.descriptor(), temporary.c_str(), 0);
 }
 
-template <class IsUnwanted>
-void removeTemporaries(const Directory& folder, IsUnwanted isUnwanted) {
-  const auto names = folder.names();
-  if (!names) return;
-  for (const std::string& name : *names)
-    if (isTemporary(name) && isUnwanted(name)) removeUnlessLocked(folder, name);
-}
-
 }  // namespace
 
 PendingFile::PendingFile(const Directory& folder, std::string name)
@@ -159,14 +151,22 @@ Result<Done> flushFolder(const Directory& folder) {
 }
 
 void removeLeftovers(const Directory& folder, const std::string& name) {
+  auto names = folder.names();
+  if (!names) return;
   const std::string prefix = temporaryPrefix(name);
-  removeTemporaries(folder, [&](std::string_view temporary) {
-    return temporary.size() == prefix.size() + kSuffixDigits && temporary.starts_with(prefix);
+  std::erase_if(*names, [&](const std::string& other) {
+    return other.size() != prefix.size() + kSuffixDigits || !other.starts_with(prefix);
   });
+  removeLeftovers(folder, *names);
 }
 
 void removeLeftovers(const Directory& folder) {
-  removeTemporaries(folder, [](std::string_view) { return true; });
+  if (const auto names = folder.names()) removeLeftovers(folder, *names);
+}
+
+void removeLeftovers(const Directory& folder, const std::vector<std::string>& names) {
+  for (const std::string& name : names)
+    if (isTemporary(name)) removeUnlessLocked(folder, name);
 }
 
 }  // namespace foundation

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/foundation/descriptor.h"
 #include "platform/foundation/directory.h"
@@ -30,6 +31,8 @@ class PendingFile {
   PendingFile(PendingFile&& other) noexcept;
   PendingFile& operator=(PendingFile&&) = delete;
   ~PendingFile();
+
+  int descriptor() const { return file_.number(); }
 
   platform::Result<platform::Done> flush();
   // Both flush before, where that wasn't done.
@@ -62,5 +65,7 @@ platform::Result<platform::Done> flushFolder(const Directory& folder);
 // nothing that a writer has open.
 void removeLeftovers(const Directory& folder, const std::string& name);
 void removeLeftovers(const Directory& folder);
+// Of these names of the folder.
+void removeLeftovers(const Directory& folder, const std::vector<std::string>& names);
 
 }  // namespace foundation

@@ -59,11 +59,34 @@ Result<bool> isNamed(const Directory& folder, const std::string& name, const Des
   return folder.error(name, errno, "lock");
 }
 
+// A process that waits has a read lock of its own kind on the file, which the flock knows nothing
+// of; closing the file ends it.
+struct flock wholeFile(short type) {
+  struct flock lock {};
+  lock.l_type = type;
+  lock.l_whence = SEEK_SET;
+  return lock;
+}
+
+void showWaiting(const Descriptor& file) {
+  struct flock lock = wholeFile(F_RDLCK);
+  fcntl(file.number(), F_OFD_SETLK, &lock);
+}
+
 }  // namespace
+
+bool isWaitedFor(const Descriptor& lock) {
+  struct flock other = wholeFile(F_WRLCK);
+  return fcntl(lock.number(), F_OFD_GETLK, &other) == 0 && other.l_type != F_UNLCK;
+}
+
+std::string lockName(const std::string& name) {
+  return "." + name + ".lock";
+}
 
 Result<Descriptor> takeLock(const Directory& folder, const std::string& name,
                             std::chrono::milliseconds patience, std::string_view what) {
-  const std::string lock = "." + name + ".lock";
+  const std::string lock = lockName(name);
   const auto deadline = Clock::now() + patience;
   for (Clock::duration pause = kFirstPause;;
        pause = std::min<Clock::duration>(2 * pause, kLongestPause)) {
@@ -81,6 +104,7 @@ Result<Descriptor> takeLock(const Directory& folder, const std::string& name,
     const auto left = deadline - Clock::now();
     if (left <= Clock::duration::zero())
       return folder.error(name, 0, "another program holds " + std::string(what) + holderOf(file));
+    showWaiting(file);
     std::this_thread::sleep_for(std::min(pause, left));
   }
 }

@@ -22,5 +22,9 @@ inline constexpr std::chrono::milliseconds kLockPatience{5000};
 // where /proc/locks has them.
 platform::Result<Descriptor> takeLock(const Directory& folder, const std::string& name,
                                       std::chrono::milliseconds patience, std::string_view what);
+std::string lockName(const std::string& name);  // of the file beside it
+
+// Whether takeLock of another process waits for this lock file, held or not.
+bool isWaitedFor(const Descriptor& lock);
 
 }  // namespace foundation

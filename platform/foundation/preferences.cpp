@@ -37,25 +37,28 @@ void overlay(const plist::Dictionary& sets, plist::Dictionary& entries) {
 
 Preferences::Preferences(DeviceRoot& root, std::chrono::milliseconds lockPatience,
                          FailedSets failedSets)
-    : root_(root), lockPatience_(lockPatience), failedSets_(failedSets) {}
+    : files_(std::make_shared<Files>(root)), lockPatience_(lockPatience), failedSets_(failedSets) {}
+
+Preferences::Preferences(const Preferences& other, std::chrono::milliseconds lockPatience)
+    : files_(other.files_), lockPatience_(lockPatience), failedSets_(FailedSets::Drop) {}
 
 Preferences::Domain& Preferences::domain(std::string_view name) {
   const auto found = domains_.find(name);
   if (found != domains_.end()) return found->second;
-  DomainFile file(root_, name, xml_);
-  Domain made{std::string(name), std::move(file)};
-  return domains_.emplace(made.name, std::move(made)).first->second;
+  std::string owned(name);
+  auto& file = files_->files.try_emplace(owned, files_->root, name, files_->xml).first->second;
+  return domains_.emplace(owned, Domain{.name = owned, .file = file}).first->second;
 }
 
 Preferences::Domain& Preferences::loadedDomain(std::string_view name) {
   Domain& found = domain(name);
-  if (!found.loaded) static_cast<void>(refresh(found));
+  if (!found.seen) static_cast<void>(refresh(found));
   return found;
 }
 
 const plist::Value* Preferences::find(const Domain& domain, std::string_view key) {
   const plist::Value* kept = domain.kept.find(key);
-  if (!kept) return domain.entries.find(key);
+  if (!kept) return domain.seen->entries.find(key);
   return kept->isNothing() ? nullptr : kept;
 }
 
@@ -64,7 +67,7 @@ void Preferences::willChange(const Domain& domain) {
 }
 
 void Preferences::didChange(Domain& domain, const DomainChange& change) {
-  if (domain.left == change.before) domain.left = change.after;
+  if (change.before && domain.left == change.before->checksum) domain.left = change.after->checksum;
   if (observer_) observer_->didChange(domain.name, change);
 }
 
@@ -84,15 +87,23 @@ void Preferences::recovered(Domain& domain) {
 }
 
 Result<Done> Preferences::refresh(Domain& domain) {
-  domain.loaded = true;
-  auto read = domain.file.readUnless(domain.stamp);
+  auto read = domain.file.read();
+  if (!read && !domain.seen) domain.seen = std::make_shared<const DomainReading>();
   if (!read) return failed(domain, read.error());
   if (domain.kept.empty() && !domain.file.unflushed()) recovered(domain);
-  if (*read) {
-    domain.entries = std::move((*read)->entries);
-    domain.stamp = (*read)->stamp;
-  }
+  domain.seen = std::move(*read);
   return Done{};
+}
+
+// What other processes had changed since the domain was seen stays unseen.
+void Preferences::see(Domain& domain, const DomainChange& change, const plist::Dictionary& sets) {
+  if (domain.seen == change.before) {
+    domain.seen = change.after;
+    return;
+  }
+  auto seen = std::make_shared<DomainReading>(*domain.seen);
+  overlay(sets, seen->entries);
+  domain.seen = std::move(seen);
 }
 
 Result<Done> Preferences::store(Domain& domain, const plist::Dictionary& before,
@@ -101,7 +112,7 @@ Result<Done> Preferences::store(Domain& domain, const plist::Dictionary& before,
   auto changed = change(domain.file, domain.kept, patience);
   if (changed) changed->kept = before;
   if (changed && !domain.kept.empty()) didChange(domain, *changed);
-  if (changed && domain.loaded) overlay(domain.kept, domain.entries);
+  if (changed && domain.seen) see(domain, *changed, domain.kept);
   if (changed || changed.error().kind == ErrorKind::Damaged) domain.kept = {};
   if (!changed) return changed.error();
   return Done{};
@@ -145,17 +156,15 @@ Result<Done> Preferences::refresh(std::string_view domain) {
 
 bool Preferences::changedByOthers(std::string_view domain) {
   Domain& target = this->domain(domain);
-  const auto bytes = root_.read(domainPath(domain));
-  std::optional<std::uint64_t> now;
-  if (bytes) now = checksumOf(*bytes);
-  if (!bytes && bytes.error().code == ENOENT) now = checksumOf({});
+  const auto read = target.file.read();
+  const auto now = read ? std::optional((*read)->checksum) : std::nullopt;
   return std::exchange(target.left, now) != now || !now;
 }
 
 std::vector<std::string> Preferences::copyKeyList(std::string_view domain) {
   Domain& source = this->domain(domain);
   static_cast<void>(refresh(source));
-  plist::Dictionary seen = source.entries;
+  plist::Dictionary seen = source.seen->entries;
   overlay(source.kept, seen);
   std::vector<std::string> keys;
   for (const auto& entry : seen) keys.push_back(entry.key);
@@ -176,10 +185,10 @@ plist::Dictionary Preferences::copyMultiple(const std::vector<std::string>& keys
 // A whole-domain write sets keys to what they are; kept, these would undo what other processes set
 // before it can be stored.
 void Preferences::keepChangesOnly(Domain& domain, const plist::Dictionary& before) {
-  if (!domain.loaded) return;
+  if (!domain.seen) return;
   plist::Dictionary changes;
   for (const auto& [key, value] : domain.kept) {
-    const plist::Value* known = domain.entries.find(key);
+    const plist::Value* known = domain.seen->entries.find(key);
     const bool same = known ? *known == value : value.isNothing();
     if (before.find(key) || !same) changes.set(key, value);
   }
@@ -224,13 +233,10 @@ Result<std::vector<std::string>> Preferences::exchange(const KeyChanges& changes
   const auto exchanged = target.file.exchange(changes, lockPatience_);
   if (!exchanged) return failed(target, exchanged.error());
   if (!exchanged->made.keys.empty()) didChange(target, exchanged->made);
-  for (const auto& [key, from, to] : exchanged->made.keys) {
-    if (!target.loaded) break;
-    if (to)
-      target.entries.set(key, *to);
-    else
-      target.entries.remove(key);
-  }
+  plist::Dictionary made;
+  for (const auto& [key, from, to] : exchanged->made.keys)
+    made.set(key, to.value_or(plist::Value()));
+  if (target.seen) see(target, exchanged->made, made);
   if (unfinishedHandler_ && unfinished()) unfinishedHandler_();
   return exchanged->left;
 }
@@ -289,12 +295,12 @@ Result<Done> Preferences::release() {
   return finish(lockPatience_);
 }
 
-Result<Descriptor> Preferences::lock(std::string_view domain) {
-  return this->domain(domain).file.hold(lockPatience_);
+Result<DomainLock> Preferences::lock(std::string_view domain) {
+  return this->domain(domain).file.lock(lockPatience_);
 }
 
 std::optional<Error> Preferences::damage(std::string_view domain) {
-  const auto read = this->domain(domain).file.readUnless(FileStamp{});
+  const auto read = this->domain(domain).file.read();
   return read ? std::nullopt : std::optional(read.error());
 }
 
@@ -306,11 +312,9 @@ Result<Done> Preferences::replaceDomain(const plist::Dictionary& entries, std::s
     const auto replaced = target.file.replace(*storable.dictionary(), lockPatience_);
     if (!replaced) return failed(target, replaced.error());
     didChange(target, *replaced);
+    target.seen = replaced->after;
   }
   target.kept = {};
-  target.entries = *storable.dictionary();
-  target.stamp = {};
-  target.loaded = true;
   if (const auto flushed = target.file.flush(lockPatience_); !flushed) {
     if (unfinishedHandler_) unfinishedHandler_();
     return failed(target, flushed.error());
@@ -340,7 +344,7 @@ void Preferences::setUnfinishedHandler(std::function<void()> handler) {
 }
 
 void Preferences::setXmlReader(XmlReader reader) {
-  xml_ = std::move(reader);
+  files_->xml = std::move(reader);
 }
 
 }  // namespace foundation

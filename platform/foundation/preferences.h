@@ -3,6 +3,7 @@
 #include <chrono>
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,6 +13,7 @@
 #include "platform/foundation/device_root.h"
 #include "platform/foundation/domain_file.h"
 #include "platform/foundation/file_lock.h"
+#include "platform/foundation/property_list.h"
 #include "platform/plist/value.h"
 
 namespace foundation {
@@ -57,6 +59,8 @@ class Preferences {
 
   explicit Preferences(DeviceRoot& root, std::chrono::milliseconds lockPatience = kLockPatience,
                        FailedSets failedSets = FailedSets::Drop);
+  // On the same files, of which each is read once for both.
+  Preferences(const Preferences& other, std::chrono::milliseconds lockPatience);
   Preferences(const Preferences&) = delete;
   Preferences& operator=(const Preferences&) = delete;
 
@@ -106,7 +110,7 @@ class Preferences {
   void drop();
 
   // As long as what it gives lives, nobody else who takes the lock changes the domain's file.
-  platform::Result<Descriptor> lock(std::string_view domain);
+  platform::Result<DomainLock> lock(std::string_view domain);
 
   // Why the domain can't be read now, if it can't.
   std::optional<platform::Error> damage(std::string_view domain);
@@ -138,12 +142,15 @@ class Preferences {
   void setXmlReader(XmlReader reader);
 
  private:
+  struct Files {
+    DeviceRoot& root;
+    XmlReader xml{};
+    std::map<std::string, DomainFile, std::less<>> files{};
+  };
   struct Domain {
     std::string name;
-    DomainFile file;
-    plist::Dictionary entries{};  // as they are on disk
-    FileStamp stamp{};
-    bool loaded = false;
+    DomainFile& file;
+    DomainReadingPtr seen{};                    // null: not read yet
     plist::Dictionary kept{};                   // failed or held sets; Nothing removes its key
     plist::Dictionary keptBefore{};             // what was kept when the hold began
     std::optional<std::uint64_t> left{};        // checksumOf() the file, see changedByOthers
@@ -161,6 +168,7 @@ class Preferences {
   static void keepChangesOnly(Domain& domain, const plist::Dictionary& before);
   static const plist::Value* find(const Domain& domain, std::string_view key);
   platform::Result<platform::Done> refresh(Domain& domain);
+  static void see(Domain& domain, const DomainChange& change, const plist::Dictionary& sets);
   // `before`: what was kept before the latest set.
   platform::Result<platform::Done> store(Domain& domain, const plist::Dictionary& before,
                                          std::chrono::milliseconds patience);
@@ -170,11 +178,10 @@ class Preferences {
   void didChange(Domain& domain, const DomainChange& change);
   void recovered(Domain& domain);
 
-  DeviceRoot& root_;
+  std::shared_ptr<Files> files_;
   std::chrono::milliseconds lockPatience_;
   FailedSets failedSets_;
   bool held_ = false;
-  XmlReader xml_;
   platform::Report problemHandler_, recoveryHandler_;
   std::function<void()> keptHandler_, unfinishedHandler_;
   std::optional<platform::Error> failedSet_;

@@ -4,6 +4,7 @@
 #include "host/profiles.h"
 #include "host/recovery.h"
 #include "host/undo.h"
+#include "prefs/core/archive_file.h"
 #include "tests/prefs_profiles/profiles_device.h"
 
 namespace recovery_test {
@@ -29,6 +30,7 @@ class BackedUpDevice : public profiles_test::ProfilesDevice {
         [this](const platform::Error& error) { warnings.push_back(error.message()); },
         [this] { return now; });
     preferences.setChangeObserver(backups.get());
+    preferences.setXmlReader(prefs::readerOf(realXml));
     preferences.setKeptHandler([this] { backups->rememberKept(); });
     environment.profileGuard = [this](const ::preferences::ProfileStep& step) {
       return backups->guard(step);

@@ -36,16 +36,17 @@ TEST_F(DeviceRootTest, MissingRootReadsAsMissingFiles) {
   EXPECT_FALSE(fs::exists(folder.path()));
 }
 
-TEST_F(DeviceRootTest, CreatesAFileOnlyWhereTheNameIsFree) {
-  const std::uint8_t bytes[] = {'n', 'e', 'w'};
-  ASSERT_TRUE(root.create("/records/1", bytes));
-  EXPECT_EQ(read("/records/1"), "new");
-  EXPECT_EQ(modeOf(folder.at("/records/1")), 0600u);
-  EXPECT_EQ(modeOf(folder.at("/records")), 0700u);
-  const auto again = root.create("/records/1", {});
-  ASSERT_FALSE(again);
-  EXPECT_EQ(again.error().code, EEXIST);
-  EXPECT_EQ(read("/records/1"), "new");
+TEST_F(DeviceRootTest, OpensAFolderThatItMakesIfNeedBe) {
+  for (int round = 0; round < 2; ++round) {
+    const auto made = root.openOrCreateDirectory("/a/b");
+    ASSERT_TRUE(made);
+    EXPECT_EQ(made->path(), "/a/b");
+  }
+  EXPECT_EQ(modeOf(folder.at("/a/b")), 0700u);
+  folder.write("/file", "text");
+  const auto refused = root.openOrCreateDirectory("/file");
+  ASSERT_FALSE(refused);
+  EXPECT_EQ(refused.error().code, ENOTDIR);
 }
 
 TEST_F(DeviceRootTest, ReadsAFileWhole) {

@@ -76,6 +76,40 @@ TEST_F(DomainLock, IsNotNeededForAFlush) {
   EXPECT_TRUE(patient.finish(kPatience));
 }
 
+TEST_F(DomainLock, ShowsWhetherAnotherProcessWaitsForIt) {
+  const auto directory = root.openDirectory(kFolder);
+  const auto take = [&](std::chrono::milliseconds patience) {
+    return takeLock(*directory, "a", patience, "it");
+  };
+  auto lock = take(0ms);
+  ASSERT_TRUE(lock);
+  EXPECT_FALSE(isWaitedFor(*lock));
+  const pid_t waiter = startProcess([&] {
+    lock = platform::Error{};  // the copy that comes with the fork
+    return static_cast<bool>(take(1h));
+  });
+  while (!isWaitedFor(*lock)) poll(nullptr, 0, 1);
+  EXPECT_FALSE(take(0ms));
+  lock = platform::Error{};
+  EXPECT_TRUE(succeeded(waiter));
+  lock = take(0ms);
+  ASSERT_TRUE(lock);
+  EXPECT_FALSE(isWaitedFor(*lock));
+}
+
+TEST_F(DomainLock, IsTakenAnewWhereItsFileOrItsFolderIsAnother) {
+  ASSERT_TRUE(preferences.setAppValue("a", 2, kDomain));
+  const fs::path lock = folder.at(std::string(kFolder) + "/.com.zorvek.quorvantis.plist.lock");
+  fs::remove(lock);
+  ASSERT_TRUE(preferences.setAppValue("a", 3, kDomain));
+  EXPECT_TRUE(fs::exists(lock));
+  fs::rename(folder.at(kFolder), folder.at(std::string(kFolder) + " old"));
+  ASSERT_TRUE(preferences.setAppValue("b", 4, kDomain));
+  ASSERT_TRUE(preferences.finish());
+  EXPECT_EQ(stored("a"), Value());
+  EXPECT_EQ(stored("b"), Value(4));
+}
+
 struct KeptSet : DomainLock {
   KeptSet() {
     keeping.setProblemHandler(

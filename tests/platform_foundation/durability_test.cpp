@@ -241,8 +241,17 @@ TEST_F(Durability, ReplacedDomainIsDurable) {
 // So no reader sees half of it.
 TEST_F(Durability, CreatedFileIsPutInPlaceOnceItIsWhole) {
   const std::uint8_t bytes[] = {'n', 'e', 'w'};
-  ASSERT_TRUE(root.create("/1", bytes));
+  const auto directory = root.openOrCreateDirectory("/records");
+  ASSERT_TRUE(directory);
+  takeLog();
+  ASSERT_TRUE(PendingFile::write(*directory, "1", bytes)->takeNameUnflushed());
   EXPECT_THAT(takeLog(), ElementsAre("rename * 1"));
+  EXPECT_EQ(folder.contents("/records/1"), "new");
+  const auto again = PendingFile::write(*directory, "1", {})->takeNameUnflushed();
+  ASSERT_FALSE(again);
+  EXPECT_EQ(again.error().code, EEXIST);
+  EXPECT_EQ(folder.contents("/records/1"), "new");
+  EXPECT_THAT(folder.names("/records"), ElementsAre("1"));
 }
 
 TEST_F(Durability, SetAsksOnceForItsFlush) {

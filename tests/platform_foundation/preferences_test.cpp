@@ -109,6 +109,18 @@ TEST_F(PreferencesTest, SynchroniseSeesARewriteInPlaceOfTheSameSizeAndTime) {
   }
 }
 
+TEST_F(PreferencesTest, SynchroniseSeesARewriteInPlaceOfWhatItHasJustWritten) {
+  storeElsewhere("wifi", 1);
+  const std::string one = folder.contents(kFile);
+  for (int round = 0; round < 100; ++round) {
+    ASSERT_TRUE(preferences.setAppValue("wifi", 2, kDomain));
+    ASSERT_EQ(folder.contents(kFile).size(), one.size());
+    folder.write(kFile, one);
+    ASSERT_TRUE(preferences.appSynchronize(kDomain));
+    ASSERT_EQ(preferences.copyAppValue("wifi", kDomain), Value(1));
+  }
+}
+
 TEST_F(PreferencesTest, SynchroniseSeesThatTheFileIsGone) {
   storeElsewhere("wifi", 1);
   EXPECT_TRUE(preferences.copyAppValue("wifi", kDomain));
