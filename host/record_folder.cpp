@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <iterator>
 
 #include "host/text.h"
 #include "platform/foundation/checksum.h"
@@ -78,7 +79,8 @@ Result<Done> writeRecord(foundation::DeviceRoot& state, const std::string& path,
 }
 
 bool isLost(const Error& error) {
-  return error.code == 0 || error.code == ENOENT;
+  constexpr int kCodes[] = {0, ENOENT, EISDIR, ELOOP, ENXIO, EFBIG};
+  return std::ranges::find(kCodes, error.code) != std::end(kCodes);
 }
 
 RecordFolder::RecordFolder(foundation::DeviceRoot& state, std::string path, std::string_view called,

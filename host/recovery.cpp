@@ -78,6 +78,10 @@ Attempt<std::optional<Recovery::Good>> Recovery::newestGood() {
   if (!numbers) return failed(numbers.error());
   for (auto number = numbers->rbegin(); number != numbers->rend(); ++number) {
     const auto snapshot = backups_.snapshots().read(*number);
+    if (!snapshot && !isLost(snapshot.error()))
+      return failure(
+          Failure::Failed,
+          snapshot.error().message() + "; once this file is gone, an earlier one can be restored");
     if (!snapshot) continue;
     if (auto settings = settingsIn(*snapshot))
       return std::optional(Good{{*number, snapshot->time, snapshot->before}, std::move(*settings)});

@@ -35,7 +35,8 @@ class Recovery {
     std::vector<Problem> unreadable{};  // why others can't be
   };
   Attempt<List> snapshots();
-  Attempt<std::optional<Entry>> lastGood();  // the newest whose settings can be read
+  // The newest whose settings can be read; an error where the system can't read a newer one now.
+  Attempt<std::optional<Entry>> lastGood();
 
   // The two ways out. Settings that can't be read are kept aside, as DomainFile::replace does it;
   // others are not replaced (Refused). Only the settings change, not the profiles, and an undo

@@ -82,6 +82,14 @@ TEST_F(HostRecovery, RestoresTheLastGoodSnapshot) {
   EXPECT_FALSE(device.recovery().state().changedOutside);
 }
 
+// What the system can't read now may be whole, and an earlier one in its place a loss.
+TEST(HostRecords, AreLostOnlyWhereReadingThemLaterIsOfNoUse) {
+  for (const int code : {0, ENOENT, EISDIR, ELOOP, ENXIO, EFBIG})
+    EXPECT_TRUE(host::isLost({"/snapshots/1", code})) << code;
+  for (const int code : {EIO, EMFILE, ENFILE, ENOMEM, EACCES, EINTR})
+    EXPECT_FALSE(host::isLost({"/snapshots/1", code})) << code;
+}
+
 TEST_F(HostRecovery, WithoutASnapshotSaysSoAndChangesNothing) {
   device.damageDomain();
   const auto damaged = device.file(device.kDomainFile);
