@@ -22,7 +22,7 @@ using platform::Result;
 using Clock = std::chrono::steady_clock;
 
 constexpr std::string_view kHeld = "the settings";
-constexpr std::chrono::milliseconds kSoon{100}, kWayForOthers{2};
+constexpr std::chrono::milliseconds kSoon{100}, kOften{10}, kWayForOthers{2};
 
 Result<Done> checkName(const std::string& name, const std::string& path) {
   const bool oneComponent = name.find('/') == std::string::npos &&
@@ -73,8 +73,11 @@ Result<DomainReadingPtr> DomainFile::read() {
 bool DomainFile::retakeLock() {
   if (!place_ || !held_.expired()) return false;
   // One process that changes the file again and again must not keep the others from it.
-  const bool again = Clock::now() - place_->released < kSoon;
-  if (again && isWaitedFor(place_->lock)) std::this_thread::sleep_for(kWayForOthers);
+  const auto now = Clock::now();
+  if (now - place_->released < kSoon && now - place_->looked > kOften) {
+    if (isWaitedFor(place_->lock)) std::this_thread::sleep_for(kWayForOthers);
+    place_->looked = Clock::now();
+  }
   const int lock = place_->lock.number();
   if (flock(lock, LOCK_EX | LOCK_NB) != 0) return false;
   const std::string path = root_.directory() + place_->folder.path() + "/" + lockName(name_);

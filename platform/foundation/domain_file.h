@@ -77,8 +77,8 @@ class DomainFile {
   struct Place {
     Directory folder;
     Descriptor lock;
-    struct stat status;  // of the lock's file
-    std::chrono::steady_clock::time_point released{};
+    struct stat status;                                          // of the lock's file
+    std::chrono::steady_clock::time_point released{}, looked{};  // for others that wait
   };
   bool retakeLock();
   platform::Result<platform::Done> openAndLock(std::chrono::milliseconds patience);

@@ -57,20 +57,25 @@ FileStamp::FileStamp(const struct stat& status)
       changed(nanoseconds(status.st_ctim)),
       stable(now() - changed > (status.st_ctim.tv_nsec != 0 ? kFineTick : kCoarseTick)) {}
 
+bool FileStamp::isOf(const struct stat& status) const {
+  return device == status.st_dev && inode == status.st_ino && size == status.st_size &&
+         modified == nanoseconds(status.st_mtim) && changed == nanoseconds(status.st_ctim);
+}
+
 bool FileStamp::sameFile(const FileStamp& other) const {
   return device == other.device && inode == other.inode && size == other.size &&
          modified == other.modified && changed == other.changed;
 }
 
 DomainReader::DomainReader(const DeviceRoot& root, std::string_view domain, const XmlReader& xml)
-    : root_(root), xml_(xml), path_(domainPath(domain)) {}
+    : root_(root), xml_(xml), path_(domainPath(domain)), machinePath_(root.directory() + path_) {}
 
 // A link that leads elsewhere on this machine than below the root has another file, and is looked
 // at again.
 bool DomainReader::isUnchanged() const {
   struct stat status {};
-  return last_ && last_->stamp.stable && stat((root_.directory() + path_).c_str(), &status) == 0 &&
-         last_->stamp.sameFile(FileStamp(status));
+  return last_ && last_->stamp.stable && stat(machinePath_.c_str(), &status) == 0 &&
+         last_->stamp.isOf(status);
 }
 
 Result<DomainReadingPtr> DomainReader::look(FileStamp& stamp) const {

@@ -32,6 +32,7 @@ struct FileStamp {
   bool stable = false;
 
   bool sameFile(const FileStamp& other) const;
+  bool isOf(const struct stat& status) const;
 };
 
 // What a domain's file held: no entries without a file.
@@ -70,7 +71,7 @@ class DomainReader {
 
   const DeviceRoot& root_;
   const XmlReader& xml_;
-  std::string path_;
+  std::string path_, machinePath_;
   DomainReadingPtr last_;
   FileStamp damaged_;  // of the file that was found damaged last
 };

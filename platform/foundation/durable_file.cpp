@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <cstdint>
 #include <string_view>
@@ -28,13 +29,18 @@ std::string temporaryPrefix(const std::string& name) {
   return "." + name + ".";
 }
 
-std::string randomSuffix() {
-  std::uint8_t random[kSuffixDigits] = {};
-  // Should the system have no randomness to give, the exclusive creation still keeps it safe.
-  [[maybe_unused]] const ssize_t given = getrandom(random, sizeof random, GRND_NONBLOCK);
+// Different in every process and at every call. Should the system have no randomness to give, the
+// exclusive creation still keeps it safe.
+std::string nextSuffix() {
+  static std::atomic<std::uint64_t> next = [] {
+    std::uint64_t random = 0;
+    [[maybe_unused]] const ssize_t given = getrandom(&random, sizeof random, GRND_NONBLOCK);
+    return random;
+  }();
   std::string suffix;
-  for (const std::uint8_t byte : random)
-    suffix += plist::kHexDigits[byte % plist::kHexDigits.size()];
+  const std::uint64_t number = next++;
+  for (int shift = 56; shift >= 0; shift -= 8)
+    plist::appendHex(suffix, static_cast<std::uint8_t>(number >> shift));
   return suffix;
 }
 
@@ -81,7 +87,7 @@ Result<PendingFile> PendingFile::write(const Directory& folder, const std::strin
 
 Result<Done> PendingFile::create(unsigned mode) {
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
-    const std::string candidate = temporaryPrefix(name_) + randomSuffix();
+    const std::string candidate = temporaryPrefix(name_) + nextSuffix();
     file_ = Descriptor(openat(folder_->descriptor(), candidate.c_str(),
                               O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
     if (!file_ && errno != EEXIST) break;

@@ -1,5 +1,6 @@
 #include "platform/foundation/preferences.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <utility>
 
@@ -164,10 +165,12 @@ bool Preferences::changedByOthers(std::string_view domain) {
 std::vector<std::string> Preferences::copyKeyList(std::string_view domain) {
   Domain& source = this->domain(domain);
   static_cast<void>(refresh(source));
-  plist::Dictionary seen = source.seen->entries;
-  overlay(source.kept, seen);
   std::vector<std::string> keys;
-  for (const auto& entry : seen) keys.push_back(entry.key);
+  keys.reserve(source.seen->entries.size());
+  for (const auto& entry : source.seen->entries)
+    if (find(source, entry.key)) keys.push_back(entry.key);
+  for (const auto& [key, value] : source.kept)
+    if (!value.isNothing() && !source.seen->entries.find(key)) keys.push_back(key);
   return keys;
 }
 
@@ -175,6 +178,10 @@ plist::Dictionary Preferences::copyMultiple(const std::vector<std::string>& keys
                                             std::string_view domain) {
   Domain& source = this->domain(domain);
   static_cast<void>(refresh(source));
+  const plist::Dictionary& entries = source.seen->entries;
+  const bool isWhole = source.kept.empty() &&
+                       std::ranges::equal(keys, entries, {}, {}, &plist::Dictionary::Entry::key);
+  if (isWhole) return entries;
   plist::Dictionary values;
   for (const std::string& key : keys) {
     if (const plist::Value* value = find(source, key)) values.set(key, *value);

@@ -25,9 +25,15 @@ Dictionary::Dictionary(std::initializer_list<Entry> entries) {
 }
 
 Dictionary::Dictionary(const Dictionary& other) {
-  entries_.reserve(other.size());
+  entries_.reserve(other.entries_.capacity());
   entries_.insert(entries_.end(), other.begin(), other.end());
-  buildIndex();
+  const bool sameSlots = other.slots_ && entries_.capacity() == other.entries_.capacity();
+  if (!sameSlots) {
+    buildIndex();
+    return;
+  }
+  slots_ = std::make_unique_for_overwrite<std::uint32_t[]>(slotCount());
+  std::copy_n(other.slots_.get(), slotCount(), slots_.get());
 }
 
 Dictionary& Dictionary::operator=(const Dictionary& other) {
