@@ -5,7 +5,7 @@
 #include "platform/result.h"
 
 // The vCard reader of Evolution Data Server as far as it is used here, declared anew and opened by
-// name: its headers would bring GTK's, 364 packages on a bare Debian 12. The names say which
+// name: its headers would bring GTK's, 365 packages on a bare Debian 12. The names say which
 // function of libebook-contacts or GLib each one is; tests/services_media/evcard_check.cpp proves
 // the types where the headers are installed.
 namespace services::evcard {

@@ -29,8 +29,8 @@ class Activations : public testing::Test {
     configuration.write(
         ("<busconfig><type>session</type><listen>unix:dir=" + folder.path() +
          "</listen><servicedir>" + folder.path() +
-         "</servicedir><policy context='default'><allow send_destination='*'/><allow own='*'/>"
-         "</policy></busconfig>")
+         "</servicedir><policy context='default'><allow send_destination='*' eavesdrop='true'/>"
+         "<allow eavesdrop='true'/><allow own='*'/></policy></busconfig>")
             .toUtf8());
     QFile service(folder.filePath("settings.service"));
     EXPECT_TRUE(service.open(QIODevice::WriteOnly));
@@ -53,6 +53,7 @@ class Activations : public testing::Test {
   }
   ~Activations() override {
     if (const auto id = owner()) QProcess::execute("kill", {QString::number(*id)});
+    bus = QDBusConnection(QString());
     QDBusConnection::disconnectFromBus("test");
     daemon.kill();
     daemon.waitForFinished();
