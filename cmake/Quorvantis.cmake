@@ -1,5 +1,6 @@
 # What every folder's CMakeLists.txt stands on.
 include_guard()
+include(GNUInstallDirs)
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -56,7 +57,7 @@ function(quorvantis_program_tests prefix)
   set(environment "QUORVANTIS=$<TARGET_FILE:quorvantis>"
       "PYTHONPATH=${PROJECT_SOURCE_DIR}/tests/cli:${PROJECT_SOURCE_DIR}/tests/support")
   # The window, as far as a test needs it: without a display, doing what it is asked.
-  if(QUORVANTIS_WINDOW)
+  if(QUORVANTIS_HAS_WINDOW)
     list(APPEND environment "SETTINGS_PICTURE=${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/settings-picture")
   endif()
   foreach(file IN LISTS ARGN)

@@ -22,6 +22,9 @@ Open openingOf(preferences::PSListController* first, const std::string& pageClas
 
 Outcome<int> goTo(Application& application, const std::string& pageClass, const std::string& row) {
   if (application.pages().empty()) return noPage();
+  // Refused on the page that is shown, so that nothing has changed.
+  if (!application.environment().bundle.pageClass(pageClass))
+    if (const auto opened = application.perform(Open{pageClass}); !opened) return opened.error();
   const std::size_t place = placeOnStack(application, pageClass);
   while (application.pages().size() > place + 1)
     if (const auto back = application.perform(Back{}); !back) return back.error();

@@ -34,8 +34,17 @@ struct ToNothing {
 template <class T>
 using Owned = std::unique_ptr<T, ToNothing>;
 
+constexpr const char* kPlugins =
+    " (Debian's packages gstreamer1.0-plugins-base and gstreamer1.0-plugins-good)";
+
+bool lacksPlugin(const GError& error) {
+  return g_error_matches(&error, GST_CORE_ERROR, GST_CORE_ERROR_MISSING_PLUGIN) ||
+         g_error_matches(&error, GST_STREAM_ERROR, GST_STREAM_ERROR_CODEC_NOT_FOUND);
+}
+
 std::string messageOf(Owned<GError> error) {
-  return error ? error->message : "unknown failure";
+  if (!error) return "unknown failure";
+  return std::string(error->message) + (lacksPlugin(*error) ? kPlugins : "");
 }
 
 // Why GStreamer can't be used; empty where it can. The first call may look through all plug-ins.
@@ -96,7 +105,7 @@ class GstPlayer : public SoundPlayer {
   std::string playToEnd(const Descriptor& file, int round) {
     if (!initialise().empty()) return initialise();
     const Owned<GstElement> player(gst_element_factory_make("playbin", nullptr));
-    if (!player) return "GStreamer has no playbin";
+    if (!player) return std::string("GStreamer has no playbin") + kPlugins;
     const std::string uri = "fd://" + std::to_string(file.number());
     g_object_set(player.get(), "uri", uri.c_str(), "flags", kAudioOnly, nullptr);
     const Owned<GstBus> bus(gst_element_get_bus(player.get()));

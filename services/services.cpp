@@ -15,8 +15,8 @@ std::vector<std::filesystem::path> moduleFolders() {
   if (const char* folder = std::getenv("QUORVANTIS_MODULES"); folder && *folder) return {folder};
   std::error_code unreadable;
   const auto own = std::filesystem::read_symlink("/proc/self/exe", unreadable).parent_path();
-  return {own.parent_path() / "lib/quorvantis", own / "modules", own.parent_path() / "modules",
-          own.parent_path().parent_path() / "modules"};
+  return {(own / QUORVANTIS_MODULE_FOLDER).lexically_normal(), own / "modules",
+          own.parent_path() / "modules", own.parent_path().parent_path() / "modules"};
 }
 
 platform::Error failed(std::string what) {

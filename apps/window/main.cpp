@@ -5,13 +5,14 @@
 #include <new>
 #include <string_view>
 
+#include "apps/window/activation.h"
 #include "apps/window/options.h"
 #include "apps/window/session.h"
 #include "host/user_file.h"
 
 namespace {
 
-enum ExitCode { kDone = 0, kFailed = 1, kWrongUse = 2, kNoPage = 3 };
+enum ExitCode { kDone = 0, kFailed = 1, kWrongUse = 2, kNotFound = 3 };
 
 int complain(ExitCode code, std::string_view message) {
   const std::string line = "quorvantis-settings: " + std::string(message) + "\n";
@@ -34,10 +35,22 @@ void handleMessage(QtMsgType type, const QMessageLogContext& context, const QStr
   std::_Exit(complain(kFailed, message.simplified().toStdString()));
 }
 
+int refused(const host::Refusal& refusal) {
+  const bool isModal = refusal.code == host::RefusalCode::Modal;
+  return complain(isModal ? kFailed : kNotFound, refusal.message);
+}
+
 int run(const window::Options& options) {
-  const auto session = window::Session::open(options);
-  if (!session) return complain(kNoPage, session.error().message);
+  const QDBusConnection desktop = window::DesktopPortal::sessionBus();
+  window::Activation activation(desktop, options);
+  const auto shown = activation.showInOther();
+  if (!shown) return refused(shown.error());
+  if (*shown) return kDone;
+
+  const auto session = window::Session::open(options, desktop);
+  if (!session) return refused(session.error());
   if (!(*session)->settings().quickWindow()) return complain(kFailed, "the window can't be made.");
+  activation.serve((*session)->settings());
   const int code = QGuiApplication::exec();
   if (const auto finished = (*session)->finish(); !finished)
     return complain(kFailed, "at the end: " + finished.error().problem.message());
@@ -52,6 +65,8 @@ int main(int argc, char** argv) try {
   const auto options = window::readOptions(arguments);
   if (!options) return complain(kWrongUse, options.error().message);
   if (options->help) return std::fputs(window::kUsage, stdout) < 0 ? kFailed : kDone;
+  if (options->version)
+    return std::puts("quorvantis-settings " QUORVANTIS_VERSION) < 0 ? kFailed : kDone;
   if (!hasDisplay())
     return complain(kFailed,
                     "there is no display: neither DISPLAY, WAYLAND_DISPLAY nor QT_QPA_PLATFORM is "
@@ -60,7 +75,7 @@ int main(int argc, char** argv) try {
   qtsOwn = qInstallMessageHandler(handleMessage);
   QGuiApplication application(argc, argv);
   QGuiApplication::setApplicationDisplayName("Settings");
-  QGuiApplication::setDesktopFileName("quorvantis-settings");
+  QGuiApplication::setDesktopFileName(window::kApplicationId);
   return run(*options);
 } catch (const std::bad_alloc&) {
   return complain(kFailed, "out of memory");

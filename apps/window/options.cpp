@@ -23,13 +23,17 @@ const char* const kUsage =
     "  --page CLASS    another page in place of the first (\"quorvantis pages\" lists them)\n"
     "  --row ID        scrolls to that row of the page and marks it (\"quorvantis search\" finds "
     "it)\n"
-    "  --help          this text\n";
+    "  --version       the version\n"
+    "  --help          this text\n"
+    "\n"
+    "Where a window of the same root is open on the same display, that one shows the page.\n";
 
 host::Outcome<Options> readOptions(const QStringList& arguments) {
-  const QCommandLineOption help(QStringList{"h", "help"}), root("root", {}, "DIR"),
-      contacts("contacts", {}, "DIR"), page("page", {}, "CLASS"), row("row", {}, "ID");
+  const QCommandLineOption help(QStringList{"h", "help"}), version(QStringList{"V", "version"}),
+      root("root", {}, "DIR"), contacts("contacts", {}, "DIR"), page("page", {}, "CLASS"),
+      row("row", {}, "ID");
   QCommandLineParser parser;
-  parser.addOptions({help, root, contacts, page, row});
+  parser.addOptions({help, version, root, contacts, page, row});
   if (!parser.parse(arguments)) return wrongUse(parser.errorText());
   if (!parser.positionalArguments().isEmpty())
     return wrongUse("unexpected argument '" + parser.positionalArguments().first() + "'.");
@@ -39,6 +43,7 @@ host::Outcome<Options> readOptions(const QStringList& arguments) {
   options.device.state = host::defaultState();
   options.device.realTime = true;
   options.help = parser.isSet(help);
+  options.version = parser.isSet(version);
   options.device.root = parser.isSet(root) ? parser.value(root).toStdString() : host::defaultRoot();
   if (options.device.root.empty()) return wrongUse("no device root: use --root DIR.");
   if (parser.isSet(contacts)) options.device.contacts = parser.value(contacts).toStdString();

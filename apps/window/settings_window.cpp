@@ -110,6 +110,21 @@ void SettingsWindow::showRow(const std::string& id) {
   if (const auto row = host::goTo(application_, page, id)) bridge_.shown()->mark(*row);
 }
 
+host::Outcome<host::Done> SettingsWindow::showPage(const std::string& pageClass,
+                                                   const std::string& row) {
+  if (pageClass.empty())
+    return bridge_.tools()->show(std::string(application_.pages().front()->className()), row);
+  return bridge_.tools()->show(pageClass, row);
+}
+
+void SettingsWindow::raise() {
+  QQuickWindow* const shown = quickWindow();
+  shown->setWindowStates(shown->windowStates() & ~Qt::WindowMinimized);
+  shown->show();
+  shown->raise();
+  shown->requestActivate();
+}
+
 void SettingsWindow::report(const host::Problem& problem) {
   QMetaObject::invokeMethod(&bridge_, [this, problem] { application_.report(problem); });
 }

@@ -51,6 +51,10 @@ class SettingsWindow : public QObject {
   void attach(host::Device& device, const host::ListReader* lists = nullptr);
   Desktop& desktop() { return desktop_; }
   void showRow(const std::string& id);  // scrolls to that row of the shown page and marks it
+  // Shows the row of that id, if it isn't empty, on that page or, where that is empty, the first.
+  // Needs a device.
+  host::Outcome<host::Done> showPage(const std::string& pageClass, const std::string& row);
+  void raise();  // above other windows, as far as the desktop allows it
   // Reports a problem to the application; may be called from any thread while the window exists.
   void report(const host::Problem& problem);
   void withdraw(const host::Problem& problem);  // once it has gone

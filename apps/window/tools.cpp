@@ -23,11 +23,16 @@ void Tools::report(const host::Failure& failure) {
   application_.report(failure.problem);
 }
 
-void Tools::open(const std::string& pageClass, const std::string& row) {
+host::Outcome<host::Done> Tools::show(const std::string& pageClass, const std::string& row) {
   const auto index = host::goTo(application_, pageClass, row);
-  if (!index) return report(host::failureOf(index.error()));
+  if (!index) return index.error();
   emit pageOpened();
   if (*index >= 0) bridge_.shown()->mark(*index);
+  return host::Done{};
+}
+
+void Tools::open(const std::string& pageClass, const std::string& row) {
+  if (const auto shown = show(pageClass, row); !shown) report(host::failureOf(shown.error()));
 }
 
 // As when the application comes to the foreground.

@@ -42,7 +42,8 @@ class Tools : public QObject {
   void report(const host::Failure& failure);
 
   // Shows that page, and marks the row of that id if it is not empty.
-  void open(const std::string& pageClass, const std::string& row);
+  host::Outcome<host::Done> show(const std::string& pageClass, const std::string& row);
+  void open(const std::string& pageClass, const std::string& row);  // reports what refuses it
 
   // Makes a change of settings or profiles, which is one step of the history, and shows it.
   enum class Keeps { Nothing, Snapshot };  // before it changes the settings

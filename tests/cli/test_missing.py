@@ -73,3 +73,17 @@ class Missing(ProgramTest):
     def test_a_change_is_stored_without_the_bus(self):
         self.assertEqual(self.output("set", "vibrate", "true"), "")
         self.assertIs(self.domain()["vibrate"], True)
+
+
+class MissingLibraries(ProgramTest):
+    """On a machine with the modules, but without a library that one opens."""
+
+    def test_the_message_names_the_package_of_the_vcard_reader(self):
+        self.write(CONTACTS, b"BEGIN:VCARD\nN:;Ann\nTEL:1\nEND:VCARD\n")
+        libraries = self.scratch / "libraries"
+        libraries.mkdir()
+        (libraries / "libebook-contacts-1.2.so.4").write_bytes(b"")
+        self.env["LD_LIBRARY_PATH"] = str(libraries)
+        message = self.refuse(1, "choices", "adressbook")
+        self.assertIn("reading vCards is not available: ", message)
+        self.assertIn("(Debian's package libebook-contacts-1.2-4)", message)

@@ -45,6 +45,13 @@ TEST(GoTo, WhatIsNotThereIsRefused) {
   EXPECT_EQ(refusalOf(goTo(settings.application, "First", "nosuchrow")), RefusalCode::NoRow);
 }
 
+TEST(GoTo, WhoeverAsksForAnUnknownPageStays) {
+  sample::Settings settings;
+  ASSERT_TRUE(settings.application.perform(host::Tap{"link"}));
+  EXPECT_EQ(refusalOf(goTo(settings.application, "Nowhere", "")), RefusalCode::NoPage);
+  EXPECT_EQ(settings.application.shownPage()->className(), "Second");
+}
+
 TEST(GoTo, AnAlertIsAnsweredFirst) {
   sample::Settings settings;
   ASSERT_TRUE(settings.application.perform(host::Tap{"alert"}));

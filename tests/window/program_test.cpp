@@ -57,6 +57,13 @@ TEST_F(Program, HelpNamesTheOptions) {
       out, testing::AllOf(testing::HasSubstr("--root DIR"), testing::HasSubstr("--contacts DIR")));
 }
 
+TEST_F(Program, VersionNamesTheProgramToo) {
+  for (const char* option : {"--version", "-V"}) {
+    EXPECT_EQ(run({option}), 0);
+    EXPECT_THAT(out, testing::MatchesRegex("quorvantis-settings [0-9.]+\n"));
+  }
+}
+
 TEST_F(Program, WrongUseIsReportedInOneLine) {
   for (const QStringList& arguments :
        {QStringList{"--bogus"}, {"surplus"}, {"--root"}, {"--page"}, {"--row"}}) {

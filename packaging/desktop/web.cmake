@@ -1,0 +1,18 @@
+# web: the elements of the metadata that hold web addresses, of which each is an option.
+set(web "")
+if(QUORVANTIS_WEB_HOME)
+  string(APPEND web "  <url type=\"homepage\">${QUORVANTIS_WEB_HOME}</url>\n")
+endif()
+if(QUORVANTIS_WEB_BUGS)
+  string(APPEND web "  <url type=\"bugtracker\">${QUORVANTIS_WEB_BUGS}</url>\n")
+endif()
+if(QUORVANTIS_WEB_PICTURES)
+  string(APPEND web "  <screenshots>\n")
+  set(attributes " type=\"default\"")
+  foreach(picture window-wide window window-picker)
+    string(APPEND web "    <screenshot${attributes}>\n      <image type=\"source\">"
+           "${QUORVANTIS_WEB_PICTURES}/${picture}.png</image>\n    </screenshot>\n")
+    set(attributes "")
+  endforeach()
+  string(APPEND web "  </screenshots>\n")
+endif()
