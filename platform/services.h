@@ -22,11 +22,28 @@ class DarwinNotificationCenter {
   virtual void post(std::string_view name) = 0;  // dropped silently where there is no bus
 };
 
+// One for each of several texts: those of two that differ are in the order of their bytes.
+class SortKeys {
+ public:
+  std::string_view operator[](std::size_t index) const {
+    const std::size_t begin = index > 0 ? ends_[index - 1] : 0;
+    return std::string_view(bytes_).substr(begin, ends_[index] - begin);
+  }
+  std::string& bytes() { return bytes_; }  // of the key that is being appended
+  void finishKey() { ends_.push_back(bytes_.size()); }
+
+ private:
+  std::string bytes_;
+  std::vector<std::size_t> ends_;
+};
+
 // localizedStandardCompare: of the user's locale.
 class Collator {
  public:
   virtual ~Collator() = default;
   virtual int compare(std::string_view a, std::string_view b) = 0;  // <0, 0, >0
+  // Where keys of these texts are equal `compare` decides; nothing where it does for all.
+  virtual std::optional<SortKeys> sortKeys(const std::vector<std::string_view>&) { return {}; }
 };
 
 class Urls {

@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
-#include <map>
 #include <set>
 #include <tuple>
 
+#include "platform/localized_sort.h"
 #include "services/services.h"
 
 namespace services {
@@ -26,28 +26,9 @@ bool isVCardFile(std::string_view name) {
          std::ranges::equal(name.substr(name.size() - kExtension.size()), kExtension, sameLetter);
 }
 
-// Each first name is compared once, however many bear it: comparing may be slow.
 void sortByFirstName(std::vector<Person>& people, platform::Collator& collator) {
-  std::map<std::string_view, std::size_t> rank;
-  for (const auto& person : people) rank.emplace(person.firstName, 0);
-  std::vector<std::string_view> names;
-  for (const auto& [name, unranked] : rank) names.push_back(name);
-  std::ranges::stable_sort(names, [&](auto a, auto b) {
-    return !b.empty() && (a.empty() || collator.compare(a, b) < 0);
-  });
-  std::size_t next = 0;
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    if (i > 0 && collator.compare(names[i - 1], names[i]) != 0) ++next;
-    rank[names[i]] = next;
-  }
-
-  std::vector<std::pair<std::size_t, Person*>> order;
-  for (auto& person : people) order.emplace_back(rank[person.firstName], &person);
-  std::ranges::stable_sort(order, {}, &std::pair<std::size_t, Person*>::first);
-  std::vector<Person> sorted;
-  sorted.reserve(people.size());
-  for (const auto& [position, person] : order) sorted.push_back(std::move(*person));
-  people = std::move(sorted);
+  platform::sortLocalized(people, collator, &Person::firstName);
+  std::ranges::stable_partition(people, [](const Person& each) { return !each.firstName.empty(); });
 }
 
 // What an address is whichever way it is written.

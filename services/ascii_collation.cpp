@@ -56,6 +56,31 @@ int compareNumbers(std::string_view a, std::string_view b) {
   return a.compare(b);
 }
 
+// What compares as the text does where nothing but case and zeros before a number differ, and then
+// what decides those: the length of each number, the case of each letter.
+bool appendKey(std::string_view text, std::string& key, std::string& ties) {
+  ties.clear();
+  while (!text.empty()) {
+    const std::string_view digits = number(text);
+    if (digits.size() > kLongestNumber || weight(text[0]) == 0) return false;
+    if (digits.empty()) {
+      key += static_cast<char>(weight(text[0]));
+      ties += text[0] >= 'A' && text[0] <= 'Z' ? '\2' : '\1';
+      text.remove_prefix(1);
+      continue;
+    }
+    const std::size_t zeros = std::min(digits.find_first_not_of('0'), digits.size());
+    key += static_cast<char>(weight('0'));
+    key += static_cast<char>(digits.size() - zeros);
+    key += digits.substr(zeros);
+    ties += static_cast<char>(digits.size());
+    text.remove_prefix(digits.size());
+  }
+  key += '\0';
+  key += ties;
+  return true;
+}
+
 }  // namespace
 
 bool hasRootAsciiOrder(std::string_view locale) {
@@ -89,6 +114,16 @@ std::optional<int> compareAscii(std::string_view a, std::string_view b) {
   }
   if (a.empty() != b.empty()) return a.empty() ? -1 : 1;
   return tie;
+}
+
+std::optional<platform::SortKeys> asciiSortKeys(const std::vector<std::string_view>& texts) {
+  platform::SortKeys keys;
+  std::string ties;
+  for (const std::string_view text : texts) {
+    if (!appendKey(text, keys.bytes(), ties)) return std::nullopt;
+    keys.finishKey();
+  }
+  return keys;
 }
 
 }  // namespace services

@@ -2,6 +2,9 @@
 
 #include <optional>
 #include <string_view>
+#include <vector>
+
+#include "platform/services.h"
 
 namespace services {
 
@@ -17,5 +20,8 @@ bool hasRootAsciiOrder(std::string_view locale);
 // of a letter: what decides is the first difference that is more than case, numbers by value, then
 // the first difference at all, the shorter number or the lower case first.
 std::optional<int> compareAscii(std::string_view a, std::string_view b);
+
+// In the same order; nothing where a text is one that compareAscii doesn't know.
+std::optional<platform::SortKeys> asciiSortKeys(const std::vector<std::string_view>& texts);
 
 }  // namespace services

@@ -102,7 +102,31 @@ class IcuCollator : public platform::Collator {
     return order(wrappedFirst, wrappedSecond, first, second);
   }
 
+  // Of the first of the four steps.
+  std::optional<platform::SortKeys> sortKeys(const std::vector<std::string_view>& texts) override {
+    platform::SortKeys keys;
+    for (const std::string_view text : texts) {
+      const std::u16string units = utf16(text);
+      if (hasWrappingNumber(units)) return std::nullopt;
+      appendKey(units, keys.bytes());
+      keys.finishKey();
+    }
+    return keys;
+  }
+
  private:
+  void appendKey(const std::u16string& units, std::string& bytes) const {
+    const std::size_t before = bytes.size();
+    for (std::size_t room = 4 * units.size() + 16;;) {
+      bytes.resize(before + room);
+      const auto needed = static_cast<std::size_t>(ucol_getSortKey(
+          letters_.get(), units.data(), static_cast<std::int32_t>(units.size()),
+          reinterpret_cast<std::uint8_t*>(bytes.data() + before), static_cast<std::int32_t>(room)));
+      if (needed <= room) return bytes.resize(before + needed);
+      room = needed;
+    }
+  }
+
   int order(const std::u16string& a, const std::u16string& b, const std::u16string& unitsOfA,
             const std::u16string& unitsOfB) const {
     if (const int order = collate(letters_.get(), a, b)) return order;

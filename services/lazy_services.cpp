@@ -20,6 +20,14 @@ int UserCollator::compare(std::string_view a, std::string_view b) {
   return a.compare(b);
 }
 
+std::optional<platform::SortKeys> UserCollator::sortKeys(
+    const std::vector<std::string_view>& texts) {
+  if (asciiOrderKnown_)
+    if (auto keys = asciiSortKeys(texts)) return keys;
+  const auto& collator = find<platform::Collator>();
+  return collator ? (*collator)->sortKeys(texts) : std::nullopt;
+}
+
 void SessionNotificationCenter::post(std::string_view name) {
   if (const auto& center = find<Bus>()) (*center)->post(name);
 }

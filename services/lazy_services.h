@@ -15,6 +15,7 @@ class UserCollator : public platform::Collator {
  public:
   explicit UserCollator(platform::Report report = {});
   int compare(std::string_view a, std::string_view b) override;
+  std::optional<platform::SortKeys> sortKeys(const std::vector<std::string_view>& texts) override;
 
  private:
   bool asciiOrderKnown_;

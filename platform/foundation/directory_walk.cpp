@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 
 #include <cstring>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -32,12 +33,13 @@ std::optional<Identity> identityOf(const Descriptor& folder) {
   return Identity{status.st_dev, status.st_ino};
 }
 
+constexpr std::size_t kBufferSize = 64 * 1024;
+
 // The names of a folder, each after a character that is its d_type and before a zero byte.
-std::string entriesOf(const Descriptor& folder) {
-  alignas(dirent64) static thread_local char buffer[64 * 1024];
+std::string entriesOf(const Descriptor& folder, char* buffer) {
   std::string entries;
   for (;;) {
-    const ssize_t length = getdents64(folder.number(), buffer, sizeof buffer);
+    const ssize_t length = getdents64(folder.number(), buffer, kBufferSize);
     if (length <= 0) return entries;
     for (ssize_t at = 0; at < length;) {
       const auto* entry = reinterpret_cast<const dirent64*>(buffer + at);
@@ -99,7 +101,7 @@ class Walk {
     const auto identity = folder ? identityOf(folder) : std::nullopt;
     if (!identity) return;
     if (!levels_.empty() && identity->device != levels_.front().identity.device) return;
-    std::string entries = entriesOf(folder);
+    std::string entries = entriesOf(folder, buffer_.get());
     levels_.push_back({std::move(folder), *identity, std::move(entries), 0, url_.size()});
     // However deep the tree is, few folders stay open; leave() comes back to the others.
     if (levels_.size() > kOpenFolders) levels_[levels_.size() - 1 - kOpenFolders].folder.close();
@@ -115,6 +117,8 @@ class Walk {
       levels_.back().folder = std::move(parent);
   }
 
+  // Aligned for any dirent64.
+  std::unique_ptr<char[]> buffer_ = std::make_unique_for_overwrite<char[]>(kBufferSize);
   std::vector<Level> levels_;
   std::string url_;
   const Visit& visit_;

@@ -4,6 +4,7 @@
 #include <cerrno>
 
 #include "platform/foundation/text.h"
+#include "platform/localized_sort.h"
 #include "prefs/core/archive_file.h"
 #include "prefs/core/names.h"
 #include "prefs/keys.h"
@@ -15,13 +16,6 @@ namespace {
 using platform::Result;
 
 const std::string_view kKeys[] = {kProfilePercentage, kProfileDescription, key::profileactive};
-
-struct Before {
-  platform::Collator& collator;
-  bool operator()(const std::string& a, const std::string& b) const {
-    return collator.compare(a, b) < 0;
-  }
-};
 
 std::string titleOf(const ProfileFile& profile, TitleForm form) {
   std::string title = triggerTitle(foundation::descriptionOf(profile.trigger));
@@ -40,12 +34,8 @@ Result<archive::Lookup> readProfile(foundation::Directory& folder, const std::st
 
 }  // namespace
 
-void sortLocalized(std::vector<std::string>& texts, platform::Collator& collator) {
-  std::ranges::stable_sort(texts, Before{collator});
-}
-
 void sortTitles(std::vector<std::string>& titles, platform::Collator& collator) {
-  sortLocalized(titles, collator);
+  platform::sortLocalized(titles, collator);
   std::vector<std::string> events;
   for (const std::string& title : titles)
     if (eventOfTitle(title)) events.push_back(title);
@@ -80,8 +70,8 @@ ProfileFiles profileFiles(const preferences::Environment& environment) {
     profiles.files.push_back(
         {std::move(path), std::move(values[0]), std::move(values[1]), std::move(values[2])});
   }
-  std::ranges::stable_sort(profiles.files, Before{environment.collator}, &ProfileFile::path);
-  std::ranges::sort(profiles.skipped, Before{environment.collator}, &platform::Error::path);
+  platform::sortLocalized(profiles.files, environment.collator, &ProfileFile::path);
+  platform::sortLocalized(profiles.skipped, environment.collator, &platform::Error::path);
   return profiles;
 }
 

@@ -40,11 +40,9 @@ struct SavedProfiles {
 // "Battery (null)%", a trigger that isn't text by its description.
 SavedProfiles savedProfiles(const preferences::Environment& environment, TitleForm form);
 
-// With localizedStandardCompare:; what compares equal stays in order.
-void sortLocalized(std::vector<std::string>& texts, platform::Collator& collator);
-
-// Likewise, but that events are in the order of their codes whatever the user's language: in Czech
-// "ch" comes behind "d", and a title would stand beside the path of another profile.
+// With localizedStandardCompare:, what compares equal stays in order; but events are in the order
+// of their codes whatever the user's language: in Czech "ch" comes behind "d", and a title would
+// stand beside the path of another profile.
 void sortTitles(std::vector<std::string>& titles, platform::Collator& collator);
 
 // The two lists as a page's data sources give them.

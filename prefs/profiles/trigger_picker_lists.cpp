@@ -1,5 +1,6 @@
 #include "prefs/profiles/trigger_picker_lists.h"
 
+#include "platform/localized_sort.h"
 #include "prefs/profiles/profile_file.h"
 #include "prefs/profiles/triggers.h"
 
@@ -18,7 +19,7 @@ TriggerPickerLists listsOfTriggers(platform::Collator& collator) {
     lists.profileIDArray.push_back(profileID);
   }
   sortTitles(lists.profileNameArray, collator);
-  sortLocalized(lists.fileNameArray, collator);
+  platform::sortLocalized(lists.fileNameArray, collator);
   return lists;
 }
 

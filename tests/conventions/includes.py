@@ -13,7 +13,7 @@ ERRORS = ["platform/error.h", "platform/error.cpp", "platform/result.h"]
 PLIST = ERRORS + ["platform/plist"]
 FOUNDATION = PLIST + ["platform/foundation"]
 PLATFORM = FOUNDATION + ["platform/archive", "platform/uikit", "platform/preferences",
-                         "platform/services.h"]
+                         "platform/services.h", "platform/localized_sort.h"]
 CORE = PLATFORM + ["prefs/core"]
 PREFS = CORE + ["prefs/profiles", "prefs/pages", "prefs/colorpicker"]
 CLASSES = PREFS + ["prefs/core/quorvantisprefsListController.h"]
@@ -36,6 +36,7 @@ KNOWS = {
     "platform/foundation": FOUNDATION,
     "platform/uikit": FOUNDATION,
     "platform/services.h": FOUNDATION,
+    "platform/localized_sort.h": FOUNDATION + ["platform/services.h"],
     "platform/preferences": PLATFORM,
     "prefs/core": CORE,
     "prefs/core/quorvantisprefsListController.h": CORE,

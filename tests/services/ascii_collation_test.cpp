@@ -98,6 +98,22 @@ TEST_P(AsciiOrder, IsIcusForRandomPairs) {
   }
 }
 
+// Of either kind of key; those of ICU leave case and zeros to the comparison.
+TEST_P(AsciiOrder, IsThatOfTheSortKeys) {
+  Pairs pairs;
+  for (int i = 0; i < 200'000; ++i) {
+    const auto [a, b] = pairs.next();
+    const auto keys = services::asciiSortKeys({a, b});
+    ASSERT_TRUE(keys) << a << " : " << b;
+    const int order = sign(compareAscii(a, b).value());
+    ASSERT_EQ(sign((*keys)[0].compare((*keys)[1])), order) << a << " : " << b;
+    const auto icus = (*icu_)->sortKeys({a, b});
+    ASSERT_TRUE(icus) << a << " : " << b;
+    const int ofIcu = sign((*icus)[0].compare((*icus)[1]));
+    if (ofIcu != 0) ASSERT_EQ(ofIcu, order) << a << " : " << b;
+  }
+}
+
 TEST_P(AsciiOrder, IsIcusForEveryPairOfCharacters) {
   for (char a = ' '; a <= '~'; ++a)
     for (char b = ' '; b <= '~'; ++b) expectSame(std::string(1, a), std::string(1, b));
@@ -148,12 +164,14 @@ TEST(AsciiOrderUnknown, TextThatIsNotPrintableAscii) {
   for (const char* text : {"é", "a\tb", "\n", "\x7F", "\x01", "\xFF"}) {
     EXPECT_FALSE(compareAscii(text, "a")) << text;
     EXPECT_FALSE(compareAscii("a", text)) << text;
+    EXPECT_FALSE(services::asciiSortKeys({"a", text})) << text;
   }
 }
 
 TEST(AsciiOrderUnknown, NumbersThatMayWrapAround) {
   EXPECT_FALSE(compareAscii("18446744073709551617", "2"));
   EXPECT_FALSE(compareAscii("2", "00000000000000000002"));
+  EXPECT_FALSE(services::asciiSortKeys({"2", "00000000000000000002"}));
   EXPECT_LT(compareAscii("2", "0000000000000000002").value(), 0);
 }
 
