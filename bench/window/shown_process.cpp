@@ -81,7 +81,8 @@ void ShownProcess::awaitFrame(int log) {
   while (text.find("Frame rendered") == std::string::npos) {
     pollfd readable{log, POLLIN, 0};
     char buffer[4096];
-    const ssize_t length = poll(&readable, 1, kPatience) == 1 ? read(log, buffer, sizeof buffer) : 0;
+    const ssize_t length =
+        poll(&readable, 1, kPatience) == 1 ? read(log, buffer, sizeof buffer) : 0;
     if (length <= 0) fail("no frame was drawn:\n" + text);
     text.append(buffer, static_cast<std::size_t>(length));
   }
