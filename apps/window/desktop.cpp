@@ -1,12 +1,13 @@
 #include "apps/window/desktop.h"
 
 #include <QEvent>
-#include <QFontInfo>
 #include <QGuiApplication>
 #include <QPalette>
 #include <QQmlEngine>
 #include <QQuickItem>
+#include <QScreen>
 #include <algorithm>
+#include <cmath>
 
 namespace window {
 namespace {
@@ -26,6 +27,14 @@ QFont fontNamed(const QString& name, const QFont& otherwise) {
   if (!family.isEmpty()) font.setFamily(family);
   if (hasSize && points > 0) font.setPointSizeF(points);
   return font;
+}
+
+// Whole pixels, as QFontInfo has them, which would load the font for it.
+double pixelsOf(const QFont& font) {
+  if (font.pixelSize() > 0) return font.pixelSize();
+  const double exact =
+      font.pointSizeF() * QGuiApplication::primaryScreen()->logicalDotsPerInchY() / 72;
+  return std::floor(std::round(exact * 100) / 100);
 }
 
 }  // namespace
@@ -52,8 +61,7 @@ bool Desktop::dark() const {
 }
 
 double Desktop::scale() const {
-  const double pixels = QFontInfo(QGuiApplication::font()).pixelSize();
-  return std::clamp(pixels / kPixels, 1.0, kLargest);
+  return std::clamp(pixelsOf(QGuiApplication::font()) / kPixels, 1.0, kLargest);
 }
 
 void Desktop::follow(const DesktopWishes& wishes) {

@@ -88,6 +88,7 @@ void RowModel::show(std::vector<Row> rows) {
   for (Row& row : rows)
     if (row.opens && !summaries_.isEmpty()) row.value = summaries_.value(toQString(row.id));
   if (!areSameRows(rows, rows_)) {
+    takeKinds(rows);
     beginResetModel();
     rows_ = std::move(rows);
     endResetModel();
@@ -98,6 +99,15 @@ void RowModel::show(std::vector<Row> rows) {
     rows_[i] = std::move(rows[i]);
     emit dataChanged(index(i), index(i), {EntryRole});
   }
+}
+
+void RowModel::takeKinds(const std::vector<Row>& rows) {
+  QStringList kinds;
+  for (const Row& row : rows)
+    if (const QString kind = delegateOf(row); !kinds.contains(kind)) kinds << kind;
+  if (kinds == kinds_) return;
+  kinds_ = kinds;
+  emit kindsChanged();
 }
 
 bool RowModel::onlyLeads() const {

@@ -14,6 +14,8 @@ class RowModel : public QAbstractListModel {
   Q_OBJECT
   QML_ELEMENT
   QML_UNCREATABLE("belongs to a page")
+  // The kinds of the rows, once each. Reports a change before the rows do.
+  Q_PROPERTY(QStringList kinds READ kinds NOTIFY kindsChanged)
 
  public:
   enum Role { KindRole = Qt::UserRole, EntryRole, PageRole };
@@ -23,6 +25,7 @@ class RowModel : public QAbstractListModel {
   // Reports the rows that look different now; all of them when they are other rows.
   void refresh(const std::vector<host::RowView>& views);
 
+  const QStringList& kinds() const { return kinds_; }
   // Whether rows do nothing but lead to other pages and run actions, and the first that leads.
   bool onlyLeads() const;
   int nextLink() const;
@@ -39,11 +42,16 @@ class RowModel : public QAbstractListModel {
   // -1 when there is none.
   Q_INVOKABLE int nextStop(int index, int direction) const;
 
+ signals:
+  void kindsChanged();
+
  private:
   void show(std::vector<Row> rows);
+  void takeKinds(const std::vector<Row>& rows);
 
   PageModel* page_;
   std::vector<Row> rows_;
+  QStringList kinds_;
   QHash<QString, QString> summaries_;
 };
 

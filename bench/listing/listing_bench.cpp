@@ -11,10 +11,8 @@
 #include <functional>
 #include <vector>
 
-#include "platform/archive/keyed_archive.h"
-#include "prefs/core/names.h"
+#include "bench/saved_profiles.h"
 #include "prefs/profiles/saved_profiles.h"
-#include "prefs/profiles/triggers.h"
 #include "services/lazy_services.h"
 #include "tests/support/environment.h"
 
@@ -22,18 +20,6 @@ namespace {
 
 constexpr int kRounds = 61;
 constexpr int kListingsPerRound = 10;
-
-// As many settings as a real profile holds, and a description on every third.
-plist::Dictionary profile(const std::string& trigger, int number) {
-  plist::Dictionary values{{"profilepercentage", trigger}};
-  if (number % 3 == 0) values.set("profiledescription", "Night " + std::to_string(number));
-  for (int key = 0; key < 44; ++key) values.set("setting" + std::to_string(key), key % 3);
-  values.set("custbright", 50.0);
-  values.set("alertmsg", "Current battery level %BAT%");
-  values.set("msgtext", "Current battery level on device %DNAME%: %BAT%");
-  values.set("playsound", "Disabled");
-  return values;
-}
 
 int readAll(const char* folder) {
   static char buffer[65536];
@@ -71,12 +57,7 @@ int main() {
   preferences::Environment environment{
       device.root, device.preferences, device.center, device.queue, device.darwin, collator,
       device.urls, device.addressBook, device.sounds, device.xml,   none};
-  int number = 0;
-  for (const plist::Value& trigger : prefs::triggerValues()) {
-    auto bytes = archive::archive(profile(*trigger.text(), number++), archive::Mutability::Mutable);
-    auto path = std::string(prefs::kDocuments) + "profile_" + *trigger.text() + ".qvx";
-    if (!bytes || !device.root.writeDurably(path, *bytes)) return 1;
-  }
+  if (!bench::saveProfiles(device.root)) return 1;
   std::string folder = device.folder.path() + std::string(prefs::kDocuments);
 
   std::size_t listed = 0;

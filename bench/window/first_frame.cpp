@@ -1,147 +1,137 @@
-// first_frame: from the start of a process to its first frame, without a display, and what it holds
-// then: the Settings window on an empty device against a Qt Quick Controls window of thirty
-// switches. Prints medians, quartiles and the ratio of paired runs, and how often the idle window
-// wakes up in five seconds.
+// first_frame [ROUNDS]: from the start of a process to its first frame, without a display, and what
+// it holds then: quorvantis-settings on a device of 108 saved profiles against a Qt Quick Controls
+// window of thirty switches, in turn. Prints medians, quartiles and the ratio of paired runs, and
+// how often each idle window wakes up; first without a session bus, then on one of its own.
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
-#include <QElapsedTimer>
-#include <QGuiApplication>
-#include <QProcess>
-#include <QQmlApplicationEngine>
-#include <QQuickWindow>
-#include <QTemporaryDir>
-#include <QTimer>
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <fstream>
-#include <string>
-#include <vector>
+#include <cstdlib>
+#include <thread>
 
-#include "apps/window/session.h"
+#include "bench/saved_profiles.h"
+#include "bench/window/shown_process.h"
+#include "tests/support/environment.h"
 
 namespace {
 
-constexpr int kRounds = 41;
-constexpr int kSettling = 3000, kIdle = 5000;  // milliseconds
+using namespace std::chrono_literals;
 
-// Nanoseconds of the clock that all processes share.
-qint64 now() {
-  return std::chrono::steady_clock::now().time_since_epoch().count();
-}
+constexpr auto kSettling = 3s, kIdle = 10s;
 
-// The number behind a name in a file of /proc.
-long numberIn(const char* file, const std::string& name) {
-  std::ifstream in(file);
-  for (std::string line; std::getline(in, line);)
-    if (line.starts_with(name + ":")) return std::stol(line.substr(name.size() + 1));
-  return -1;
-}
+using Words = std::vector<std::string>;
 
-long wakeUps() {
-  return numberIn("/proc/self/status", "voluntary_ctxt_switches");
-}
-
-// Prints milliseconds since the start and KiB at the first frame; with `idle` the wake-ups later.
-int show(QQuickWindow* window, qint64 started, bool idle) {
-  if (!window) return 1;
-  QObject::connect(
-      window, &QQuickWindow::frameSwapped, window,
-      [=] {
-        std::printf("%f %ld\n", static_cast<double>(now() - started) / 1e6,
-                    numberIn("/proc/self/smaps_rollup", "Pss"));
-        std::fflush(stdout);
-        if (!idle) std::_Exit(0);
-      },
-      static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
-  QTimer::singleShot(kSettling, [] {
-    const long before = wakeUps();
-    QTimer::singleShot(kIdle, [before] {
-      std::printf("%ld\n", wakeUps() - before - 1);  // one is this timer's
-      std::fflush(stdout);
-      std::_Exit(0);
-    });
-  });
-  return QGuiApplication::exec();
-}
-
-int showSettings(qint64 started, bool idle, const std::string& folder) {
-  window::Options options;
-  options.device.root = folder + "/device";
-  options.device.state = folder + "/state";
-  const auto session = window::Session::open(options);
-  return session ? show((*session)->settings().quickWindow(), started, idle) : 1;
-}
-
-int showSwitches(qint64 started, bool idle) {
-  QQmlApplicationEngine engine("qrc:/qt/qml/Bench/Switches.qml");
-  const auto made = engine.rootObjects();
-  return show(made.isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(made.first()), started, idle);
-}
-
-struct Sample {
-  double milliseconds = 0, mebibytes = 0;
-  long wakeUps = -1;
-};
-
-Sample run(const QString& what, const QTemporaryDir& folder, bool idle = false) {
-  QProcess process;
-  process.start(QCoreApplication::applicationFilePath(),
-                {what, QString::number(now()), idle ? "idle" : "once", folder.path()});
-  process.waitForFinished();
-  const QStringList said = QString::fromLatin1(process.readAllStandardOutput()).split(u'\n');
-  const QStringList frame = said[0].split(u' ');
-  if (frame.size() != 2) qFatal("%s shows no frame", qPrintable(what));
-  return {frame[0].toDouble(), frame[1].toDouble() / 1024, said.value(1, "-1").toLong()};
-}
-
-struct Spread {
-  double low, median, high;  // quartiles
-};
-
-Spread spreadOf(std::vector<double> values) {
-  std::ranges::sort(values);
-  return {values[values.size() / 4], values[values.size() / 2], values[values.size() * 3 / 4]};
-}
-
-void print(const char* what, const char* unit, const std::vector<double>& values) {
-  const auto [low, median, high] = spreadOf(values);
-  std::printf("%-34s %7.2f %s (%.2f to %.2f)\n", what, median, unit, low, high);
-}
-
-int compare() {
-  const QTemporaryDir folder;
-  std::vector<double> ours, theirs, ratios, more;
-  for (int round = 0; round <= kRounds; ++round) {
-    const Sample settings = run("settings", folder), switches = run("switches", folder);
-    if (round == 0) continue;  // the first one fills caches
-    ours.push_back(settings.milliseconds);
-    theirs.push_back(switches.milliseconds);
-    ratios.push_back(settings.milliseconds / switches.milliseconds);
-    more.push_back(settings.mebibytes - switches.mebibytes);
+// Folders of its own, so that nothing of the caller's is read.
+struct Place {
+  testing_support::TemporaryFolder device, home;
+  Words environment() const {
+    Words words{"LC_ALL=C.UTF-8", "HOME=" + home.path(), "XDG_RUNTIME_DIR=" + home.path()};
+    for (const char* name : {"CONFIG", "DATA", "CACHE", "STATE"})
+      words.push_back(std::string("XDG_") + name + "_HOME=" + home.path() + "/" + name);
+    return words;
   }
-  print("first frame, Settings", "ms", ours);
-  print("first frame, thirty switches", "ms", theirs);
+};
+
+// A session bus as long as this lives. It has no portal.
+class Bus {
+ public:
+  Bus() {
+    int out[2];
+    if (pipe(out) != 0) return;
+    process_ = fork();
+    if (process_ == 0) {
+      dup2(out[1], STDOUT_FILENO);
+      execlp("dbus-daemon", "dbus-daemon", "--session", "--nofork", "--nopidfile",
+             "--print-address", nullptr);
+      _exit(127);
+    }
+    close(out[1]);
+    char line[512];
+    const ssize_t length = read(out[0], line, sizeof line);
+    if (length > 0) address_.assign(line, static_cast<std::size_t>(length - 1));
+    close(out[0]);
+  }
+  ~Bus() {
+    kill(process_, SIGTERM);
+    waitpid(process_, nullptr, 0);
+  }
+  Bus(const Bus&) = delete;
+  Bus& operator=(const Bus&) = delete;
+
+  const std::string& address() const { return address_; }  // empty: there is none
+
+ private:
+  pid_t process_ = -1;
+  std::string address_;
+};
+
+void print(const char* what, const char* unit, std::vector<double> values) {
+  std::ranges::sort(values);
+  std::printf("  %-32s %7.2f %-3s (%.2f to %.2f; least %.2f)\n", what, values[values.size() / 2],
+              unit, values[values.size() / 4], values[values.size() * 3 / 4], values.front());
+}
+
+long idleWakeUps(const Words& command, const Words& environment) {
+  const bench::ShownProcess shown(command, environment);
+  std::this_thread::sleep_for(kSettling);
+  const long before = shown.wakeUps();
+  std::this_thread::sleep_for(kIdle);
+  return shown.wakeUps() - before;
+}
+
+void compare(const Words& settings, const Words& switches, const Words& environment, int rounds) {
+  std::vector<double> frame[2], processor[2], memory[2], ratios, processorRatios, more;
+  for (int round = 0; round <= rounds; ++round) {
+    bench::FirstFrame now[2];
+    for (int turn = 0; turn < 2; ++turn) {
+      const int which = (round + turn) % 2;
+      now[which] = bench::ShownProcess(which == 0 ? settings : switches, environment).firstFrame();
+    }
+    if (round == 0) continue;  // it fills caches
+    for (int which = 0; which < 2; ++which) {
+      frame[which].push_back(now[which].milliseconds);
+      processor[which].push_back(now[which].processor);
+      memory[which].push_back(now[which].mebibytes);
+    }
+    ratios.push_back(now[0].milliseconds / now[1].milliseconds);
+    processorRatios.push_back(now[0].processor / now[1].processor);
+    more.push_back(now[0].mebibytes - now[1].mebibytes);
+  }
+  print("first frame, Settings", "ms", frame[0]);
+  print("first frame, thirty switches", "ms", frame[1]);
   print("ratio", "", ratios);
-  print("PSS above thirty switches", "MiB", more);
-  std::printf("%-34s %4ld\n", "wake-ups in 5 s, Settings", run("settings", folder, true).wakeUps);
-  std::printf("%-34s %4ld\n", "wake-ups in 5 s, thirty switches",
-              run("switches", folder, true).wakeUps);
-  return 0;
+  print("processor, Settings", "ms", processor[0]);
+  print("processor, thirty switches", "ms", processor[1]);
+  print("ratio", "", processorRatios);
+  print("PSS, Settings", "MiB", memory[0]);
+  print("PSS, thirty switches", "MiB", memory[1]);
+  print("difference", "MiB", more);
+  const auto seconds = static_cast<long>(kIdle.count());
+  std::printf("  wake-ups in %ld s: Settings %ld, thirty switches %ld\n", seconds,
+              idleWakeUps(settings, environment), idleWakeUps(switches, environment));
+  std::fflush(stdout);
 }
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  qputenv("QT_QUICK_BACKEND", "software");
-  qunsetenv("DBUS_SESSION_BUS_ADDRESS");
-  if (argc < 5) {
-    QCoreApplication application(argc, argv);
-    return compare();
-  }
-  QGuiApplication application(argc, argv);
-  const qint64 started = std::stoll(argv[2]);
-  const bool idle = std::string_view(argv[3]) == "idle";
-  return std::string_view(argv[1]) == "settings" ? showSettings(started, idle, argv[4])
-                                                 : showSwitches(started, idle);
+int main(int count, char** arguments) {
+  const int rounds = count > 1 ? std::max(1, std::atoi(arguments[1])) : 41;
+  const Place place;
+  foundation::DeviceRoot root(place.device.path());
+  if (!bench::saveProfiles(root)) return std::fprintf(stderr, "no profiles\n"), 1;
+  const auto programs = std::filesystem::read_symlink("/proc/self/exe").parent_path();
+  const Words settings{programs / "quorvantis-settings", "--root", place.device.path()};
+  const Words switches{programs / "thirty_switches"};
+
+  std::printf("%d rounds, without a session bus\n", rounds);
+  compare(settings, switches, place.environment(), rounds);
+  const Bus bus;
+  if (bus.address().empty()) return std::fprintf(stderr, "no session bus\n"), 1;
+  Words environment = place.environment();
+  environment.push_back("DBUS_SESSION_BUS_ADDRESS=" + bus.address());
+  std::printf("%d rounds, with a session bus\n", rounds);
+  compare(settings, switches, environment, rounds);
 }

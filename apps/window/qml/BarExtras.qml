@@ -8,6 +8,13 @@ Row {
     required property PageModel page
     property bool first: false  // the first page
 
+    component Dot: Rectangle {
+        width: Theme.unit(4.4)
+        height: width
+        radius: width / 2
+        color: Theme.accentText
+    }
+
     visible: page.tools !== null
     width: visible ? implicitWidth : 0
 
@@ -51,16 +58,9 @@ Row {
             anchors.centerIn: parent
             spacing: 4
 
-            Repeater {
-                model: 3
-
-                Rectangle {
-                    width: Theme.unit(4.4)
-                    height: width
-                    radius: width / 2
-                    color: Theme.accentText
-                }
-            }
+            Dot {}
+            Dot {}
+            Dot {}
         }
     }
 }

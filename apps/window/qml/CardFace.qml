@@ -1,38 +1,30 @@
 import QtQuick
 
 // The background of a row: round at the first and the last row of its card, a line between rows.
-Item {
+Rectangle {
     id: face
 
     property bool first: false
     property bool last: false
     property bool pressed: false
     property bool hovered: false
-    readonly property color ground: pressed ? Theme.pressed : hovered ? Theme.hovered : Theme.card
 
+    radius: first || last ? Theme.radius : 0
+    color: pressed ? Theme.pressed : hovered ? Theme.hovered : Theme.card
+
+    // Where one end is round, the other one isn't.
     Rectangle {
-        anchors.fill: parent
-        radius: face.first || face.last ? Theme.radius : 0
-        color: face.ground
-    }
-    Rectangle {
-        width: parent.width
+        y: face.first ? face.height - height : 0
+        width: face.width
         height: Theme.radius
-        visible: face.last && !face.first
-        color: face.ground
-    }
-    Rectangle {
-        width: parent.width
-        height: Theme.radius
-        anchors.bottom: parent.bottom
-        visible: face.first && !face.last
-        color: face.ground
+        visible: face.first !== face.last
+        color: face.color
     }
     Rectangle {
         x: Theme.inset
-        width: parent.width - x
+        y: face.height - height
+        width: face.width - x
         height: Theme.line
-        anchors.bottom: parent.bottom
         visible: !face.last
         color: Theme.separator
     }

@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Templates as T
 import Quorvantis.Settings
 
 // One row of a card. Its first and last rows are round; below the last one stands the group's
@@ -23,15 +24,23 @@ KeyRow {
     readonly property color faint: usable ? Theme.secondary : Theme.text
     readonly property real side: Theme.sideOf(width)
     readonly property real cardHeight: Math.max(entry.height, contentHeight)
+    // It has more than its control, or may have at any moment.
+    readonly property bool special: entry.changed || entry.reason !== "" || page.marked === index || ((control as T.AbstractButton)?.pressed ?? false) || activeFocus && KeyboardUse.active
 
     function stops(): var {
-        return control ? [usable ? control : dimmed] : [];
+        return control ? [usable ? control : area] : [];
     }
 
+    function menu() {
+        extras.active = true;
+        (extras.item as RowExtras).menu();
+    }
     function joined(one: string, other: string): string {
         return one === "" || other === "" ? one + other : one + ", " + other;
     }
 
+    onSpecialChanged: if (special) extras.active = true
+    Component.onCompleted: if (special) extras.active = true
     onUsableChanged: if (activeFocus) take(false)
     // What a row in use has accepted doesn't come here.
     Keys.onReturnPressed: event => {
@@ -39,99 +48,74 @@ KeyRow {
         if (event.accepted)
             page.takeWayOut(index);
     }
-    Keys.onMenuPressed: extras.menu()
+    Keys.onMenuPressed: menu()
     Keys.onPressed: event => {
         event.accepted = event.key === Qt.Key_F10 && (event.modifiers & Qt.ShiftModifier);
         if (event.accepted)
-            extras.menu();
+            menu();
     }
-    height: cardHeight + (footer.visible ? footer.height + 8 : 0)
+    height: cardHeight + (footer.active ? footer.height + 8 : 0)
 
-    Item {
+    DimmedRow {
         id: area
 
         x: card.side
         width: card.width - 2 * card.side
         height: card.cardHeight
+        control: card.control
+        dimmed: !card.usable && card.control !== null
+        wayOut: card.entry.wayOut
+        onTaken: card.page.takeWayOut(card.index)
+        Accessible.ignored: !dimmed
 
         CardFace {
-            anchors.fill: parent
+            width: area.width
+            height: area.height
             first: card.entry.first
             last: card.entry.last
             pressed: card.pressed
             hovered: card.hovered
         }
-        DimmedRow {
-            id: dimmed
+        Item {
+            id: face
 
-            anchors.fill: parent
-            control: card.control
-            dimmed: !card.usable && card.control !== null
-            wayOut: card.entry.wayOut
-            onTaken: card.page.takeWayOut(card.index)
-            Accessible.ignored: !dimmed
-
-            Item {
-                id: face
-
-                anchors.fill: parent
-                opacity: card.usable ? card.entry.opacity : Math.max(card.entry.opacity, Theme.dimmed)
-                enabled: card.usable && !extras.holding
-            }
-        }
-        FocusRing {
-            of: card
-        }
-        RowExtras {
-            id: extras
-
-            anchors.fill: parent
-            entry: card.entry
-            page: card.page
-            index: card.index
-            control: card.control
-        }
-        TapHandler {
-            acceptedButtons: Qt.RightButton
-            onTapped: extras.menu()
-        }
-        HoverHandler {
-            id: pointer
-            enabled: card.entry.reason !== ""
-            onHoveredChanged: if (!hovered) (hint.item as Hint)?.rest()
-        }
-        TapHandler {
-            enabled: card.entry.reason !== ""
-            onTapped: (hint.item as Hint)?.linger()
+            width: area.width
+            height: area.height
+            opacity: card.usable ? card.entry.opacity : Math.max(card.entry.opacity, Theme.dimmed)
+            enabled: card.usable && !((extras.item as RowExtras)?.holding ?? false)
         }
         Loader {
-            id: hint
+            id: extras
 
-            anchors.fill: parent
-            active: card.entry.reason !== ""
-            sourceComponent: Hint {
-                text: card.entry.reason  // qmllint disable unqualified
-                wanted: pointer.hovered || (dimmed.activeFocus && KeyboardUse.active)  // qmllint disable unqualified
-                action: card.entry.wayOut  // qmllint disable unqualified
-                onActed: card.page.takeWayOut(card.index)  // qmllint disable unqualified
+            width: area.width
+            height: area.height
+            active: false
+            sourceComponent: RowExtras {
+                row: card  // qmllint disable unqualified
+                dimmed: area  // qmllint disable unqualified
+                entry: card.entry  // qmllint disable unqualified
+                page: card.page  // qmllint disable unqualified
+                index: card.index  // qmllint disable unqualified
+                control: card.control  // qmllint disable unqualified
             }
         }
     }
 
-    Text {
+    Loader {
         id: footer
 
         anchors.top: area.bottom
         anchors.topMargin: 8
         x: card.side + Theme.inset
         width: card.width - 2 * x
-        visible: text !== ""
-        text: card.entry.footer
-        wrapMode: Text.Wrap
-        color: Theme.secondary
-        font.pixelSize: Theme.small
-        Accessible.role: Accessible.StaticText
-        Accessible.name: text
-        Accessible.ignored: !visible
+        active: card.entry.footer !== ""
+        sourceComponent: Text {
+            text: card.entry.footer  // qmllint disable unqualified
+            wrapMode: Text.Wrap
+            color: Theme.secondary
+            font.pixelSize: Theme.small
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+        }
     }
 }

@@ -1,5 +1,5 @@
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 
 // A list over the pages. All its entries are made, so that the keyboard and assistive technology
 // find those that are off screen.
@@ -15,7 +15,7 @@ ListView {
     keyNavigationEnabled: false
     highlightFollowsCurrentItem: false
     bottomMargin: 16
-    ScrollBar.vertical: ScrollBar {}
+    T.ScrollBar.vertical: SlimScrollBar {}
     Keys.forwardTo: [keys]
     Accessible.role: Accessible.List
     Accessible.name: heading

@@ -1,5 +1,5 @@
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Quorvantis.Settings
 
 // A list of rows for the keyboard: Tab and the arrows lead to the next row that takes it, on screen
@@ -112,7 +112,7 @@ ListView {
     currentIndex: -1
     highlightFollowsCurrentItem: false
     bottomMargin: 36
-    ScrollBar.vertical: ScrollBar {}
+    T.ScrollBar.vertical: SlimScrollBar {}
 
     onContentYChanged: later.start()
     onContentHeightChanged: later.start()
@@ -124,7 +124,7 @@ ListView {
         if (focusedIndex >= 0 && (KeyboardUse.active || row.y + row.height <= contentY || row.y >= contentY + height))
             reveal(focusedIndex);
     }
-    StackView.onActivated: report()
+    T.StackView.onActivated: report()
     Keys.onPressed: event => {
         const ends = event.key === Qt.Key_Home || event.key === Qt.Key_End;
         const command = event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier);

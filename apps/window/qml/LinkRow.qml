@@ -24,30 +24,28 @@ CardRow {
 
             anchors.left: parent.left
             anchors.leftMargin: Theme.inset
-            anchors.right: mark.left
-            anchors.rightMargin: 10
+            anchors.right: parent.right
+            anchors.rightMargin: Theme.inset + 8 + (card.entry.opens ? chevron.width : tick.width)
             anchors.verticalCenter: parent.verticalCenter
             label: card.entry.label
             value: card.entry.value
             valueColor: card.faint
         }
-        Item {
-            id: mark
+        Chevron {
+            id: chevron
 
             anchors.right: parent.right
             anchors.rightMargin: Theme.inset - 2
             anchors.verticalCenter: parent.verticalCenter
-            width: card.entry.opens ? chevron.width : card.entry.ticked ? tick.width : 0
-            height: chevron.height
+            visible: card.entry.opens
+        }
+        Loader {
+            id: tick
 
-            Chevron {
-                id: chevron
-                visible: card.entry.opens
-            }
-            Tick {
-                id: tick
-                visible: card.entry.ticked
-            }
+            anchors.right: parent.right
+            anchors.rightMargin: Theme.inset - 2
+            anchors.verticalCenter: parent.verticalCenter
+            source: card.entry.ticked && !card.entry.opens ? "Tick.qml" : ""
         }
     }
 }

@@ -1,13 +1,12 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Templates as T
 import Quorvantis.Settings
 
 // The window: the shown page, those it slides over, and the problems to report. Where it is wide and
 // its first page only leads to others, that one stands at the left.
-ApplicationWindow {
+T.ApplicationWindow {
     id: window
 
     required property SettingsBridge settings
@@ -47,7 +46,7 @@ ApplicationWindow {
         const view = stack.push("PageView.qml", {
             page: page,
             byKeyboard: KeyboardUse.active && !instant  // which sees keys once it was asked
-        }, depth > 1 && !instant ? StackView.PushTransition : StackView.Immediate);
+        }, depth > 1 && !instant ? T.StackView.PushTransition : T.StackView.Immediate);
         view.canGoBack = Qt.binding(() => depth > firstDepth);
         view.back.connect(back);
         if (!instant)
@@ -81,7 +80,10 @@ ApplicationWindow {
         }
         function onAlertShown(alert) {
             window.commit();
-            const popup = (alert.sheet ? sheet : plainAlert).createObject(window, { alert: alert });
+            const popup = Qt.createComponent(alert.sheet ? "SheetPopup.qml" : "AlertPopup.qml").createObject(window, { alert: alert });
+            popup.top = Qt.binding(() => above.height);
+            if (alert.sheet)
+                popup.page = Qt.binding(() => stack.currentItem as PageView);
             popup.closed.connect(() => {
                 if (window && !window.settings.alert)
                     stack.currentItem.forceActiveFocus();
@@ -90,7 +92,7 @@ ApplicationWindow {
         }
         function onPopped(shown) {
             const view = stack.find(item => item.page === shown);
-            stack.pop(view, window.instant ? StackView.Immediate : StackView.PopTransition);
+            stack.pop(view, window.instant ? T.StackView.Immediate : T.StackView.PopTransition);
             if (!window.instant)
                 stack.currentItem.forceActiveFocus();
         }
@@ -124,21 +126,6 @@ ApplicationWindow {
         context: Qt.ApplicationShortcut
         enabled: !window.settings.alert && !tools.asking && !help.active
         onActivated: window.settings.undo.redo()
-    }
-    Component {
-        id: sheet
-
-        SheetPopup {
-            page: stack.currentItem as PageView
-            top: above.height
-        }
-    }
-    Component {
-        id: plainAlert
-
-        AlertPopup {
-            top: above.height
-        }
     }
     // Above what covers the window.
     T.Popup {
@@ -223,26 +210,29 @@ ApplicationWindow {
         Keys.onPressed: event => event.accepted = tools.type(event.text, event.modifiers)
         Component.onCompleted: load()
     }
-    Notices {
+    LazyPart {
         id: banners
 
         anchors.bottom: parent.bottom
         width: parent.width
         visible: !above.visible
-        height: visible ? implicitHeight : 0
-        settings: window.settings
+        height: visible ? (item as Item)?.implicitHeight ?? 0 : 0
+        wanted: window.settings.problems.length > 0
+        file: "Notices.qml"
+        values: ({ settings: window.settings })
     }
-
-    UndoBar {
+    LazyPart {
         id: undoBar
 
         anchors.bottom: banners.top
         width: parent.width
-        undo: window.settings.undo
-        covered: window.settings.alert !== null || tools.covering || help.active
+        wanted: window.settings.undo.text !== ""
+        file: "UndoBar.qml"
+        values: ({ undo: window.settings.undo })
+        onLoaded: (item as UndoBar).covered = Qt.binding(() => window.settings.alert !== null || tools.covering || help.active)
     }
 
-    StackView {
+    T.StackView {
         id: stack
 
         anchors.fill: parent

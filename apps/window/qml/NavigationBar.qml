@@ -8,7 +8,7 @@ Rectangle {
     property string backTitle
     property bool canGoBack: false
     property string actionName   // empty: no button at the right
-    readonly property alias action: actionButton
+    readonly property Item action: actionPlace.item as Item
     property bool raised: false  // rows pass below
     property real extraWidth: 0  // of what stands left of that button
 
@@ -18,89 +18,50 @@ Rectangle {
     implicitHeight: Theme.barHeight
     color: raised ? Theme.bar : Theme.background
 
-    readonly property real rightWidth: (actionName !== "" ? actionButton.width + 8 : extraWidth > 0 ? 6 : Theme.inset) + extraWidth
-    readonly property real leftWidth: canGoBack ? backButton.width + 12 : Theme.inset
-    // Where both titles don't fit the page's own is the one to keep.
-    readonly property bool namesBack: titleSize.advanceWidth + Math.min(backSize.advanceWidth, width * 0.36) + 60 + rightWidth < width
+    readonly property real rightWidth: (actionName !== "" ? actionPlace.width + 8 : extraWidth > 0 ? 6 : Theme.inset) + extraWidth
+    readonly property real leftWidth: canGoBack ? backPlace.width + 12 : Theme.inset
 
-    TextMetrics {
+    // As wide as the title is, which the one that is seen fits into its place.
+    Text {
         id: titleSize
+
+        visible: false
         text: bar.title
+        textFormat: Text.PlainText
         font.pixelSize: Theme.body
-        font.weight: title.font.weight
+        font.weight: Font.DemiBold
+        Accessible.ignored: true
     }
-    TextMetrics {
-        id: backSize
-        text: backName.text
-        font: backName.font
-    }
+    Loader {
+        id: backPlace
 
-    PressButton {
-        id: backButton
-
-        objectName: "back"
         x: 4
-        width: Math.min(backContent.implicitWidth + 16, bar.width * 0.36)
         height: parent.height
-        visible: bar.canGoBack
-        focusPolicy: Qt.TabFocus
-        text: qsTr("Back")
-        opacity: down ? 0.4 : 1
-        onClicked: bar.back()
-        Accessible.description: bar.backTitle
-
-        Row {
-            id: backContent
-
-            x: 8
-            height: parent.height
-            spacing: 7
-
-            Chevron {
-                anchors.verticalCenter: parent.verticalCenter
-                back: true
-                arm: Theme.unit(12)
-                thickness: 2.4 * Theme.scale
-                color: Theme.accentText
-            }
-            Text {
-                id: backName
-
-                anchors.verticalCenter: parent.verticalCenter
-                visible: bar.namesBack
-                width: Math.min(implicitWidth, bar.width * 0.36 - 36)
-                text: bar.backTitle !== "" ? bar.backTitle : backButton.text
-                textFormat: Text.PlainText
-                elide: Text.ElideRight
-                color: Theme.accentText
-                font.pixelSize: Theme.body
-                Accessible.ignored: true
-            }
-        }
-        FocusRing {
-            of: backButton
+        active: bar.canGoBack
+        sourceComponent: BackButton {
+            title: bar.backTitle  // qmllint disable unqualified
+            widest: bar.width * 0.36  // qmllint disable unqualified
+            // Where both titles don't fit the page's own is the one to keep.
+            room: bar.width - titleSize.implicitWidth - 60 - bar.rightWidth  // qmllint disable unqualified
+            onClicked: bar.back()  // qmllint disable unqualified
         }
     }
+    Loader {
+        id: actionPlace
 
-    PressButton {
-        id: actionButton
-
-        objectName: "action"
         anchors.right: parent.right
         anchors.rightMargin: 6
-        width: Theme.barHeight
         height: parent.height
-        visible: bar.actionName !== ""
-        focusPolicy: Qt.TabFocus
-        text: bar.actionName
-        opacity: down ? 0.4 : 1
-        onClicked: bar.acted()
+        active: bar.actionName !== ""
+        sourceComponent: BarButton {
+            objectName: "action"
+            width: Theme.barHeight
+            text: bar.actionName  // qmllint disable unqualified
+            onClicked: bar.acted()  // qmllint disable unqualified
 
-        ComposeIcon {
-            anchors.centerIn: parent
-        }
-        FocusRing {
-            of: actionButton
+            ComposeIcon {
+                anchors.centerIn: parent
+            }
         }
     }
 
@@ -112,7 +73,7 @@ Rectangle {
         readonly property real centered: (bar.width - width) / 2
 
         x: Math.max(bar.leftWidth, Math.min(centered, bar.width - bar.rightWidth - width))
-        width: Math.min(Math.ceil(titleSize.advanceWidth) + 1, freeWidth)
+        width: Math.min(titleSize.implicitWidth + 1, freeWidth)
         height: parent.height
         verticalAlignment: Text.AlignVCenter
         text: bar.title
@@ -120,7 +81,8 @@ Rectangle {
         elide: Text.ElideRight
         wrapMode: Text.WordWrap
         maximumLineCount: 2
-        fontSizeMode: Text.Fit
+        // To fit it Qt loads a font of each size that it tries.
+        fontSizeMode: bar.width > 0 && titleSize.implicitWidth > freeWidth ? Text.Fit : Text.FixedSize
         minimumPixelSize: Math.round(Theme.body * 0.7)
         color: Theme.text
         font.pixelSize: Theme.body

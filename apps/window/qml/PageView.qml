@@ -1,5 +1,5 @@
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Quorvantis.Settings
 
 // One page: its bar, and below it what kind of page it is.
@@ -42,7 +42,7 @@ FocusScope {
             body.setSource("SwatchesView.qml", { page: page });
     }
 
-    StackView.onActivated: {
+    T.StackView.onActivated: {
         if (byKeyboard)
             takeFocus();
         byKeyboard = false;

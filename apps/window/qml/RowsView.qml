@@ -2,9 +2,18 @@ import QtQuick
 import Qt.labs.qmlmodels
 import Quorvantis.Settings
 
-// A page of rows. All are made, so that assistive technology finds those that are off screen.
+// A page of rows. All are made, so that assistive technology finds those that are off screen. What
+// draws a kind of row is loaded with the first page that has one.
 KeyList {
     id: list
+
+    property bool ready: false
+    readonly property var files: ({
+        group: "GroupRow.qml", link: "LinkRow.qml", color: "ColorRow.qml", button: "ButtonRow.qml", switch: "SwitchRow.qml",
+        slider: "SliderRow.qml", segment: "SegmentRow.qml", text: "TextRow.qml", secret: "SecretRow.qml", longtext: "TextRow.qml",
+        value: "ValueRow.qml", static: "StaticRow.qml", giant: "StaticRow.qml", spinner: "SpinnerRow.qml"
+    })
+    property var loaded: []
 
     function stop(from: int, direction: int): int {
         return page.rows.nextStop(from, direction);
@@ -13,10 +22,30 @@ KeyList {
         if (focusedIndex < 0)
             enter(1);
     }
+    function loadKinds() {
+        for (const kind of page.rows?.kinds ?? []) {
+            if (loaded.includes(kind))
+                continue;
+            loaded.push(kind);
+            const drawn = Qt.createComponent(files[kind], Component.PreferSynchronous, chooser);
+            chooser.choices.push(choice.createObject(chooser, { roleValue: kind, delegate: drawn }));
+        }
+    }
 
-    model: page.rows
+    model: ready ? page.rows : null
     cacheBuffer: 100000
+    Component.onCompleted: {
+        loadKinds();
+        ready = true;
+    }
 
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        onTapped: point => {
+            const at = list.mapToItem(list.contentItem, point.position);
+            (list.itemAt(at.x, at.y) as CardRow)?.menu();
+        }
+    }
     Connections {
         target: list.page
 
@@ -27,23 +56,21 @@ KeyList {
             list.show(list.page.marked, ListView.Center);
         }
     }
+    Connections {
+        target: list.page.rows
+
+        function onKindsChanged() {
+            list.loadKinds();
+        }
+    }
+    Component {
+        id: choice
+
+        DelegateChoice {}
+    }
 
     delegate: DelegateChooser {
+        id: chooser
         role: "kind"
-
-        DelegateChoice { roleValue: "group"; GroupRow {} }
-        DelegateChoice { roleValue: "link"; LinkRow {} }
-        DelegateChoice { roleValue: "color"; ColorRow {} }
-        DelegateChoice { roleValue: "button"; ButtonRow {} }
-        DelegateChoice { roleValue: "switch"; SwitchRow {} }
-        DelegateChoice { roleValue: "slider"; SliderRow {} }
-        DelegateChoice { roleValue: "segment"; SegmentRow {} }
-        DelegateChoice { roleValue: "text"; TextRow {} }
-        DelegateChoice { roleValue: "secret"; SecretRow {} }
-        DelegateChoice { roleValue: "longtext"; TextRow {} }
-        DelegateChoice { roleValue: "value"; ValueRow {} }
-        DelegateChoice { roleValue: "static"; StaticRow {} }
-        DelegateChoice { roleValue: "giant"; StaticRow {} }
-        DelegateChoice { roleValue: "spinner"; SpinnerRow {} }
     }
 }

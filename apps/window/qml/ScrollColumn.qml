@@ -1,5 +1,5 @@
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 
 // One thing below the other; scrolls where they are taller than their place.
 Flickable {
@@ -14,7 +14,7 @@ Flickable {
     clip: interactive
     interactive: contentHeight > height
     boundsBehavior: Flickable.StopAtBounds
-    ScrollBar.vertical: ScrollBar {}
+    T.ScrollBar.vertical: SlimScrollBar {}
     Keys.forwardTo: keyed ? [keys] : []
 
     Column {

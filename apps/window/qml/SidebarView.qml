@@ -1,5 +1,5 @@
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Qt.labs.qmlmodels
 import Quorvantis.Settings
 
@@ -47,7 +47,7 @@ FocusScope {
         highlightFollowsCurrentItem: false
         topMargin: 8
         bottomMargin: 16
-        ScrollBar.vertical: ScrollBar {}
+        T.ScrollBar.vertical: SlimScrollBar {}
         Keys.onDownPressed: event => event.accepted = move(1)
         Keys.onUpPressed: event => event.accepted = move(-1)
         Accessible.role: Accessible.List

@@ -16,6 +16,8 @@ Rectangle {
     Accessible.role: Accessible.AlertMessage
     Accessible.name: undo.text
 
+    Component.onCompleted: moment.restart()
+
     Connections {
         target: bar.undo
 
