@@ -40,6 +40,22 @@ class ProfileView : public BundleWindow {
   }
   ::window::ProfileTool& opened() { return *bridge().tools()->profiles()->opened(); }
   QString exported(const char* name) { return folder.filePath(name); }
+  void drop(const QString& file) {
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(file)});
+    const QPoint at(100, 300);
+    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(window, &enter);
+    QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(window, &drop);
+    driver->waitUntilIdle();
+  }
+  int questions() const {
+    int count = 0;
+    for (const QObject* each : window->findChildren<QObject*>())
+      count += QByteArray(each->metaObject()->className()).startsWith("AskPopup_QML");
+    return count;
+  }
 };
 
 TEST_F(ProfileView, TheMenuListsTheSavedProfilesAndTheStripFillsTheirTriggers) {
@@ -199,14 +215,7 @@ TEST_F(ProfileView, ADroppedFileIsImportedAndAsksBeforeItReplacesOne) {
   ASSERT_TRUE(opened().describe("Other"));
   driver->key(Qt::Key_Escape);
 
-  QMimeData data;
-  data.setUrls({QUrl::fromLocalFile(exported("p.plist"))});
-  const QPoint at(100, 300);
-  QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, {});
-  QCoreApplication::sendEvent(window, &enter);
-  QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, {});
-  QCoreApplication::sendEvent(window, &drop);
-  driver->waitUntilIdle();
+  drop(exported("p.plist"));
   ASSERT_TRUE(driver->shows("Replace Battery 20%?"));
   EXPECT_EQ(driver->focused(), "Cancel");
   driver->click("Replace", kButton);
@@ -235,6 +244,16 @@ TEST_F(ProfileView, ADamagedProfileIsReportedAndNotShown) {
   emit bridge().tools()->profileWanted(kProfile20);
   driver->waitUntilIdle();
   EXPECT_TRUE(driver->itemsOfType("ProfileView").empty());
+TEST_F(ProfileView, AFileThatIsDroppedOnAQuestionAsksNoOther) {
+  openWithProfiles();
+  show(kProfile20);
+  ASSERT_TRUE(opened().exportTo(exported("p.plist"), false));
+  drop(exported("p.plist"));
+  ASSERT_EQ(questions(), 1);
+  drop(exported("p.plist"));
+  EXPECT_EQ(questions(), 1);
+}
+
   EXPECT_EQ(bridge().problems().size(), 1);
 }
 

@@ -83,7 +83,7 @@ ApplicationWindow {
             window.commit();
             const popup = (alert.sheet ? sheet : plainAlert).createObject(window, { alert: alert });
             popup.closed.connect(() => {
-                if (window && !window.settings.alert)
+                if (window && !window.settings.alert && tools.open === 0)
                     stack.currentItem.forceActiveFocus();
             });
             popup.open();
@@ -166,7 +166,7 @@ ApplicationWindow {
         width: window.width
         height: visible ? contentHeight : 0
         padding: 0
-        visible: tools.covering && window.settings.undo.text !== ""
+        visible: tools.covering && !tools.asking && window.settings.undo.text !== ""
         closePolicy: T.Popup.NoAutoClose
 
         contentItem: Loader { // qmllint disable deferred-property-id
@@ -203,7 +203,11 @@ ApplicationWindow {
 
         active: false
         source: "HelpPopup.qml"
-        onLoaded: (item as HelpPopup).closed.connect(() => active = false)
+        onLoaded: {
+            const popup = item as HelpPopup;
+            popup.top = Qt.binding(() => above.height);
+            popup.closed.connect(() => active = false);
+        }
     }
     TruncatedHint {}
     Loader {

@@ -12,7 +12,6 @@ Rectangle {
     implicitHeight: Math.max(Theme.rowHeight, words.implicitHeight + 20)
     height: visible ? implicitHeight : 0
     color: Theme.hint
-    onCoveredChanged: moment.restart()
     Accessible.role: Accessible.AlertMessage
     Accessible.name: undo.text
 
@@ -20,14 +19,16 @@ Rectangle {
         target: bar.undo
 
         function onChanged() {
-            moment.restart();
+            if (moment.running)
+                moment.restart();
         }
     }
     Timer {
         id: moment
 
         interval: 10000
-        onTriggered: if (!bar.visible || bar.covered || pointer.hovered || button.activeFocus) restart(); else bar.undo.forget()
+        running: bar.visible && !bar.covered && !pointer.hovered && !button.activeFocus
+        onTriggered: bar.undo.forget()
     }
     HoverHandler {
         id: pointer
