@@ -18,10 +18,10 @@ FocusScope {
 
     focus: true
     onReadingChanged: {
-        if (reading)
+        if (reading || list.currentIndex >= 0 || filter.text !== "")
             return;
         list.begin();
-        if (KeyboardUse.active && view.activeFocus)
+        if (KeyboardUse.active && list.activeFocus)
             takeFocus();
     }
 
