@@ -195,6 +195,25 @@ TEST_F(ProfileView, FollowsWhatOtherProgramsChange) {
   EXPECT_TRUE(bridge().problems().isEmpty());
 }
 
+TEST_F(ProfileView, StaysWhereTheOneItIsComparedWithIsRemoved) {
+  openWithProfiles();
+  show(kProfile20);
+  opened().compareWith(kProfile101);
+  ASSERT_TRUE(QFile::remove(folder.path() + kProfile101));
+  EXPECT_TRUE(driver->until([&] { return driver->shows("It can't be compared."); }));
+  driver->waitUntilIdle();
+  EXPECT_FALSE(driver->itemsOfType("ProfileView").empty());
+  EXPECT_THAT(below("Values"), testing::Contains("Vibrate: on"));
+}
+
+TEST_F(ProfileView, OpensWhereTheSettingsCantBeRead) {
+  openWithProfiles();
+  foundation::DeviceRoot root(folder.path().toStdString());
+  ASSERT_TRUE(root.writeDurably(foundation::domainPath(prefs::kDomain), {}));
+  show(kProfile20);
+  EXPECT_TRUE(driver->shows("It can't be compared."));
+}
+
 TEST_F(ProfileView, SaysWhatALoadWouldChangeAgainAfterItWasUndone) {
   QTemporaryDir kept;
   options.state = kept.path().toStdString();
@@ -225,6 +244,16 @@ TEST_F(ProfileView, ADroppedFileIsImportedAndAsksBeforeItReplacesOne) {
   EXPECT_TRUE(bridge().problems().isEmpty()) << "the question said it";
 }
 
+TEST_F(ProfileView, AFileThatIsDroppedOnAQuestionAsksNoOther) {
+  openWithProfiles();
+  show(kProfile20);
+  ASSERT_TRUE(opened().exportTo(exported("p.plist"), false));
+  drop(exported("p.plist"));
+  ASSERT_EQ(questions(), 1);
+  drop(exported("p.plist"));
+  EXPECT_EQ(questions(), 1);
+}
+
 TEST_F(ProfileView, AFileThatIsNoProfileIsReported) {
   openWithProfiles();
   QFile file(exported("x.plist"));
@@ -244,16 +273,6 @@ TEST_F(ProfileView, ADamagedProfileIsReportedAndNotShown) {
   emit bridge().tools()->profileWanted(kProfile20);
   driver->waitUntilIdle();
   EXPECT_TRUE(driver->itemsOfType("ProfileView").empty());
-TEST_F(ProfileView, AFileThatIsDroppedOnAQuestionAsksNoOther) {
-  openWithProfiles();
-  show(kProfile20);
-  ASSERT_TRUE(opened().exportTo(exported("p.plist"), false));
-  drop(exported("p.plist"));
-  ASSERT_EQ(questions(), 1);
-  drop(exported("p.plist"));
-  EXPECT_EQ(questions(), 1);
-}
-
   EXPECT_EQ(bridge().problems().size(), 1);
 }
 

@@ -15,6 +15,13 @@ ToolView {
     heading: all || changes.page === "" ? qsTr("Changed Settings") : qsTr("Changed in %1").arg(changes.page)
     Component.onCompleted: changes.look(pageClass)
 
+    Connections {
+        target: view.tools
+
+        function onStoredChanged() {
+            view.changes.look(view.pageClass);
+        }
+    }
     NoticeView {
         anchors.fill: list
         visible: list.count === 0
