@@ -129,6 +129,7 @@ KeyRow {
         text: card.entry.footer
         wrapMode: Text.Wrap
         color: Theme.secondary
+        textFormat: Text.PlainText
         font.pixelSize: Theme.small
         Accessible.role: Accessible.StaticText
         Accessible.name: text

@@ -30,6 +30,7 @@ Item {
         y: pair.below ? 0 : (pair.height - height) / 2
         width: pair.below || pair.value === "" ? pair.width : Math.ceil(labelSize.advanceWidth) + 1
         text: pair.label
+        textFormat: Text.PlainText
         color: pair.labelColor
         font.pixelSize: Theme.body
         wrapMode: Text.Wrap

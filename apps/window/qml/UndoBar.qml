@@ -72,6 +72,7 @@ Rectangle {
 
             anchors.centerIn: parent
             text: button.text
+            textFormat: Text.PlainText
             color: Theme.hintText
             font.pixelSize: Theme.body
             font.weight: Font.DemiBold
