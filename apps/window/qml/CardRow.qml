@@ -17,7 +17,8 @@ KeyRow {
 
     // What assistive technology says besides the name.
     readonly property string value: entry.spoken !== "" ? entry.spoken : entry.value
-    readonly property string description: joined(joined(value, entry.reason), entry.changed ? qsTr("changed") : "")
+    readonly property string remarks: joined(entry.reason, entry.changed ? qsTr("changed") : "")
+    readonly property string description: joined(value, remarks)
     readonly property bool usable: entry.usable
     // What stands beside the label; as dark as that where it is dimmed.
     readonly property color faint: usable ? Theme.secondary : Theme.text
@@ -34,6 +35,7 @@ KeyRow {
 
     onUsableChanged: if (activeFocus) take(false)
     // What a row in use has accepted doesn't come here.
+    Keys.onEnterPressed: event => Keys.returnPressed(event)
     Keys.onReturnPressed: event => {
         event.accepted = entry.wayOut !== "";
         if (event.accepted)
@@ -127,9 +129,9 @@ KeyRow {
         width: card.width - 2 * x
         visible: text !== ""
         text: card.entry.footer
+        textFormat: Text.PlainText
         wrapMode: Text.Wrap
         color: Theme.secondary
-        textFormat: Text.PlainText
         font.pixelSize: Theme.small
         Accessible.role: Accessible.StaticText
         Accessible.name: text

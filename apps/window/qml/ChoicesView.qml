@@ -47,6 +47,7 @@ FocusScope {
         }
         Keys.onDownPressed: view.takeFocus()
         Keys.onReturnPressed: view.takeFocus()
+        Keys.onEnterPressed: view.takeFocus()
     }
 
     NoticeView {
