@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/notices.h"
+#include "host/text.h"
 #include "host/unseen_settings.h"
 #include "platform/preferences/PSListItemsController.h"
 
@@ -21,9 +22,7 @@ bool isList(const PSSpecifier& row) {
 
 // A problem of a list stands beside it, without the system's own words.
 std::string sentence(const Problem& problem) {
-  std::string words = problem.plain.empty() ? problem.message() : problem.plain;
-  if (words[0] >= 'a' && words[0] <= 'z') words[0] += 'A' - 'a';
-  return words;
+  return capital(problem.plain.empty() ? problem.message() : problem.plain);
 }
 
 // Whoever shows these choices now.
