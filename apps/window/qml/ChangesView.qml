@@ -82,20 +82,12 @@ ToolView {
             }
         }
     }
-    Rectangle {
+    ViewActions {
         id: actions
 
         anchors.bottom: parent.bottom
-        width: parent.width
-        height: visible ? Theme.rowHeight + 12 : 0
         visible: view.changes.resettable > 0
-        color: "transparent"
 
-        Rectangle {
-            width: parent.width
-            height: 1
-            color: Theme.separator
-        }
         TextButton {
             anchors.centerIn: parent
             destructive: true

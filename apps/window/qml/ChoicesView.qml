@@ -27,7 +27,7 @@ FocusScope {
 
     Rectangle {
         width: parent.width
-        height: 1
+        height: Theme.line
         y: list.y
         z: 1
         visible: view.scrolled && filter.visible
