@@ -54,15 +54,16 @@ void Following::reportFailure() {
                                        (atLimit ? kAtLimit : watch_.failure()->message())});
 }
 
-void Following::look() {
+bool Following::look() {
   const auto changed = watch_.takeChanges();
   reportFailure();
-  if (changed.empty()) return;
+  if (changed.empty()) return false;
   const bool documents = changed.contains(std::string(prefs::kDocuments));
-  if (!preferences_.changedByOthers(prefs::kDomain) && !documents) return;
+  if (!preferences_.changedByOthers(prefs::kDomain) && !documents) return false;
   if (documents) task_->lists = Application::Lists::ReadAnew;
-  if (std::exchange(task_->waiting, true)) return;
-  queue_.after(kGathering, [task = task_] { task->run(); });
+  if (!std::exchange(task_->waiting, true))
+    queue_.after(kGathering, [task = task_] { task->run(); });
+  return true;
 }
 
 }  // namespace host

@@ -19,7 +19,7 @@ class Following {
   Following& operator=(const Following&) = delete;
 
   int descriptor() const { return watch_.descriptor(); }  // -1: there is nothing to wait for
-  void look();                                            // it is readable
+  bool look();  // it is readable; false where nothing was changed that is followed
 
  private:
   struct Task;

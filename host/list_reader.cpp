@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/notices.h"
+#include "host/text.h"
 #include "host/unseen_settings.h"
 #include "platform/preferences/PSListItemsController.h"
 
@@ -21,9 +22,7 @@ bool isList(const PSSpecifier& row) {
 
 // A problem of a list stands beside it, without the system's own words.
 std::string sentence(const Problem& problem) {
-  std::string words = problem.plain.empty() ? problem.message() : problem.plain;
-  if (words[0] >= 'a' && words[0] <= 'z') words[0] += 'A' - 'a';
-  return words;
+  return capital(problem.plain.empty() ? problem.message() : problem.plain);
 }
 
 // Whoever shows these choices now.
@@ -92,7 +91,7 @@ ListReader::Reading& ListReader::begin(const Row& row) {
     post_([this] { deadline_.reset(); });
   }
   const int number = ++begun_;
-  auto found = std::async(std::launch::async, [this, row, number] {
+  auto found = std::async(std::launch::async | std::launch::deferred, [this, row, number] {
     Found read = this->read(row);
     post_([this, row, number] { show(row, number); });
     return read;
@@ -110,18 +109,30 @@ preferences::ChoicesAnswer ListReader::answer(const Row& row) {
   }
   const Reading& reading = begin(row);
   if (reading.found.wait_until(reading.deadline) == std::future_status::timeout) return nullptr;
-  return take(row);
+  const Found found = take(row);
+  report(found.problems);
+  return found.choices;
 }
 
-std::shared_ptr<const preferences::Choices> ListReader::take(const Row& row) {
+ListReader::Found ListReader::take(const Row& row) {
   Found found = readings_.extract(row).mapped().found.get();
   notices_[row] = found.notice;
-  for (const Problem& problem : found.problems)
+  return found;
+}
+
+void ListReader::report(const std::vector<Problem>& problems) {
+  for (const Problem& problem : problems)
     if (std::ranges::find(reported_, problem) == reported_.end()) {
       reported_.push_back(problem);
       application_.report(problem);
     }
-  return found.choices;
+}
+
+// Where there is no thread for it, now.
+void ListReader::readAgain(const Row& row) {
+  const Reading& reading = begin(row);
+  if (reading.found.wait_for(Patience(0)) == std::future_status::deferred)
+    show(row, reading.number);
 }
 
 // One that came in time has been taken.
@@ -129,7 +140,8 @@ void ListReader::show(const Row& row, int number) {
   const auto reading = readings_.find(row);
   if (reading == readings_.end() || reading->second.number != number) return;
   const bool isOld = reading->second.isOld;
-  arrived_.emplace(row, take(row));
+  const Found found = take(row);
+  arrived_.emplace(row, found.choices);
   for (const auto& page : application_.pages()) {
     auto* list = dynamic_cast<PSListController*>(page.get());
     PSSpecifier* shown =
@@ -140,7 +152,8 @@ void ListReader::show(const Row& row, int number) {
     for (const auto& other : application_.pages()) showOn(*other, *shown);
   }
   arrived_.reset();
-  if (isOld) begin(row);
+  if (isOld) readAgain(row);
+  report(found.problems);
   application_.buildVisibleRows();
 }
 

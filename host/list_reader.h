@@ -22,7 +22,8 @@ namespace host {
 // hands over values. Where they come within kPatience the shown page has them as if it had read
 // them itself; else its row keeps what it has, and gets them, on the pages' thread, when they are
 // there. All lists that one task of that thread asks for share that time. One that a later task
-// asks for while it is read is read once more afterwards, since its files may have changed.
+// asks for while it is read is read once more afterwards, since its files may have changed. Where
+// the system makes no thread a list is read on the pages' own.
 //
 // Contacts are only read when their list is opened.
 class ListReader {
@@ -77,7 +78,9 @@ class ListReader {
   Found readPage(const Row& row) const;
   Reading& begin(const Row& row);
   preferences::ChoicesAnswer answer(const Row& row);
-  std::shared_ptr<const preferences::Choices> take(const Row& row);  // and reports its problems
+  Found take(const Row& row);
+  void report(const std::vector<Problem>& problems);
+  void readAgain(const Row& row);
   void show(const Row& row, int number);
 
   Application& application_;

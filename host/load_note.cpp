@@ -21,7 +21,7 @@ using platform::Result;
 constexpr const char* kNote = "/load";
 constexpr const char* kLockedName = "load";
 constexpr std::string_view kCalled = "the loading of profiles";
-constexpr std::string_view kBefore = "before", kLaid = "laid";
+constexpr std::string_view kBefore = "before", kAfter = "after";
 
 Result<foundation::Descriptor> lockLoads(foundation::DeviceRoot& state,
                                          std::chrono::milliseconds patience) {
@@ -40,40 +40,40 @@ plist::Value switched(const plist::Value& active) {
 
 // The values that a load's first change alters, and the switch, as they were and as it leaves them.
 struct LoadNote::Noted {
-  plist::Dictionary before, laid;
+  plist::Dictionary before, after;
 
   static Noted of(const plist::Dictionary& profile, const plist::Dictionary& domain) {
     Noted noted;
-    const auto laid = prefs::domainLaidByLoad(profile, domain);
-    for (const auto& [key, from, to] : foundation::changesBetween(domain, laid)) {
+    const auto after = prefs::domainAfterFirstChange(profile, domain);
+    for (const auto& [key, from, to] : foundation::changesBetween(domain, after)) {
       if (from) noted.before.set(key, *from);
-      noted.laid.set(key, *to);
+      noted.after.set(key, *to);
     }
     constexpr std::string_view kSwitch = prefs::key::profileactive;
     if (const plist::Value* active = domain.find(kSwitch)) noted.before.set(kSwitch, *active);
-    if (const plist::Value* active = laid.find(kSwitch)) noted.laid.set(kSwitch, *active);
+    if (const plist::Value* active = after.find(kSwitch)) noted.after.set(kSwitch, *active);
     return noted;
   }
   static std::optional<Noted> read(const foundation::DeviceRoot& state) {
     const auto record = readRecord(state, kNote);
     if (!record) return std::nullopt;
     const plist::Value* before = record->find(kBefore);
-    const plist::Value* laid = record->find(kLaid);
-    if (!before || !before->dictionary() || !laid || !laid->dictionary()) return std::nullopt;
-    return Noted{*before->dictionary(), *laid->dictionary()};
+    const plist::Value* after = record->find(kAfter);
+    if (!before || !before->dictionary() || !after || !after->dictionary()) return std::nullopt;
+    return Noted{*before->dictionary(), *after->dictionary()};
   }
 };
 
 // Other processes may have changed some of the values since; the rest show how far the load went.
 LoadNote::Progress LoadNote::progressOf(const Noted& noted) {
   const plist::Dictionary domain = prefs::wholeDomainRead(store_);
-  int laid = 0, before = 0;
-  for (const auto& [key, value] : noted.laid) {
-    laid += foundation::isSame(domain.find(key), &value);
+  int after = 0, before = 0;
+  for (const auto& [key, value] : noted.after) {
+    after += foundation::isSame(domain.find(key), &value);
     before += foundation::isSame(domain.find(key), noted.before.find(key));
   }
-  if (laid <= before) return Progress::None;
-  const plist::Value* active = noted.laid.find(prefs::key::profileactive);
+  if (after <= before) return Progress::None;
+  const plist::Value* active = noted.after.find(prefs::key::profileactive);
   const bool isHalf = active && *active != switched(*active) &&
                       foundation::isSame(active, domain.find(prefs::key::profileactive));
   return isHalf ? Progress::Half : Progress::Whole;
@@ -89,7 +89,7 @@ Result<std::shared_ptr<void>> LoadNote::begin(const std::string& profilePath,
   if (!locked) return locked.error();
   Noted noted = Noted::of(profile ? *profile : plist::Dictionary(), prefs::wholeDomainRead(store_));
   const auto written = writeRecord(
-      state_, kNote, {{std::string(kBefore), noted.before}, {std::string(kLaid), noted.laid}});
+      state_, kNote, {{std::string(kBefore), noted.before}, {std::string(kAfter), noted.after}});
   if (!written) return written.error();
   // The lock is held until then, and by no one but a living process.
   return std::shared_ptr<void>(
@@ -117,7 +117,7 @@ Result<Done> LoadNote::finish() {
     if (const auto readable = store_.refresh(prefs::kDomain); !readable) return readable.error();
     const Progress progress = progressOf(*noted);
     if (progress == Progress::Half) {
-      const plist::Value& active = *noted->laid.find(prefs::key::profileactive);
+      const plist::Value& active = *noted->after.find(prefs::key::profileactive);
       const auto finished = store_.exchange(
           {{std::string(prefs::key::profileactive), active, switched(active)}}, prefs::kDomain);
       if (!finished) return finished.error();

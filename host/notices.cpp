@@ -1,6 +1,9 @@
 #include "host/notices.h"
 
 #include <algorithm>
+#include <span>
+#include <string_view>
+#include <utility>
 
 #include "host/battery_log.h"
 #include "prefs/core/names.h"
@@ -33,6 +36,30 @@ std::string unreadableProfiles(const preferences::Environment& environment) {
   return "No profile can be read from " + namesOf(profiles.skipped) + " in " + folder;
 }
 
+// What would fill a list, by the row that leads to it.
+constexpr std::pair<std::string_view, std::string_view> kWaysToFill[] = {
+    {prefs::kSavedProfilesRow, "The profile manager, below Manage Profiles, saves profiles."},
+    {prefs::key::profile, "The profile manager, below Manage Profiles, saves profiles."},
+    {prefs::kBatteryLogRow, "Entries are written while Keep Battery Log, below Extras, is on."},
+    {prefs::key::adressbook,
+     "Contacts are read from vCard files (.vcf) in the folder of contacts, and from the desktop's "
+     "address book while that is running."}};
+
+// What the window says as long as a list is read, by the row that leads to it.
+constexpr std::pair<std::string_view, std::string_view> kReading[] = {
+    {prefs::kSavedProfilesRow, "Reading profiles…"},
+    {prefs::key::profile, "Reading profiles…"},
+    {prefs::kBatteryLogRow, "Reading the battery log…"},
+    {prefs::key::playsound, "Reading sounds…"},
+    {prefs::key::adressbook, "Reading contacts…"}};
+
+std::string wordsFor(std::span<const std::pair<std::string_view, std::string_view>> table,
+                     const preferences::PSSpecifier& row) {
+  const auto found =
+      std::ranges::find(table, row.identifier(), [](auto& each) { return each.first; });
+  return found == table.end() ? std::string() : std::string(found->second);
+}
+
 }  // namespace
 
 std::string unreadableIn(const preferences::PSSpecifier& row,
@@ -42,6 +69,14 @@ std::string unreadableIn(const preferences::PSSpecifier& row,
     return unreadableProfiles(environment);
   if (id != prefs::kBatteryLogRow || readBatteryLog(environment)) return {};
   return "The battery log can't be read: " + realPath(environment, prefs::kBatteryLog);
+}
+
+std::string wayToFill(const preferences::PSSpecifier& row) {
+  return wordsFor(kWaysToFill, row);
+}
+
+std::string readingWords(const preferences::PSSpecifier& row) {
+  return wordsFor(kReading, row);
 }
 
 Problem changesNotAnnounced() {

@@ -16,6 +16,11 @@ std::string unreadableIn(const preferences::PSSpecifier& row,
 // In place of the number of a list's entries where it can't be read.
 inline constexpr const char* kCannotBeRead = "Can't be read";
 
+// What would fill the list that this row leads to, in a sentence; empty where that isn't known.
+std::string wayToFill(const preferences::PSSpecifier& row);
+// What to say while that list is read.
+std::string readingWords(const preferences::PSSpecifier& row);
+
 // What is to be reported of the first change where there is no session bus.
 Problem changesNotAnnounced();
 

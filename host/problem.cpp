@@ -1,6 +1,7 @@
 #include "host/problem.h"
 
 #include <filesystem>
+#include <utility>
 
 #include "host/plain_words.h"
 
@@ -47,6 +48,10 @@ Failure failureOf(Source source, const platform::Error& error, const std::string
   if (error.kind == platform::ErrorKind::Unconfirmed) return {Failure::Unconfirmed, problem};
   if (before.empty()) return {Failure::Failed, problem};
   return {Failure::Failed, {.source = source, .words = before + ": " + problem.message()}};
+}
+
+Failure failure(Source source, Failure::Reason reason, std::string words) {
+  return {reason, {.source = source, .words = std::move(words)}};
 }
 
 }  // namespace host

@@ -70,6 +70,9 @@ Problem onMachine(Problem problem, const foundation::DeviceRoot& root);
 // Failed or Unconfirmed, and that problem; `before` stands before its words.
 Failure failureOf(Source source, const platform::Error& error, const std::string& before = {});
 
+// Of no file, in these words.
+Failure failure(Source source, Failure::Reason reason, std::string words);
+
 template <class T>
 using Attempt = platform::Result<T, Failure>;
 

@@ -16,20 +16,17 @@ using platform::Done;
 
 constexpr std::string_view kArchiver = "$archiver";  // in every keyed archive
 
-Failure failure(Failure::Reason reason, std::string words) {
-  return {reason, {.source = Source::Profiles, .words = std::move(words)}};
-}
-
 Failure refused(std::string_view key, const std::string& what) {
-  return failure(Failure::Refused, "\"" + std::string(key) + "\" " + what);
+  return failure(Source::Profiles, Failure::Refused, "\"" + std::string(key) + "\" " + what);
 }
 
 Attempt<plist::Dictionary> readValues(plist::Bytes bytes, platform::XmlPropertyLists& xml) {
   auto list = readPropertyList(bytes, xml);
   if (list && list->dictionary() && list->dictionary()->find(kArchiver))
     list = prefs::unarchive(bytes, xml);
-  if (!list) return failure(Failure::Failed, list.error().message());
-  if (!list->dictionary()) return failure(Failure::Refused, "not a profile: no dictionary");
+  if (!list) return failure(Source::Profiles, Failure::Failed, list.error().message());
+  if (!list->dictionary())
+    return failure(Source::Profiles, Failure::Refused, "not a profile: no dictionary");
   return std::move(*list->dictionary());
 }
 

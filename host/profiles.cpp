@@ -137,7 +137,8 @@ bool Profiles::restore(const Trigger& trigger,
 }
 
 bool Profiles::takeBack(const plist::Dictionary& profile, const plist::Dictionary& before) {
-  const auto changes = foundation::changesBetween(prefs::domainLaidByLoad(profile, before), before);
+  const auto changes =
+      foundation::changesBetween(prefs::domainAfterFirstChange(profile, before), before);
   return static_cast<bool>(environment_.preferences.exchange(changes, prefs::kDomain));
 }
 

@@ -74,7 +74,7 @@ class Profiles {
   Attempt<Done> checkFree(const Trigger& trigger, Existing existing) const;
   // Whether the file is again what it was.
   bool restore(const Trigger& trigger, const platform::Result<std::vector<std::uint8_t>>& before);
-  // Whether the settings are again what they were before the profile was laid over them, but for
+  // Whether the settings are again what they were before the profile was put over them, but for
   // what another process has changed since.
   bool takeBack(const plist::Dictionary& profile, const plist::Dictionary& before);
   // Takes the lock and reads the settings, and changes nothing; without a settings file it finds

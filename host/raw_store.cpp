@@ -9,10 +9,6 @@ namespace {
 
 using platform::Done;
 
-Failure failure(Failure::Reason reason, std::string words) {
-  return {reason, {.source = Source::Settings, .words = std::move(words)}};
-}
-
 }  // namespace
 
 Attempt<plist::Dictionary> RawStore::readAll() {
@@ -25,7 +21,7 @@ Attempt<plist::Value> RawStore::read(const std::string& key) {
   const auto readable = preferences_.refresh(prefs::kDomain);
   if (!readable) return failureOf(Source::Settings, readable.error());
   auto value = preferences_.copyAppValue(key, prefs::kDomain);
-  if (!value) return failure(Failure::NotFound, "no key \"" + key + "\"");
+  if (!value) return failure(Source::Settings, Failure::NotFound, "no key \"" + key + "\"");
   return std::move(*value);
 }
 
@@ -38,9 +34,10 @@ Attempt<Done> RawStore::change(const std::string& key, const plist::Value& value
 }
 
 Attempt<Done> RawStore::write(const std::string& key, const plist::Value& value) {
-  if (!foundation::isUtf8(key)) return failure(Failure::Refused, "the key is not UTF-8");
+  if (!foundation::isUtf8(key))
+    return failure(Source::Settings, Failure::Refused, "the key is not UTF-8");
   if (value.text() && !foundation::isUtf8(*value.text()))
-    return failure(Failure::Refused, "the text is not UTF-8");
+    return failure(Source::Settings, Failure::Refused, "the text is not UTF-8");
   return change(key, value);
 }
 

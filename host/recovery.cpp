@@ -14,10 +14,6 @@ namespace {
 using platform::Done;
 using platform::Error;
 
-Failure failure(Failure::Reason reason, std::string words) {
-  return {reason, {.source = Source::Backups, .words = std::move(words)}};
-}
-
 Failure failed(const Error& error) {
   return failureOf(Source::Backups, error);
 }
@@ -93,8 +89,9 @@ Attempt<Snapshot> Recovery::read(int number) {
   const auto numbers = backups_.snapshots().numbers();
   if (!numbers) return failed(numbers.error());
   if (std::ranges::find(*numbers, number) == numbers->end())
-    return failure(Failure::NotFound, "no snapshot " + std::to_string(number) +
-                                          "; quorvantis snapshot list lists them");
+    return failure(
+        Source::Backups, Failure::NotFound,
+        "no snapshot " + std::to_string(number) + "; quorvantis snapshot list lists them");
   auto snapshot = backups_.snapshots().read(number);
   if (!snapshot) return failed(snapshot.error());
   return std::move(*snapshot);
@@ -116,7 +113,7 @@ Attempt<plist::Dictionary> Recovery::settingsOf(int number) {
 Attempt<Done> Recovery::damaged() {
   if (backups_.store().damage(prefs::kDomain)) return Done{};
   return failure(
-      Failure::Refused,
+      Source::Backups, Failure::Refused,
       "the settings can be read, there is nothing to repair; quorvantis snapshot restore "
       "N returns to earlier ones, quorvantis reset --all to the defaults");
 }
@@ -134,7 +131,7 @@ Attempt<Recovery::Entry> Recovery::restoreLast() {
   const auto last = newestGood();
   if (!last) return last.error();
   if (!*last)
-    return failure(Failure::Failed,
+    return failure(Source::Backups, Failure::Failed,
                    "there is no snapshot to restore; quorvantis repair --start-anew begins without "
                    "settings");
   const auto replaced = replace((*last)->settings);

@@ -14,10 +14,6 @@ namespace {
 
 using platform::Done;
 
-Failure failure(Failure::Reason reason, std::string words) {
-  return {reason, {.source = Source::Settings, .words = std::move(words)}};
-}
-
 bool hasChoices(const RowView& row) {
   const auto* link = std::get_if<LinkView>(&row.control);
   return (link && link->choices) || std::holds_alternative<SegmentsView>(row.control);
@@ -84,9 +80,10 @@ Attempt<std::vector<SettingView>> Settings::toReset(const Scope& scope) {
     if (!setting) return setting.error();
     const RowView& row = setting->row;
     const std::string name = "\"" + row.id + "\" ";
-    if (row.whyNot) return failure(Failure::Refused, name + "is " + row.whyNot->words());
+    if (row.whyNot)
+      return failure(Source::Settings, Failure::Refused, name + "is " + row.whyNot->words());
     if (row.key.empty() || row.standard.isNothing())
-      return failure(Failure::Refused, name + "has no default");
+      return failure(Source::Settings, Failure::Refused, name + "has no default");
     found.push_back(std::move(*setting));
   }
   if (!scope.page.empty() || scope.all) {

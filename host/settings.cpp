@@ -16,10 +16,6 @@ namespace {
 // How long after it appears a page applies its rules.
 constexpr auto kRulesApplied = std::chrono::milliseconds(100);
 
-Failure failure(Failure::Reason reason, std::string words) {
-  return {reason, {.source = Source::Settings, .words = std::move(words)}};
-}
-
 std::string rangeOf(const SliderView& slider) {
   return "; it takes a number from " + numberText(slider.minimum) + " to " +
          numberText(slider.maximum);
@@ -29,8 +25,9 @@ std::string rangeOf(const SliderView& slider) {
 
 Failure Settings::noSetting(std::string_view key) const {
   const std::string name(key);
-  return failure(Failure::NotFound, "no setting \"" + name + "\"; quorvantis list lists them" +
-                                        didYouMean(key, settingKeys(environment_.bundle)));
+  return failure(Source::Settings, Failure::NotFound,
+                 "no setting \"" + name + "\"; quorvantis list lists them" +
+                     didYouMean(key, settingKeys(environment_.bundle)));
 }
 
 Attempt<Setting> Settings::find(std::string_view key) const {
@@ -46,9 +43,9 @@ Attempt<std::string> Settings::pageClass(std::string_view name) const {
     names.push_back(titleOf(bundle, page));
     names.emplace_back(page.name);
   }
-  return failure(Failure::NotFound, "no page \"" + std::string(name) +
-                                        "\"; quorvantis pages lists them" +
-                                        didYouMean(name, names));
+  return failure(Source::Settings, Failure::NotFound,
+                 "no page \"" + std::string(name) + "\"; quorvantis pages lists them" +
+                     didYouMean(name, names));
 }
 
 Attempt<std::unique_ptr<Application>> Settings::open(std::string_view pageClass) {
@@ -57,7 +54,8 @@ Attempt<std::unique_ptr<Application>> Settings::open(std::string_view pageClass)
   if (!launched) return failureOf(launched.error());
   clock_.advance(kRulesApplied);
   const auto* list = application->shownList();
-  if (list && !list->loadError().empty()) return failure(Failure::Failed, list->loadError());
+  if (list && !list->loadError().empty())
+    return failure(Source::Settings, Failure::Failed, list->loadError());
   return application;
 }
 

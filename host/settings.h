@@ -28,6 +28,8 @@ class Application;
 struct SettingView {
   std::string pageClass, pageTitle;
   RowView row;
+
+  bool operator==(const SettingView&) const = default;
 };
 
 // The settings by their keys and pages, without a user at a screen: pages are opened, and rows are

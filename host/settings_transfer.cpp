@@ -14,10 +14,6 @@ namespace {
 
 using platform::Done;
 
-Failure failure(Failure::Reason reason, std::string words) {
-  return {reason, {.source = Source::Settings, .words = std::move(words)}};
-}
-
 // What is wrong with a value for a row; empty where the row can take it.
 struct WhatIsWrong {
   const RowView& row;
@@ -57,12 +53,14 @@ Attempt<Done> check(const std::vector<SettingView>& known, const plist::Dictiona
     if (setting == known.end()) {
       std::vector<std::string> keys;
       for (const SettingView& each : known) keys.push_back(each.row.key);
-      return failure(Failure::Refused, "\"" + key + "\" is not a setting" + didYouMean(key, keys));
+      return failure(Source::Settings, Failure::Refused,
+                     "\"" + key + "\" is not a setting" + didYouMean(key, keys));
     }
     const RowView& row = setting->row;
     if (plist::equalByValue(value, row.standard) || value == row.value) continue;
     const std::string wrong = std::visit(WhatIsWrong{row, value}, row.control);
-    if (!wrong.empty()) return failure(Failure::Refused, "\"" + key + "\" " + wrong);
+    if (!wrong.empty())
+      return failure(Source::Settings, Failure::Refused, "\"" + key + "\" " + wrong);
   }
   return Done{};
 }
@@ -70,8 +68,9 @@ Attempt<Done> check(const std::vector<SettingView>& known, const plist::Dictiona
 Attempt<plist::Dictionary> readValues(Settings& settings, preferences::Environment& environment,
                                       plist::Bytes bytes) {
   auto list = readPropertyList(bytes, environment.xml);
-  if (!list) return failure(Failure::Failed, list.error().message());
-  if (!list->dictionary()) return failure(Failure::Refused, "not settings: no dictionary");
+  if (!list) return failure(Source::Settings, Failure::Failed, list.error().message());
+  if (!list->dictionary())
+    return failure(Source::Settings, Failure::Refused, "not settings: no dictionary");
   if (const auto readable = environment.preferences.refresh(prefs::kDomain); !readable)
     return failureOf(Source::Settings, readable.error());
   const auto known = settings.list();
@@ -91,7 +90,7 @@ Attempt<std::vector<std::uint8_t>> exportSettings(Settings& settings,
   plist::Dictionary values;
   for (const SettingView& setting : *known) values.set(setting.row.key, setting.row.value);
   auto xml = environment.xml.write(*plist::storable(values));
-  if (!xml) return failure(Failure::Failed, xml.error().message());
+  if (!xml) return failure(Source::Settings, Failure::Failed, xml.error().message());
   return std::move(*xml);
 }
 

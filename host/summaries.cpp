@@ -1,7 +1,6 @@
 #include "host/summaries.h"
 
 #include <algorithm>
-#include <span>
 
 #include "host/describe.h"
 #include "host/text.h"
@@ -31,15 +30,6 @@ struct Counted {
 };
 constexpr Counted kCounted[] = {{prefs::kSavedProfilesRow, "profile", "profiles"},
                                 {prefs::kBatteryLogRow, "entry", "entries"}};
-
-// What would fill a list, by the row that leads to it.
-constexpr std::pair<std::string_view, std::string_view> kWaysToFill[] = {
-    {prefs::kSavedProfilesRow, "The profile manager, below Manage Profiles, saves profiles."},
-    {prefs::key::profile, "The profile manager, below Manage Profiles, saves profiles."},
-    {prefs::kBatteryLogRow, "Entries are written while Keep Battery Log, below Extras, is on."},
-    {prefs::key::adressbook,
-     "Contacts are read from vCard files (.vcf) in the folder of contacts, and from the desktop's "
-     "address book while that is running."}};
 
 std::string countOf(const PSSpecifier& row) {
   const auto found = std::ranges::find(kCounted, row.identifier(), &Counted::row);
@@ -82,21 +72,6 @@ std::string wordsOf(const PSSpecifier& row, const plist::Value& value) {
                  ? row.name()
                  : row.name() + " " + shown;
   }
-}
-
-// What the window says as long as a list is read, by the row that leads to it.
-constexpr std::pair<std::string_view, std::string_view> kReading[] = {
-    {prefs::kSavedProfilesRow, "Reading profiles…"},
-    {prefs::key::profile, "Reading profiles…"},
-    {prefs::kBatteryLogRow, "Reading the battery log…"},
-    {prefs::key::playsound, "Reading sounds…"},
-    {prefs::key::adressbook, "Reading contacts…"}};
-
-std::string wordsFor(std::span<const std::pair<std::string_view, std::string_view>> table,
-                     const PSSpecifier& row) {
-  const auto found =
-      std::ranges::find(table, row.identifier(), [](auto& each) { return each.first; });
-  return found == table.end() ? std::string() : std::string(found->second);
 }
 
 }  // namespace
@@ -149,14 +124,6 @@ std::string Summaries::of(const PSSpecifier& link) {
   const auto row = std::ranges::find_if(
       rows, [&](const auto& each) { return each->textForKey("key") == master->second; });
   return row == rows.end() ? std::string() : capital(shownText(**row, valueOf(**row)));
-}
-
-std::string wayToFill(const PSSpecifier& row) {
-  return wordsFor(kWaysToFill, row);
-}
-
-std::string readingWords(const PSSpecifier& row) {
-  return wordsFor(kReading, row);
 }
 
 }  // namespace host

@@ -35,9 +35,4 @@ class Summaries {
   std::map<std::string, Rows, std::less<>> rows_;  // that hold a value, by the class of the page
 };
 
-// What would fill the list that this row leads to, in a sentence; empty where that isn't known.
-std::string wayToFill(const preferences::PSSpecifier& row);
-// What to say while that list is read.
-std::string readingWords(const preferences::PSSpecifier& row);
-
 }  // namespace host

@@ -14,10 +14,6 @@ using platform::Result;
 
 enum class Direction { Undo, Redo };
 
-Failure failure(Failure::Reason reason, Source source, std::string words) {
-  return {reason, {.source = source, .words = std::move(words)}};
-}
-
 // The files of the change, one by one, and back again if it can't be finished.
 class FileChanges {
  public:
@@ -57,7 +53,7 @@ class FileChanges {
 Failure takenBack(FileChanges& files, Failure cause) {
   const auto stay = files.takeBack();
   if (stay.empty()) return cause;
-  return failure(Failure::PartlyDone, cause.problem.source,
+  return failure(cause.problem.source, Failure::PartlyDone,
                  "not done: " + cause.problem.message() +
                      "; changed all the same, since it can't be "
                      "taken back: " +
@@ -92,7 +88,7 @@ Attempt<Undone> move(preferences::Environment& environment, Backups& backups, Di
   const auto last = latest(history, direction);
   if (!last) return failureOf(Source::Backups, last.error());
   if (!*last)
-    return failure(Failure::NotFound, Source::Backups,
+    return failure(Source::Backups, Failure::NotFound,
                    undoing ? "there is nothing to undo" : "there is nothing to redo");
   const auto& [number, recorded] = **last;
   const Change change = undoing ? reversed(recorded) : recorded;

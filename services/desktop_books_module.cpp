@@ -42,7 +42,6 @@ class Conversation {
  public:
   Conversation() : bus_(connectToBus(status)) {
     if (status < 0) return;
-    isBus_ = true;
     status = 0;
     while (status >= 0 && sd_bus_is_ready(bus_.get()) <= 0)
       if (status = sd_bus_process(bus_.get(), nullptr); status == 0) status = wait();
@@ -65,7 +64,7 @@ class Conversation {
     return Message(reply);
   }
 
-  bool isBus() const { return isBus_; }
+  bool isBus() const { return bus_ != nullptr; }
   bool isOver() const { return left() == 0; }
 
   int status = 0;
@@ -83,7 +82,6 @@ class Conversation {
 
   Clock::time_point deadline_ = Clock::now() + kPatience;
   BusConnection bus_;
-  bool isBus_ = false;
 };
 
 std::vector<std::string> textsIn(sd_bus_message* message) {
@@ -133,7 +131,7 @@ DataSources sourcesIn(sd_bus_message* message) {
     while (sd_bus_message_enter_container(message, 'e', "sa{sv}") > 0) {
       const char* interface = "";
       sd_bus_message_read(message, "s", &interface);
-      if (const bool isSource = std::string_view(interface) == kSource; isSource) {
+      if (std::string_view(interface) == kSource) {
         auto properties = propertiesIn(message);
         sources[properties["UID"]] = readDataSource(properties["Data"]);
       } else {
@@ -160,6 +158,7 @@ std::string cardsOf(Conversation& server, const std::string& factory, const std:
   server.call({service, object, kBook, "Open"});
   std::string cards;
   const auto contacts = server.call({service, object, kBook, "GetContactList"}, kEveryContact);
+  if (contacts && sd_bus_message_has_signature(contacts.get(), "as") <= 0) server.status = -EBADMSG;
   for (const std::string& card : textsIn(contacts.get())) (cards += card) += '\n';
   return cards;
 }

@@ -1,6 +1,7 @@
 #include "apps/window/changes_tool.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "apps/window/tools.h"
 #include "apps/window/values.h"
@@ -34,18 +35,23 @@ int ChangesTool::resettable() const {
 }
 
 void ChangesTool::look(const QString& pageClass) {
-  pageClass_ = pageClass;
-  page_.clear();
-  found_.clear();
   const auto all = tools_.settings().list();
-  failed_ = !all;
   if (!all) tools_.report(all.error());
+  QString page;
+  std::vector<host::SettingView> found;
   if (all)
     for (const host::SettingView& setting : *all) {
       const bool inScope = pageClass.isEmpty() || toQString(setting.pageClass) == pageClass;
-      if (inScope && !pageClass.isEmpty()) page_ = toQString(setting.pageTitle);
-      if (inScope && setting.row.changed) found_.push_back(setting);
+      if (inScope && !pageClass.isEmpty()) page = toQString(setting.pageTitle);
+      if (inScope && setting.row.changed) found.push_back(setting);
     }
+  const bool isSame =
+      pageClass_ == pageClass && page_ == page && found_ == found && failed_ == !all;
+  if (isSame) return;
+  pageClass_ = pageClass;
+  page_ = page;
+  found_ = std::move(found);
+  failed_ = !all;
   emit changed();
 }
 
@@ -55,9 +61,8 @@ void ChangesTool::open(int setting) {
 }
 
 void ChangesTool::reset(const host::Settings::Scope& scope, const QString& what) {
-  const bool done = tools_.change(
+  tools_.change(
       what.toStdString(), [&] { return tools_.settings().reset(scope); }, Tools::Keeps::Snapshot);
-  if (done) look(pageClass_);
 }
 
 void ChangesTool::reset() {

@@ -35,9 +35,9 @@ class PageModel : public QObject {
   Q_PROPERTY(window::SwatchModel* swatches READ swatches NOTIFY kindChanged)
   Q_PROPERTY(QString reading READ reading NOTIFY readingChanged)  // while its choices are read
   // What can't be read of its choices; may be empty.
-  Q_PROPERTY(QString notice MEMBER notice_ NOTIFY noticeChanged)
+  Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged)
   // What would fill its choices where there are none; may be empty.
-  Q_PROPERTY(QString filledBy MEMBER filledBy_ NOTIFY kindChanged)
+  Q_PROPERTY(QString filledBy READ filledBy CONSTANT)
   // The row that opened a page of colors, as it looks since the last choice.
   Q_PROPERTY(window::Row preview READ preview NOTIFY previewChanged)
 
@@ -62,6 +62,8 @@ class PageModel : public QObject {
   // A page below the shown one has a title only.
   void refresh(const host::PageView& view, const QString& backTitle, bool shown);
   QString reading() const { return reading_; }
+  QString notice() const { return notice_; }
+  QString filledBy() const { return filledBy_; }
   void setReading(const QString& words);
   void setNotice(const QString& words);
   void setFilledBy(const QString& words) { filledBy_ = words; }

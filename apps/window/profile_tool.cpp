@@ -40,11 +40,10 @@ bool ProfileTool::open(const QString& path) {
   }
   trigger_ = *trigger;
   other_ = {};
-  return read();
+  return show(tools_.savedProfiles().read(trigger_));
 }
 
-bool ProfileTool::read() {
-  const auto profile = tools_.savedProfiles().read(trigger_);
+bool ProfileTool::show(const host::Attempt<plist::Dictionary>& profile) {
   if (!profile) {
     tools_.report(profile.error());
     return false;
@@ -55,10 +54,11 @@ bool ProfileTool::read() {
   for (const host::SeenDifference& value : host::seenDifferences(tools_.settings(), all))
     values_ << shown(value);
   description_ = toQString(host::Profiles::saved(trigger_.path, *profile).description);
-  return compare();
+  compare();
+  return true;
 }
 
-bool ProfileTool::compare() {
+void ProfileTool::compare() {
   host::Profiles profiles = tools_.savedProfiles();
   const auto found = other_.path.empty() ? profiles.changesOfLoad(trigger_)
                                          : profiles.differences(trigger_, other_);
@@ -74,7 +74,6 @@ bool ProfileTool::compare() {
         ++alike_;
     }
   emit changed();
-  return static_cast<bool>(found);
 }
 
 void ProfileTool::compareWith(const QString& path) {
@@ -84,10 +83,8 @@ void ProfileTool::compareWith(const QString& path) {
 }
 
 bool ProfileTool::load() {
-  const bool loaded = tools_.change("load " + trigger_.title,
-                                    [&] { return tools_.savedProfiles().load(trigger_); });
-  compare();
-  return loaded;
+  return tools_.change("load " + trigger_.title,
+                       [&] { return tools_.savedProfiles().load(trigger_); });
 }
 
 bool ProfileTool::remove() {
@@ -97,16 +94,15 @@ bool ProfileTool::remove() {
 }
 
 bool ProfileTool::describe(const QString& description) {
-  const bool described = tools_.change("describe " + trigger_.title, [&] {
+  return tools_.change("describe " + trigger_.title, [&] {
     return tools_.savedProfiles().describe(trigger_, description.toStdString());
   });
-  return read() && described;
 }
 
 bool ProfileTool::look() {
   const auto profile = tools_.savedProfiles().read(trigger_);
-  if (!profile && profile.error().reason == host::Failure::NotFound) return false;
-  return read();
+  const bool isGone = !profile && profile.error().reason == host::Failure::NotFound;
+  return !isGone && show(profile);
 }
 
 bool ProfileTool::exportTo(const QString& file, bool replace) {

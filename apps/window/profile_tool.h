@@ -58,7 +58,8 @@ class ProfileTool : public QObject {
   Q_INVOKABLE bool load();
   Q_INVOKABLE bool remove();
   Q_INVOKABLE bool describe(const QString& description);
-  // Reads it and what it is compared with again; false: it is gone.
+  // Reads it and what it is compared with again. False where it is gone, or can't be read, which is
+  // reported.
   Q_INVOKABLE bool look();
   // As an XML property list; asks first where it would replace a file.
   Q_INVOKABLE bool exportTo(const QString& file, bool replace);
@@ -69,8 +70,8 @@ class ProfileTool : public QObject {
   void replaceWanted(const QString& file);
 
  private:
-  bool read();
-  bool compare();
+  bool show(const host::Attempt<plist::Dictionary>& profile);
+  void compare();
 
   Tools& tools_;
   host::Trigger trigger_, other_;

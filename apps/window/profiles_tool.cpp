@@ -58,7 +58,6 @@ void ProfilesTool::importFile(const QString& file, bool replace) {
   host::Attempt<host::Trigger> imported = host::Failure{};
   const auto import = [&] { return imported = tools_.savedProfiles().import(*bytes, existing); };
   if (tools_.change("import", import)) {
-    look();
     emit tools_.profileWanted(toQString(imported->path));
     return;
   }

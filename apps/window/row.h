@@ -44,7 +44,6 @@ struct Row {
   Q_PROPERTY(QStringList titles MEMBER titles)
   Q_PROPERTY(int selected MEMBER selected)
   Q_PROPERTY(QString placeholder MEMBER placeholder)
-  Q_PROPERTY(bool secret MEMBER secret)
   Q_PROPERTY(int inputHints MEMBER inputHints)
   Q_PROPERTY(QColor tint MEMBER tint)
   Q_PROPERTY(QColor onTint MEMBER onTint)

@@ -58,12 +58,12 @@ void SettingsBridge::showPages(const std::vector<host::PageView>& views) {
   pages_.resize(kept);
   while (pages_.size() < std::ssize(views))
     pages_.append(new PageModel(*this, views[pages_.size()].number));
-  if (!pages_.isEmpty()) sayWhatIsRead();
   QString backTitle;
   for (qsizetype i = 0; i < pages_.size(); ++i) {
     pages_[i]->refresh(views[i], backTitle, i == pages_.size() - 1);
     backTitle = pages_[i]->title();
   }
+  if (!pages_.isEmpty()) sayWhatIsRead();
   for (PageModel* page : gone) page->leave();
   if (!quiet_) summarise();
   opened_ = openedRow();

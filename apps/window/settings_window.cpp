@@ -86,8 +86,7 @@ void SettingsWindow::attach(host::Device& device, const host::ListReader* lists)
   if (following_->descriptor() < 0) return;
   auto* notifier = new QSocketNotifier(following_->descriptor(), QSocketNotifier::Read, this);
   connect(notifier, &QSocketNotifier::activated, this, [this] {
-    following_->look();
-    emit bridge_.tools()->storedChanged();
+    if (following_->look()) emit bridge_.tools()->storedChanged();
   });
 }
 

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -80,11 +81,14 @@ std::size_t parse(const char* text) {
 }  // namespace
 
 int main() {
+  // The machine's own address book is not asked.
+  unsetenv("DBUS_SESSION_BUS_ADDRESS");
+  unsetenv("XDG_RUNTIME_DIR");
   const std::string folder = makeFolder();
   const foundation::DeviceRoot root("/nonexistent");
   services::UserCollator collator;
-  services::MergedAddressBook book(root, folder, collator, [](const std::string& problem) {
-    std::fprintf(stderr, "%s\n", problem.c_str());
+  services::MergedAddressBook book(root, folder, collator, [](const platform::Error& error) {
+    std::fprintf(stderr, "%s\n", error.message().c_str());
   });
   std::size_t people = 0, total = 0;
   const double first =

@@ -16,7 +16,7 @@ inline constexpr unsigned kTouchUpOutside = 0x80;
 inline constexpr unsigned kValueChanged = 0x1000;
 }  // namespace event
 
-// A view that the user operates. A colour that was never set is the platform's own.
+// A view that the user operates. A color that was never set is the platform's own.
 class Control : public View {
  public:
   std::string_view className() const override { return "UIControl"; }

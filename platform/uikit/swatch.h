@@ -8,7 +8,7 @@
 
 namespace uikit {
 
-// A bitmap of one colour, in points at scale 1.
+// A bitmap of one color, in points at scale 1.
 struct Swatch {
   Size size;
   Color color;

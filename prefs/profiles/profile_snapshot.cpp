@@ -105,7 +105,8 @@ std::vector<Difference> differences(const plist::Dictionary& from, const plist::
   return found;
 }
 
-plist::Dictionary domainLaidByLoad(const plist::Dictionary& profile, plist::Dictionary domain) {
+plist::Dictionary domainAfterFirstChange(const plist::Dictionary& profile,
+                                         plist::Dictionary domain) {
   plist::Dictionary snapshot = domain;
   overlayProfile(profile, snapshot);
   // Nothing is ever removed from the store.
@@ -114,7 +115,7 @@ plist::Dictionary domainLaidByLoad(const plist::Dictionary& profile, plist::Dict
 }
 
 plist::Dictionary domainAfterLoad(const plist::Dictionary& profile, plist::Dictionary domain) {
-  domain = domainLaidByLoad(profile, std::move(domain));
+  domain = domainAfterFirstChange(profile, std::move(domain));
   domain.set(key::profileactive, isActive(domain) ? 1.0f : 0.0f);
   return domain;
 }

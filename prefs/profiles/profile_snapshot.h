@@ -56,9 +56,10 @@ struct Difference {
 // order, then those that only the second one has.
 std::vector<Difference> differences(const plist::Dictionary& from, const plist::Dictionary& to);
 
-// The domain as a load's whole-domain write would leave it; and as the load would, the switch of
-// the profile page included.
-plist::Dictionary domainLaidByLoad(const plist::Dictionary& profile, plist::Dictionary domain);
+// The domain as the first change of a load, of the whole domain, would leave it; and as the load
+// would, the switch of the profile page included.
+plist::Dictionary domainAfterFirstChange(const plist::Dictionary& profile,
+                                         plist::Dictionary domain);
 plist::Dictionary domainAfterLoad(const plist::Dictionary& profile, plist::Dictionary domain);
 
 }  // namespace prefs

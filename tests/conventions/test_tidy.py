@@ -25,6 +25,12 @@ class Tidy(unittest.TestCase):
     def test_a_header_without_pragma_once_is_a_fault(self):
         self.assertIn("pragma once", self.faults("a.h", "int a;\n")[0])
 
+    def test_a_text_that_takes_markup_is_a_fault(self):
+        plain = "Item {\n    Text {\n        text: a\n        textFormat: Text.PlainText\n    }\n"
+        self.assertEqual(self.faults("A.qml", plain + "}\n"), [])
+        found = self.faults("A.qml", plain + "    b: Text {\n        text: c\n    }\n}\n")
+        self.assertEqual(found, ["A.qml:6: is a Text without textFormat"])
+
     def test_a_home_folder_is_a_fault(self):
         self.assertIn("a.md:2: ", self.faults("a.md", "x\nsee " + "/home" + "/somebody/notes\n")[0])
 

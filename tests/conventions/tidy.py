@@ -26,6 +26,16 @@ def files_of(root):
         yield from (Path(folder, name) for name in sorted(names))
 
 
+def texts_with_markup(lines):
+    """The numbers of the lines where a QML Text begins that doesn't say how its text is read."""
+    for number, line in enumerate(lines):
+        begin = re.fullmatch(r"( *)(?:\w+: )?Text \{", line)
+        if begin:
+            end = lines.index(begin[1] + "}", number)
+            if not any("textFormat:" in inside for inside in lines[number:end]):
+                yield number + 1
+
+
 def faults(root):
     root = Path(root).resolve()
     machine = machine_paths(root)
@@ -41,6 +51,9 @@ def faults(root):
                 yield f"{path}:{number}: holds a path of one machine"
         if file.suffix == ".h" and "#pragma once" not in lines:
             yield f"{path}: has no #pragma once"
+        if file.suffix == ".qml":
+            for number in texts_with_markup(lines):
+                yield f"{path}:{number}: is a Text without textFormat"
 
 
 def main():

@@ -274,6 +274,21 @@ TEST_F(HostFollowing, ItsOwnChangesAreShownAlreadyAndNotFollowed) {
   EXPECT_EQ(row("vpn").shown, "On");
 }
 
+TEST_F(HostFollowing, SaysWhetherAnythingWasChanged) {
+  store("vpn", 1);
+  open("PowerSavingListController");
+  wait();
+  EXPECT_FALSE(following_->look());
+  ASSERT_TRUE(application_.perform(host::Set{"wifi", 1}));
+  EXPECT_FALSE(following_->look()) << "its own";
+  store("vpn", 2);
+  EXPECT_TRUE(following_->look());
+  EXPECT_FALSE(following_->look());
+  write("/var/mobile/Documents/Quorvantis/profile_20.qvx",
+        plist::Dictionary{{"profilepercentage", "20"}});
+  EXPECT_TRUE(following_->look());
+}
+
 TEST_F(HostFollowing, AnotherProcessesChangeBesideAnOwnOneIsFollowed) {
   open("PowerSavingListController");
   store("vpn", 1);

@@ -1,6 +1,7 @@
 #include "host/list_reader.h"
 
 #include <gtest/gtest.h>
+#include <pthread.h>
 
 #include <atomic>
 #include <mutex>
@@ -18,6 +19,26 @@ plist::Value listRow(std::string_view id) {
   return described::row("PSLinkListCell", id,
                         {{"valuesDataSource", "numbers:"}, {"titlesDataSource", "numbers:"}});
 }
+
+// While it exists the system makes no thread: none has room for its stack.
+class NoThreads {
+ public:
+  NoThreads() {
+    pthread_getattr_default_np(&before_);
+    pthread_attr_t huge;
+    pthread_attr_init(&huge);
+    pthread_attr_setstacksize(&huge, std::size_t{1} << 47);
+    pthread_setattr_default_np(&huge);
+    pthread_attr_destroy(&huge);
+  }
+  ~NoThreads() {
+    pthread_setattr_default_np(&before_);
+    pthread_attr_destroy(&before_);
+  }
+
+ private:
+  pthread_attr_t before_;
+};
 
 // Reads the lists of a page as soon as the test lets it.
 class HostListReader : public testing::Test {
@@ -58,6 +79,7 @@ class HostListReader : public testing::Test {
   described::Shown shown{{listRow("one"), listRow("two")}};
   std::atomic<int> readings = 0;
   std::atomic<bool> fails = false;
+  std::vector<host::Problem> problems;
   std::optional<host::ListReader> reader;
 
  private:
@@ -66,7 +88,7 @@ class HostListReader : public testing::Test {
     ++readings;
     if (fails) throw std::runtime_error("too little of something");
     auto device = std::make_shared<testing_support::TestDevice>(shown.environment.bundle);
-    return {device, device->environment, [] { return std::vector<host::Problem>(); }};
+    return {device, device->environment, [this] { return problems; }};
   }
 
   std::counting_semaphore<1000> may_{0};
@@ -119,6 +141,43 @@ TEST_F(HostListReader, AReadingThatFailsEndsAndSaysWhy) {
   runUntilRead();
   EXPECT_EQ(notice(), "");
   EXPECT_EQ(shown.specifier("one").choices()->values, (plist::Array{1, 2}));
+}
+
+TEST_F(HostListReader, WhatAReadingReportsIsSeenWithItsChoices) {
+  start(0ms);
+  ask("one");
+  problems = {{.source = host::Source::Profiles, .words = "one can't be read"}};
+  int looks = 0;
+  shown.application.setObserver([&] {
+    if (isReading("one")) return;
+    ++looks;
+    const auto choices = shown.specifier("one").choices();
+    EXPECT_TRUE(choices && choices->values == (plist::Array{1, 2}));
+  });
+  let(10);
+  runUntilRead();
+  EXPECT_GT(looks, 0);
+}
+
+TEST_F(HostListReader, WithoutThreadsAListIsReadWhereItIsAskedFor) {
+  start(0ms);
+  let(10);
+  const NoThreads none;
+  ask("one");
+  EXPECT_EQ(shown.specifier("one").choices()->values, (plist::Array{1, 2}));
+  runTasks();
+  EXPECT_EQ(readings, 1);
+}
+
+TEST_F(HostListReader, WithoutThreadsAListIsStillReadOnceMore) {
+  start(0ms);
+  ask("one");
+  runTasks();
+  ask("one");
+  let(10);
+  const NoThreads none;
+  runUntilRead();
+  EXPECT_EQ(readings, 2);
 }
 
 TEST_F(HostListReader, ListsThatAreAskedForTogetherAreWaitedForAsLongAsOne) {

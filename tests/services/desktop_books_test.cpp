@@ -248,6 +248,14 @@ TEST_F(DesktopBooksTest, AServerThatDiesCostsWhatWasNotReadYet) {
   EXPECT_THAT(people(), ElementsAre("Ada A: 1"));
   EXPECT_THAT(problems_, ElementsAre("the desktop's address book \"Work\" can't be read"));
 }
+TEST_F(DesktopBooksTest, AReplyThatHoldsSomethingElseIsNoEmptyBook) {
+  source("work", "[Data Source]\nDisplayName=Work\n[Address Book]\n");
+  ASSERT_NO_FATAL_FAILURE(startBus());
+  ASSERT_NO_FATAL_FAILURE(startServer("counts"));
+  ASSERT_TRUE(Writer().add(kPersonal, {card("Ada", "A", "1")}));
+  EXPECT_THAT(people(), ElementsAre("Ada A: 1"));
+  EXPECT_THAT(problems_, ElementsAre("the desktop's address book \"Work\" can't be read"));
+}
 TEST_F(DesktopBooksTest, ABusThatNeverAnswersIsLeftAloneAndReported) {
   const int server = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
   sockaddr_un address{AF_UNIX, {}};

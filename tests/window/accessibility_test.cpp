@@ -33,6 +33,15 @@ TEST_F(Accessibility, ALinksDescriptionIsItsValue) {
   EXPECT_EQ(driver->accessible("Tone", kButton)->text(QAccessible::Description), "Middle");
 }
 
+TEST_F(Accessibility, ATextSaysThatItIsChanged) {
+  for (const auto& [id, label] : {std::pair("name", "Name"), std::pair("secret", "Password")}) {
+    EXPECT_EQ(driver->accessible(label, kText)->text(QAccessible::Description), "") << label;
+    set(id, "other");
+    driver->waitUntilIdle();
+    EXPECT_EQ(driver->accessible(label, kText)->text(QAccessible::Description), "changed") << label;
+  }
+}
+
 TEST_F(Accessibility, TogglingASwitchStores) {
   ASSERT_TRUE(driver->act("Custom level", kCheckBox, kToggle));
   EXPECT_EQ(device.stored("custom"), plist::Value(true));

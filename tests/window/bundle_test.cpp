@@ -271,6 +271,18 @@ TEST_F(BundleWindow, TheReasonOffersTheWayOut) {
   EXPECT_TRUE(driver->until([&] { return !driver->find(offer, kButton); }));
 }
 
+TEST_F(BundleWindow, ReturnAndKeypadEnterTakeTheWayOut) {
+  open("PowerSavingListController");
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+    set("custbrightenabled", false);
+    driver->waitUntilIdle();
+    ASSERT_FALSE(row("custbright").usable);
+    driver->find(labelOf("custbright"), kSlider)->forceActiveFocus();
+    driver->key(key);
+    EXPECT_TRUE(row("custbright").usable) << key;
+  }
+}
+
 TEST_F(BundleWindow, TheSwitchOfTheWayOutMayBeOffScreen) {
   open("LowPowerListController", 390, 600);
   set("lowpowermodeenabled", true);

@@ -1,5 +1,6 @@
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QSignalSpy>
 
 #include "apps/window/tools.h"
 #include "tests/window/bundle_window.h"
@@ -124,6 +125,29 @@ TEST_F(Changes, AResetOfAPageLeavesTheOthers) {
   EXPECT_EQ(stored("vibrate"), Value(true));
   EXPECT_FALSE(row("custbrightenabled").changed) << "the page behind shows it";
   EXPECT_TRUE(driver->shows("Nothing is changed"));
+}
+
+TEST_F(Changes, TheListFollowsWhatIsTakenBack) {
+  QTemporaryDir state;
+  options.state = state.path().toStdString();
+  changeTwoPages();
+  choose("Changed on This Page…");
+  driver->click("Reset This Setting", kButton);
+  ASSERT_TRUE(driver->shows("Nothing is changed"));
+  driver->key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_TRUE(lists({"Custom Brightness: on (Default: off)"}));
+  closeAll();
+}
+
+TEST_F(Changes, TheListIsNotDrawnAgainWhereNothingDiffers) {
+  changeTwoPages();
+  choose("All Changed Settings…");
+  QSignalSpy changes(bridge().tools()->changes(), &::window::ChangesTool::changed);
+  emit bridge().tools()->storedChanged();
+  EXPECT_EQ(changes.size(), 0);
+  set("custbrightenabled", false);
+  emit bridge().tools()->storedChanged();
+  EXPECT_EQ(changes.size(), 1);
 }
 
 TEST_F(Changes, AResetOfAllIsOneStepOfTheHistory) {

@@ -77,6 +77,17 @@ TEST_F(Choices, TheFilterNarrowsAndAChoiceIsStillTheRightOne) {
   EXPECT_TRUE(ticked("Entry 9871"));
 }
 
+TEST_F(Choices, ReturnAndKeypadEnterLeadFromTheFilterToTheChoices) {
+  driver->click("One of very many entries");
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+    driver->clickItem(driver->itemsOfType("InputField").front());
+    driver->type("9");
+    ASSERT_EQ(driver->focused(), "Filter");
+    driver->key(key);
+    EXPECT_EQ(driver->focused(), key == Qt::Key_Return ? "Entry 9" : "Entry 99");
+  }
+}
+
 TEST_F(Choices, EscapeEmptiesTheFilterBeforeItLeaves) {
   driver->click("One of very many entries");
   driver->clickItem(driver->itemsOfType("InputField").front());

@@ -1,6 +1,7 @@
 #include <QElapsedTimer>
 #include <QSignalSpy>
 
+#include "apps/window/tools.h"
 #include "prefs/core/names.h"
 #include "tests/window/bundle_window.h"
 
@@ -69,6 +70,19 @@ TEST_F(Following, AnOwnChangeIsDrawnOnce) {
   QTest::qWait(200);
   EXPECT_EQ(changes.size(), drawn);
   EXPECT_EQ(resets.size(), 0);
+}
+
+TEST_F(Following, OnlyWhatOthersStoreIsLookedForAgain) {
+  store("vpn", 1);
+  open("PowerSavingListController");
+  QTest::qWait(200);
+  QSignalSpy changes(bridge().tools(), &::window::Tools::storedChanged);
+  driver->click(labelOf("custbrightenabled"), kCheckBox);
+  EXPECT_EQ(changes.size(), 0) << "at once";
+  QTest::qWait(200);
+  EXPECT_EQ(changes.size(), 0);
+  store("wifi", true);
+  EXPECT_TRUE(driver->until([&] { return changes.size() > 0; }));
 }
 
 TEST_F(Following, OnlyTheRowsThatChangeAreDrawn) {
@@ -161,6 +175,18 @@ TEST_F(Following, WhatIsFilteredStaysFiltered) {
   writeLog(62);
   ASSERT_TRUE(driver->until([&] { return bridge().shown()->choices()->count() == 9; }));
   EXPECT_EQ(bridge().shown()->choices()->filter(), "6");
+}
+
+TEST_F(Following, AFilterKeepsTheKeyboardWhileItsListIsReadAnew) {
+  writeLog(60);
+  open();
+  driver->click("Battery Log");
+  driver->clickItem(driver->find("Filter"));
+  driver->type("6");
+  ASSERT_EQ(driver->focused(), "Filter");
+  for (const char* words : {"Reading the battery log…", ""}) bridge().shown()->setReading(words);
+  driver->waitUntilIdle();
+  EXPECT_EQ(driver->focused(), "Filter");
 }
 
 TEST_F(Following, AProfileThatIsRemovedLeavesTheList) {

@@ -1,3 +1,4 @@
+#include "apps/window/tools.h"
 #include "host/window_state.h"
 #include "tests/window/bundle_window.h"
 
@@ -81,6 +82,31 @@ TEST_F(Look, F1ShowsTheKeysUntilEscape) {
   driver->key(Qt::Key_Escape);
   EXPECT_FALSE(driver->shows("Keys"));
   EXPECT_EQ(page().pageClass, "quorvantisprefsListController");
+}
+
+// What others have written would be drawn as markup, and pictures in it be fetched.
+TEST_F(Look, NoTextIsTakenForMarkup) {
+  write("/var/mobile/Documents/Quorvantis/profile_20.qvx",
+        plist::Dictionary{{"profilepercentage", "20"}, {"profiledescription", "<b>Night</b>"}});
+  const auto check = [this](const char* where) {
+    for (const QQuickItem* item : driver->itemsOfType("QQuickText"))
+      EXPECT_EQ(item->property("textFormat").toInt(), static_cast<int>(Qt::PlainText))
+          << where << ": " << item->property("text").toString().toStdString();
+  };
+  for (const char* page : {"GeneralSettingsController", "PowerSavingListController"}) {
+    open(page);
+    check(page);
+    emit bridge().tools()->profilesWanted();
+    driver->waitUntilIdle();
+    check("profiles");
+    emit bridge().tools()->profileWanted("/var/mobile/Documents/Quorvantis/profile_20.qvx");
+    driver->waitUntilIdle();
+    check("a profile");
+    closeAll();
+  }
+  open();
+  driver->key(Qt::Key_F1);
+  check("help");
 }
 
 TEST_F(Look, KeysCloseTheWindow) {

@@ -1,6 +1,9 @@
 #include <QDir>
+#include <QGuiApplication>
+#include <QStyleHints>
 
 #include "apps/window/tools.h"
+#include "platform/uikit/alert_controller.h"
 #include "prefs/profiles/profile_file.h"
 #include "tests/window/bundle_window.h"
 
@@ -33,6 +36,24 @@ class OverPages : public BundleWindow {
   }
   bool inSight(QQuickItem* item) {
     return QRectF(0, 0, window->width(), window->height()).contains(driver->place(item).center());
+  }
+
+  // Those of every bar that offers to take a change back, shown or not.
+  std::vector<QObject*> timers() {
+    std::vector<QObject*> found;
+    for (const QObject* bar : window->findChildren<QObject*>())
+      if (QByteArray(bar->metaObject()->className()).startsWith("UndoBar_QML"))
+        for (QObject* timer : bar->findChildren<QObject*>())
+          if (timer->inherits("QQmlTimer")) found.push_back(timer);
+    EXPECT_FALSE(found.empty());
+    return found;
+  }
+  void report(const char* words) {
+    application->report({.words = words});
+    driver->waitUntilIdle();
+  }
+  double topOf(const QString& dialog) {
+    return driver->place(driver->find(dialog, QAccessible::Dialog)).top();
   }
 
   QTemporaryDir state;
@@ -69,6 +90,23 @@ TEST_F(OverPages, WhatAViewDidIsOfferedToBeTakenBackThere) {
   EXPECT_TRUE(stored("vibrate").isNothing());
 }
 
+TEST_F(OverPages, WhatIsOfferedThereLeavesByItself) {
+  openWithProfiles(1);
+  showProfile(1);
+  driver->click("Load", kButton);
+  ASSERT_NE(bridge().undo()->text(), "");
+  for (QObject* timer : timers()) timer->setProperty("interval", 50);
+  EXPECT_TRUE(driver->until([this] { return bridge().undo()->text().isEmpty(); }));
+}
+
+TEST_F(OverPages, NoTimeRunsWhileNothingIsOffered) {
+  openWithProfiles(0);
+  driver->key(Qt::Key_Z, Qt::ControlModifier);
+  ASSERT_NE(bridge().undo()->text(), "");
+  bridge().undo()->forget();
+  for (const QObject* timer : timers()) EXPECT_FALSE(timer->property("running").toBool());
+}
+
 TEST_F(OverPages, KeysUndoAndRedoWhileAViewIsOpen) {
   openWithProfiles(1);
   showProfile(1);
@@ -86,6 +124,67 @@ TEST_F(OverPages, KeysDoNotUndoTheSettingsWhileAQuestionIsAnswered) {
   driver->click("Rename…", kButton);
   driver->key(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(stored("vibrate"), Value(true));
+}
+
+TEST_F(OverPages, NothingIsTakenBackBesideAQuestion) {
+  openWithProfiles(1);
+  showProfile(1);
+  driver->click("Load", kButton);
+  ASSERT_TRUE(driver->find("Undo", kButton));
+  driver->click("Rename…", kButton);
+  driver->click("Undo", kButton);
+  EXPECT_EQ(stored("vibrate"), Value(1));
+}
+
+TEST_F(OverPages, AQuestionGivesWayToANotice) {
+  openWithProfiles(1);
+  showProfile(1);
+  driver->click("Delete…", kButton);
+  const double before = topOf("Delete Battery 1%?");
+  report("The disk is full.");
+  EXPECT_GT(topOf("Delete Battery 1%?"), before);
+}
+
+TEST_F(OverPages, TheHelpGivesWayToANotice) {
+  openWithProfiles(0, 480);
+  driver->key(Qt::Key_F1);
+  ASSERT_TRUE(driver->find("Keys"));
+  report("The disk is full.");
+  EXPECT_GE(driver->place(driver->find("Keys")).top(), driver->place(only("Banner")).bottom());
+}
+
+TEST_F(OverPages, AnAlertGivesTheKeyboardBackToTheViewBelowIt) {
+  openWithProfiles(1);
+  showProfile(1);
+  auto alert = std::make_shared<uikit::AlertController>("Note", "", uikit::AlertStyle::Alert);
+  alert->addAction({"Fine", uikit::ButtonRole::Default, {}});
+  device->screen().present(alert);
+  application->buildVisibleRows();
+  driver->waitUntilIdle();
+  driver->key(Qt::Key_Return);
+  ASSERT_TRUE(alerts().empty());
+  EXPECT_TRUE(only("ProfileView")->isAncestorOf(window->activeFocusItem()));
+  driver->key(Qt::Key_Escape);
+  EXPECT_TRUE(driver->itemsOfType("ProfileView").empty());
+}
+
+TEST_F(OverPages, AnEntryShowsThatThePointerIsOnIt) {
+  QStyleHints& hints = *QGuiApplication::styleHints();
+  const bool before = hints.useHoverEffects();
+  hints.setUseHoverEffects(true);
+  openWithProfiles(2);
+  emit bridge().tools()->profilesWanted();
+  driver->waitUntilIdle();
+  QQuickItem* entry = driver->find("Battery 2%", kButton);
+  const auto isHovered = [&] {
+    for (const QQuickItem* face : entry->childItems())
+      if (face->property("hovered").toBool()) return true;
+    return false;
+  };
+  EXPECT_FALSE(isHovered());
+  QTest::mouseMove(window, driver->place(entry).center().toPoint());
+  EXPECT_TRUE(driver->until(isHovered));
+  hints.setUseHoverEffects(before);
 }
 
 TEST_F(OverPages, ArrowsWalkTheSavedProfilesAndTheFocusedOneIsInSight) {

@@ -40,6 +40,22 @@ class ProfileView : public BundleWindow {
   }
   ::window::ProfileTool& opened() { return *bridge().tools()->profiles()->opened(); }
   QString exported(const char* name) { return folder.filePath(name); }
+  void drop(const QString& file) {
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(file)});
+    const QPoint at(100, 300);
+    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(window, &enter);
+    QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(window, &drop);
+    driver->waitUntilIdle();
+  }
+  int questions() const {
+    int count = 0;
+    for (const QObject* each : window->findChildren<QObject*>())
+      count += QByteArray(each->metaObject()->className()).startsWith("AskPopup_QML");
+    return count;
+  }
 };
 
 TEST_F(ProfileView, TheMenuListsTheSavedProfilesAndTheStripFillsTheirTriggers) {
@@ -179,6 +195,25 @@ TEST_F(ProfileView, FollowsWhatOtherProgramsChange) {
   EXPECT_TRUE(bridge().problems().isEmpty());
 }
 
+TEST_F(ProfileView, StaysWhereTheOneItIsComparedWithIsRemoved) {
+  openWithProfiles();
+  show(kProfile20);
+  opened().compareWith(kProfile101);
+  ASSERT_TRUE(QFile::remove(folder.path() + kProfile101));
+  EXPECT_TRUE(driver->until([&] { return driver->shows("It can't be compared."); }));
+  driver->waitUntilIdle();
+  EXPECT_FALSE(driver->itemsOfType("ProfileView").empty());
+  EXPECT_THAT(below("Values"), testing::Contains("Vibrate: on"));
+}
+
+TEST_F(ProfileView, OpensWhereTheSettingsCantBeRead) {
+  openWithProfiles();
+  foundation::DeviceRoot root(folder.path().toStdString());
+  ASSERT_TRUE(root.writeDurably(foundation::domainPath(prefs::kDomain), {}));
+  show(kProfile20);
+  EXPECT_TRUE(driver->shows("It can't be compared."));
+}
+
 TEST_F(ProfileView, SaysWhatALoadWouldChangeAgainAfterItWasUndone) {
   QTemporaryDir kept;
   options.state = kept.path().toStdString();
@@ -199,14 +234,7 @@ TEST_F(ProfileView, ADroppedFileIsImportedAndAsksBeforeItReplacesOne) {
   ASSERT_TRUE(opened().describe("Other"));
   driver->key(Qt::Key_Escape);
 
-  QMimeData data;
-  data.setUrls({QUrl::fromLocalFile(exported("p.plist"))});
-  const QPoint at(100, 300);
-  QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, {});
-  QCoreApplication::sendEvent(window, &enter);
-  QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, {});
-  QCoreApplication::sendEvent(window, &drop);
-  driver->waitUntilIdle();
+  drop(exported("p.plist"));
   ASSERT_TRUE(driver->shows("Replace Battery 20%?"));
   EXPECT_EQ(driver->focused(), "Cancel");
   driver->click("Replace", kButton);
@@ -214,6 +242,16 @@ TEST_F(ProfileView, ADroppedFileIsImportedAndAsksBeforeItReplacesOne) {
   EXPECT_FALSE(driver->itemsOfType("ProfileView").empty());
   EXPECT_EQ(opened().description(), "Night");
   EXPECT_TRUE(bridge().problems().isEmpty()) << "the question said it";
+}
+
+TEST_F(ProfileView, AFileThatIsDroppedOnAQuestionAsksNoOther) {
+  openWithProfiles();
+  show(kProfile20);
+  ASSERT_TRUE(opened().exportTo(exported("p.plist"), false));
+  drop(exported("p.plist"));
+  ASSERT_EQ(questions(), 1);
+  drop(exported("p.plist"));
+  EXPECT_EQ(questions(), 1);
 }
 
 TEST_F(ProfileView, AFileThatIsNoProfileIsReported) {

@@ -1,6 +1,7 @@
 #include <QElapsedTimer>
 #include <algorithm>
 
+#include "prefs/core/names.h"
 #include "tests/services/bus_daemon.h"
 #include "tests/window/bundle_window.h"
 
@@ -73,6 +74,30 @@ TEST_F(Reading, AListThatTakesLongSaysSoAndComesInWhenItIsRead) {
   EXPECT_FALSE(driver->shows("Reading contacts…"));
   driver->click(kContact, kRadioButton);
   EXPECT_EQ(stored("msgrecipient"), plist::Value("+44 1"));
+}
+
+TEST_F(Reading, AListThatTakesLongBeginsAtItsTickedEntryWithTheKeyboard) {
+  foundation::DeviceRoot root(folder.path().toStdString());
+  for (int i = 10; i < 70; ++i) {
+    const std::string number = std::to_string(i);
+    const std::string text = "BEGIN:VCARD\r\nVERSION:3.0\r\nN:Family" + number +
+                             ";Ann;;;\r\nTEL:" + number + "\r\nEND:VCARD\r\n";
+    ASSERT_TRUE(
+        root.writeDurably("/var/mobile/Library/AddressBook/" + number + ".vcf",
+                          {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}));
+  }
+  ASSERT_TRUE(foundation::Preferences(root).setAppValue("msgrecipient", "40", prefs::kDomain));
+  openNotifications();
+  server_->stop();
+  driver->find(contacts(), kButton)->forceActiveFocus();
+  driver->key(Qt::Key_Return);
+  ASSERT_TRUE(driver->shows("Reading contacts…"));
+  server_->proceed();
+  ASSERT_TRUE(driver->until([&] { return !driver->shows("Reading contacts…"); }));
+  driver->waitUntilIdle();
+  EXPECT_EQ(driver->focused(), "Ann Family40 (40)");
+  const double middle = driver->place(window->activeFocusItem()).center().y();
+  EXPECT_NEAR(middle, window->height() / 2, 100);
 }
 
 TEST_F(Reading, EscapeLeavesAListThatTakesLongAtOnce) {

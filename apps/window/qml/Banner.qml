@@ -48,6 +48,7 @@ Rectangle {
 
             anchors.centerIn: parent
             text: button.text
+            textFormat: Text.PlainText
             color: Theme.warningText
             font.pixelSize: Theme.small
             font.weight: Font.DemiBold

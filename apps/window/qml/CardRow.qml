@@ -18,7 +18,8 @@ KeyRow {
 
     // What assistive technology says besides the name.
     readonly property string value: entry.spoken !== "" ? entry.spoken : entry.value
-    readonly property string description: joined(joined(value, entry.reason), entry.changed ? qsTr("changed") : "")
+    readonly property string remarks: joined(entry.reason, entry.changed ? qsTr("changed") : "")
+    readonly property string description: joined(value, remarks)
     readonly property bool usable: entry.usable
     // What stands beside the label; as dark as that where it is dimmed.
     readonly property color faint: usable ? Theme.secondary : Theme.text
@@ -43,6 +44,7 @@ KeyRow {
     Component.onCompleted: if (special) extras.active = true
     onUsableChanged: if (activeFocus) take(false)
     // What a row in use has accepted doesn't come here.
+    Keys.onEnterPressed: event => Keys.returnPressed(event)
     Keys.onReturnPressed: event => {
         event.accepted = entry.wayOut !== "";
         if (event.accepted)
@@ -111,6 +113,7 @@ KeyRow {
         active: card.entry.footer !== ""
         sourceComponent: Text {
             text: card.entry.footer  // qmllint disable unqualified
+            textFormat: Text.PlainText
             wrapMode: Text.Wrap
             color: Theme.secondary
             font.pixelSize: Theme.small

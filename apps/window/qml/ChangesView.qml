@@ -15,6 +15,13 @@ ToolView {
     heading: all || changes.page === "" ? qsTr("Changed Settings") : qsTr("Changed in %1").arg(changes.page)
     Component.onCompleted: changes.look(pageClass)
 
+    Connections {
+        target: view.tools
+
+        function onStoredChanged() {
+            view.changes.look(view.pageClass);
+        }
+    }
     NoticeView {
         anchors.fill: list
         visible: list.count === 0
@@ -75,20 +82,12 @@ ToolView {
             }
         }
     }
-    Rectangle {
+    ViewActions {
         id: actions
 
         anchors.bottom: parent.bottom
-        width: parent.width
-        height: visible ? Theme.rowHeight + 12 : 0
         visible: view.changes.resettable > 0
-        color: "transparent"
 
-        Rectangle {
-            width: parent.width
-            height: 1
-            color: Theme.separator
-        }
         TextButton {
             anchors.centerIn: parent
             destructive: true

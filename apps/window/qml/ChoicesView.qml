@@ -18,16 +18,16 @@ FocusScope {
 
     focus: true
     onReadingChanged: {
-        if (reading)
+        if (reading || list.currentIndex >= 0 || filter.text !== "")
             return;
         list.begin();
-        if (KeyboardUse.active && view.activeFocus)
+        if (KeyboardUse.active && list.activeFocus)
             takeFocus();
     }
 
     Rectangle {
         width: parent.width
-        height: 1
+        height: Theme.line
         y: list.y
         z: 1
         visible: view.scrolled && filter.visible
@@ -47,6 +47,7 @@ FocusScope {
         }
         Keys.onDownPressed: view.takeFocus()
         Keys.onReturnPressed: view.takeFocus()
+        Keys.onEnterPressed: view.takeFocus()
     }
 
     NoticeView {

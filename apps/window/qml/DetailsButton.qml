@@ -14,6 +14,7 @@ BarButton {
         Text {
             anchors.centerIn: parent
             text: "i"
+            textFormat: Text.PlainText
             color: Theme.accentText
             font.pixelSize: Theme.small
             font.weight: Font.DemiBold

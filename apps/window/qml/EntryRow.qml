@@ -33,6 +33,7 @@ Item {
             first: entry.first
             last: entry.last
             pressed: button.down || entry.current
+            hovered: button.hovered
         }
         Column {
             id: texts

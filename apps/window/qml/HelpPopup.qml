@@ -35,6 +35,7 @@ PopupBase {
         Text {
             width: parent.width
             text: qsTr("Keys")
+            textFormat: Text.PlainText
             color: Theme.text
             font.pixelSize: Theme.body
             font.weight: Font.DemiBold
@@ -57,6 +58,7 @@ PopupBase {
                 Text {
                     width: Theme.unit(140)
                     text: line.modelData[0]
+                    textFormat: Text.PlainText
                     wrapMode: Text.Wrap
                     color: Theme.text
                     font.pixelSize: Theme.small
@@ -66,6 +68,7 @@ PopupBase {
                 Text {
                     width: Math.min(implicitWidth, line.width)
                     text: line.modelData[1]
+                    textFormat: Text.PlainText
                     wrapMode: Text.Wrap
                     color: Theme.secondary
                     font.pixelSize: Theme.small

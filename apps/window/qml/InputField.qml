@@ -35,6 +35,7 @@ T.TextField {
         verticalAlignment: Text.AlignVCenter
         visible: field.text === "" && field.preeditText === ""
         text: field.placeholderText
+        textFormat: Text.PlainText
         color: Theme.secondary
         font: field.font
         Accessible.ignored: true

@@ -85,7 +85,7 @@ T.ApplicationWindow {
             if (alert.sheet)
                 popup.page = Qt.binding(() => stack.currentItem as PageView);
             popup.closed.connect(() => {
-                if (window && !window.settings.alert)
+                if (window && !window.settings.alert && tools.open === 0)
                     stack.currentItem.forceActiveFocus();
             });
             popup.open();
@@ -153,7 +153,7 @@ T.ApplicationWindow {
         width: window.width
         height: visible ? contentHeight : 0
         padding: 0
-        visible: tools.covering && window.settings.undo.text !== ""
+        visible: tools.covering && !tools.asking && window.settings.undo.text !== ""
         closePolicy: T.Popup.NoAutoClose
 
         contentItem: Loader { // qmllint disable deferred-property-id
@@ -190,7 +190,11 @@ T.ApplicationWindow {
 
         active: false
         source: "HelpPopup.qml"
-        onLoaded: (item as HelpPopup).closed.connect(() => active = false)
+        onLoaded: {
+            const popup = item as HelpPopup;
+            popup.top = Qt.binding(() => above.height);
+            popup.closed.connect(() => active = false);
+        }
     }
     TruncatedHint {}
     Loader {

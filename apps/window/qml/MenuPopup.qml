@@ -10,7 +10,7 @@ PopupBase {
 
     required property Item at
     required property var entries  // of { text, usable, act }
-    // The item may go before the menu does.
+    // The item may be destroyed before the menu.
     readonly property point corner: parent && at ? at.mapToItem(parent, Math.max(0, at.width - width - 8), Math.min(at.height, Theme.barHeight)) : Qt.point(0, 0)
 
     // The next entry that can be chosen.

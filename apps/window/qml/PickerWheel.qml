@@ -92,6 +92,7 @@ FocusScope {
         anchors.centerIn: parent
         visible: list.count === 0
         text: qsTr("No entries")
+        textFormat: Text.PlainText
         color: Theme.secondary
         font.pixelSize: Theme.body
         Accessible.ignored: true

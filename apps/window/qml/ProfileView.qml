@@ -12,9 +12,9 @@ ToolView {
 
     // A question may be answered when the view is closed already.
     function rename() {
-        const opened = profile, profiles = tools.profiles;
+        const opened = profile;
         tools.questionAsked({ heading: qsTr("Rename Description"), action: qsTr("Rename"), field: profile.description, editable: true,
-            act: text => { if (opened.describe(text)) { profiles.look(); if (view) view.note = qsTr("Renamed."); } } });
+            act: text => { if (opened.describe(text) && view) view.note = qsTr("Renamed."); } });
     }
     function exportFile() {
         const opened = profile;
@@ -23,9 +23,9 @@ ToolView {
             act: text => opened.exportTo(text, false) });
     }
     function remove() {
-        const opened = profile, profiles = tools.profiles;
+        const opened = profile;
         tools.questionAsked({ heading: qsTr("Delete %1?").arg(profile.title), words: qsTr("Its file is removed."), action: qsTr("Delete"), destructive: true,
-            act: () => { if (opened.remove()) { profiles.look(); view?.done(); } } });
+            act: () => { if (opened.remove()) view?.done(); } });
     }
     function compareMenu() {
         const opened = profile;

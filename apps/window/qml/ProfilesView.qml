@@ -56,18 +56,11 @@ ToolView {
             onChosen: view.tools.profileWanted(modelData.path)
         }
     }
-    Item {
+    ViewActions {
         id: actions
 
         anchors.bottom: parent.bottom
-        width: parent.width
-        height: Theme.rowHeight + 12
 
-        Rectangle {
-            width: parent.width
-            height: 1
-            color: Theme.separator
-        }
         TextButton {
             anchors.centerIn: parent
             text: qsTr("Import…")

@@ -29,6 +29,7 @@ Rectangle {
         Text {
             width: parent.width
             text: notice.title
+            textFormat: Text.PlainText
             wrapMode: Text.Wrap
             color: Theme.warningText
             font.pixelSize: Theme.body
@@ -89,6 +90,7 @@ Rectangle {
             anchors.horizontalCenter: parent.horizontalCenter
             y: 8
             text: way.text
+            textFormat: Text.PlainText
             color: Theme.warningText
             font.pixelSize: Theme.body
             font.weight: Font.DemiBold
@@ -100,6 +102,7 @@ Rectangle {
             anchors.horizontalCenter: parent.horizontalCenter
             anchors.top: title.bottom
             text: way.detail
+            textFormat: Text.PlainText
             color: Theme.warningText
             font.pixelSize: Theme.small
             Accessible.ignored: true

@@ -9,9 +9,6 @@ ToolView {
 
     property string words  // what was typed already
 
-    function choose(result: int) {
-        tools.search.open(result);
-    }
     function go(result: int) {
         list.currentIndex = Math.max(0, Math.min(list.count - 1, result));
         list.positionViewAtIndex(list.currentIndex, ListView.Contain);
@@ -34,8 +31,8 @@ ToolView {
             view.tools.search.words = text;
             view.go(0);
         }
-        Keys.onReturnPressed: view.choose(list.currentIndex)
-        Keys.onEnterPressed: view.choose(list.currentIndex)
+        Keys.onReturnPressed: view.tools.search.open(list.currentIndex)
+        Keys.onEnterPressed: view.tools.search.open(list.currentIndex)
         Keys.onDownPressed: view.go(list.currentIndex + 1)
         Keys.onUpPressed: view.go(list.currentIndex - 1)
     }
@@ -65,7 +62,7 @@ ToolView {
             first: index === 0
             last: index === list.count - 1
             current: index === list.currentIndex
-            onChosen: view.choose(index)
+            onChosen: view.tools.search.open(index)
         }
     }
 }

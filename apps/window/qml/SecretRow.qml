@@ -73,7 +73,7 @@ CardRow {
             show();
         }
         Accessible.name: card.entry.label !== "" ? card.entry.label : card.entry.placeholder
-        Accessible.description: card.entry.reason
+        Accessible.description: card.remarks
 
         Text {
             anchors.fill: parent

@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Templates as T
 import Quorvantis.Settings
 
 // A row of the sidebar: its picture, its label, and below that its value.
-T.AbstractButton {
+PressButton {
     id: button
 
     required property int index
@@ -21,13 +20,9 @@ T.AbstractButton {
     onActiveFocusChanged: if (activeFocus) ListView.view.currentIndex = index
     text: entry.label
     onClicked: chosen()
-    Keys.onReturnPressed: chosen()
-    Keys.onEnterPressed: chosen()
-    Accessible.name: text
     Accessible.description: entry.value
     Accessible.selectable: true
     Accessible.selected: opened
-    Accessible.onPressAction: chosen()
 
     background: Rectangle {
         radius: Theme.radius - 2

@@ -1,8 +1,8 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// A slider, below its label and value if it has them, or between the two in a wide window. A click on the value, or a digit while the
-// slider has the keyboard, lets the value be typed.
+// A slider, below its label and value if it has them, or between the two in a wide window. A click
+// on the value, or a digit while the slider has the keyboard, lets the value be typed.
 CardRow {
     id: card
 

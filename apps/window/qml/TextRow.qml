@@ -115,7 +115,7 @@ CardRow {
             show();
         }
         Accessible.name: card.entry.label !== "" ? card.entry.label : card.entry.placeholder
-        Accessible.description: card.entry.reason
+        Accessible.description: card.remarks
 
         // Stands in for the text while it isn't edited, since an editor can't end in an ellipsis.
         Text {

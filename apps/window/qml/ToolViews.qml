@@ -30,6 +30,7 @@ Item {
         if (open === 0)
             leaving();
         const popup = Qt.createComponent(file).createObject(views, properties) as T.Popup;
+        popup.top = Qt.binding(() => above);
         ++open;
         popup.closed.connect(() => {
             if (views && --views.open === 0)
@@ -40,7 +41,6 @@ Item {
     }
     function show(file: string, values: var) {
         const popup = make("ToolPopup.qml", { tools: tools, file: Qt.resolvedUrl(file), values: values });
-        popup.top = Qt.binding(() => above);
         popup.bottom = Qt.binding(() => below);
     }
     function menu(entries: var, at: Item) {
@@ -72,7 +72,7 @@ Item {
         enabled: views.tools
         keys: ["text/uri-list"]
         onDropped: drop => {
-            if (drop.hasUrls && !views.settings.alert)
+            if (drop.hasUrls && !views.settings.alert && !views.asking)
                 views.tools.profiles.importUrl(drop.urls[0]);
         }
     }

@@ -71,6 +71,7 @@ Item {
             id: low
 
             text: strip.profiles.triggers[Math.max(0, strip.pointed)]
+            textFormat: Text.PlainText
             color: Theme.secondary
             font.pixelSize: Theme.small
             Accessible.ignored: true
@@ -81,6 +82,7 @@ Item {
             x: strip.step * (middle + 0.5) - width / 2
             visible: strip.pointed < 0
             text: strip.profiles.triggers[middle]
+            textFormat: Text.PlainText
             color: Theme.secondary
             font.pixelSize: Theme.small
             Accessible.ignored: true
@@ -89,6 +91,7 @@ Item {
             anchors.right: parent.right
             visible: strip.pointed < 0
             text: qsTr("Events")
+            textFormat: Text.PlainText
             color: Theme.secondary
             font.pixelSize: Theme.small
             Accessible.ignored: true

@@ -12,7 +12,6 @@ Rectangle {
     implicitHeight: Math.max(Theme.rowHeight, words.implicitHeight + 20)
     height: visible ? implicitHeight : 0
     color: Theme.hint
-    onCoveredChanged: moment.restart()
     Accessible.role: Accessible.AlertMessage
     Accessible.name: undo.text
 
@@ -22,14 +21,16 @@ Rectangle {
         target: bar.undo
 
         function onChanged() {
-            moment.restart();
+            if (moment.running)
+                moment.restart();
         }
     }
     Timer {
         id: moment
 
         interval: 10000
-        onTriggered: if (!bar.visible || bar.covered || pointer.hovered || button.activeFocus) restart(); else bar.undo.forget()
+        running: bar.visible && !bar.covered && !pointer.hovered && !button.activeFocus
+        onTriggered: bar.undo.forget()
     }
     HoverHandler {
         id: pointer
@@ -73,6 +74,7 @@ Rectangle {
 
             anchors.centerIn: parent
             text: button.text
+            textFormat: Text.PlainText
             color: Theme.hintText
             font.pixelSize: Theme.body
             font.weight: Font.DemiBold

@@ -58,6 +58,7 @@ Column {
         topPadding: 8
         visible: text !== ""
         text: list.footer
+        textFormat: Text.PlainText
         wrapMode: Text.Wrap
         color: Theme.secondary
         font.pixelSize: Theme.small
