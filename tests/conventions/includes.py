@@ -23,8 +23,8 @@ SERVICES = PLATFORM + ["services"]
 DEVICE = ["host/device.h", "host/device.cpp", "host/recording_device.h", "host/recording_device.cpp",
           "host/reporting_urls.h"]
 DRIVE = ["host", "host/device.h", "host/recording_device.h"]
-EVERYTHING = HOST + SERVICES + DEVICE + ["drive", "apps/cli", "apps/window", "tools", "tests", "bench",
-                                         "fuzz"]
+EVERYTHING = HOST + SERVICES + DEVICE + ["drive", "apps/cli", "apps/window", "tools", "tests",
+                                         "benchmarks", "fuzz"]
 
 # Which modules each module may include. A module always knows itself.
 KNOWS = {
@@ -57,7 +57,7 @@ KNOWS = {
     "apps/window": ["host", "host/device.h"],
     "tools": BUNDLE + SERVICES,
     "tests": EVERYTHING,
-    "bench": EVERYTHING,
+    "benchmarks": EVERYTHING,
     "fuzz": EVERYTHING,
 }
 
@@ -95,7 +95,7 @@ TAKES = {
     "apps/window": ["posix", "qt"],
     "tools": ["posix", "expat"],
     "tests": ALL_KINDS,
-    "bench": ALL_KINDS,
+    "benchmarks": ALL_KINDS,
     "fuzz": ALL_KINDS,
 }
 
@@ -186,7 +186,7 @@ def faults_in(root, path):
         yield f"{path}: stands outside all modules"
         return
     if path.endswith(".qml"):
-        if module not in ("apps/window", "bench", "tests"):
+        if module not in ("apps/window", "benchmarks", "tests"):
             yield f"{path}: {module} may not hold QML"
         return
     text = (root / path).read_text(encoding="utf-8", errors="replace").replace("\\\n", "")

@@ -7,8 +7,8 @@
 #include <ctime>
 #include <vector>
 
-#include "bench/codec/peers.h"
-#include "bench/codec/profile.h"
+#include "benchmarks/codec/profile.h"
+#include "benchmarks/peers/codec.h"
 #include "platform/archive/keyed_archive.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <vector>
 
-#include "bench/codec/peers.h"
+#include "benchmarks/peers/codec.h"
 
 namespace {
 

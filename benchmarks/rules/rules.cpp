@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <new>
 
-#include "bench/rules/measure.h"
+#include "benchmarks/rules/measure.h"
 #include "prefs/keys.h"
 #include "prefs/pages/option_pages.h"
 #include "prefs/resources/bundle.h"

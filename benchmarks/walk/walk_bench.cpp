@@ -14,7 +14,7 @@
 #include <functional>
 #include <string>
 
-#include "bench/rules/measure.h"
+#include "benchmarks/rules/measure.h"
 #include "platform/foundation/directory_walk.h"
 
 namespace {

@@ -12,7 +12,7 @@
 #include <fstream>
 #include <string>
 
-#include "bench/rules/measure.h"
+#include "benchmarks/rules/measure.h"
 #include "services/address_book.h"
 #include "services/lazy_services.h"
 

@@ -1,6 +1,6 @@
 #import <Foundation/Foundation.h>
 
-#include "bench/codec/peers.h"
+#include "benchmarks/peers/codec.h"
 
 static NSDictionary *profile;
 

@@ -1,4 +1,4 @@
-#include "bench/codec/profile.h"
+#include "benchmarks/codec/profile.h"
 
 #include "prefs/core/names.h"
 #include "prefs/keys.h"
