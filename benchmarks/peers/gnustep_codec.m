@@ -15,15 +15,12 @@ static NSData *archive(NSDictionary *dictionary)
     return data;
 }
 
-size_t gnustepDecode(const uint8_t *bytes, size_t size, int times)
+size_t gnustepDecode(const uint8_t *bytes, size_t size)
 {
-    size_t count = 0;
-    for (int i = 0; i < times; i++) {
-        NSAutoreleasePool *pool = [NSAutoreleasePool new];
-        NSData *data = [NSData dataWithBytesNoCopy: (void *)bytes length: size freeWhenDone: NO];
-        count = [[NSKeyedUnarchiver unarchiveObjectWithData: data] count];
-        [pool release];
-    }
+    NSAutoreleasePool *pool = [NSAutoreleasePool new];
+    NSData *data = [NSData dataWithBytesNoCopy: (void *)bytes length: size freeWhenDone: NO];
+    size_t count = [[NSKeyedUnarchiver unarchiveObjectWithData: data] count];
+    [pool release];
     return count;
 }
 
@@ -35,13 +32,10 @@ void gnustepPrepare(const uint8_t *bytes, size_t size)
     [pool release];
 }
 
-size_t gnustepEncode(int times)
+size_t gnustepEncode(void)
 {
-    size_t size = 0;
-    for (int i = 0; i < times; i++) {
-        NSAutoreleasePool *pool = [NSAutoreleasePool new];
-        size = [archive(profile) length];
-        [pool release];
-    }
+    NSAutoreleasePool *pool = [NSAutoreleasePool new];
+    size_t size = [archive(profile) length];
+    [pool release];
     return size;
 }

@@ -132,13 +132,10 @@ std::size_t encode(plist_t flat) {
 
 }  // namespace
 
-std::size_t libplistDecode(const std::uint8_t* bytes, std::size_t size, int times) {
-  std::size_t count = 0;
-  for (int i = 0; i < times; ++i) {
-    const plist_t flat = decode(bytes, size);
-    count = plist_dict_get_size(flat);
-    plist_free(flat);
-  }
+std::size_t libplistDecode(const std::uint8_t* bytes, std::size_t size) {
+  const plist_t flat = decode(bytes, size);
+  const std::size_t count = plist_dict_get_size(flat);
+  plist_free(flat);
   return count;
 }
 
@@ -146,8 +143,6 @@ void libplistPrepare(const std::uint8_t* bytes, std::size_t size) {
   gProfile = decode(bytes, size);
 }
 
-std::size_t libplistEncode(int times) {
-  std::size_t size = 0;
-  for (int i = 0; i < times; ++i) size = encode(gProfile);
-  return size;
+std::size_t libplistEncode() {
+  return encode(gProfile);
 }

@@ -1,12 +1,9 @@
 // One evaluation of the low-power page beside its bare cost: setting the 38 flags of its 19
 // dependent rows by the state of the mode's switch, through 20 pointers looked up beforehand.
-// Rounds of both are interleaved; medians are printed, and how often an evaluation allocates.
 #include <array>
-#include <cstdio>
-#include <cstdlib>
 #include <new>
 
-#include "benchmarks/rules/measure.h"
+#include "benchmarks/race.h"
 #include "prefs/keys.h"
 #include "prefs/pages/option_pages.h"
 #include "prefs/resources/bundle.h"
@@ -32,7 +29,7 @@ void operator delete(void* memory, std::size_t) noexcept {
 
 namespace {
 
-constexpr int kRounds = 501, kEvaluations = 2000;
+constexpr int kEvaluations = 2000;
 
 // What an evaluation can't do without.
 struct Bare {
@@ -56,38 +53,28 @@ struct Bare {
   std::array<uikit::TableViewCell*, 19> cells{};
 };
 
-template <class Evaluation>
-double nanosecondsOfOne(Evaluation evaluation) {
-  return bench::nanosecondsFor([&] {
-           for (int i = 0; i < kEvaluations; ++i) {
-             evaluation();
-             asm volatile("" ::: "memory");
-           }
-         }) /
-         kEvaluations;
-}
-
-}  // namespace
-
-int main() {
+void lowPower(bench::Race& race) {
   testing_support::TestDevice device(prefs::bundle());
   auto page = std::make_shared<prefs::LowPowerListController>(device.environment);
   for (auto& row : page->specifiers()) page->buildRow(*row);
   const Bare bare(*page);
 
+  page->scrollViewDidScroll(nullptr);
   const long before = allocations;
   for (int i = 0; i < kEvaluations; ++i) page->scrollViewDidScroll(nullptr);
-  const long allocated = allocations - before;
+  race.note("allocations", static_cast<double>(allocations - before) / kEvaluations);
 
-  std::vector<double> evaluated, set, ratios;
-  for (int round = 0; round < kRounds; ++round) {
-    bare.mode->setOn(round % 2 == 1);
-    evaluated.push_back(nanosecondsOfOne([&] { page->scrollViewDidScroll(nullptr); }));
-    set.push_back(nanosecondsOfOne([&] { bare.run(); }));
-    ratios.push_back(evaluated.back() / set.back());
-  }
-  std::printf("one evaluation        %7.1f ns\n", bench::median(evaluated));
-  std::printf("38 flags, 20 pointers %7.1f ns\n", bench::median(set));
-  std::printf("ratio within a round  %7.2f\n", bench::median(ratios));
-  std::printf("allocations           %7ld in %d evaluations\n", allocated, kEvaluations);
+  bool on = false;
+  race.add("ours", [&] { page->scrollViewDidScroll(nullptr); });
+  race.add("38 flags", [&] {
+    bare.run();
+    bench::keep(&bare);
+  });
+  race.run(bench::Clock::Processor, 1, [&] { bare.mode->setOn(on = !on); });
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  return bench::runRow(count, arguments, {{"lowpower", lowPower}});
 }

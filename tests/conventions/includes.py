@@ -78,8 +78,8 @@ KINDS = {
     "gstreamer": r"gst/[\w/]+\.h",
     "json": r"nlohmann/\w+\.hpp",
     "gtest": r"g(test|mock)/[\w-]+\.h",
-    "benchmark": r"benchmark/benchmark\.h",
-    "c": r"(malloc|stddef|stdint)\.h",
+    "sqlite": r"sqlite3\.h",
+    "c": r"(malloc|stddef|stdint|string)\.h",
     "libplist": r"plist/plist\.h",
     "gnustep": r"Foundation/\w+\.h|objc/[\w-]+\.h",
 }

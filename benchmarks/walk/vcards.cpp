@@ -1,24 +1,20 @@
 // The people of 5,000 vCard files, sorted, beside the bare parse of the same files with EVCard,
-// name and telephone numbers asked for, and beside reading them only. Rounds are interleaved;
-// medians are printed.
+// name and telephone numbers asked for, and beside reading them only.
 #include <dirent.h>
 #include <fcntl.h>
 #include <libebook-contacts/libebook-contacts.h>
 #include <unistd.h>
 
-#include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <string>
 
-#include "benchmarks/rules/measure.h"
+#include "benchmarks/race.h"
 #include "services/address_book.h"
 #include "services/lazy_services.h"
 
 namespace {
 
-constexpr int kRounds = 21;
 constexpr int kCards = 5'000;
 
 std::string cardOf(int i) {
@@ -77,31 +73,25 @@ std::size_t parse(const char* text) {
   return total;
 }
 
-}  // namespace
-
-int main() {
+void people(bench::Race& race) {
   const std::string folder = makeFolder();
   const foundation::DeviceRoot root("/nonexistent");
   services::UserCollator collator;
-  services::MergedAddressBook book(root, folder, collator, [](const std::string& problem) {
-    std::fprintf(stderr, "%s\n", problem.c_str());
+  services::MergedAddressBook book(root, folder, collator, [](const platform::Error& problem) {
+    std::fprintf(stderr, "%s\n", problem.message().c_str());
   });
-  std::size_t people = 0, total = 0;
-  const double first =
-      bench::nanosecondsFor([&] { people = book.peopleSortedByFirstName().size(); });
-  std::vector<double> own, bare, floor;
-  for (int round = 0; round < kRounds; ++round) {
-    own.push_back(bench::nanosecondsFor([&] { people = book.peopleSortedByFirstName().size(); }));
-    bare.push_back(bench::nanosecondsFor([&] { total = readAll(folder, parse); }));
-    floor.push_back(bench::nanosecondsFor(
-        [&] { total += readAll(folder, [](const char* text) { return std::strlen(text); }); }));
-  }
+  std::size_t found = 0, total = 0;
+  race.add("ours", [&] { found = book.peopleSortedByFirstName().size(); });
+  race.add("EVCard", [&] { total += readAll(folder, parse); });
+  race.add("reading only",
+           [&] { total += readAll(folder, [](const char* text) { return std::strlen(text); }); });
+  race.run(bench::Clock::Processor, 0);
   std::filesystem::remove_all(folder);
-  if (people != kCards || total == 0) return 1;
-  std::printf("people, sorted  %6.2f ms   the first time %.2f ms\n", bench::median(own) / 1e6,
-              first / 1e6);
-  std::printf("bare EVCard     %6.2f ms   people/bare  %.2f\n", bench::median(bare) / 1e6,
-              bench::median(own) / bench::median(bare));
-  std::printf("reading only    %6.2f ms   people/read  %.2f\n", bench::median(floor) / 1e6,
-              bench::median(own) / bench::median(floor));
+  bench::expect(found == kCards && total > 0, "5,000 people");
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  return bench::runRow(count, arguments, {{"people", people}});
 }
