@@ -53,12 +53,12 @@ def panel(name, points, left, top):
 
 
 def svg(measured):
-    """Of {name: [(size, nanoseconds)]}."""
+    """Of {name: what growth.measure gives}."""
     rows = math.ceil(len(measured) / COLUMNS)
     width, height = COLUMNS * WIDTH, rows * HEIGHT
     yield f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {width} {height}" width="{width}">'
     yield STYLE
     yield f'<rect width="{width}" height="{height}" fill="#fff"/>'
-    for index, (name, points) in enumerate(measured.items()):
-        yield from panel(name, points, index % COLUMNS * WIDTH, index // COLUMNS * HEIGHT)
+    for index, (name, samples) in enumerate(measured.items()):
+        yield from panel(name, growth.points(samples), index % COLUMNS * WIDTH, index // COLUMNS * HEIGHT)
     yield "</svg>"

@@ -13,12 +13,13 @@ namespace {
 
 const preferences::Bundle none{};
 
-// Doubled from `first` on, and `last`.
+// `first`, and up from about there to `last`, each twice the one before.
 std::vector<int> sizes(int first, int last) {
   std::vector<int> all;
-  for (int size = first; size < last; size *= 2) all.push_back(size);
-  all.push_back(last);
-  return all;
+  for (double size = last; size > 1.4 * first; size /= 2)
+    all.push_back(static_cast<int>(size + 0.5));
+  all.push_back(first);
+  return {all.rbegin(), all.rend()};
 }
 
 // As settings are: numbers mostly, and some texts.
