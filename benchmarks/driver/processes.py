@@ -3,6 +3,7 @@ import contextlib
 import plistlib
 import shutil
 import subprocess
+import tempfile
 from pathlib import Path
 
 from machine import BIN, Missing, environment, scratch
@@ -56,25 +57,26 @@ def get(rounds):
 
 
 @contextlib.contextmanager
-def session_bus(folder):
-    """The path of its socket, in a folder whose name is short enough for one."""
+def session_bus():
+    """The path of its socket, whose length is bounded: not below the scratch folder."""
     if not shutil.which("dbus-daemon"):
         raise Missing("dbus-daemon")
-    socket = Path(folder, "bus")
-    configuration = Path(folder, "bus.conf")
-    configuration.write_text(BUS.format(socket=socket))
-    daemon = subprocess.Popen(["dbus-daemon", f"--config-file={configuration}", "--nofork", "--print-address"],
-                              stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
-    try:
-        daemon.stdout.readline()  # it listens by now
-        yield socket
-    finally:
-        daemon.terminate()
-        daemon.communicate()
+    with tempfile.TemporaryDirectory() as folder:
+        socket = Path(folder, "bus")
+        configuration = Path(folder, "bus.conf")
+        configuration.write_text(BUS.format(socket=socket))
+        daemon = subprocess.Popen(["dbus-daemon", f"--config-file={configuration}", "--nofork",
+                                   "--print-address"], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        try:
+            daemon.stdout.readline()  # it listens by now
+            yield socket
+        finally:
+            daemon.terminate()
+            daemon.communicate()
 
 
 def set_one(rounds):
-    with scratch() as folder, session_bus(folder) as socket:
+    with scratch() as folder, session_bus() as socket:
         size = domain_file(folder).stat().st_size
         bare = ("bare static program", [BIN / "bare_set", folder, size, socket])
         variables = environment(folder) | {"DBUS_SESSION_BUS_ADDRESS": f"unix:path={socket}"}
