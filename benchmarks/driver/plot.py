@@ -5,7 +5,7 @@ from xml.sax.saxutils import escape
 import growth
 
 WIDTH, HEIGHT = 300, 220      # of a panel
-LEFT, RIGHT, TOP, BOTTOM = 52, 14, 30, 30
+LEFT, RIGHT, TOP, BOTTOM = 52, 18, 30, 30
 COLUMNS = 3
 STYLE = """<style>text{font:11px sans-serif;fill:#333}.title{font-size:12px;font-weight:bold}
 .grid{stroke:#ddd}.even{stroke:#999;stroke-dasharray:4 3}.time{stroke:#0a62c4;fill:none;stroke-width:1.5}
@@ -17,6 +17,13 @@ def time_text(nanoseconds):
         if nanoseconds >= size:
             return f"{nanoseconds / size:g} {unit}"
     return f"{nanoseconds:g} ns"
+
+
+def size_text(size):
+    for letter, unit in (("M", 1e6), ("k", 1e3)):
+        if size >= unit:
+            return f"{size / unit:g}{letter}"
+    return f"{size:g}"
 
 
 def decades(low, high):
@@ -38,7 +45,7 @@ def panel(name, points, left, top):
     yield f'<text class="title" x="{left + LEFT}" y="{top + 18}">{escape(growth.SUBJECTS[name])}</text>'
     for size in across:
         yield f'<path class="grid" d="M{x(size):.1f} {y(up[0]):.1f}V{y(up[-1]):.1f}"/>'
-        yield f'<text x="{x(size):.1f}" y="{top + HEIGHT - 14}" text-anchor="middle">{size:,.0f}</text>'
+        yield f'<text x="{x(size):.1f}" y="{top + HEIGHT - 14}" text-anchor="middle">{size_text(size)}</text>'
     for time in up:
         yield f'<path class="grid" d="M{x(across[0]):.1f} {y(time):.1f}H{x(across[-1]):.1f}"/>'
         yield f'<text x="{left + LEFT - 5}" y="{y(time) + 4:.1f}" text-anchor="end">{time_text(time)}</text>'

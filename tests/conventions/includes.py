@@ -79,7 +79,7 @@ KINDS = {
     "json": r"nlohmann/\w+\.hpp",
     "gtest": r"g(test|mock)/[\w-]+\.h",
     "sqlite": r"sqlite3\.h",
-    "c": r"(malloc|stddef|stdint|string)\.h",
+    "c": r"(malloc|stddef|stdint)\.h",
     "libplist": r"plist/plist\.h",
     "gnustep": r"Foundation/\w+\.h|objc/[\w-]+\.h",
 }
