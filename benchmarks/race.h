@@ -57,11 +57,10 @@ class Race {
       const std::function<void()>& between = [] {}) {
     for (Way& way : ways_) {
       between();
-      (void)measure(way, clock, 1);
-      if (milliseconds > 0) {
-        const double once = measure(way, clock, milliseconds >= 1 ? 3 : 1);
-        way.times = std::clamp(static_cast<int>(milliseconds * 1e6 / once), 1, 1'000'000);
-      }
+      const double first = measure(way, clock, 1);
+      if (first >= milliseconds * 1e6) continue;
+      const double once = measure(way, clock, 3);
+      way.times = std::clamp(static_cast<int>(milliseconds * 1e6 / once), 1, 1'000'000);
     }
     for (std::size_t round = 0; round < static_cast<std::size_t>(rounds_); ++round)
       for (std::size_t turn = 0; turn < ways_.size(); ++turn) {

@@ -13,7 +13,7 @@ SUBJECTS = {"decode": "decode an archive of n entries", "encode": "encode an arc
 MEMORY = "/dev/shm"  # where there is one: a flush takes no time there
 
 
-REPEATS = 2
+REPEATS = 1
 
 
 def measure(name, rounds):
