@@ -23,8 +23,8 @@ SERVICES = PLATFORM + ["services"]
 DEVICE = ["host/device.h", "host/device.cpp", "host/recording_device.h", "host/recording_device.cpp",
           "host/reporting_urls.h"]
 DRIVE = ["host", "host/device.h", "host/recording_device.h"]
-EVERYTHING = HOST + SERVICES + DEVICE + ["drive", "apps/cli", "apps/window", "tools", "tests", "bench",
-                                         "fuzz"]
+EVERYTHING = HOST + SERVICES + DEVICE + ["drive", "apps/cli", "apps/window", "tools", "tests",
+                                         "benchmarks", "fuzz"]
 
 # Which modules each module may include. A module always knows itself.
 KNOWS = {
@@ -58,7 +58,7 @@ KNOWS = {
     "apps/window": ["host", "host/device.h"],
     "tools": BUNDLE + SERVICES,
     "tests": EVERYTHING,
-    "bench": EVERYTHING,
+    "benchmarks": EVERYTHING,
     "fuzz": EVERYTHING,
 }
 
@@ -79,7 +79,7 @@ KINDS = {
     "gstreamer": r"gst/[\w/]+\.h",
     "json": r"nlohmann/\w+\.hpp",
     "gtest": r"g(test|mock)/[\w-]+\.h",
-    "benchmark": r"benchmark/benchmark\.h",
+    "sqlite": r"sqlite3\.h",
     "c": r"(malloc|stddef|stdint)\.h",
     "libplist": r"plist/plist\.h",
     "gnustep": r"Foundation/\w+\.h|objc/[\w-]+\.h",
@@ -96,7 +96,7 @@ TAKES = {
     "apps/window": ["posix", "qt"],
     "tools": ["posix", "expat"],
     "tests": ALL_KINDS,
-    "bench": ALL_KINDS,
+    "benchmarks": ALL_KINDS,
     "fuzz": ALL_KINDS,
 }
 
@@ -187,7 +187,7 @@ def faults_in(root, path):
         yield f"{path}: stands outside all modules"
         return
     if path.endswith(".qml"):
-        if module not in ("apps/window", "bench", "tests"):
+        if module not in ("apps/window", "benchmarks", "tests"):
             yield f"{path}: {module} may not hold QML"
         return
     text = (root / path).read_text(encoding="utf-8", errors="replace").replace("\\\n", "")
