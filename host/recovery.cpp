@@ -76,7 +76,7 @@ Attempt<std::optional<Recovery::Good>> Recovery::newestGood() {
     const auto snapshot = backups_.snapshots().read(*number);
     if (!snapshot && !isLost(snapshot.error()))
       return failure(
-          Failure::Failed,
+          Source::Backups, Failure::Failed,
           snapshot.error().message() + "; once this file is gone, an earlier one can be restored");
     if (!snapshot) continue;
     if (auto settings = settingsIn(*snapshot))
