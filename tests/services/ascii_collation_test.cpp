@@ -110,7 +110,9 @@ TEST_P(AsciiOrder, IsThatOfTheSortKeys) {
     const auto icus = (*icu_)->sortKeys({a, b});
     ASSERT_TRUE(icus) << a << " : " << b;
     const int ofIcu = sign((*icus)[0].compare((*icus)[1]));
-    if (ofIcu != 0) ASSERT_EQ(ofIcu, order) << a << " : " << b;
+    if (ofIcu != 0) {
+      ASSERT_EQ(ofIcu, order) << a << " : " << b;
+    }
   }
 }
 

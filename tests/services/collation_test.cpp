@@ -23,7 +23,9 @@ void expectAscending(platform::Collator& collator, const std::vector<std::string
       EXPECT_LT(collator.compare(texts[i], texts[j]), 0) << texts[i] << " < " << texts[j];
       EXPECT_GT(collator.compare(texts[j], texts[i]), 0) << texts[i] << " < " << texts[j];
       const auto keys = collator.sortKeys({texts[i], texts[j]});
-      if (keys) EXPECT_LE((*keys)[0], (*keys)[1]) << texts[i] << " < " << texts[j];
+      if (keys) {
+        EXPECT_LE((*keys)[0], (*keys)[1]) << texts[i] << " < " << texts[j];
+      }
     }
   }
 }

@@ -15,8 +15,6 @@ Rectangle {
     Accessible.role: Accessible.AlertMessage
     Accessible.name: undo.text
 
-    Component.onCompleted: moment.restart()
-
     Connections {
         target: bar.undo
 
