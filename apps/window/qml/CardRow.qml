@@ -26,10 +26,10 @@ KeyRow {
     readonly property real side: Theme.sideOf(width)
     readonly property real cardHeight: Math.max(entry.height, contentHeight)
     // It has more than its control, or may have at any moment.
-    readonly property bool special: entry.changed || entry.reason !== "" || page.marked === index || ((control as T.AbstractButton)?.pressed ?? false) || activeFocus && KeyboardUse.active
+    readonly property bool special: entry.changed || page.marked === index || ((control as T.AbstractButton)?.pressed ?? false) || activeFocus && KeyboardUse.active
 
     function stops(): var {
-        return control ? [usable ? control : area] : [];
+        return control ? [usable ? control : dimmed] : [];
     }
 
     function menu() {
@@ -58,17 +58,12 @@ KeyRow {
     }
     height: cardHeight + (footer.active ? footer.height + 8 : 0)
 
-    DimmedRow {
+    Item {
         id: area
 
         x: card.side
         width: card.width - 2 * card.side
         height: card.cardHeight
-        control: card.control
-        dimmed: !card.usable && card.control !== null
-        wayOut: card.entry.wayOut
-        onTaken: card.page.takeWayOut(card.index)
-        Accessible.ignored: !dimmed
 
         CardFace {
             width: area.width
@@ -78,13 +73,25 @@ KeyRow {
             pressed: card.pressed
             hovered: card.hovered
         }
-        Item {
-            id: face
+        DimmedRow {
+            id: dimmed
 
             width: area.width
             height: area.height
-            opacity: card.usable ? card.entry.opacity : Math.max(card.entry.opacity, Theme.dimmed)
-            enabled: card.usable && !((extras.item as RowExtras)?.holding ?? false)
+            control: card.control
+            dimmed: !card.usable && card.control !== null
+            wayOut: card.entry.wayOut
+            onTaken: card.page.takeWayOut(card.index)
+            Accessible.ignored: !dimmed
+
+            Item {
+                id: face
+
+                width: area.width
+                height: area.height
+                opacity: card.usable ? card.entry.opacity : Math.max(card.entry.opacity, Theme.dimmed)
+                enabled: card.usable && !((extras.item as RowExtras)?.holding ?? false)
+            }
         }
         Loader {
             id: extras
@@ -94,11 +101,36 @@ KeyRow {
             active: false
             sourceComponent: RowExtras {
                 row: card  // qmllint disable unqualified
-                dimmed: area  // qmllint disable unqualified
                 entry: card.entry  // qmllint disable unqualified
                 page: card.page  // qmllint disable unqualified
                 index: card.index  // qmllint disable unqualified
                 control: card.control  // qmllint disable unqualified
+            }
+        }
+        TapHandler {
+            acceptedButtons: Qt.RightButton
+            onTapped: card.menu()
+        }
+        HoverHandler {
+            id: pointer
+            enabled: card.entry.reason !== ""
+            onHoveredChanged: if (!hovered) (hint.item as Hint)?.rest()
+        }
+        TapHandler {
+            enabled: card.entry.reason !== ""
+            onTapped: (hint.item as Hint)?.linger()
+        }
+        Loader {
+            id: hint
+
+            width: area.width
+            height: area.height
+            active: card.entry.reason !== ""
+            sourceComponent: Hint {
+                text: card.entry.reason  // qmllint disable unqualified
+                wanted: pointer.hovered || (dimmed.activeFocus && KeyboardUse.active)  // qmllint disable unqualified
+                action: card.entry.wayOut  // qmllint disable unqualified
+                onActed: card.page.takeWayOut(card.index)  // qmllint disable unqualified
             }
         }
     }

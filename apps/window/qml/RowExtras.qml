@@ -3,12 +3,11 @@ import QtQuick.Templates as T
 import Quorvantis.Settings
 
 // What a row has besides its control: a mark where it differs from its default, another where the
-// user has looked for it, a ring where it has the keyboard, a menu, and why it can't be used.
+// user has looked for it, a ring where it has the keyboard, and a menu.
 Item {
     id: extras
 
     required property Item row
-    required property Item dimmed  // in place of the control
     required property row entry
     required property PageModel page
     required property int index
@@ -44,26 +43,5 @@ Item {
     }
     FocusRing {
         of: extras.row
-    }
-    HoverHandler {
-        id: pointer
-        enabled: extras.entry.reason !== ""
-        onHoveredChanged: if (!hovered) (hint.item as Hint)?.rest()
-    }
-    TapHandler {
-        enabled: extras.entry.reason !== ""
-        onTapped: (hint.item as Hint)?.linger()
-    }
-    Loader {
-        id: hint
-
-        anchors.fill: parent
-        active: extras.entry.reason !== ""
-        sourceComponent: Hint {
-            text: extras.entry.reason  // qmllint disable unqualified
-            wanted: pointer.hovered || (extras.dimmed.activeFocus && KeyboardUse.active)  // qmllint disable unqualified
-            action: extras.entry.wayOut  // qmllint disable unqualified
-            onActed: extras.page.takeWayOut(extras.index)  // qmllint disable unqualified
-        }
     }
 }

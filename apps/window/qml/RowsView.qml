@@ -32,6 +32,7 @@ KeyList {
         }
     }
 
+    // Rows of new kinds are made once what draws them is loaded.
     model: ready ? page.rows : null
     cacheBuffer: 100000
     Component.onCompleted: {
@@ -39,13 +40,6 @@ KeyList {
         ready = true;
     }
 
-    TapHandler {
-        acceptedButtons: Qt.RightButton
-        onTapped: point => {
-            const at = list.mapToItem(list.contentItem, point.position);
-            (list.itemAt(at.x, at.y) as CardRow)?.menu();
-        }
-    }
     Connections {
         target: list.page
 
@@ -60,7 +54,11 @@ KeyList {
         target: list.page.rows
 
         function onKindsChanged() {
+            list.ready = false;
             list.loadKinds();
+        }
+        function onModelReset() {
+            list.ready = true;
         }
     }
     Component {
