@@ -99,7 +99,7 @@ void list(bench::Race& grown) {
     for (int i = 0; i < size; ++i) {
       const std::string name = folder + "profile_" + std::to_string(i + 1) + ".qvx";
       if (i % 1000 == 0) {  // a file system bounds the links of a file
-        bench::expect(bool(device->root.create(name, *bytes)), "a written file");
+        bench::expect(bool(device->root.writeDurably(name, *bytes)), "a written file");
         file = name;
       } else {
         bench::expect(link((device->folder.path() + file).c_str(),
@@ -125,7 +125,7 @@ void log(bench::Race& grown) {
     plist::Array entries;
     for (int i = 0; i < size; ++i) entries.push_back("entry " + std::to_string(i));
     const auto bytes = archive::archive(entries, archive::Mutability::Mutable);
-    bench::expect(bytes && device->root.create(prefs::kBatteryLog, *bytes), "a written log");
+    bench::expect(bytes && device->root.writeDurably(prefs::kBatteryLog, *bytes), "a written log");
     grown.add(std::to_string(size), [device, size] {
       const auto entries = host::readBatteryLog(device->environment);
       bench::expect(entries && entries->size() == static_cast<std::size_t>(size), "all entries");

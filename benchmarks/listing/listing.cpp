@@ -45,7 +45,7 @@ class Device : public testing_support::TestDevice {
  private:
   void write(const std::string& path, const plist::Value& value) {
     const auto bytes = archive::archive(value, archive::Mutability::Mutable);
-    bench::expect(bytes && root.create(path, *bytes), "a written file");
+    bench::expect(bytes && root.writeDurably(path, *bytes), "a written file");
   }
 };
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "benchmarks/race.h"
+#include "platform/localized_sort.h"
 #include "prefs/profiles/saved_profiles.h"
 #include "services/lazy_services.h"
 
@@ -115,7 +116,7 @@ void sortTitles(bench::Race& race, const char* description) {
   Icu icu(unsorted);
   race.add("ours", [&] {
     ours = unsorted;
-    prefs::sortLocalized(ours, collator);
+    platform::sortLocalized(ours, collator);
   });
   race.add("ICU strcoll", [&] { icu.sortByComparing(); });
   race.add("ICU sort keys", [&] { icu.sortByKeys(); });

@@ -17,6 +17,7 @@
 #include "host/application.h"
 #include "host/describe.h"
 #include "platform/archive/keyed_archive.h"
+#include "platform/localized_sort.h"
 #include "prefs/core/names.h"
 #include "prefs/pages/option_pages.h"
 #include "prefs/profiles/saved_profiles.h"
@@ -93,7 +94,8 @@ void list() {
     plist::Dictionary profile = typicalProfile();
     profile.set(prefs::kProfilePercentage, trigger);
     const std::string path = std::string(prefs::kDocuments) + "profile_" + *trigger.text() + ".qvx";
-    expect(bool(device.root.create(path, *archive::archive(profile, archive::Mutability::Mutable))),
+    expect(bool(device.root.writeDurably(path,
+                                         *archive::archive(profile, archive::Mutability::Mutable))),
            "a written profile");
   }
   run([&] {
@@ -137,7 +139,7 @@ void sort() {
                      (i % 3 == 0 ? " - Night" : ""));
   run([&] {
     auto sorted = titles;
-    prefs::sortLocalized(sorted, collator);
+    platform::sortLocalized(sorted, collator);
     expect(sorted.front().starts_with("Battery 1%"), "sort");
   });
 }
