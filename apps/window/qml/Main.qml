@@ -268,6 +268,7 @@ ApplicationWindow {
         below: aboveViews.height
         onLeaving: window.commit()
         onDone: stack.currentItem.forceActiveFocus()
+        onHelpWanted: help.active = true
     }
     MouseArea {
         anchors.fill: parent
