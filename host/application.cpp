@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/describe.h"
+#include "host/setting_lookup.h"
 #include "platform/uikit/geometry.h"
 #include "prefs/profiles/ProfilesListController.h"
 
@@ -53,11 +54,16 @@ Outcome<plist::Value> Application::perform(const Request& request) {
 
 // A page of choices or colors is about the row that opened it.
 std::string Application::labelOf(const Request& request) const {
-  if (const RowReference* operated = operatedRow(request)) return (*row(*operated))->name();
+  const auto onPage = [&](const std::string& label) {
+    const auto* page = environment_.bundle.pageClass(shownPage()->className());
+    const std::string title = page ? titleOf(environment_.bundle, *page) : std::string();
+    return title.empty() ? label : label + " (" + title + ")";
+  };
+  if (const RowReference* operated = operatedRow(request)) return onPage((*row(*operated))->name());
   if (const auto* wayOut = std::get_if<WayOut>(&request)) {
     const auto dimmed = row(wayOut->row);
     const auto whyNot = dimmed ? describeRow(*shownList(), **dimmed).whyNot : std::nullopt;
-    return whyNot ? whyNot->label : std::string();
+    return whyNot ? onPage(whyNot->label) : std::string();
   }
   const preferences::PSViewController* page = shownPage();
   if (!page) return {};

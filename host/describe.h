@@ -19,7 +19,10 @@ Scene describe(const Application& application);
 
 // Its parts.
 RowView describeRow(preferences::PSListController& page, preferences::PSSpecifier& row);
-// How the row would show that value, human-readable; and whether the user would see no difference
+// What a row of choices shows whose value is an empty text: nothing is chosen.
+inline constexpr std::string_view kUnset = "None";
+// How the row would show that value, human-readable (of a file that is not among the choices, its
+// name); and whether the user would see no difference
 // between the two. Nothing is what a row shows that has neither a value nor a default.
 std::string shownText(const preferences::PSSpecifier& row, const plist::Value& value);
 bool sameShown(const preferences::PSSpecifier& row, const plist::Value& a, const plist::Value& b);

@@ -1,6 +1,7 @@
 #include "host/describe.h"
 #include "host/describe_control.h"
 #include "platform/foundation/text.h"
+#include "platform/foundation/url.h"
 #include "platform/preferences/row_value.h"
 #include "prefs/colorpicker/ZorvekColorPickerQuorvantisLinkCell.h"
 #include "prefs/colorpicker/palettes.h"
@@ -82,6 +83,18 @@ std::string colorText(const std::string& text) {
   return std::string(preset->name) + (text.starts_with('#') ? ", " + text : "");
 }
 
+// The path of a file that is chosen among others, though it isn't among the choices.
+std::optional<std::string> fileIn(const PSSpecifier& row, const plist::Value& value) {
+  if (!preferences::hasChoices(row.cellType()) || !value.text()) return std::nullopt;
+  return row.titleForValue(value) ? std::nullopt : foundation::pathOfFileUrl(*value.text());
+}
+
+// A list that has no choices may be being read; then the file itself says whether it is there.
+bool isGone(PSListController& page, const PSSpecifier& row, const plist::Value& value) {
+  const auto file = fileIn(row, value);
+  return file && (!row.values().empty() || !page.environment().root.hasEntry(*file));
+}
+
 // An empty text field is one that was never filled in, and a switch without a value is off.
 bool sameSetting(RowKind kind, const plist::Value& a, const plist::Value& b) {
   if (kind == RowKind::Switch) return foundation::boolValue(a) == foundation::boolValue(b);
@@ -100,6 +113,10 @@ std::string shownText(const PSSpecifier& row, const plist::Value& value) {
   const RowKind kind = kindOf(row);
   if (kind == RowKind::Switch) return foundation::boolValue(value) ? "on" : "off";
   if (kind == RowKind::Color && value.text()) return colorText(*value.text());
+  if (preferences::hasChoices(row.cellType()) && value == plist::Value(""))
+    return std::string(kUnset);
+  if (const auto file = fileIn(row, value))
+    return foundation::replacingInvalidUtf8(foundation::lastPathComponent(*file));
   return foundation::replacingInvalidUtf8(foundation::descriptionOf(value));
 }
 
@@ -129,7 +146,7 @@ void describeValue(PSListController& page, PSSpecifier& row, RowView& view) {
     describeColor(*color, view);
   } else {
     view.value = row.isBuilt() ? shownValue(row, view.control) : page.valueOf(row);
-    view.shown = shownText(row, view.value);
+    view.shown = shownText(row, view.value) + (isGone(page, row, view.value) ? " (gone)" : "");
   }
   view.changed = !view.key.empty() && !sameSetting(view.kind, view.value, view.standard);
   if (view.kind == RowKind::Color && view.built) view.value = row.propertyForKey("value");

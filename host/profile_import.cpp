@@ -14,8 +14,6 @@ namespace {
 
 using platform::Done;
 
-constexpr std::string_view kArchiver = "$archiver";  // in every keyed archive
-
 Failure refused(std::string_view key, const std::string& what) {
   return failure(Source::Profiles, Failure::Refused, "\"" + std::string(key) + "\" " + what);
 }
@@ -57,6 +55,17 @@ Attempt<Done> check(const plist::Dictionary& values, const std::vector<std::stri
 platform::Result<plist::Value> readPropertyList(plist::Bytes bytes,
                                                 platform::XmlPropertyLists& xml) {
   return foundation::readPropertyList(bytes, prefs::readerOf(xml));
+}
+
+bool isProfile(const plist::Dictionary& values) {
+  const auto keys = prefs::profileKeys();
+  for (const auto& [key, value] : values)
+    if (key != prefs::kProfilePercentage && std::ranges::find(keys, key) == keys.end())
+      return false;
+  const auto isHeld = [&](std::string_view key) {
+    return values.find(key) || !prefs::profileDefault(key);
+  };
+  return values.find(prefs::kProfilePercentage) && std::ranges::all_of(keys, isHeld);
 }
 
 Attempt<ImportedProfile> readImport(plist::Bytes bytes, platform::XmlPropertyLists& xml) {

@@ -19,6 +19,14 @@ bool hasChoices(const RowView& row) {
   return (link && link->choices) || std::holds_alternative<SegmentsView>(row.control);
 }
 
+// With the way out, where there is one.
+Failure dimmed(Failure failure, const RowView& row) {
+  if (row.whyNot && row.whyNot->helps)
+    failure.problem.words += "; \"quorvantis set " + row.whyNot->by +
+                             (row.whyNot->switchOn ? " on" : " off") + "\" makes it usable";
+  return failure;
+}
+
 // The default as the row's control would give it: a switch gives booleans, a slider reals.
 plist::Value defaultOf(const RowView& row) {
   if (std::holds_alternative<SwitchView>(row.control))
@@ -54,7 +62,11 @@ Attempt<Done> Settings::setOne(const std::string& key, const std::string& text) 
     return Done{};
   }
   // A dimmed row is refused as such, whatever the text.
-  if (!view.usable) return failureOf(application.perform(Set{view.id, {}}).error());
+  if (!view.usable) return dimmed(failureOf(application.perform(Set{view.id, {}}).error()), view);
+  if (view.standardShown == kUnset && text == kUnset) {
+    application.shownList()->userChanged(**row, view.standard);
+    return Done{};
+  }
   const auto value = typedValue(application, view, text);
   if (!value) return value.error();
   const auto changed = application.perform(Set{view.id, *value});

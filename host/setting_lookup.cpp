@@ -55,6 +55,18 @@ plist::Dictionary readList(const preferences::Bundle& bundle, std::string_view n
   return list && list->dictionary() ? std::move(*list->dictionary()) : plist::Dictionary();
 }
 
+// Of the rows of all lists, in the order of the bundle's pages: visit(page, properties).
+template <class Visit>
+void eachRow(const preferences::Bundle& bundle, Visit visit) {
+  for (const preferences::PageClass& page : bundle.pages) {
+    const plist::Dictionary list = readList(bundle, page.list);
+    const plist::Value* items = list.find("items");
+    if (!items || !items->array()) continue;
+    for (const plist::Value& row : *items->array())
+      if (row.dictionary()) visit(page, *row.dictionary());
+  }
+}
+
 bool holdsValue(const plist::Dictionary& properties) {
   const auto type = preferences::cellTypeNamed(textIn(properties, "cell"));
   return !textIn(properties, "key").empty() || (type && preferences::hasChoices(*type));
@@ -94,16 +106,24 @@ std::optional<Setting> findSetting(const preferences::Bundle& bundle, std::strin
 
 std::vector<std::string> settingKeys(const preferences::Bundle& bundle) {
   std::vector<std::string> keys;
-  for (const preferences::PageClass& page : bundle.pages) {
-    const plist::Dictionary list = readList(bundle, page.list);
-    const plist::Value* items = list.find("items");
-    if (!items || !items->array()) continue;
-    for (const plist::Value& row : *items->array()) {
-      const auto key = row.dictionary() ? textIn(*row.dictionary(), "key") : "";
-      if (!key.empty() && std::ranges::find(keys, key) == keys.end()) keys.emplace_back(key);
-    }
-  }
+  for (const LabeledKey& each : labeledKeys(bundle)) keys.push_back(each.key);
   return keys;
+}
+
+std::vector<LabeledKey> labeledKeys(const preferences::Bundle& bundle) {
+  std::vector<LabeledKey> keys;
+  eachRow(bundle, [&](const preferences::PageClass& page, const plist::Dictionary& row) {
+    const std::string key(textIn(row, "key"));
+    if (!key.empty() && std::ranges::find(keys, key, &LabeledKey::key) == keys.end())
+      keys.push_back({key, std::string(textIn(row, "label")), &page});
+  });
+  return keys;
+}
+
+std::string labelOf(const preferences::Bundle& bundle, const std::string& key) {
+  const auto setting = findSetting(bundle, key);
+  if (!setting || setting->text("label").empty()) return key;
+  return std::string(setting->text("label")) + " (" + titleOf(bundle, *setting->page) + ")";
 }
 
 std::string titleOf(const preferences::Bundle& bundle, const preferences::PageClass& page) {
@@ -114,8 +134,19 @@ const preferences::PageClass* findPage(const preferences::Bundle& bundle, std::s
   if (const preferences::PageClass* page = bundle.pageClass(name)) return page;
   std::vector<std::string> titles;
   for (const preferences::PageClass& page : bundle.pages) titles.push_back(titleOf(bundle, page));
-  const auto index = indexNamed(name, titles);
-  return index && !name.empty() ? &bundle.pages[*index] : nullptr;
+  if (name.empty()) return nullptr;
+  if (const auto index = indexNamed(name, titles)) return &bundle.pages[*index];
+  const preferences::PageClass* linked = nullptr;
+  eachRow(bundle, [&](const preferences::PageClass&, const plist::Dictionary& row) {
+    if (!linked && textIn(row, "key").empty() && equalInAnyCase(textIn(row, "label"), name))
+      linked = bundle.pageClass(textIn(row, "detail"));
+  });
+  return linked;
+}
+
+std::string pageClassOf(const preferences::Bundle& bundle, const std::string& name) {
+  const preferences::PageClass* page = findPage(bundle, name);
+  return page ? std::string(page->name) : name;
 }
 
 }  // namespace host

@@ -26,10 +26,23 @@ std::optional<Setting> findSetting(const preferences::Bundle& bundle, std::strin
 // The keys of all rows, in the order of the bundle's pages, each once.
 std::vector<std::string> settingKeys(const preferences::Bundle& bundle);
 
+// The same with the label of the first row of each, and its page.
+struct LabeledKey {
+  std::string key, label;
+  const preferences::PageClass* page;
+};
+std::vector<LabeledKey> labeledKeys(const preferences::Bundle& bundle);
+
+// "Wi-Fi (Power Saving)": the label of that key's row and the title of its page; the key itself
+// where there is none.
+std::string labelOf(const preferences::Bundle& bundle, const std::string& key);
+
 // The title that the page's list gives it; empty for a page without one.
 std::string titleOf(const preferences::Bundle& bundle, const preferences::PageClass& page);
-// The page of that class or, where there is none, of that title, in any case; null when neither is
-// a page.
+// The page of that class or, where there is none, of that title, else of a link with that label, in
+// any case; null when none is a page.
 const preferences::PageClass* findPage(const preferences::Bundle& bundle, std::string_view name);
+// Its class; the name itself where it is no page's.
+std::string pageClassOf(const preferences::Bundle& bundle, const std::string& name);
 
 }  // namespace host

@@ -21,13 +21,32 @@ std::string rangeOf(const SliderView& slider) {
          numberText(slider.maximum);
 }
 
+// As didYouMean: the keys of the rows with that label, else a key that is near, else the keys of
+// the rows with a label that is near.
+std::string meantKey(const preferences::Bundle& bundle, std::string_view text) {
+  std::vector<std::string> labels;
+  const std::vector<LabeledKey> known = labeledKeys(bundle);
+  for (const LabeledKey& each : known) labels.push_back(each.label);
+  const auto labeled = [&](std::string_view label) {
+    std::string keys;
+    for (const auto& [key, each, page] : known)
+      if (!each.empty() && equalInAnyCase(each, label))
+        keys += (keys.empty() ? "; did you mean \"" : " or \"") + key + "\" (" +
+                titleOf(bundle, *page) + ")";
+    return keys.empty() ? keys : keys + "?";
+  };
+  if (const std::string meant = labeled(text); !meant.empty()) return meant;
+  if (const std::string meant = didYouMean(text, settingKeys(bundle)); !meant.empty()) return meant;
+  const auto near = closest(text, labels);
+  return near ? labeled(*near) : std::string();
+}
+
 }  // namespace
 
 Failure Settings::noSetting(std::string_view key) const {
-  const std::string name(key);
   return failure(Source::Settings, Failure::NotFound,
-                 "no setting \"" + name + "\"; quorvantis list lists them" +
-                     didYouMean(key, settingKeys(environment_.bundle)));
+                 "no setting \"" + std::string(key) + "\"; quorvantis list lists them" +
+                     meantKey(environment_.bundle, key));
 }
 
 Attempt<Setting> Settings::find(std::string_view key) const {

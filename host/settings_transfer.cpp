@@ -71,6 +71,10 @@ Attempt<plist::Dictionary> readValues(Settings& settings, preferences::Environme
   if (!list) return failure(Source::Settings, Failure::Failed, list.error().message());
   if (!list->dictionary())
     return failure(Source::Settings, Failure::Refused, "not settings: no dictionary");
+  if (list->dictionary()->find(kArchiver) || isProfile(*list->dictionary()))
+    return failure(Source::Settings, Failure::Refused,
+                   "a profile, not settings; \"quorvantis profile import\" takes it, \"quorvantis "
+                   "profile load\" then makes its values the settings");
   if (const auto readable = environment.preferences.refresh(prefs::kDomain); !readable)
     return failureOf(Source::Settings, readable.error());
   const auto known = settings.list();

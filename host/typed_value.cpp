@@ -31,8 +31,10 @@ class Reading {
   }
   Attempt<plist::Value> operator()(const SliderView& view) const {
     if (const auto number = numberIn<double>(text_)) return plist::Value(*number);
+    const std::string digits = text_.substr(0, text_.find_first_not_of("+-.0123456789"));
     return refused("takes a number from " + numberText(view.minimum) + " to " +
-                   numberText(view.maximum));
+                   numberText(view.maximum) +
+                   (numberIn<double>(digits) ? "; did you mean \"" + digits + "\"?" : ""));
   }
   Attempt<plist::Value> operator()(const SegmentsView&) const { return choice(); }
   Attempt<plist::Value> operator()(const LinkView& link) const {
@@ -61,7 +63,16 @@ class Reading {
     std::vector<std::string> names = titles;
     for (const plist::Value& value : values) names.push_back(namingText(value).value_or(""));
     return refused("has no choice \"" + text_ + "\"; quorvantis choices " + row_.id +
-                   " lists them" + didYouMean(text_, names));
+                   " lists them" + didYouMean(asTitle(titles), names));
+  }
+
+  // What a switch would take, where the choices have the same meaning: "no" is "Off".
+  std::string asTitle(const std::vector<std::string>& titles) const {
+    const auto word = std::ranges::find_if(
+        kSwitchWords, [&](const SwitchWord& each) { return equalInAnyCase(each.word, text_); });
+    if (word == std::end(kSwitchWords)) return text_;
+    const std::string title = word->on ? "On" : "Off";
+    return std::ranges::find(titles, title) == titles.end() ? text_ : title;
   }
 
   Application& application_;

@@ -95,9 +95,15 @@ Failure noCommand(const std::vector<std::string>& words, const Group* group) {
                   "--help lists them" + host::didYouMean(wrong, known));
 }
 
-std::string requiredMessage(const Command& command, const Argument& argument) {
+std::string requiredMessage(const Command& command, const Argument& argument,
+                            std::string_view before) {
   const std::string message = std::string(argument.name) + " is required";
   if (argument.words != Words::Values) return message + "; try quorvantis " + command.example;
+  const std::size_t equals = before.find('=');
+  if (equals != std::string_view::npos)
+    return message + "; did you mean " + command.name + " " +
+           std::string(before.substr(0, equals)) + " \"" + std::string(before.substr(equals + 1)) +
+           "\"?";
   return message + "; in a shell, a value with blanks or # has to stand in quotes";
 }
 
@@ -108,7 +114,8 @@ Outcome<std::size_t> takeOnce(const Command& command, std::span<const std::strin
     if (!argument.name) break;
     const bool needed =
         argument.need == Argument::Required || argument.need == Argument::OnceOrMore;
-    if (taken == words.size() && needed) return wrongUse(requiredMessage(command, argument));
+    if (taken == words.size() && needed)
+      return wrongUse(requiredMessage(command, argument, taken > 0 ? words[taken - 1] : ""));
     const bool many = argument.need == Argument::Repeated || argument.need == Argument::OnceOrMore;
     const std::size_t end = many ? words.size() : std::min(taken + 1, words.size());
     for (; taken < end; ++taken)

@@ -97,11 +97,8 @@ Candidates valuesOf(Session& session, const std::string& key) {
 
 Candidates keysOf(Session& session) {
   Candidates found;
-  const preferences::Bundle& bundle = session.device().environment().bundle;
-  for (const std::string& key : host::settingKeys(bundle)) {
-    const auto setting = host::findSetting(bundle, key);
-    found.push_back({key, setting ? std::string(setting->text("label")) : ""});
-  }
+  for (const auto& [key, label, page] : host::labeledKeys(session.device().environment().bundle))
+    found.push_back({key, label});
   return found;
 }
 

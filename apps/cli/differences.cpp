@@ -15,6 +15,7 @@ std::string orQuotes(const std::string& text) {
 
 void printSeen(Session& session, const Differences& differences, bool stored) {
   host::Settings settings = session.settings();
+  if (differences.empty()) return session.print(Listing(), "nothing differs");
   const auto seen = host::seenDifferences(settings, differences);
   std::size_t alike = 0;
   for (std::size_t i = 0; i < seen.size(); ++i) {

@@ -1,5 +1,6 @@
 #include "apps/cli/command_line.h"
 #include "apps/cli/listing.h"
+#include "apps/cli/terminal.h"
 #include "drive/driver.h"
 
 namespace cli {
@@ -14,7 +15,7 @@ void addOptions(std::span<const Option> options, Columns& columns) {
 
 std::string page(const std::string& usage, const std::string& about, const Columns& columns) {
   std::string text = about + "\n\nUsage: quorvantis " + usage + "\n";
-  for (const std::string& line : columns.lines()) text += "\n" + line;
+  for (const std::string& line : columns.lines(terminalWidth())) text += "\n" + line;
   return text;
 }
 

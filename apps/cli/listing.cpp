@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "apps/cli/terminal.h"
 #include "host/text.h"
 
 namespace cli {
@@ -9,11 +10,7 @@ namespace {
 
 constexpr std::size_t kGap = 2;
 
-// In characters; some are wider on screen, which is ignored.
-std::size_t width(const std::string& text) {
-  return static_cast<std::size_t>(
-      std::ranges::count_if(text, [](char c) { return (c & 0xC0) != 0x80; }));
-}
+constexpr std::size_t kNarrowest = 20;  // what is broken into lines has this much room
 
 }  // namespace
 
@@ -30,13 +27,13 @@ void Columns::addNote(std::string_view text) {
   lines_.push_back({Note, {host::oneLine(text)}});
 }
 
-std::vector<std::string> Columns::lines() const {
+std::vector<std::string> Columns::lines(std::size_t width) const {
   std::vector<std::size_t> widths;
   for (const Line& line : lines_) {
     if (line.kind != Cells) continue;
     widths.resize(std::max(widths.size(), line.cells.size()));
     for (std::size_t i = 0; i < line.cells.size(); ++i)
-      widths[i] = std::max(widths[i], width(line.cells[i]));
+      widths[i] = std::max(widths[i], cellsOf(line.cells[i]));
   }
   const auto isHeader = [](const Line& line) { return line.kind == Header; };
   const std::string indent(std::ranges::any_of(lines_, isHeader) ? kGap : 0, ' ');
@@ -44,12 +41,17 @@ std::vector<std::string> Columns::lines() const {
   for (const auto& [kind, cells] : lines_) {
     if (kind == Header && !out.empty()) out.emplace_back();
     std::string line = kind == Header ? "" : indent;
-    for (std::size_t i = 0; i < cells.size(); ++i) {
-      line += cells[i];
-      if (i + 1 < cells.size()) line.append(widths[i] - width(cells[i]) + kGap, ' ');
+    for (std::size_t i = 0; i + 1 < cells.size(); ++i)
+      line.append(cells[i]).append(widths[i] - cellsOf(cells[i]) + kGap, ' ');
+    const std::size_t margin = cellsOf(line);
+    const std::string last = cells.empty() ? "" : cells.back();
+    const bool fits = margin + cellsOf(last) <= width || margin + kNarrowest > width;
+    for (const std::string& piece : fits ? std::vector{last} : wrapped(last, width - margin)) {
+      line += piece;
+      line.erase(line.find_last_not_of(' ') + 1);
+      if (!line.empty()) out.push_back(line);
+      line.assign(margin, ' ');
     }
-    line.erase(line.find_last_not_of(' ') + 1);
-    if (!line.empty()) out.push_back(std::move(line));
   }
   return out;
 }

@@ -18,7 +18,8 @@ class Columns {
   void add(const std::vector<std::string>& cells);
   void addNote(std::string_view text);  // a line of its own, on which no column depends
 
-  std::vector<std::string> lines() const;
+  // Below a width, in cells, what stands in the last column, and notes, go on in further lines.
+  std::vector<std::string> lines(std::size_t width = 0) const;
 
  private:
   enum Kind { Header, Cells, Note };

@@ -106,7 +106,8 @@ Outcome<Done> search(Session& session, const Arguments& arguments) {
   for (const auto& [pageClass, id, label, where] : host::SearchIndex(*pages, *profiles).find(words))
     listing.add({{"class", pageClass}, {"id", id}, {"label", label}, {"where", where}},
                 {label, id, where});
-  session.print(listing);
+  session.print(listing,
+                "nothing matches; quorvantis pages lists the pages, quorvantis list the settings");
   return session.storeWorked();
 }
 

@@ -10,6 +10,11 @@ Profiles profilesOf(Session& session) {
   return Profiles(session.device().environment());
 }
 
+// A profile's file may be of no trigger.
+const std::string& nameOf(const host::Trigger& trigger) {
+  return trigger.title.empty() ? trigger.profileID : trigger.title;
+}
+
 template <class T>
 Outcome<T> orFailure(host::Attempt<T> attempt) {
   if (!attempt) return failureOf(attempt.error());
@@ -39,14 +44,14 @@ Outcome<Done> listProfiles(Session& session, const Arguments&) {
                  {"active", profile.active}},
                 {profile.trigger, profile.title, profile.description,
                  profile.active ? "active" : "not active"});
-  session.print(listing);
+  session.print(listing, "no profile is saved; quorvantis profile save TRIGGER saves one");
   return Done{};
 }
 
 Outcome<Done> saveProfile(Session& session, const Arguments& arguments) {
   const auto trigger = orFailure(host::triggerNamed(arguments[0]));
   if (!trigger) return trigger.error();
-  const host::UserChange change(session.device().backups(), "save " + trigger->profileID);
+  const host::UserChange change(session.device().backups(), "save " + nameOf(*trigger));
   return orFailure(profilesOf(session).save(*trigger, arguments.existing()));
 }
 
@@ -56,7 +61,7 @@ Outcome<Done> loadProfile(Session& session, const Arguments& arguments) {
     return Failure{ExitCode::WrongUse, "--stored belongs to --dry-run"};
   const auto trigger = orFailure(host::profileNamed(arguments[0]));
   if (!trigger) return trigger.error();
-  const host::UserChange change(session.device().backups(), "load " + trigger->profileID);
+  const host::UserChange change(session.device().backups(), "load " + nameOf(*trigger));
   return orFailure(profilesOf(session).load(*trigger));
 }
 
@@ -65,14 +70,14 @@ Outcome<Done> copyProfile(Session& session, const Arguments& arguments) {
   if (!from) return from.error();
   const auto to = orFailure(host::triggerNamed(arguments[1]));
   if (!to) return to.error();
-  const host::UserChange change(session.device().backups(), "copy to " + to->profileID);
+  const host::UserChange change(session.device().backups(), "copy to " + nameOf(*to));
   return orFailure(profilesOf(session).copy(*from, *to, arguments.existing()));
 }
 
 Outcome<Done> deleteProfile(Session& session, const Arguments& arguments) {
   const auto trigger = orFailure(host::profileNamed(arguments[0]));
   if (!trigger) return trigger.error();
-  const host::UserChange change(session.device().backups(), "delete " + trigger->profileID);
+  const host::UserChange change(session.device().backups(), "delete " + nameOf(*trigger));
   const auto folders =
       arguments.has("--recursive") ? Profiles::Folders::Remove : Profiles::Folders::Refuse;
   return orFailure(profilesOf(session).remove(*trigger, folders));

@@ -56,17 +56,24 @@ Outcome<Done> goBack(Session& session, Way way, const std::string& done) {
   return Done{};
 }
 
-std::string wayOut(host::Recovery& recovery) {
+// What a restore from then on lacks, where that is known.
+std::string lostSince(const host::Recovery::State& state, const plist::Date& time) {
+  if (!state.seen || state.seen->time.seconds <= time.seconds) return "";
+  return "; what was changed from then until " + timeOf(state.seen->time) + " is not in it";
+}
+
+std::string wayOut(host::Recovery& recovery, const host::Recovery::State& state) {
   const auto last = recovery.lastGood();
   if (!last || !*last) return "; quorvantis repair --start-anew begins without settings";
   return "; quorvantis repair --restore puts back the snapshot of " + timeOf((*last)->time) +
-         " (before \"" + (*last)->before +
-         "\"), quorvantis repair --start-anew begins without settings";
+         " (before \"" + (*last)->before + "\"" + lostSince(state, (*last)->time) +
+         "), quorvantis repair --start-anew begins without settings";
 }
 
 Outcome<Done> showState(Session& session, host::Recovery& recovery) {
   const auto state = recovery.state();
-  if (state.damage) return Failure{ExitCode::Failed, state.damage->message() + wayOut(recovery)};
+  if (state.damage)
+    return Failure{ExitCode::Failed, state.damage->message() + wayOut(recovery, state)};
   session.print("the settings can be read: " + std::to_string(state.settings) + " values");
   if (!state.seen) return Done{};
   session.print("last changed by quorvantis at " + timeOf(state.seen->time));
@@ -89,7 +96,8 @@ Outcome<Done> listSnapshots(Session& session, const Arguments&) {
   for (const auto& [number, time, before] : snapshots->entries)
     listing.add({{"number", number}, {"time", toJson(time)}, {"before", before}},
                 {std::to_string(number), timeOf(time), "before " + before});
-  session.print(listing);
+  session.print(listing,
+                "nothing is kept yet; a snapshot is taken before the first change of a day");
   session.warnings = snapshots->unreadable;
   return Done{};
 }
@@ -142,9 +150,11 @@ Outcome<Done> repair(Session& session, const Arguments& arguments) {
   if (restored && anew)
     return Failure{ExitCode::WrongUse, "--restore and --start-anew can't be had together"};
   if (restored) {
+    const auto state = recovery->state();
     const auto last = recovery->restoreLast();
     if (!last) return failureOf(last.error());
-    session.print("restored from " + timeOf(last->time) + ", before \"" + last->before + "\"");
+    session.print("restored from " + timeOf(last->time) + ", before \"" + last->before + "\"" +
+                  lostSince(state, last->time));
   } else if (anew) {
     const auto begun = recovery->startAnew();
     if (!begun) return failureOf(begun.error());

@@ -111,6 +111,9 @@ Outcome<Done> showLog(Session& session, const Arguments& arguments) {
       session.print(lineOf(session, *entry));
   }
   if (followed) return follow(session, std::move(*entries));
+  if (entries->empty() && !session.json)
+    session.print(Listing(),
+                  "the log is empty; an extension writes it while Keep Battery Log is on");
   if (session.json) session.printJson(Json(std::move(document)));
   return Done{};
 }

@@ -4,16 +4,30 @@
 #include <iterator>
 #include <utility>
 
+#include "apps/cli/terminal.h"
 #include "host/text.h"
 #include "host/unseen_settings.h"
 #include "host/user_file.h"
 
 namespace cli {
+namespace {
+
+constexpr std::string_view kUserFolder = "/var/mobile/";  // the platform's
+
+// A path of the platform is not where the file is on this machine.
+std::string withPlace(const std::string& message) {
+  const bool leadsOn = message.find("quorvantis ") != std::string::npos;
+  const bool hasPath = message.find(kUserFolder) != std::string::npos;
+  return hasPath && !leadsOn ? message + "; quorvantis where prints where that is" : message;
+}
+
+}  // namespace
+
 Failure failureOf(const host::Failure& failure) {
   const std::string message = failure.problem.message();
   switch (failure.reason) {
     case host::Failure::Failed:
-      return {ExitCode::Failed, message};
+      return {ExitCode::Failed, withPlace(message)};
     case host::Failure::Refused:
       return {ExitCode::WrongUse, message};
     case host::Failure::NotFound:
@@ -79,9 +93,12 @@ Outcome<Done> Session::finish() {
   return Done{};
 }
 
-void Session::print(const Listing& listing) {
+void Session::print(const Listing& listing, const std::string& whyEmpty) {
   if (json) return printJson(listing.document);
-  for (const std::string& line : listing.columns.lines()) print(line);
+  const std::size_t width = terminalWidth();
+  const auto lines = listing.columns.lines(width);
+  for (const std::string& line : lines) print(line);
+  if (lines.empty() && width > 0 && !whyEmpty.empty()) print("(" + whyEmpty + ")");
 }
 
 void Session::printValue(const plist::Value& value) {

@@ -58,7 +58,8 @@ class Session {
   Outcome<Done> finish();
 
   void print(std::string_view line) { (output_ += line) += '\n'; }
-  void print(const Listing& listing);
+  // Where it is empty, a terminal gets `whyEmpty` in its place.
+  void print(const Listing& listing, const std::string& whyEmpty = {});
   void printJson(const Json& document) { print(drive::textOf(document)); }
   // A value as JSON where that is asked for, else text bare.
   void printValue(const plist::Value& value);

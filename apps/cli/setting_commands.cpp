@@ -58,14 +58,19 @@ host::Settings::Scope scopeOf(const Arguments& arguments) {
   return {arguments.words, arguments.value("--page").value_or(""), arguments.has("--all")};
 }
 
-// "wifi and 2 more"
+// "Wi-Fi (Power Saving) and 2 more"
 std::string andMore(const std::string& first, std::size_t count) {
   return count > 1 ? first + " and " + std::to_string(count - 1) + " more" : first;
 }
 
-std::string nameOf(const host::Settings::Scope& scope) {
+std::string nameOf(Session& session, const std::string& key) {
+  return host::labelOf(session.device().environment().bundle, key);
+}
+
+std::string nameOf(Session& session, const host::Settings::Scope& scope) {
   if (scope.all) return "all";
-  return scope.page.empty() ? andMore(scope.keys.front(), scope.keys.size()) : scope.page;
+  if (!scope.page.empty()) return scope.page;
+  return andMore(nameOf(session, scope.keys.front()), scope.keys.size());
 }
 
 Outcome<Done> checkScope(const host::Settings::Scope& scope) {
@@ -90,7 +95,7 @@ Outcome<Done> setValues(Session& session, const Arguments& arguments) {
   for (std::size_t i = 0; i + 1 < arguments.words.size(); i += 2)
     texts.emplace_back(arguments[i], arguments[i + 1]);
   const host::UserChange change(session.device().backups(),
-                                "set " + andMore(arguments[0], texts.size()));
+                                "set " + andMore(nameOf(session, arguments[0]), texts.size()));
   auto stored = session.settings().set(texts);
   if (!stored) {
     Failure failure = failureOf(stored.error());
@@ -112,7 +117,7 @@ Outcome<Done> resetValues(Session& session, const Arguments& arguments) {
     printDifferences(session, *changes);
     return Done{};
   }
-  const host::UserChange change(session.device().backups(), "reset " + nameOf(scope),
+  const host::UserChange change(session.device().backups(), "reset " + nameOf(session, scope),
                                 host::Backups::Label::Fixed, "reset");
   auto stored = settings.reset(scope);
   if (!stored) return failureOf(stored.error());
@@ -134,7 +139,7 @@ Outcome<Done> listSettings(Session& session, const Arguments& arguments) {
                  {"label", row.label}},
                 {row.key, row.shown, title + " > " + row.label});
   }
-  session.print(listing);
+  session.print(listing, "no setting differs from its default");
   return session.storeWorked();
 }
 
@@ -162,7 +167,9 @@ Outcome<Done> listChoices(Session& session, const Arguments& arguments) {
   for (std::size_t i = 0; i < values.size(); ++i)
     listing.add({{"value", toJson(values[i])}, {"title", titles[i]}},
                 {drive::plainTextOf(values[i]), titles[i]});
-  session.print(listing);
+  session.print(
+      listing,
+      "there is nothing to choose from; quorvantis where prints where files are looked for");
   return session.storeWorked();
 }
 

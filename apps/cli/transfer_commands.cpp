@@ -1,6 +1,7 @@
 #include <cerrno>
 
 #include "apps/cli/command.h"
+#include "host/profile_import.h"
 #include "host/settings_transfer.h"
 #include "host/user_file.h"
 
@@ -8,12 +9,25 @@
 namespace cli {
 namespace {
 
+// A file that holds something else than settings, which an export would destroy.
+bool isForeign(Session& session, const std::string& file) {
+  if (file == host::kStandardStream) return false;
+  const auto bytes = host::readUserFile(file);
+  if (!bytes || bytes->empty()) return false;
+  const auto list = host::readPropertyList(*bytes, session.device().environment().xml);
+  return !list || !list->dictionary() || list->dictionary()->find(host::kArchiver) ||
+         host::isProfile(*list->dictionary());
+}
+
+Failure exists(const std::string& file, const std::string& what) {
+  return {ExitCode::Exists, file + ": " + what + "; --overwrite replaces it"};
+}
+
 Outcome<Done> writeOutput(Session& session, const std::string& file, plist::Bytes bytes,
                           host::Existing existing) {
   if (file != host::kStandardStream) {
     const auto written = host::writeUserFile(file, bytes, existing);
-    if (!written && written.error().code == EEXIST)
-      return Failure{ExitCode::Exists, file + ": exists; --overwrite replaces it"};
+    if (!written && written.error().code == EEXIST) return exists(file, "exists");
     if (!written) return failureOf(written.error());
     return Done{};
   }
@@ -35,6 +49,8 @@ Failure failureOfImport(const host::Failure& reason, const std::string& file) {
 }  // namespace
 
 Outcome<Done> exportSettings(Session& session, const Arguments& arguments) {
+  if (!arguments.has("--overwrite") && isForeign(session, arguments[0]))
+    return exists(arguments[0], "exists, and is not an export of settings");
   host::Settings settings = session.settings();
   const auto xml = host::exportSettings(settings, session.device().environment());
   if (!xml) return failureOf(xml.error());

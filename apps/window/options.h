@@ -11,7 +11,7 @@ namespace window {
 struct Options {
   host::DeviceOptions device;
   bool help = false, version = false;
-  std::string page;  // a class; empty: the bundle's first page
+  std::string page;  // a class or a title; empty: the bundle's first page
   std::string row;   // an id: of the row to show; empty: none
 };
 

@@ -43,7 +43,8 @@ void RecoveryModel::look() {
   snapshot_.clear();
   if (!damage_ || !possible()) return;
   const auto last = host::Recovery(device_->environment(), *device_->backups()).lastGood();
-  if (last && *last) snapshot_ = timeText((*last)->time);
+  if (last && *last)
+    snapshot_ = tr("%1, before \"%2\"").arg(timeText((*last)->time), toQString((*last)->before));
 }
 
 void RecoveryModel::restoreLast() {

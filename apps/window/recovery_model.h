@@ -14,9 +14,10 @@ class RecoveryModel : public QObject {
   QML_ELEMENT
   QML_UNCREATABLE("belongs to the application")
   Q_PROPERTY(bool damaged READ damaged NOTIFY changed)
-  Q_PROPERTY(QString file READ file NOTIFY changed)          // on this machine
-  Q_PROPERTY(QString snapshot READ snapshot NOTIFY changed)  // when it was taken; empty: none
-  Q_PROPERTY(bool possible READ possible NOTIFY changed)     // to start anew
+  Q_PROPERTY(QString file READ file NOTIFY changed)  // on this machine
+  Q_PROPERTY(QString snapshot READ snapshot NOTIFY
+                 changed)  // when and before what it was taken; empty: none
+  Q_PROPERTY(bool possible READ possible NOTIFY changed)  // to start anew
 
  public:
   RecoveryModel(QObject* parent, host::Application& application)

@@ -2,6 +2,7 @@
 
 #include <QQuickWindow>
 
+#include "host/setting_lookup.h"
 #include "host/window_state.h"
 
 namespace window {
@@ -24,8 +25,8 @@ host::Outcome<std::unique_ptr<Session>> Session::open(const Options& options,
                                                       const QDBusConnection& desktop) {
   std::unique_ptr<Session> session(new Session(options, std::make_unique<QtMainQueue>()));
   host::Application& application = session->application_;
-  if (auto launched = application.perform(host::Launch{options.page}); !launched)
-    return launched.error();
+  const std::string page = host::pageClassOf(application.environment().bundle, options.page);
+  if (auto launched = application.perform(host::Launch{page}); !launched) return launched.error();
   if (!options.row.empty())
     if (auto row = application.row(options.row); !row) return row.error();
 

@@ -109,11 +109,11 @@ void SettingsWindow::showRow(const std::string& id) {
   if (const auto row = host::goTo(application_, page, id)) bridge_.shown()->mark(*row);
 }
 
-host::Outcome<host::Done> SettingsWindow::showPage(const std::string& pageClass,
+host::Outcome<host::Done> SettingsWindow::showPage(const std::string& page,
                                                    const std::string& row) {
-  if (pageClass.empty())
+  if (page.empty())
     return bridge_.tools()->show(std::string(application_.pages().front()->className()), row);
-  return bridge_.tools()->show(pageClass, row);
+  return bridge_.tools()->show(host::pageClassOf(application_.environment().bundle, page), row);
 }
 
 void SettingsWindow::raise() {

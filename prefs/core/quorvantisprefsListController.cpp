@@ -20,9 +20,8 @@ constexpr Client kClients[] = {
     {"tweetings:", "tweetings:///user?screen_name=zorvek_dev"},
     {"twitter:", "twitter://user?screen_name=zorvek_dev"},
 };
-constexpr std::string_view kProfilePage = "https://mobile.twitter.com/zorvek_dev";
-constexpr std::string_view kDonationPage =
-    "https://www.paypal.com/cgi-bin/webscr?cmd=_s-xclick&hosted_button_id=ZORVEKDEV";
+constexpr std::string_view kProfilePage = QUORVANTIS_WEB_FOLLOW;
+constexpr std::string_view kDonationPage = QUORVANTIS_WEB_DONATE;
 
 }  // namespace
 

@@ -135,9 +135,9 @@ class Undo(RecoveryTest):
     def test_of_a_set(self):
         self.write_domain({"wifi": 1})
         self.output("set", "wifi", "2")
-        self.assertEqual(self.output("undo"), "undone: set wifi\n")
+        self.assertEqual(self.output("undo"), "undone: set Wi-Fi (Power Saving)\n")
         self.assertEqual(self.domain(), {"wifi": 1})
-        self.assertEqual(self.output("redo"), "done again: set wifi\n")
+        self.assertEqual(self.output("redo"), "done again: set Wi-Fi (Power Saving)\n")
         self.assertEqual(self.domain(), {"wifi": 2})
 
     def test_of_nothing(self):
@@ -151,6 +151,12 @@ class Undo(RecoveryTest):
         self.output("profile", "load", "20")
         self.output("undo")
         self.assertEqual(self.typed_domain(), before)
+
+    def test_of_a_load_names_the_trigger(self):
+        self.output("profile", "save", "20")
+        self.output("profile", "load", "20%")
+        self.assertEqual(self.output("undo"), "undone: load Battery 20%\n")
+        self.assertEqual(self.output("undo"), "undone: save Battery 20%\n")
 
     def test_of_a_delete_and_an_overwriting_import_byte_for_byte(self):
         self.write_profile({"wifi": 2})
@@ -167,7 +173,7 @@ class Undo(RecoveryTest):
         self.output("defaults", "write", "wifi", "-int", "1")
         done = self.run_program("undo")
         self.assertEqual(done.returncode, 0)
-        self.assertEqual(done.stdout, b"undone: set wifi and 1 more\n")
+        self.assertEqual(done.stdout, b"undone: set Wi-Fi (Power Saving) and 1 more\n")
         self.assertIn(b"wifi stays as it is", done.stderr)
         self.assertEqual(self.domain(), {"wifi": 1})
 
@@ -175,14 +181,15 @@ class Undo(RecoveryTest):
         self.output("set", "vpn", "1")
         self.output("set", "wifi", "2")
         self.output("defaults", "write", "wifi", "-int", "1")
-        self.assertIn('nothing of "set wifi" is undone: wifi stays as it is', self.refuse(1, "undo"))
+        self.assertIn('nothing of "set Wi-Fi (Power Saving)" is undone: wifi stays as it is',
+                      self.refuse(1, "undo"))
         self.assertEqual(self.domain(), {"vpn": 1, "wifi": 1})
-        self.assertEqual(self.output("undo"), "undone: set vpn\n")
+        self.assertEqual(self.output("undo"), "undone: set VPN (Power Saving)\n")
 
     def test_names_what_was_reset(self):
         self.output("set", "wifi", "2", "vpn", "2")
         self.output("reset", "wifi", "vpn")
-        self.assertEqual(self.output("undo"), "undone: reset wifi and 1 more\n")
+        self.assertEqual(self.output("undo"), "undone: reset Wi-Fi (Power Saving) and 1 more\n")
         self.output("reset", "--all")
         self.assertEqual(self.output("undo"), "undone: reset all\n")
 
@@ -190,7 +197,7 @@ class Undo(RecoveryTest):
         lines = ['{"do":"launch"}', '{"do":"open","page":"PowerSavingListController"}',
                  '{"do":"set","row":"wifi","value":2}', '{"do":"set","row":"wifi","value":2}']
         self.assertEqual(self.run_program("drive", input="\n".join(lines).encode()).returncode, 0)
-        self.assertRegex(self.output("undo"), "^undone: set Wi-?Fi\n$")
+        self.assertRegex(self.output("undo"), r"^undone: set Wi-Fi \(Power Saving\)\n$")
         self.assertEqual(self.document("defaults", "read"), {})
         self.refuse(3, "undo")
 
@@ -232,6 +239,15 @@ class Repair(RecoveryTest):
         self.assertEqual(self.domain(), {"wifi": 1})
         self.assertEqual((self.root / (DOMAIN + ".unreadable-1")).read_bytes(), b"garbage")
         self.output("repair")
+
+    def test_restore_says_from_when_it_is_and_what_it_lacks(self):
+        self.output("set", "wifi", "2")
+        taken = self.output("snapshot", "list").split("  ")[1]
+        self.output("set", "wifi", "1")
+        self.damage()
+        said = rf"{taken}.*before .daily.; what was changed from then until [-0-9: ]+ UTC is not in it"
+        self.assertRegex(self.refuse(1, "repair"), said)
+        self.assertRegex(self.output("repair", "--restore").splitlines()[0], said)
 
     def test_says_that_undo_does_not_take_it_back(self):
         self.damage()

@@ -68,6 +68,24 @@ class Typed(ProgramTest):
         self.assertEqual(self.output("get", "profileactive"), "1.0\n")
         self.assertIs(self.stored("profileactive", "1.0"), True)
 
+    def test_profile_can_be_unset(self):
+        self.output("profile", "save", "20")
+        path = self.document("profile", "list")[0]["path"]
+        self.assertEqual(self.stored("profile", "Battery 20%"), path)
+        self.assertEqual(self.stored("profile", "None"), "")
+        self.assertEqual(self.output("get", "profile"), "\n")
+        self.assertIn("  None  ", self.output("list"))
+        self.refuse(2, "set", "playsound", "None")
+
+    def test_file_that_is_gone_is_shown_by_its_name(self):
+        self.output("profile", "save", "20")
+        self.output("set", "profile", "Battery 20%")
+        self.output("profile", "delete", "20")
+        self.write_domain(self.domain() | {
+            "playsound": "file:///System/Library/Audio/UISounds/a%20b.caf"})
+        self.assertIn("Saved Profile  profile     profile_20.qvx (gone)", self.output("page", "General"))
+        self.assertIn("a b.caf (gone)", self.output("describe", "playsound"))
+
     def test_choice_that_is_gone_stays(self):
         self.write_domain({"profile": "/gone.qvx"})
         self.output("set", "profile", "/gone.qvx")
@@ -92,6 +110,40 @@ class Meant(ProgramTest):
     def test_page(self):
         self.assertEqual(self.meant(3, "page", "Sonds"), '"Sounds"?')
         self.assertEqual(self.meant(3, "reset", "--page", "Sonds"), '"Sounds"?')
+
+    def test_page_by_its_link(self):
+        self.assertEqual(self.output("page", "manage profiles"), self.output("page", "Profiles"))
+
+    def test_label_of_a_row_names_its_keys(self):
+        for command in (("set", "Wi-Fi", "Off"), ("get", "wi-fi"), ("describe", "WI-FI")):
+            self.assertEqual(self.meant(3, *command),
+                             '"wifi" (Power Saving) or "lowpowerwifi" (Low Power Mode)?')
+        self.assertEqual(self.meant(3, "get", "Ringer Volum"), '"customvolume" (Sounds)?')
+
+    def test_key_and_value_in_one_word(self):
+        self.assertEqual(self.meant(2, "set", "wifi=Off"), 'set wifi "Off"?')
+        self.assertEqual(self.meant(2, "set", "vpn", "on", "alertmsg=a b"), 'set alertmsg "a b"?')
+
+    def test_number_with_a_unit(self):
+        self.output("set", "custbrightenabled", "on")
+        for text, number in (("30%", "30"), ("7.5 s", "7.5")):
+            self.assertEqual(self.meant(2, "set", "custbright", text), f'"{number}"?')
+        self.assertEqual(self.meant(2, "set", "custbright", "half"), "")
+
+    def test_word_of_a_switch_for_choices(self):
+        for word, title in (("no", "Off"), ("false", "Off"), ("yes", "On"), ("TRUE", "On")):
+            self.assertEqual(self.meant(2, "set", "bluetooth", word), f'"{title}"?')
+
+    def test_level_in_place_of_a_trigger(self):
+        self.assertEqual(self.meant(2, "set", "profilepercentage", "20%"), '"20"?')
+
+    def test_dimmed_row_leads_to_its_switch(self):
+        reason = self.refuse(2, "set", "custbright", "30")
+        words = reason.split('"quorvantis set ')[1].split('" makes')[0].split()
+        self.output("set", *words, "custbright", "30")
+        self.output("set", "lowpowermodeenabled", "on")
+        self.assertIn('"quorvantis set lowpowermodeenabled off" makes it usable',
+                      self.refuse(2, "set", "lowpowerwifi", "On"))
 
     def test_nothing_near(self):
         self.assertEqual(self.meant(3, "get", "xyzzyxyzzy"), "")

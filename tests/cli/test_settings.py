@@ -2,7 +2,7 @@ import json
 import plistlib
 from pathlib import Path
 
-from program import ProgramTest
+from program import DOCUMENTS, ProgramTest
 
 
 class List(ProgramTest):
@@ -201,6 +201,33 @@ class Transfer(ProgramTest):
         self.assertEqual(self.output(*given), "wifi: Off -> On\n"
                          "1 key is only stored with the value already shown\n")
         self.assertEqual(self.everything(), before)
+
+    def test_a_profile_is_refused(self):
+        self.output("profile", "save", "20")
+        self.output("profile", "export", "20", "xml")
+        self.write("../archive", (self.root / f"{DOCUMENTS}/profile_20.qvx").read_bytes())
+        for file in ("xml", "archive"):
+            reason = self.refuse(2, "import", file)
+            self.assertTrue(reason.startswith(f"{file}: a profile, not settings; "), reason)
+            self.assertIn('"quorvantis profile import"', reason)
+
+    def test_export_takes_the_place_of_an_export_only(self):
+        self.output("export", "file")
+        self.output("set", "wifi", "2")
+        self.output("export", "file")
+        self.assertEqual(plistlib.loads((self.scratch / "file").read_bytes())["wifi"], 2)
+        self.output("profile", "save", "20")
+        self.output("profile", "export", "20", "profile")
+        (self.scratch / "notes").write_bytes(b"mine")
+        (self.scratch / "empty").write_bytes(b"")
+        for file in ("profile", "notes"):
+            before = (self.scratch / file).read_bytes()
+            self.assertIn("--overwrite", self.refuse(4, "export", file))
+            self.assertEqual((self.scratch / file).read_bytes(), before)
+            self.output("export", file, "--overwrite")
+        self.output("export", "empty")
+        for file in ("profile", "notes", "empty"):
+            self.assertEqual(plistlib.loads((self.scratch / file).read_bytes())["wifi"], 2)
 
     def test_export_that_can_not_be_written(self):
         self.refuse(1, "export", "no/folder")

@@ -1,6 +1,8 @@
+import fcntl
 import json
 import os
 import pty
+import struct
 import subprocess
 import termios
 import unittest
@@ -27,12 +29,13 @@ class Terminal(ProgramTest):
         self.write(f"{DOCUMENTS}/quorvantis.log", archive([EVIL, "plain"]))
         self.write("System/Library/Audio/UISounds/" + EVIL.replace("/", "") + ".caf", b"x")
 
-    def on_terminal(self, *arguments, stdin=subprocess.DEVNULL):
+    def on_terminal(self, *arguments, stdin=subprocess.DEVNULL, width=1000):
         """What reaches a terminal on which both outputs end, as text; raw, without "\\r\\n"."""
         leader, follower = pty.openpty()
         attributes = termios.tcgetattr(follower)
         attributes[1] = 0  # no output processing
         termios.tcsetattr(follower, 0, attributes)
+        fcntl.ioctl(follower, termios.TIOCSWINSZ, struct.pack("HHHH", 25, width, 0, 0))
         running = subprocess.Popen([PROGRAM, *arguments], env=self.env, cwd=self.scratch,
                                    stdin=stdin, stdout=follower, stderr=follower)
         os.close(follower)
@@ -86,6 +89,35 @@ class Terminal(ProgramTest):
     def test_what_is_piped_is_exact(self):
         done = self.run_program("get", "msgtext")
         self.assertEqual(done.stdout, EVIL.encode() + b"\n")
+
+    def test_an_empty_list_says_why_on_a_terminal_only(self):
+        self.root = self.scratch / "fresh"
+        self.env |= {"QUORVANTIS_ROOT": str(self.root), "XDG_STATE_HOME": str(self.scratch / "state")}
+        for command, why in ((("profile", "list"), "no profile is saved"),
+                             (("search", "xyzzy"), "nothing matches"),
+                             (("list", "--changed"), "no setting differs"),
+                             (("log",), "the log is empty"),
+                             (("choices", "profile"), "there is nothing to choose from"),
+                             (("snapshot", "list"), "nothing is kept yet"),
+                             (("reset", "--all", "--dry-run"), "nothing differs")):
+            with self.subTest(command=command):
+                self.assertTrue(self.on_terminal(*command).startswith(f"({why}"), command)
+                self.assertEqual(self.output(*command), "")
+                self.assertEqual(self.document(*command), [])
+
+    def test_tables_fit_the_width(self):
+        for width in (60, 80):
+            for command in (("--help",), ("help", "profile", "load"), ("page", "Conditions")):
+                with self.subTest(width=width, command=command):
+                    shown = self.on_terminal(*command, width=width)
+                    self.assertLessEqual(max(map(len, shown.splitlines()[3:])), width)
+                    self.assertEqual(shown.split(), self.output(*command).split())
+
+    def test_columns_count_cells(self):
+        self.write_domain({"alertmsg": "日本", "msgtext": "é"})
+        lines = self.on_terminal("list", "--changed").splitlines()
+        self.assertEqual(lines, ["msgtext   é     Notifications > Message",
+                                 "alertmsg  日本  Notifications > Alert Text"])
 
     def test_drive(self):
         request = self.scratch / "requests"

@@ -1,4 +1,5 @@
 import json
+import os
 import subprocess
 import unittest
 
@@ -174,6 +175,12 @@ class List(ProfileTest):
              "active": True},
             {"path": f"/{path_of(112)}", "title": "Device unlocked", "trigger": "112",
              "active": True}])
+
+    def test_bytes_of_a_name_that_are_not_utf8(self):
+        self.output("profile", "save", "20")
+        (self.root / path_of(20)).rename(os.fsdecode(bytes(self.root / DOCUMENTS) + b"/a\xe9.qvx"))
+        self.assertEqual(self.document("profile", "list")[0]["path"],
+                         f"/{DOCUMENTS}/a\ufffd.qvx")
 
     def test_skipped_files_are_reported(self):
         self.write_profile(9, {"profilepercentage": "9"})

@@ -28,14 +28,18 @@ struct HostRequestRecord : testing::Test {
     return undone ? *undone : host::Undone();
   }
 
+  std::string labelOf(const char* row) const {
+    return (*application.row(row))->name() + " (Power Saving)";
+  }
+
   BackedUpDevice device;
   host::Application application{device.environment, 200};
   Names steps;
 };
 
-TEST_F(HostRequestRecord, ASetIsAStepThatBearsTheRowsLabel) {
+TEST_F(HostRequestRecord, ASetIsAStepThatBearsTheRowsLabelAndPage) {
   show("PowerSavingListController");
-  const std::string label = (*application.row("custbrightenabled"))->name();
+  const std::string label = labelOf("custbrightenabled");
   perform(host::Set{"custbrightenabled", true});
   EXPECT_THAT(steps, ElementsAre("set " + label));
   EXPECT_EQ(undo().what, "set " + label);
@@ -136,7 +140,7 @@ TEST_F(HostRequestRecord, WhatIsStoredLaterIsAStepOfItsOwn) {
   EXPECT_THAT(steps, IsEmpty());
   device.allow();
   ASSERT_TRUE(device.preferences.finish());
-  EXPECT_THAT(steps, ElementsAre("set " + (*application.row("custbrightenabled"))->name()));
+  EXPECT_THAT(steps, ElementsAre("set " + labelOf("custbrightenabled")));
   undo();
   EXPECT_EQ(device.stored("custbrightenabled"), std::nullopt);
 }
@@ -147,8 +151,7 @@ TEST_F(HostRequestRecord, WhatIsStoredLaterIsNoPartOfTheChangeThatStoresIt) {
   perform(host::Set{"custbrightenabled", true});
   device.allow();
   perform(host::Set{"wifi", 1});
-  EXPECT_THAT(steps, ElementsAre("set " + (*application.row("custbrightenabled"))->name(),
-                                 "set " + (*application.row("wifi"))->name()));
+  EXPECT_THAT(steps, ElementsAre("set " + labelOf("custbrightenabled"), "set " + labelOf("wifi")));
   undo();
   EXPECT_EQ(device.stored("wifi"), std::nullopt);
   EXPECT_EQ(device.stored("custbrightenabled"), Value(true));

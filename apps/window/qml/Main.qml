@@ -262,6 +262,7 @@ T.ApplicationWindow {
         below: aboveViews.height
         onLeaving: window.commit()
         onDone: stack.currentItem.forceActiveFocus()
+        onHelpWanted: help.active = true
     }
     MouseArea {
         anchors.fill: parent

@@ -17,6 +17,7 @@ Item {
 
     signal leaving  // a view is about to be shown
     signal done     // the last one was closed
+    signal helpWanted
 
     // Begins a search where the user types on the first page.
     function type(text: string, modifiers: int): bool {
@@ -119,7 +120,8 @@ Item {
                 { text: qsTr("All Changed Settings…"), usable: true, act: () => tools.changesWanted("") },
                 { text: qsTr("Saved Profiles…"), usable: true, act: () => tools.profilesWanted() },
                 { text: undone === "" ? qsTr("Undo") : qsTr("Undo: %1").arg(undone), usable: undone !== "", act: () => undo.undo() },
-                { text: redone === "" ? qsTr("Redo") : qsTr("Redo: %1").arg(redone), usable: redone !== "", act: () => undo.redo() }
+                { text: redone === "" ? qsTr("Redo") : qsTr("Redo: %1").arg(redone), usable: redone !== "", act: () => undo.redo() },
+                { text: qsTr("Keys"), usable: true, act: () => views.helpWanted() }
             ], at);
         }
     }
