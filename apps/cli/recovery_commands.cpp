@@ -74,7 +74,8 @@ Outcome<Done> showState(Session& session, host::Recovery& recovery) {
   const auto state = recovery.state();
   if (state.damage)
     return Failure{ExitCode::Failed, state.damage->message() + wayOut(recovery, state)};
-  session.print("the settings can be read: " + std::to_string(state.settings) + " values");
+  session.print("the settings can be read: " + std::to_string(state.settings) +
+                (state.settings == 1 ? " value" : " values"));
   if (!state.seen) return Done{};
   session.print("last changed by quorvantis at " + timeOf(state.seen->time));
   if (state.changedOutside)

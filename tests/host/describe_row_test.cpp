@@ -174,6 +174,30 @@ TEST(DescribeRow, SegmentsAndListsShareTheChoicesOfTheirRow) {
   EXPECT_EQ(shown.row("list").shown, "On");
 }
 
+TEST(DescribeRow, ListShowsAFileThatIsGoneByItsName) {
+  const std::initializer_list<plist::Dictionary::Entry> choices{{"validValues", Array{"/a/b.x"}},
+                                                                {"validTitles", Array{"B"}}};
+  Shown shown({row("PSLinkListCell", "there", choices), row("PSLinkListCell", "path", choices),
+               row("PSLinkListCell", "url", choices), row("PSEditTextCell", "text")});
+  for (const auto& [id, value] : {std::pair("there", "/a/b.x"),
+                                  {"path", "/a/c.x"},
+                                  {"url", "file:///a/c%20d.x"},
+                                  {"text", "/a/c.x"}})
+    shown.page().userChanged(shown.specifier(id), value);
+  EXPECT_EQ(shown.row("there").shown, "B");
+  EXPECT_EQ(shown.row("path").shown, "c.x (gone)");
+  EXPECT_EQ(shown.row("url").shown, "c d.x (gone)");
+  EXPECT_EQ(shown.row("text").shown, "/a/c.x");
+}
+
+TEST(DescribeRow, ListWithoutAChoiceShowsNone) {
+  Shown shown({row("PSLinkListCell", "list", {{"default", ""}}),
+               row("PSEditTextCell", "text", {{"default", ""}})});
+  EXPECT_EQ(shown.row("list").shown, "None");
+  EXPECT_EQ(shown.row("list").standardShown, "None");
+  EXPECT_EQ(shown.row("text").shown, "");
+}
+
 TEST(DescribeRow, ChoicesAreOneObjectUntilTheyAreOthers) {
   Shown shown({row("PSLinkListCell", "list",
                    {{"valuesDataSource", "numbers:"}, {"titlesDataSource", "numbers:"}})});

@@ -177,7 +177,7 @@ TEST_F(AlertWindow, TheKeyboardComesBackToThePage) {
   ASSERT_EQ(alerts().size(), 1u);
   driver->key(Qt::Key_Escape);
   driver->key(Qt::Key_Up);
-  EXPECT_EQ(driver->focused(), "Trigger");
+  EXPECT_EQ(driver->focused(), "Trigger to Start With");
 }
 
 TEST_F(AlertWindow, ADialogHasItsNameAndMessage) {

@@ -84,6 +84,14 @@ TEST_F(Program, AnUnknownRowIsReported) {
   EXPECT_EQ(error, "quorvantis-settings: no row \"nosuchrow\"\n");
 }
 
+TEST_F(Program, APageIsNamedByItsTitleToo) {
+  environment.insert("QT_QPA_PLATFORM", "offscreen");
+  for (const char* page : {"Sounds", "power saving", "Manage Profiles"}) {
+    EXPECT_EQ(run({"--page", page, "--row", "nosuchrow"}), 3);
+    EXPECT_EQ(error, "quorvantis-settings: no row \"nosuchrow\"\n") << page;
+  }
+}
+
 TEST_F(Program, HasNoOptionsToOperateIt) {
   for (const char* option : {"--tap=x", "--bar", "--press=x", "--pick=0", "--select=0.0",
                              "--drag=0=0", "--scroll=0", "--screenshot=x.png"})
