@@ -61,8 +61,8 @@ platform::Result<plist::Dictionary> readRecord(const foundation::DeviceRoot& sta
 platform::Result<platform::Done> writeRecord(foundation::DeviceRoot& state, const std::string& path,
                                              const plist::Dictionary& record);
 
-// Whether it couldn't be read since it is damaged, gone by now, or nothing that is ever written as a
-// record; else the system failed, and it may well be there.
+// Whether it couldn't be read since it is damaged, gone by now, or nothing that is ever written as
+// a record; else the system failed, and it may well be there.
 bool isLost(const platform::Error& error);
 
 }  // namespace host

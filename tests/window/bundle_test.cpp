@@ -164,7 +164,7 @@ class LargeFont : public BundleWindow {
 
 TEST_F(LargeFont, RowsThatMustBeDimmedAreInALowWindow) {
   open(nullptr, 390, 600);
-  driver->scrollTo(300);
+  driver->scrollTo(420);
   driver->click("Notifications", kButton);
   ASSERT_EQ(page().pageClass, "UserNotificationListController");
   QTest::qWait(300);  // the page applies its rules 0.1 s after it appears

@@ -10,15 +10,25 @@ Item {
     property color labelColor: Theme.text
     property color valueColor: Theme.secondary
 
-    readonly property bool below: value !== "" && name.implicitWidth + shown.implicitWidth + 18 > width
+    readonly property bool below: value !== "" && labelSize.advanceWidth + valueSize.advanceWidth + 18 > width
 
     implicitHeight: below ? name.height + 2 + shown.height : Math.max(name.height, shown.height)
 
+    TextMetrics {
+        id: labelSize
+        text: pair.label
+        font: name.font
+    }
+    TextMetrics {
+        id: valueSize
+        text: pair.value
+        font: shown.font
+    }
     Text {
         id: name
 
         y: pair.below ? 0 : (pair.height - height) / 2
-        width: pair.below || pair.value === "" ? pair.width : name.implicitWidth + 1
+        width: pair.below || pair.value === "" ? pair.width : Math.ceil(labelSize.advanceWidth) + 1
         text: pair.label
         textFormat: Text.PlainText
         color: pair.labelColor

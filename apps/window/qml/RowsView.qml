@@ -19,7 +19,8 @@ KeyList {
         return page.rows.nextStop(from, direction);
     }
     function takeFocus() {
-        if (focusedIndex < 0)
+        // A model that is set late gives the focus to its first row, whether that takes keys or not.
+        if (focusedIndex < 0 || stop(focusedIndex - 1, 1) !== focusedIndex)
             enter(1);
     }
     function loadKinds() {
