@@ -28,7 +28,8 @@ bool isVCardFile(std::string_view name) {
 
 void sortByFirstName(std::vector<Person>& people, platform::Collator& collator) {
   platform::sortLocalized(people, collator, &Person::firstName);
-  std::ranges::stable_partition(people, [](const Person& each) { return each.firstName.empty(); });
+  std::stable_partition(people.begin(), people.end(),
+                        [](const Person& each) { return each.firstName.empty(); });
 }
 
 // What an address is whichever way it is written.

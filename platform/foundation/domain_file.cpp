@@ -96,7 +96,7 @@ Result<Done> DomainFile::openAndLock(std::chrono::milliseconds patience) {
   struct stat status {};
   if (fstat(lock->number(), &status) != 0) return folder->error(lockName(name_), errno, "lock");
   if (!std::exchange(leftoversRemoved_, true)) removeLeftovers(*folder, name_);
-  place_ = std::make_shared<Place>(std::move(*folder), std::move(*lock), status);
+  place_ = std::make_shared<Place>(Place{std::move(*folder), std::move(*lock), status});
   return Done{};
 }
 

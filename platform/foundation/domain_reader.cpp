@@ -94,7 +94,8 @@ Result<DomainReadingPtr> DomainReader::look(FileStamp& stamp) const {
   const plist::Bytes read(bytes.data(), *length);
   auto entries = decodeDomain(read, xml_);
   if (entries)
-    return std::make_shared<const DomainReading>(std::move(*entries), stamp, checksumOf(read));
+    return std::make_shared<const DomainReading>(
+        DomainReading{std::move(*entries), stamp, checksumOf(read)});
   return Error{.path = path_, .what = "not a readable property list"}
       .because(entries.error())
       .as(ErrorKind::Damaged);
@@ -125,7 +126,8 @@ DomainReadingPtr DomainReader::wrote(plist::Dictionary entries, std::uint64_t ch
                                      const struct stat& status, bool precise) {
   FileStamp stamp(status);
   stamp.stable |= precise;
-  return last_ = std::make_shared<const DomainReading>(std::move(entries), stamp, checksum);
+  return last_ = std::make_shared<const DomainReading>(
+             DomainReading{std::move(entries), stamp, checksum});
 }
 
 }  // namespace foundation

@@ -38,7 +38,9 @@ void overlay(const plist::Dictionary& sets, plist::Dictionary& entries) {
 
 Preferences::Preferences(DeviceRoot& root, std::chrono::milliseconds lockPatience,
                          FailedSets failedSets)
-    : files_(std::make_shared<Files>(root)), lockPatience_(lockPatience), failedSets_(failedSets) {}
+    : files_(std::make_shared<Files>(Files{root})),
+      lockPatience_(lockPatience),
+      failedSets_(failedSets) {}
 
 Preferences::Preferences(const Preferences& other, std::chrono::milliseconds lockPatience)
     : files_(other.files_), lockPatience_(lockPatience), failedSets_(FailedSets::Drop) {}
@@ -179,8 +181,9 @@ plist::Dictionary Preferences::copyMultiple(const std::vector<std::string>& keys
   Domain& source = this->domain(domain);
   static_cast<void>(refresh(source));
   const plist::Dictionary& entries = source.seen->entries;
-  const bool isWhole = source.kept.empty() &&
-                       std::ranges::equal(keys, entries, {}, {}, &plist::Dictionary::Entry::key);
+  const auto isKeyOf = [](const std::string& key, const auto& entry) { return key == entry.key; };
+  const bool isWhole = source.kept.empty() && std::equal(keys.begin(), keys.end(), entries.begin(),
+                                                         entries.end(), isKeyOf);
   if (isWhole) return entries;
   plist::Dictionary values;
   for (const std::string& key : keys) {
