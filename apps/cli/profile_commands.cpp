@@ -38,12 +38,15 @@ Outcome<Done> listProfiles(Session& session, const Arguments&) {
   if (!profiles) return failureOf(profiles.error());
   Listing listing;
   for (const host::SavedProfile& profile : *profiles)
-    listing.add({{"path", profile.path},
-                 {"title", profile.longTitle()},
-                 {"trigger", profile.trigger.empty() ? Json() : Json(profile.trigger)},
-                 {"active", profile.active}},
-                {profile.trigger, profile.title, profile.description,
-                 profile.active ? "active" : "not active"});
+    if (session.json)  // there may be very many
+      listing.document.push_back(
+          {{"path", profile.path},
+           {"title", profile.longTitle()},
+           {"trigger", profile.trigger.empty() ? Json() : Json(profile.trigger)},
+           {"active", profile.active}});
+    else
+      listing.columns.add({profile.trigger, profile.title, profile.description,
+                           profile.active ? "active" : "not active"});
   session.print(listing, "no profile is saved; quorvantis profile save TRIGGER saves one");
   return Done{};
 }

@@ -175,7 +175,9 @@ void PSListController::loadChoices(PSSpecifier& specifier, ChoicesFor what) {
   };
   const bool outer = std::exchange(asking_, true);
   const auto samePeople = environment().addressBook.hold();  // in both lists
+  readForBoth_.reset();
   auto values = list("valuesDataSource"), titles = list("titlesDataSource");
+  readForBoth_.reset();
   asking_ = outer;
   if (!values || !titles) return;
   values->resize(std::min(values->size(), titles->size()));

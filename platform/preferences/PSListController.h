@@ -1,5 +1,6 @@
 #pragma once
 
+#include <any>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -64,12 +65,21 @@ class PSListController : public PSViewController {
 
   void loadRows() { specifiers(); }  // `specifiers` as an operation without a result
 
+  // What read() gives. Both data sources of a row get what the first of them has read.
+  template <class Read>
+  auto readForBoth(Read read) {
+    if (!asking_) return read();
+    if (!readForBoth_.has_value()) readForBoth_ = read();
+    return std::any_cast<decltype(read())>(readForBoth_);
+  }
+
  private:
   foundation::Object* findSpecifier(const std::string& identifier);
 
   std::unordered_map<std::string_view, PSSpecifier*> byIdentifier_;
   std::string loadError_;
-  bool asking_ = false;  // a data source
+  bool asking_ = false;   // a data source
+  std::any readForBoth_;  // while it is
 };
 
 }  // namespace preferences

@@ -63,22 +63,27 @@ void quorvantisprefsListController::donate(foundation::Object*) {
   environment().urls.open(kDonationPage);
 }
 
+SavedProfiles quorvantisprefsListController::profiles() {
+  return readForBoth([this] { return savedProfiles(environment(), TitleForm::WithDescription); });
+}
+
 plist::Array quorvantisprefsListController::valueDataFromTarget(foundation::Object*) {
-  return asArray(savedProfiles(environment(), TitleForm::WithDescription).paths);
+  return asArray(profiles().paths);
 }
 
 plist::Array quorvantisprefsListController::titlesDataFromTarget(foundation::Object*) {
-  return asArray(savedProfiles(environment(), TitleForm::WithDescription).titles);
+  return asArray(profiles().titles);
 }
 
 plist::Array quorvantisprefsListController::batteryLogValueDataFromTarget(foundation::Object*) {
-  auto bytes = environment().root.read(kBatteryLog);
-  if (!bytes) return {};
-  auto log = unarchive(*bytes, environment().xml);
-  if (!log || !log->array()) return {};
-  plist::Array entries = std::move(*log->array());
-  std::ranges::reverse(entries);
-  return entries;
+  return readForBoth([this]() -> plist::Array {
+    auto bytes = environment().root.read(kBatteryLog);
+    if (!bytes) return {};
+    auto log = unarchive(*bytes, environment().xml);
+    if (!log || !log->array()) return {};
+    std::ranges::reverse(*log->array());
+    return std::move(*log->array());
+  });
 }
 
 plist::Array quorvantisprefsListController::batteryLogTitlesDataFromTarget(

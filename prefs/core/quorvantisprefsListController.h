@@ -4,6 +4,8 @@
 
 namespace prefs {
 
+struct SavedProfiles;
+
 // The page that the Settings application opens first.
 class quorvantisprefsListController : public preferences::PSListController {
  public:
@@ -17,7 +19,7 @@ class quorvantisprefsListController : public preferences::PSListController {
   void donate(foundation::Object* sender);
   void test() {}
 
-  // Saved profiles, paths and titles with descriptions, built afresh at each call.
+  // Saved profiles, paths and titles with descriptions.
   plist::Array valueDataFromTarget(foundation::Object* target);
   plist::Array titlesDataFromTarget(foundation::Object* target);
 
@@ -31,6 +33,9 @@ class quorvantisprefsListController : public preferences::PSListController {
 
   const preferences::Operations& operations() const override { return ownOperations; }
   static const preferences::Operations ownOperations;
+
+ private:
+  SavedProfiles profiles();
 };
 
 }  // namespace prefs

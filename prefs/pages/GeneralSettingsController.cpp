@@ -55,12 +55,16 @@ plist::Array GeneralSettingsController::holdDataFromTarget(foundation::Object*) 
   return actionTitles();
 }
 
+SavedProfiles GeneralSettingsController::profiles() {
+  return readForBoth([this] { return savedProfiles(environment(), TitleForm::WithDescription); });
+}
+
 plist::Array GeneralSettingsController::valueDataFromTarget(foundation::Object*) {
-  return asArray(savedProfiles(environment(), TitleForm::WithDescription).paths);
+  return asArray(profiles().paths);
 }
 
 plist::Array GeneralSettingsController::titlesDataFromTarget(foundation::Object*) {
-  return asArray(savedProfiles(environment(), TitleForm::WithDescription).titles);
+  return asArray(profiles().titles);
 }
 
 }  // namespace prefs

@@ -4,7 +4,9 @@
 
 namespace prefs {
 
-// The page of general options. Its lists are built afresh at each call.
+struct SavedProfiles;
+
+// The page of general options. Its lists are built afresh each time that a row asks for them.
 class GeneralSettingsController : public preferences::PSListController {
  public:
   using PSListController::PSListController;
@@ -23,6 +25,9 @@ class GeneralSettingsController : public preferences::PSListController {
 
   const preferences::Operations& operations() const override { return ownOperations; }
   static const preferences::Operations ownOperations;
+
+ private:
+  SavedProfiles profiles();
 };
 
 }  // namespace prefs

@@ -152,6 +152,16 @@ TEST_F(ListController, DataSourceThatAsksForRowsSeesThemAllAndCanNotReloadThem) 
   EXPECT_EQ(page->asked, 1);
 }
 
+TEST_F(ListController, DataSourcesOfARowShareWhatTheFirstReadsUntilBothWereAsked) {
+  page->loadChoices(row("list"));
+  EXPECT_EQ(page->read, 1);
+  page->loadChoices(row("list"));
+  EXPECT_EQ(page->read, 2);
+  page->numbers(nullptr);
+  page->names(nullptr);
+  EXPECT_EQ(page->read, 4);
+}
+
 TEST_F(ListController, DropsChoicesWithoutAPartner) {
   page->choiceValues = {7, 8, 9};
   page->choiceTitles = {"one", "two"};

@@ -190,11 +190,13 @@ void ListPage::evaluate() {
 
 Array ListPage::numbers(PSSpecifier*) {
   ++asked;
+  readForBoth([this] { return ++read; });
   if (whenAsked) whenAsked(*this);
   return choiceValues;
 }
 
 Array ListPage::names(PSSpecifier*) {
+  readForBoth([this] { return ++read; });
   if (!choiceTitles.empty()) return choiceTitles;
   Array names;
   for (const auto& value : choiceValues)

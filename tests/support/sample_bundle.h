@@ -51,6 +51,7 @@ class ListPage : public preferences::PSListController {
   plist::Array choiceTitles;
   std::function<void(ListPage&)> whenAsked;  // for the numbers
   int asked = 0, setterCalls = 0;
+  int read = 0;  // what numbers and names have in common
 
   const preferences::Operations& operations() const override { return ownOperations; }
   static const preferences::Operations ownOperations;
