@@ -42,8 +42,7 @@ Outcome<Done> listProfiles(Session& session, const Arguments&) {
                  {"title", profile.longTitle()},
                  {"trigger", profile.trigger.empty() ? Json() : Json(profile.trigger)},
                  {"active", profile.active}},
-                {profile.trigger, profile.title, profile.description,
-                 profile.active ? "active" : "not active"});
+                {profile.trigger, profile.longTitle(), profile.active ? "active" : "not active"});
   session.print(listing, "no profile is saved; quorvantis profile save TRIGGER saves one");
   return Done{};
 }
