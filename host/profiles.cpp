@@ -146,6 +146,12 @@ platform::Result<Done> Profiles::checkWritable() {
   return environment_.preferences.setMultiple({}, {}, prefs::kDomain);
 }
 
+Attempt<Done> Profiles::checkReadable(const std::string& what) {
+  if (const auto damage = environment_.preferences.damage(prefs::kDomain))
+    return notDone(what, *damage);
+  return Done{};
+}
+
 Attempt<Done> Profiles::finish() {
   const auto finished = environment_.preferences.finish();
   if (!finished) return host::failureOf(Source::Settings, finished.error());
@@ -207,6 +213,7 @@ Attempt<Done> Profiles::load(const Trigger& trigger) {
 }
 
 Attempt<Done> Profiles::remove(const Trigger& trigger, Folders folders) {
+  if (const auto readable = checkReadable("not deleted"); !readable) return readable;
   const auto removed = prefs::deleteProfile(environment_, trigger.path, folders);
   if (removed) return Done{};
   const int code = removed.error().code;
@@ -231,6 +238,7 @@ Attempt<Done> Profiles::describe(const Trigger& trigger, const std::string& desc
   const auto before = environment_.root.read(trigger.path);
   const auto profile = read(trigger);
   if (!profile) return profile.error();
+  if (const auto readable = checkReadable("not saved"); !readable) return readable;
   plist::Dictionary described = *plist::storable(*profile)->dictionary();
   described.set(prefs::kProfileDescription, description);
   const auto bytes = archive::archive(described, archive::Mutability::Mutable);
@@ -245,6 +253,7 @@ Attempt<Done> Profiles::describe(const Trigger& trigger, const std::string& desc
 
 Attempt<Done> Profiles::write(const Trigger& trigger, const plist::Dictionary& profile,
                               Existing existing, preferences::ProfileStep::What what) {
+  if (const auto readable = checkReadable("not saved"); !readable) return readable;
   const auto written = prefs::writeProfile(environment_, trigger.path, profile, existing, what);
   if (existing == Existing::Keep && !written && written.error().code == EEXIST)
     return exists(trigger);

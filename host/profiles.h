@@ -12,7 +12,8 @@
 
 // What can be done with profiles without a page on screen. Unlike the page, which says "Success"
 // and "Done" in any case, each outcome says what truly happened. What was done all the same, only
-// not as well, is reported to the environment's problem handler.
+// not as well, is reported to the environment's problem handler. While the settings can't be read
+// no profile is made, changed or removed: no snapshot could be kept before.
 namespace host {
 
 struct SavedProfile {
@@ -80,6 +81,8 @@ class Profiles {
   // Takes the lock and reads the settings, and changes nothing; without a settings file it finds
   // out nothing.
   platform::Result<Done> checkWritable();
+  // Of the settings; `what` is what isn't done where they can't be read.
+  Attempt<Done> checkReadable(const std::string& what);
   Attempt<Done> finish();
 
   preferences::Environment& environment_;

@@ -90,6 +90,8 @@ Attempt<Undone> move(preferences::Environment& environment, Backups& backups, Di
   if (!*last)
     return failure(Source::Backups, Failure::NotFound,
                    undoing ? "there is nothing to undo" : "there is nothing to redo");
+  if (const auto damage = backups.store().damage(prefs::kDomain))
+    return failureOf(Source::Settings, *damage);
   const auto& [number, recorded] = **last;
   const Change change = undoing ? reversed(recorded) : recorded;
   auto left = apply(environment, backups, change);

@@ -20,7 +20,7 @@ struct Undone {
 // is. A profile's file becomes byte for byte what it was. The settings are announced as changed; a
 // page sees them once it reads the store anew (Activate). One of which all is left counts as
 // undone, or redone, so that the next one can be; where that can't be noted, a warning says so.
-// NotFound: there is none.
+// NotFound: there is none. While the settings can't be read nothing is undone or redone.
 Attempt<Undone> undo(preferences::Environment& environment, Backups& backups);
 Attempt<Undone> redo(preferences::Environment& environment, Backups& backups);
 

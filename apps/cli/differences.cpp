@@ -20,11 +20,12 @@ void printSeen(Session& session, const Differences& differences, bool stored) {
   std::size_t alike = 0;
   for (std::size_t i = 0; i < seen.size(); ++i) {
     const auto& [key, from, to, isSeen, label] = seen[i];
-    if (isSeen) session.print(key + ": " + orQuotes(from) + " -> " + orQuotes(to));
+    const std::string name = host::oneLine(key);
+    if (isSeen) session.print(name + ": " + orQuotes(from) + " -> " + orQuotes(to));
     if (isSeen) continue;
     ++alike;
     if (stored)
-      session.print(key + ": " + textOf(orNull(differences[i].from)) + " -> " +
+      session.print(name + ": " + textOf(orNull(differences[i].from)) + " -> " +
                     textOf(orNull(differences[i].to)) + " (shows " + orQuotes(to) + ")");
   }
   if (alike > 0 && !stored)
@@ -48,7 +49,8 @@ void printDifferences(Session& session, const Differences& differences, bool sto
 
 void printEntries(Session& session, const plist::Dictionary& entries) {
   if (session.json) return session.printJson(toJson(entries));
-  for (const auto& [key, value] : entries) session.print(key + " = " + textOf(toJson(value)));
+  for (const auto& [key, value] : entries)
+    session.print(host::oneLine(key) + " = " + textOf(toJson(value)));
 }
 
 }  // namespace cli

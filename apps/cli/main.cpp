@@ -24,8 +24,10 @@ Outcome<Done> runLine(const std::vector<std::string>& words, cli::Session& sessi
   if (!done) return done.error();
   if (!finished) return finished.error();
   const auto flushed = session.flush();
+  if (!flushed && !session.changed) return flushed;
+  if (!flushed) cli::complain(flushed.error().reason);
   for (const host::Problem& warning : session.takeWarnings()) cli::complain(warning.message());
-  return flushed;
+  return Done{};
 }
 
 int codeOf(const Outcome<Done>& done) {

@@ -45,8 +45,8 @@ Outcome<Done> listProfiles(Session& session, const Arguments&) {
            {"trigger", profile.trigger.empty() ? Json() : Json(profile.trigger)},
            {"active", profile.active}});
     else
-      listing.columns.add({profile.trigger, profile.title, profile.description,
-                           profile.active ? "active" : "not active"});
+      listing.columns.add(
+          {profile.trigger, profile.longTitle(), profile.active ? "active" : "not active"});
   session.print(listing, "no profile is saved; quorvantis profile save TRIGGER saves one");
   return Done{};
 }

@@ -51,6 +51,7 @@ Outcome<Done> goBack(Session& session, Way way, const std::string& done) {
                                          (one ? " stays as it is" : " stay as they are") +
                                          ", since another program has changed " +
                                          (one ? "it" : "them")};
+  session.changed = true;
   session.print(done + ": " + undone->what);
   warnOfLeft(session, undone->left);
   return Done{};
@@ -163,6 +164,7 @@ Outcome<Done> repair(Session& session, const Arguments& arguments) {
   } else {
     return showState(session, *recovery);
   }
+  session.changed = true;
   session.print("the damaged file is kept beside it; undo doesn't take this back");
   return Done{};
 }

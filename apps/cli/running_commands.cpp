@@ -80,7 +80,8 @@ Outcome<Done> watchValues(Session& session, const std::vector<std::string>& keys
       if (session.json)
         session.printJson({{"key", key}, {"from", before}, {"to", after}});
       else
-        session.print(key + ": " + drive::textOf(before) + " -> " + drive::textOf(after));
+        session.print(host::oneLine(key) + ": " + drive::textOf(before) + " -> " +
+                      drive::textOf(after));
     }
   }
 }
@@ -123,7 +124,7 @@ Outcome<Done> watch(Session& session, const Arguments& arguments) {
   if (arguments.has("--values")) return watchValues(session, arguments.words);
   Outcome<Done> flushed = Done{};
   const auto watched = host::Device::watch(arguments.words, [&](std::string_view name) {
-    session.print(name);
+    session.print(host::oneLine(name));
     flushed = session.flush();
     return static_cast<bool>(flushed);
   });

@@ -54,6 +54,10 @@ class Session {
   std::vector<host::Problem> warnings;
   std::vector<host::Problem> takeWarnings();  // those, and the device's
 
+  // Whether what is printed only says what has been changed: where it can't be written, the command
+  // was done all the same.
+  bool changed = false;
+
   // Flushes what the command has changed; done already where it flushed that itself.
   Outcome<Done> finish();
 

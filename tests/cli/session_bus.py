@@ -1,7 +1,13 @@
-"""A session bus of a test's own."""
+"""A session bus of a test's own, and a `quorvantis watch` that listens on it."""
+import select
 import shutil
 import subprocess
 import unittest
+
+from program import PROGRAM, TIMEOUT_SECONDS, ProgramTest
+
+PREFS = "com.zorvek.quorvantis.prefs"
+PROFILE = "com.zorvek.quorvantis.profile"
 
 CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
@@ -23,3 +29,35 @@ def start_session_bus(test):
     test.addCleanup(daemon.communicate)
     test.addCleanup(daemon.terminate)
     test.env["DBUS_SESSION_BUS_ADDRESS"] = daemon.stdout.readline().decode().strip()
+
+
+@needs_bus
+class BusTest(ProgramTest):
+    WATCHED = ()  # the names that it is to listen for; all without any
+
+    def setUp(self):
+        super().setUp()
+        start_session_bus(self)
+        self.watcher = subprocess.Popen([PROGRAM, "watch", *self.WATCHED], env=self.env,
+                                        stdout=subprocess.PIPE)
+        self.addCleanup(self.watcher.communicate)
+        self.addCleanup(self.watcher.kill)
+        self.wait_until_it_listens()
+
+    def wait_until_it_listens(self):
+        while not select.select([self.watcher.stdout], [], [], 0.1)[0]:
+            self.mark("listening")
+        self.posted_until("begin")
+
+    def mark(self, name):
+        """A notification that marks a place in the order of all."""
+        subprocess.run(["dbus-send", "--session", "--type=signal", "/com/zorvek/quorvantis",
+                        "com.zorvek.quorvantis.Notifications.Posted", f"string:{name}"],
+                       env=self.env, check=True, timeout=TIMEOUT_SECONDS)
+
+    def next_posted(self):
+        return self.watcher.stdout.readline().decode().strip()
+
+    def posted_until(self, mark):
+        self.mark(mark)
+        return list(iter(self.next_posted, mark))

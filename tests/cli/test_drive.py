@@ -109,6 +109,41 @@ class Drive(ProgramTest):
         self.assertEqual([row["built"] for row in answers[0]["page"]["rows"]][:3],
                          [True, True, False])
 
+    def test_twelve_entries_of_a_phone_unless_asked_otherwise(self):
+        rows = self.converse({"do": "launch"})[-1]["page"]["rows"]
+        self.assertEqual([row["built"] for row in rows], [True] * 12 + [False] * (len(rows) - 12))
+        picker = ({"do": "launch"}, {"do": "open", "page": "ZorvekColorPickerQuorvantis"},
+                  {"do": "scroll", "first": 60}, {"do": "page"})
+        for options, width in (([], 220), (["--idiom", "phone"], 220), (["--idiom", "tablet"], 300)):
+            row = self.converse(*picker, options=options)[-1]["page"]["sections"][3]["rows"][0]
+            self.assertEqual(row["sliders"]["panel"][2], width)
+
+    def test_nothing_is_played_aloud_or_opened(self):
+        self.write("System/Library/Audio/UISounds/a.caf", b"x")
+        # Where there is nothing to play or open with, whoever tries complains.
+        self.env["QUORVANTIS_MODULES"] = str(self.scratch)
+        url = "file:///System/Library/Audio/UISounds/a.caf"
+        answers = self.converse({"do": "launch"}, {"do": "tap", "row": "donate"}, {"do": "opened"},
+                                {"do": "open", "page": "UserNotificationListController"},
+                                {"do": "set", "row": "playsound", "value": url},
+                                {"do": "tap", "row": "testsound"}, {"do": "played"},
+                                options=["--viewport", "40"])
+        self.assertEqual(len(answers[2]["urls"]), 1)
+        self.assertEqual(answers[-1], {"ok": True, "sounds": [url]})
+
+    def test_requests_in_the_order_of_a_short_conversation(self):
+        answers = self.converse({"do": "launch"},
+                                {"do": "open", "page": "PowerSavingListController"},
+                                {"do": "advance", "seconds": 0.1},
+                                {"do": "set", "row": "custbrightenabled", "value": True},
+                                {"do": "page"})
+        self.assertEqual([list(answer) for answer in answers],
+                         [["ok", "page"], ["ok", "page"], ["ok"], ["ok"], ["ok", "page"]])
+        self.assertEqual(self.domain(), {"custbrightenabled": True})
+        rows = {row["id"]: row for row in answers[-1]["page"]["rows"]}
+        self.assertEqual((rows["custbrightenabled"]["value"], rows["custbright"]["interaction"]),
+                         (True, True))
+
     def test_values_have_their_forms(self):
         self.write_domain({"custbright": 50.0, "n": 50, "d": b"x"})
         done = self.run_program("drive", input=b'{"do":"prefs"}\n')

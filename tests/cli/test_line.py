@@ -1,6 +1,7 @@
 import resource
+import subprocess
 
-from program import ProgramTest
+from program import DOCUMENTS, DOMAIN, PROGRAM, ProgramTest
 
 
 class Line(ProgramTest):
@@ -118,6 +119,27 @@ class Line(ProgramTest):
         self.assertEqual(done.returncode, 1)
         self.assertIn(b"quorvantis: standard output: ", done.stderr)
 
+    def test_output_that_can_not_be_written_is_all_that_is_said(self):
+        self.output("profile", "save", "20")
+        self.write(f"{DOCUMENTS}/profile_21.qvx", b"no archive")  # of which a list warns
+        with open("/dev/full", "wb") as full:
+            done = self.run_into(full, "profile", "list")
+        self.assertEqual(done.returncode, 1)
+        self.assertRegex(done.stderr.decode(), "^quorvantis: standard output: .*\n$")
+
+    def test_a_change_is_done_though_its_report_can_not_be_written(self):
+        self.output("set", "wifi", "1")
+        for command, wifi in (("undo", 0), ("redo", 1)):
+            with self.subTest(command=command), open("/dev/full", "wb") as full:
+                done = self.run_into(full, command)
+                self.assertEqual(done.returncode, 0)
+                self.assertIn(b"quorvantis: standard output: ", done.stderr)
+                self.assertEqual(self.document("get", "wifi"), wifi)
+        self.write(DOMAIN, b"garbage")
+        with open("/dev/full", "wb") as full:
+            self.assertEqual(self.run_into(full, "repair", "--start-anew").returncode, 0)
+        self.assertEqual(self.document("defaults", "read"), {})
+
     def test_exception_is_reported(self):
         def limit_memory():
             resource.setrlimit(resource.RLIMIT_AS, (1 << 26, 1 << 26))
@@ -136,7 +158,5 @@ class Line(ProgramTest):
         self.assertRegex(done.stderr.decode(), "^quorvantis: standard input: .*(large|67108864).*\n$")
 
     def run_into(self, file, *arguments):
-        import subprocess
-        from program import PROGRAM
         return subprocess.run([PROGRAM, *arguments], env=self.env, stdout=file,
                               stderr=subprocess.PIPE, timeout=60, check=False)

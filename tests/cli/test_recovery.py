@@ -1,31 +1,9 @@
-import json
 import plistlib
 import stat
 import subprocess
 
-from keyed_archive import archive
-from program import DOCUMENTS, DOMAIN, PROGRAM, TIMEOUT_SECONDS, ProgramTest
-
-PROFILE = f"{DOCUMENTS}/profile_20.qvx"
-
-
-class RecoveryTest(ProgramTest):
-    def setUp(self):
-        super().setUp()
-        self.state = self.scratch / "state"
-        self.env["XDG_STATE_HOME"] = str(self.state)
-
-    def befores(self):
-        return [each["before"] for each in self.document("snapshot", "list")]
-
-    def write_profile(self, values):
-        self.write(PROFILE, archive({"profilepercentage": "20"} | values))
-
-    def typed_domain(self):
-        return {key: (type(value), value) for key, value in self.domain().items()}
-
-    def damage(self):
-        self.write(DOMAIN, b"garbage")
+from program import PROGRAM, TIMEOUT_SECONDS
+from recovery import PROFILE, RecoveryTest
 
 
 class Snapshots(RecoveryTest):
@@ -60,9 +38,27 @@ class Snapshots(RecoveryTest):
         self.output("profile", "export", "20", "20.plist")
         self.output("profile", "delete", "20")
         self.output("profile", "import", "20.plist")
-        self.assertEqual(self.befores(), ["daily", "load 20", "overwrite 20", "delete 20", "import"])
+        self.output("export", "all.plist")
+        self.output("reset", "--all")
+        self.output("import", "all.plist")
+        self.output("snapshot", "restore", "2")
+        self.assertEqual(self.befores(), ["daily", "load 20", "overwrite 20", "delete 20", "import",
+                                          "reset", "import", "restore"])
+        kept = self.document("snapshot", "list")
+        self.assertEqual([each["number"] for each in kept], list(range(1, 9)))
+        for each in kept:
+            self.assertRegex(each["time"]["$date"], r"^\d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ$")
+
+    def test_the_latest_twenty_are_kept(self):
+        self.write_profile({"wifi": 2})
+        for _ in range(21):
+            self.output("profile", "save", "20", "--overwrite")
         self.assertEqual([each["number"] for each in self.document("snapshot", "list")],
-                         [1, 2, 3, 4, 5])
+                         list(range(3, 23)))
+
+    def test_are_listed_with_their_time(self):
+        self.write_profile({"wifi": 2})
+        self.output("profile", "load", "20")
         self.assertRegex(self.output("snapshot", "list").splitlines()[1],
                          r"^2  \d{4}-\d\d-\d\d \d\d:\d\d:\d\d UTC  before load 20$")
 
@@ -208,88 +204,6 @@ class Undo(RecoveryTest):
     def test_a_refused_set_is_not_remembered(self):
         self.refuse(2, "set", "wifi", "77")
         self.refuse(3, "undo")
-
-
-class Repair(RecoveryTest):
-    def test_nothing_is_wrong(self):
-        self.assertEqual(self.output("repair"), "the settings can be read: 0 values\n")
-
-    def test_a_change_from_outside_is_said(self):
-        self.output("set", "wifi", "1")
-        self.assertNotIn("outside", self.output("repair"))
-        data = (self.root / DOMAIN).read_bytes()
-        self.write(DOMAIN, data.replace(b"wifi", b"wiwi"))
-        self.assertIn("\nchanged outside since ", self.output("repair"))
-        self.output("set", "wifi", "1")
-        self.assertIn("\nchanged outside between ", self.output("repair"))
-
-    def test_damage_is_said_with_the_ways_out(self):
-        self.damage()
-        message = self.refuse(1, "repair")
-        self.assertIn("com.zorvek.quorvantis.plist", message)
-        self.assertNotIn("--restore", message)
-        self.assertIn("quorvantis repair --start-anew", message)
-
-    def test_restore(self):
-        self.write_domain({"wifi": 1})
-        self.output("set", "wifi", "2")
-        self.damage()
-        self.assertIn("quorvantis repair --restore", self.refuse(1, "repair"))
-        self.output("repair", "--restore")
-        self.assertEqual(self.domain(), {"wifi": 1})
-        self.assertEqual((self.root / (DOMAIN + ".unreadable-1")).read_bytes(), b"garbage")
-        self.output("repair")
-
-    def test_restore_says_from_when_it_is_and_what_it_lacks(self):
-        self.output("set", "wifi", "2")
-        taken = self.output("snapshot", "list").split("  ")[1]
-        self.output("set", "wifi", "1")
-        self.damage()
-        said = rf"{taken}.*before .daily.; what was changed from then until [-0-9: ]+ UTC is not in it"
-        self.assertRegex(self.refuse(1, "repair"), said)
-        self.assertRegex(self.output("repair", "--restore").splitlines()[0], said)
-
-    def test_says_that_undo_does_not_take_it_back(self):
-        self.damage()
-        self.assertIn("undo doesn't take this back", self.output("repair", "--start-anew"))
-
-    def test_restore_past_a_snapshot_that_can_not_be_read(self):
-        self.write_domain({"wifi": 1})
-        self.output("set", "wifi", "2")
-        self.output("reset", "wifi")
-        newest = max(self.state.rglob("snapshots/[0-9]*"))
-        with newest.open("r+b") as file:
-            file.truncate(1 << 30)
-        listed = self.run_program("snapshot", "list", "--json")
-        self.assertEqual(listed.returncode, 0)
-        self.assertIn(b"File too large", listed.stderr)
-        self.assertEqual([each["number"] for each in json.loads(listed.stdout)], [1])
-        self.damage()
-        self.output("repair", "--restore")
-        self.assertEqual(self.domain(), {"wifi": 1})
-
-    def test_restore_without_a_snapshot(self):
-        self.damage()
-        self.assertIn("--start-anew", self.refuse(1, "repair", "--restore"))
-
-    def test_nothing_is_repaired_that_can_be_read(self):
-        self.output("set", "wifi", "1")
-        domain = self.domain()
-        for way in ("--restore", "--start-anew"):
-            self.assertIn("nothing to repair", self.refuse(2, "repair", way))
-        self.assertEqual(self.domain(), domain)
-
-    def test_start_anew(self):
-        self.damage()
-        self.output("repair", "--start-anew")
-        self.assertEqual(self.document("defaults", "read"), {})
-        self.assertEqual((self.root / (DOMAIN + ".unreadable-1")).read_bytes(), b"garbage")
-        self.output("set", "wifi", "2")
-        self.assertEqual(self.domain(), {"wifi": 2})
-
-    def test_both_ways_at_once(self):
-        self.damage()
-        self.refuse(2, "repair", "--restore", "--start-anew")
 
 
 class StoppedLoad(RecoveryTest):

@@ -1,7 +1,4 @@
-import subprocess
-
-from program import DOMAIN, PROGRAM, ProgramTest
-from session_bus import needs_bus, start_session_bus
+from program import DOMAIN, ProgramTest
 
 
 class Typed(ProgramTest):
@@ -191,41 +188,3 @@ class Pairs(ProgramTest):
         self.assertIn("after --", self.refuse(2, "set", "alertmsg", "-x"))
         self.output("set", "--", "alertmsg", "-x")
         self.assertEqual(self.domain(), {"alertmsg": "-x"})
-
-
-@needs_bus
-class Announced(ProgramTest):
-    def setUp(self):
-        super().setUp()
-        start_session_bus(self)
-        self.watcher = subprocess.Popen([PROGRAM, "watch"], env=self.env, stdout=subprocess.PIPE,
-                                        stderr=subprocess.PIPE)
-        self.addCleanup(self.watcher.communicate)
-        self.addCleanup(self.watcher.kill)
-
-    def heard_by_the_end(self):
-        """All notifications up to a last one that ends the listening."""
-        heard = []
-        while not heard or heard[-1] != b"com.zorvek.quorvantis.profile\n":
-            self.run_program("set", "profileactive", "off")
-            import select
-            while select.select([self.watcher.stdout], [], [], 0.2)[0]:
-                heard.append(self.watcher.stdout.readline())
-        return heard
-
-    def test_refused_pairs_announce_nothing(self):
-        self.heard_by_the_end()
-        self.refuse(2, "set", "wifi", "1", "vpn", "9")
-        self.assertNotIn(b"com.zorvek.quorvantis.prefs\n", self.heard_by_the_end())
-
-    def test_each_pair_is_announced(self):
-        self.heard_by_the_end()
-        self.output("set", "wifi", "1", "vpn", "2")
-        self.assertEqual(self.heard_by_the_end().count(b"com.zorvek.quorvantis.prefs\n"), 2)
-
-    def test_an_import_is_announced_once(self):
-        self.output("set", "wifi", "1", "vpn", "2")
-        self.output("export", "file")
-        self.heard_by_the_end()
-        self.output("import", "file")
-        self.assertEqual(self.heard_by_the_end().count(b"com.zorvek.quorvantis.prefs\n"), 1)

@@ -30,6 +30,11 @@ class WatchValues(ProgramTest):
         self.output("defaults", "delete", "wifi")
         self.assertEqual(watcher.stdout.readline(), b"wifi: 2 -> null\n")
 
+    def test_a_key_of_two_lines_is_shown_on_one(self):
+        watcher, _ = self.watch()
+        self.output("defaults", "write", "two\nlines", "x")
+        self.assertEqual(watcher.stdout.readline(), b'two lines: null -> "x"\n')
+
     def test_one_object_a_line(self):
         watcher, first = self.watch("--json")
         self.assertEqual(list(json.loads(first)), ["key", "from", "to"])

@@ -3,7 +3,7 @@ import signal
 import subprocess
 
 from program import PROGRAM, ProgramTest
-from session_bus import needs_bus, start_session_bus
+from session_bus import PREFS, BusTest, needs_bus, start_session_bus
 
 
 class WithoutBus(ProgramTest):
@@ -21,9 +21,9 @@ class WithBus(ProgramTest):
         super().setUp()
         start_session_bus(self)
 
-    def watch(self, *names):
+    def watch(self):
         """A watcher that has been seen to listen."""
-        watcher = subprocess.Popen([PROGRAM, "watch", *names], env=self.env,
+        watcher = subprocess.Popen([PROGRAM, "watch"], env=self.env,
                                    stdout=subprocess.PIPE)
         self.addCleanup(watcher.communicate)
         self.addCleanup(watcher.kill)
@@ -41,12 +41,25 @@ class WithBus(ProgramTest):
         _, line = self.watch()
         self.assertEqual(line, b"com.zorvek.quorvantis.prefs\n")
 
-    def test_only_the_names_that_were_given(self):
-        _, line = self.watch("com.zorvek.quorvantis.prefs", "other")
-        self.assertEqual(line, b"com.zorvek.quorvantis.prefs\n")
-
     def test_interruption_ends_it_well(self):
         for end in (signal.SIGINT, signal.SIGTERM):
             watcher, _ = self.watch()
             watcher.send_signal(end)
             self.assertEqual(watcher.wait(60), 0)
+
+
+class Every(BusTest):
+    def test_name_is_a_line_of_its_own(self):
+        self.mark("other")
+        self.output("set", "vibrate", "on")
+        self.mark("two\nlines")
+        self.assertEqual(self.posted_until("end"), ["other", PREFS, "two lines"])
+
+
+class Given(BusTest):
+    WATCHED = ("listening", "begin", PREFS, "end")
+
+    def test_names_alone_are_printed(self):
+        self.mark("other")
+        self.output("set", "vibrate", "on")
+        self.assertEqual(self.posted_until("end"), [PREFS])

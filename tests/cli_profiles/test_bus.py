@@ -1,12 +1,12 @@
 import subprocess
 import unittest
 
-from bus import PREFS, PROFILE, BusTest
-from profiles import DAMAGED, path_of
+from profiles import DAMAGED, ProfileTest, path_of
 from program import PROGRAM, TIMEOUT_SECONDS
+from session_bus import PREFS, PROFILE, BusTest
 
 
-class Announced(BusTest):
+class Announced(BusTest, ProfileTest):
     def test_only_a_load_is_announced_and_once(self):
         self.output("profile", "save", "20")
         self.assertEqual(self.posted_until("saved"), [])

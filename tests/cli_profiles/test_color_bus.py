@@ -2,8 +2,8 @@ import os
 import subprocess
 import unittest
 
-from bus import PREFS, BusTest
 from program import PROGRAM, TIMEOUT_SECONDS
+from session_bus import PREFS, BusTest
 
 WINDOW = os.environ.get("SETTINGS_PICTURE")
 

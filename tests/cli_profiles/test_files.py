@@ -147,7 +147,7 @@ class List(ProfileTest):
         self.write_profile(9, {"profilepercentage": "9", "profiledescription": "a\nb\x1b[31m"})
         lines = self.output("profile", "list").splitlines()
         self.assertEqual(len(lines), 1)
-        self.assertEqual(lines[0], "9  Battery 9%  a b [31m  active")
+        self.assertEqual(lines[0], "9  Battery 9% - a b [31m  active")
 
     def test_whether_active(self):
         for trigger, active in ((1, {}), (2, {"profileactive": False}), (3, {"profileactive": 1.0}),

@@ -8,6 +8,7 @@ from program import DOMAIN, PROGRAM
 DONE, FAILED, UNCONFIRMED = 0, 1, 5
 IMPORT = (b'<plist version="1.0"><dict><key>profilepercentage</key><string>30</string></dict>'
           b"</plist>")
+SETTINGS = b'<plist version="1.0"><dict><key>wifi</key><integer>2</integer></dict></plist>'
 
 
 class Flush(ProfileTest):
@@ -22,6 +23,7 @@ class Flush(ProfileTest):
         self.output("defaults", "write", "custbrightenabled", "-bool", "true")
         self.write_profile(20, {"profilepercentage": "20", "wifi": 2, "profileactive": 1})
         self.write("import.plist", IMPORT)
+        self.write("settings.plist", SETTINGS)
 
     def traced(self, options, *arguments):
         return subprocess.run(["strace", "-f", "-o", self.scratch / "log", *options, PROGRAM,
@@ -57,6 +59,16 @@ class Flush(ProfileTest):
 
     def test_of_a_set(self):
         self.assertLessEqual({FAILED, UNCONFIRMED}, self.codes("fsync", "set", "custbright", "70"))
+
+    def test_of_a_reset(self):
+        self.assertLessEqual({FAILED, UNCONFIRMED}, self.codes("fsync", "reset", "wifi"))
+
+    def test_of_imported_settings(self):
+        self.assertLessEqual({FAILED, UNCONFIRMED}, self.codes("fsync", "import", "settings.plist"))
+
+    def test_of_a_copied_profile(self):
+        codes = self.codes("fsync", "profile", "copy", "20", "21")
+        self.assertEqual(codes, {FAILED, UNCONFIRMED})
 
     def test_of_a_raw_write(self):
         codes = self.codes("fsync", "defaults", "write", "wifi", "2")

@@ -180,6 +180,24 @@ TEST_F(HostProfiles, RemovesAFolderOnlyWhenAsked) {
   EXPECT_EQ(failureOf(profiles.remove(trigger("7"), Folders::Remove)).reason, Failure::NotFound);
 }
 
+TEST_F(HostProfiles, WhileTheSettingsCannotBeReadNoneIsMadeChangedOrRemoved) {
+  seed::profile(device, "7");
+  const auto before = file("7");
+  const auto list = *plist::writeBinary(plist::Dictionary{{"profilepercentage", "8"}});
+  device.damageDomain();
+  const auto expectLeft = [](const auto& outcome, const std::string& what) {
+    const std::string words = failureOf(outcome).problem.words;
+    EXPECT_TRUE(words.starts_with(what)) << words;
+    EXPECT_NE(words.find("quorvantis repair --restore"), std::string::npos) << words;
+  };
+  expectLeft(profiles.copy(trigger("7"), trigger("8"), Existing::Keep), "not saved: ");
+  expectLeft(profiles.import(list, Existing::Keep), "not saved: ");
+  expectLeft(profiles.describe(trigger("7"), "Night"), "not saved: ");
+  expectLeft(profiles.remove(trigger("7"), Folders::Refuse), "not deleted: ");
+  EXPECT_EQ(file("7"), before);
+  EXPECT_FALSE(device.root.hasEntry(prefs::profilePath(8)));
+}
+
 TEST_F(HostProfiles, LoadsWithTheAnnouncementsOfThePage) {
   seed::archive(device, "profile_20.qvx",
                 plist::Dictionary{{"profilepercentage", "20"}, {"wifi", 2}, {"profileactive", 0}});
