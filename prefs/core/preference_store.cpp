@@ -35,6 +35,14 @@ void singleValueWriteWithNotification(preferences::Environment& environment,
   if (write.postNotification) environment.darwinCenter.post(*write.postNotification);
 }
 
+platform::Result<platform::Done> readableSettings(foundation::Preferences& preferences) {
+  if (const auto read = preferences.refresh(kDomain); !read)
+    return platform::Error{.what = "the settings can't be read"}
+        .because(read.error())
+        .as(read.error().kind);
+  return platform::Done{};
+}
+
 plist::Dictionary wholeDomainRead(foundation::Preferences& preferences) {
   return preferences.copyMultiple(preferences.copyKeyList(kDomain), kDomain);
 }

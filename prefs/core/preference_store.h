@@ -35,6 +35,10 @@ struct SingleValueWrite {
 void singleValueWriteWithNotification(preferences::Environment& environment,
                                       const SingleValueWrite& write, const plist::Value& value);
 
+// Whether the domain can be read now, or there is none: "the settings can't be read: ..." where
+// not.
+platform::Result<platform::Done> readableSettings(foundation::Preferences& preferences);
+
 // Every stored key and value of the bundle's domain; where it can't be read, as it was read last.
 plist::Dictionary wholeDomainRead(foundation::Preferences& preferences);
 

@@ -6,6 +6,7 @@
 #include "platform/foundation/text.h"
 #include "prefs/core/archive_file.h"
 #include "prefs/core/names.h"
+#include "prefs/core/preference_store.h"
 
 namespace prefs {
 namespace {
@@ -59,6 +60,7 @@ Result<Done> writeProfile(const preferences::Environment& environment, const std
 
 Result<Done> deleteProfile(const preferences::Environment& environment, const std::string& path,
                            foundation::Folders folders) {
+  if (const auto readable = readableSettings(environment.preferences); !readable) return readable;
   const auto guarded = environment.guard({preferences::ProfileStep::Delete, path});
   return environment.root.remove(path, folders);
 }

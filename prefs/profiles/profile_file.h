@@ -26,7 +26,8 @@ platform::Result<platform::Done> writeProfile(
     foundation::Existing existing = foundation::Existing::Overwrite,
     preferences::ProfileStep::What what = preferences::ProfileStep::Save);
 
-// Removes a profile, whatever its file holds, under the environment's guard.
+// Removes a profile, whatever its file holds, under the environment's guard; not while the settings
+// can't be read, since no snapshot could be kept before.
 platform::Result<platform::Done> deleteProfile(
     const preferences::Environment& environment, const std::string& path,
     foundation::Folders folders = foundation::Folders::Refuse);

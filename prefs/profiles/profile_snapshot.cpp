@@ -57,10 +57,8 @@ SaveResult saveProfile(const preferences::Environment& environment, const std::s
   if (exists && existing == Existing::Keep) return {SaveOutcome::Exists};
 
   // Defaults in place of settings that can't be read are not a profile of them.
-  if (const auto readable = environment.preferences.refresh(kDomain); !readable)
-    return {SaveOutcome::Unreadable, Error{.what = "the settings can't be read"}
-                                         .because(readable.error())
-                                         .as(readable.error().kind)};
+  if (const auto readable = readableSettings(environment.preferences); !readable)
+    return {SaveOutcome::Unreadable, readable.error()};
   if (!environment.root.exists(kDocuments)) (void)environment.root.createDirectory(kDocuments);
   plist::Dictionary domain = wholeDomainRead(environment.preferences);
   std::optional<Error> failure;

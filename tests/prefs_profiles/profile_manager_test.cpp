@@ -394,6 +394,18 @@ TEST_F(ProfileManager, SaysThatItDeletedEvenWhatWasGone) {
                                                       ": No such file or directory"});
 }
 
+TEST_F(ProfileManager, DeletesNothingWhileTheSettingsCannotBeReadAndReportsThat) {
+  seed::profile(device, "5");
+  device.store("wifi", 1);
+  device.damageDomain();
+  choose("Delete", "Battery 5%");
+  expectInfo("Done", "The profile Battery 5% was successfully deleted!");
+  EXPECT_TRUE(device.root.exists(profilePath(5)));
+  ASSERT_FALSE(device.problems.empty());
+  EXPECT_TRUE(device.problems.back().starts_with("not deleted: the settings can't be read: "))
+      << device.problems.back();
+}
+
 TEST_F(ProfileManager, DeletesNoFolderAndReportsThat) {
   seed::profile(device, "5");
   page->deleteProfileBtn();
