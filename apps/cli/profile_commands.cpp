@@ -43,7 +43,8 @@ Outcome<Done> listProfiles(Session& session, const Arguments&) {
                  {"trigger", profile.trigger.empty() ? Json() : Json(profile.trigger)},
                  {"active", profile.active}},
                 {profile.trigger, profile.title, profile.description,
-                 profile.active ? "active" : "not active"});
+                 profile.active ? "active" : "not active"},
+                profile.active ? Style::Plain : Style::Dim);
   session.print(listing, "no profile is saved; quorvantis profile save TRIGGER saves one");
   return Done{};
 }
