@@ -179,6 +179,14 @@ class Terminal(ProgramTest):
             self.assertNotIn(b"\x1b", piped.stdout + piped.stderr)
         self.assertNotIn("\x1b", self.on_terminal("page", "Conditions", "--json"))
 
+    def test_a_message_that_is_piped_has_no_color_though_results_are_shown(self):
+        leader, follower = pty.openpty()
+        self.addCleanup(os.close, leader)
+        self.addCleanup(os.close, follower)
+        done = subprocess.run([PROGRAM, "get", "nosuchkey"], env=self.env | {"TERM": "xterm"}, stdout=follower,
+                              stderr=subprocess.PIPE, timeout=TIMEOUT_SECONDS, check=False)
+        self.assertTrue(done.stderr.startswith(b"quorvantis: no setting "), done.stderr)
+
     def test_drive(self):
         request = self.scratch / "requests"
         request.write_text('{"do":"prefs"}\n{"do":"\u202e\u009b"}\n')
