@@ -26,7 +26,7 @@ function(quorvantis_library name)
 endfunction()
 
 # quorvantis_test(NAME SOURCES... [USES LIBRARIES...]): a GoogleTest program; each of its tests is a
-# ctest test by name.
+# ctest test by name. That of a test with a parameter ends with the name that its suite generates.
 function(quorvantis_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "USES")
   find_package(GTest REQUIRED)
@@ -47,7 +47,7 @@ function(quorvantis_test name)
   target_compile_options(${name} PRIVATE -fPIC)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
   target_link_libraries(${name} PRIVATE ${arg_USES} GTest::gmock GTest::gtest_main)
-  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120)
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST NO_PRETTY_VALUES PROPERTIES TIMEOUT 120)
 endfunction()
 
 # quorvantis_program_tests(PREFIX FILES...): tests of the built program, written in Python; one ctest test,

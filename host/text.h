@@ -16,6 +16,7 @@ namespace host {
 
 using foundation::isUtf8;
 using foundation::replacingInvalidUtf8;
+using foundation::visibleText;
 using plist::Base64Form;
 using plist::readBase64;
 using plist::readDate;

@@ -4,6 +4,7 @@
 
 namespace host {
 
+using foundation::Controls;
 using foundation::Existing;
 using foundation::kStandardStream;
 using foundation::readUserFile;

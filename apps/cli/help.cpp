@@ -15,7 +15,7 @@ void addOptions(std::span<const Option> options, Columns& columns) {
 
 std::string page(const std::string& usage, const std::string& about, const Columns& columns) {
   std::string text = about + "\n\nUsage: quorvantis " + usage + "\n";
-  for (const std::string& line : columns.lines(terminalWidth())) text += "\n" + line;
+  for (const StyledLine& line : columns.lines(terminalWidth())) text += "\n" + line.text;
   return text;
 }
 
@@ -68,7 +68,8 @@ std::string help() {
   for (const Command& command : commands()) columns.add({nameOf(command), command.description});
   columns.addHeader("Options:");
   addOptions(commonOptions(), columns);
-  return page("COMMAND [OPTIONS]", "Quorvantis settings from the command line.", columns);
+  return page("COMMAND [OPTIONS]", "Quorvantis settings from the command line.", columns) +
+         "\n\nA terminal gets colors, unless NO_COLOR=1 is set.";
 }
 
 }  // namespace cli

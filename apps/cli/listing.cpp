@@ -15,19 +15,19 @@ constexpr std::size_t kNarrowest = 20;  // what is broken into lines has this mu
 }  // namespace
 
 void Columns::addHeader(std::string_view text) {
-  lines_.push_back({Header, {host::oneLine(text)}});
+  lines_.push_back({Header, Style::Bold, {host::oneLine(text)}});
 }
 
-void Columns::add(const std::vector<std::string>& cells) {
-  lines_.push_back({Cells, {}});
+void Columns::add(const std::vector<std::string>& cells, Style style) {
+  lines_.push_back({Cells, style, {}});
   for (const std::string& cell : cells) lines_.back().cells.push_back(host::oneLine(cell));
 }
 
 void Columns::addNote(std::string_view text) {
-  lines_.push_back({Note, {host::oneLine(text)}});
+  lines_.push_back({Note, Style::Dim, {host::oneLine(text)}});
 }
 
-std::vector<std::string> Columns::lines(std::size_t width) const {
+std::vector<StyledLine> Columns::lines(std::size_t width) const {
   std::vector<std::size_t> widths;
   for (const Line& line : lines_) {
     if (line.kind != Cells) continue;
@@ -37,9 +37,9 @@ std::vector<std::string> Columns::lines(std::size_t width) const {
   }
   const auto isHeader = [](const Line& line) { return line.kind == Header; };
   const std::string indent(std::ranges::any_of(lines_, isHeader) ? kGap : 0, ' ');
-  std::vector<std::string> out;
-  for (const auto& [kind, cells] : lines_) {
-    if (kind == Header && !out.empty()) out.emplace_back();
+  std::vector<StyledLine> out;
+  for (const auto& [kind, style, cells] : lines_) {
+    if (kind == Header && !out.empty()) out.push_back({});
     std::string line = kind == Header ? "" : indent;
     for (std::size_t i = 0; i + 1 < cells.size(); ++i)
       line.append(cells[i]).append(widths[i] - cellsOf(cells[i]) + kGap, ' ');
@@ -49,7 +49,7 @@ std::vector<std::string> Columns::lines(std::size_t width) const {
     for (const std::string& piece : fits ? std::vector{last} : wrapped(last, width - margin)) {
       line += piece;
       line.erase(line.find_last_not_of(' ') + 1);
-      if (!line.empty()) out.push_back(line);
+      if (!line.empty()) out.push_back({line, style});
       line.assign(margin, ' ');
     }
   }

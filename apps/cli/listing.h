@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "apps/cli/style.h"
 #include "drive/json.h"
 
 namespace cli {
@@ -11,20 +12,21 @@ namespace cli {
 using drive::Json;
 
 // Lines of aligned columns; where there are headers, an empty line above each and the rest
-// indented.
+// indented. Headers are bold, notes dim.
 class Columns {
  public:
   void addHeader(std::string_view text);
-  void add(const std::vector<std::string>& cells);
+  void add(const std::vector<std::string>& cells, Style style = Style::Plain);
   void addNote(std::string_view text);  // a line of its own, on which no column depends
 
   // Below a width, in cells, what stands in the last column, and notes, go on in further lines.
-  std::vector<std::string> lines(std::size_t width = 0) const;
+  std::vector<StyledLine> lines(std::size_t width = 0) const;
 
  private:
   enum Kind { Header, Cells, Note };
   struct Line {
     Kind kind;
+    Style style;
     std::vector<std::string> cells;
   };
 
@@ -39,9 +41,9 @@ struct Listing {
 
   static Listing ofObject() { return {Json::object(), {}}; }
 
-  void add(Json item, const std::vector<std::string>& cells) {
+  void add(Json item, const std::vector<std::string>& cells, Style style = Style::Plain) {
     document.push_back(std::move(item));
-    columns.add(cells);
+    columns.add(cells, style);
   }
   void addMember(const char* name, Json value, const std::string& text) {
     document[name] = std::move(value);

@@ -27,7 +27,8 @@ void addRow(const host::RowView& row, Listing& listing) {
   std::string value = row.shown;
   if (row.whyNot)
     value += row.whyNot->by.empty() ? "  (dimmed)" : "  (dimmed by " + row.whyNot->by + ")";
-  listing.columns.add({row.label.empty() ? row.id : row.label, row.key, value});
+  listing.columns.add({row.label.empty() ? row.id : row.label, row.key, value},
+                      row.whyNot ? Style::Dim : Style::Plain);
 }
 
 // A group's footer stands below its rows.
@@ -58,7 +59,8 @@ void addTable(const host::PageView& page, Listing& listing) {
                    {"cell", row.reuseIdentifier},
                    {"value", orNull(row.detail)},
                    {"usable", row.usable}},
-                  {row.title.value_or(""), row.detail.value_or("")});
+                  {row.title.value_or(""), row.detail.value_or("")},
+                  row.usable ? Style::Plain : Style::Dim);
     }
   }
 }

@@ -46,7 +46,8 @@ Outcome<Done> listProfiles(Session& session, const Arguments&) {
            {"active", profile.active}});
     else
       listing.columns.add(
-          {profile.trigger, profile.longTitle(), profile.active ? "active" : "not active"});
+          {profile.trigger, profile.longTitle(), profile.active ? "active" : "not active"},
+          profile.active ? Style::Plain : Style::Dim);
   session.print(listing, "no profile is saved; quorvantis profile save TRIGGER saves one");
   return Done{};
 }

@@ -7,7 +7,6 @@
 #include "apps/cli/terminal.h"
 #include "host/text.h"
 #include "host/unseen_settings.h"
-#include "host/user_file.h"
 
 namespace cli {
 namespace {
@@ -93,12 +92,17 @@ Outcome<Done> Session::finish() {
   return Done{};
 }
 
+void Session::print(std::string_view line, Style style) {
+  output_.add(line, style);
+  output_.add("\n");
+}
+
 void Session::print(const Listing& listing, const std::string& whyEmpty) {
   if (json) return printJson(listing.document);
   const std::size_t width = terminalWidth();
   const auto lines = listing.columns.lines(width);
-  for (const std::string& line : lines) print(line);
-  if (lines.empty() && width > 0 && !whyEmpty.empty()) print("(" + whyEmpty + ")");
+  for (const auto& [line, style] : lines) print(line, style);
+  if (lines.empty() && width > 0 && !whyEmpty.empty()) print("(" + whyEmpty + ")", Style::Dim);
 }
 
 void Session::printValue(const plist::Value& value) {
@@ -106,15 +110,16 @@ void Session::printValue(const plist::Value& value) {
 }
 
 Outcome<Done> Session::flush() {
-  const std::string text = std::exchange(output_, {});
-  const auto written = host::writeStream(host::Stream::Output, text);
+  const auto written = std::exchange(output_, {}).write(host::Stream::Output);
   if (!written) return failureOf(written.error());
   return Done{};
 }
 
 void complain(std::string_view message) {
-  static_cast<void>(
-      host::writeStream(host::Stream::Error, "quorvantis: " + host::oneLine(message) + "\n"));
+  StyledText line;
+  line.add("quorvantis:", Style::Red);
+  line.add(" " + host::oneLine(message) + "\n");
+  static_cast<void>(line.write(host::Stream::Error));
 }
 
 }  // namespace cli

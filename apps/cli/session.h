@@ -61,7 +61,7 @@ class Session {
   // Flushes what the command has changed; done already where it flushed that itself.
   Outcome<Done> finish();
 
-  void print(std::string_view line) { (output_ += line) += '\n'; }
+  void print(std::string_view line, Style style = Style::Plain);
   // Where it is empty, a terminal gets `whyEmpty` in its place.
   void print(const Listing& listing, const std::string& whyEmpty = {});
   void printJson(const Json& document) { print(drive::textOf(document)); }
@@ -73,7 +73,7 @@ class Session {
  private:
   foundation::ManualQueue* clock_ = nullptr;  // the device's time
   std::unique_ptr<host::Device> device_;
-  std::string output_;
+  StyledText output_;
 };
 
 // One line on stderr: "quorvantis: " and the message.

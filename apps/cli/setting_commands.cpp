@@ -130,14 +130,16 @@ Outcome<Done> listSettings(Session& session, const Arguments& arguments) {
   if (!settings) return failureOf(settings.error());
   Listing listing;
   for (const auto& [pageClass, title, row] : *settings) {
-    if (arguments.has("--changed") && !row.changed) continue;
+    const bool onlyChanged = arguments.has("--changed");
+    if (onlyChanged && !row.changed) continue;
     listing.add({{"key", row.key},
                  {"value", toJson(row.value)},
                  {"default", toJson(row.standard)},
                  {"shown", row.shown},
                  {"class", pageClass},
                  {"label", row.label}},
-                {row.key, row.shown, title + " > " + row.label});
+                {row.key, row.shown, title + " > " + row.label},
+                row.changed && !onlyChanged ? Style::Bold : Style::Plain);
   }
   session.print(listing, "no setting differs from its default");
   return session.storeWorked();

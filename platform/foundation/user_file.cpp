@@ -79,9 +79,10 @@ std::string absolutePath(const std::string& path) {
   return absolute;
 }
 
-Result<Done> writeStream(Stream stream, std::string_view text) {
+Result<Done> writeStream(Stream stream, std::string_view text, Controls controls) {
   std::string visible;
-  if (isatty(static_cast<int>(stream))) text = visible = visibleText(text);
+  if (controls == Controls::Escaped && isatty(static_cast<int>(stream)))
+    text = visible = visibleText(text);
   const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
   if (writeWhole(static_cast<int>(stream), {bytes, text.size()})) return Done{};
   return Error{stream == Stream::Output ? "standard output" : "standard error", errno};

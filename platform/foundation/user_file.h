@@ -27,8 +27,11 @@ platform::Result<platform::Done> writeUserFile(const std::string& path, plist::B
 // From the working folder on, without "." and ".."; links stay as they are. Empty for an empty one.
 std::string absolutePath(const std::string& path);
 
-// As it is; on a terminal, what could control it or reorder its text is escaped: see visibleText.
+// As it is; on a terminal, what could control it or reorder its text is escaped (see visibleText),
+// unless it is kept.
 enum class Stream { Output = 1, Error = 2 };
-platform::Result<platform::Done> writeStream(Stream stream, std::string_view text);
+enum class Controls { Escaped, Kept };
+platform::Result<platform::Done> writeStream(Stream stream, std::string_view text,
+                                             Controls controls = Controls::Escaped);
 
 }  // namespace foundation

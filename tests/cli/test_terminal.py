@@ -2,6 +2,7 @@ import fcntl
 import json
 import os
 import pty
+import re
 import struct
 import subprocess
 import termios
@@ -29,14 +30,14 @@ class Terminal(ProgramTest):
         self.write(f"{DOCUMENTS}/quorvantis.log", archive([EVIL, "plain"]))
         self.write("System/Library/Audio/UISounds/" + EVIL.replace("/", "") + ".caf", b"x")
 
-    def on_terminal(self, *arguments, stdin=subprocess.DEVNULL, width=1000):
+    def on_terminal(self, *arguments, stdin=subprocess.DEVNULL, width=1000, **variables):
         """What reaches a terminal on which both outputs end, as text; raw, without "\\r\\n"."""
         leader, follower = pty.openpty()
         attributes = termios.tcgetattr(follower)
         attributes[1] = 0  # no output processing
         termios.tcsetattr(follower, 0, attributes)
         fcntl.ioctl(follower, termios.TIOCSWINSZ, struct.pack("HHHH", 25, width, 0, 0))
-        running = subprocess.Popen([PROGRAM, *arguments], env=self.env, cwd=self.scratch,
+        running = subprocess.Popen([PROGRAM, *arguments], env=self.env | variables, cwd=self.scratch,
                                    stdin=stdin, stdout=follower, stderr=follower)
         os.close(follower)
         shown = b""
@@ -118,6 +119,73 @@ class Terminal(ProgramTest):
         lines = self.on_terminal("list", "--changed").splitlines()
         self.assertEqual(lines, ["msgtext   é     Notifications > Message",
                                  "alertmsg  日本  Notifications > Alert Text"])
+
+    def colored(self, *arguments, **options):
+        return self.on_terminal(*arguments, TERM="xterm-256color", **options)
+
+    def test_a_page_has_bold_headings_dim_footers_and_dim_rows(self):
+        shown = self.colored("page", "Low Power Mode").splitlines()
+        plain = self.output("page", "Low Power Mode").splitlines()
+        self.assertEqual(len(shown), len(plain))
+        styles = {"\x1b[1m": 0, "\x1b[2m": 0, "": 0}
+        for line, text in zip(shown, plain):
+            heading = text and not text.startswith(" ")
+            style = "\x1b[1m" if heading else "\x1b[2m" if "(dimmed by" in text else line[:line.find(text)]
+            self.assertEqual(line, style + text + ("\x1b[0m" if style else ""))
+            styles[style] += 1
+        self.assertGreater(min(styles.values()), 0, styles)
+
+    def test_a_footer_is_dim(self):
+        self.assertRegex(self.colored("page", "Conditions"), r"(?m)^\x1b\[2m  [A-Z][^\x1b]*\.\x1b\[0m$")
+
+    def test_what_is_changed_is_bold_in_the_list_of_all(self):
+        shown = self.colored("list").splitlines()
+        self.assertRegex("\n".join(shown), r"(?m)^\x1b\[1mwifi  [^\x1b]*\x1b\[0m$")
+        self.assertTrue(any(line.startswith("vpn ") for line in shown))
+        self.assertNotIn("\x1b", self.colored("list", "--changed"))
+
+    def test_a_profile_that_is_not_active_is_dim(self):
+        self.write(f"{DOCUMENTS}/profile_7.qvx", archive({"profilepercentage": "7"}))
+        for line in self.colored("profile", "list").splitlines():
+            self.assertEqual(line.startswith("\x1b[2m"), "not active" in line, line)
+
+    def test_the_name_before_a_refusal_is_red(self):
+        self.assertTrue(self.colored("get", "nosuchkey").startswith(
+            "\x1b[31mquorvantis:\x1b[0m no setting "))
+        self.assertNotIn(b"\x1b", self.run_program("get", "nosuchkey").stderr)
+
+    def test_colors_change_no_text_and_let_no_control_through(self):
+        for command in (*self.COMMANDS, ("list",), ("page", "Low Power Mode"), ("pages",)):
+            with self.subTest(command=command):
+                shown = re.sub(r"\x1b\[(0|1|2|31)m", "", self.colored(*command))
+                self.assertEqual(shown, self.on_terminal(*command))
+                self.assertFalse(HARMFUL & set(shown), repr(shown))
+
+    def test_colors_leave_the_width_as_it_is(self):
+        for width in (60, 80):
+            shown = self.colored("page", "Conditions", width=width)
+            self.assertIn("\x1b[2m", shown)
+            self.assertEqual(re.sub(r"\x1b\[\dm", "", shown), self.on_terminal("page", "Conditions", width=width))
+
+    def test_colors_are_for_terminals_that_have_them_alone(self):
+        self.env["TERM"] = "xterm"
+        for variables in ({"NO_COLOR": "1"}, {"NO_COLOR": "0"}, {"TERM": "dumb"}, {"TERM": ""}):
+            for command in (("page", "Conditions"), ("get", "nosuchkey")):
+                with self.subTest(variables=variables, command=command):
+                    self.assertNotIn("\x1b", self.on_terminal(*command, **variables))
+        self.assertIn("\x1b[", self.on_terminal("page", "Conditions", NO_COLOR=""))
+        for command in (("page", "Conditions"), ("list",), ("profile", "list"), ("get", "nosuchkey")):
+            piped = self.run_program(*command)
+            self.assertNotIn(b"\x1b", piped.stdout + piped.stderr)
+        self.assertNotIn("\x1b", self.on_terminal("page", "Conditions", "--json"))
+
+    def test_a_message_that_is_piped_has_no_color_though_results_are_shown(self):
+        leader, follower = pty.openpty()
+        self.addCleanup(os.close, leader)
+        self.addCleanup(os.close, follower)
+        done = subprocess.run([PROGRAM, "get", "nosuchkey"], env=self.env | {"TERM": "xterm"}, stdout=follower,
+                              stderr=subprocess.PIPE, timeout=TIMEOUT_SECONDS, check=False)
+        self.assertTrue(done.stderr.startswith(b"quorvantis: no setting "), done.stderr)
 
     def test_drive(self):
         request = self.scratch / "requests"

@@ -45,9 +45,4 @@ std::vector<ByteVector> readBatch(const std::filesystem::path& path) {
   return batch;
 }
 
-std::filesystem::path sampleFolder() {
-  const char* folder = std::getenv("QUORVANTIS_SAMPLES");
-  return folder ? folder : "";
-}
-
 }  // namespace plist_test

@@ -29,7 +29,4 @@ ByteVector readFile(const std::filesystem::path& path);
 void writeBatch(const std::filesystem::path& path, const std::vector<ByteVector>& batch);
 std::vector<ByteVector> readBatch(const std::filesystem::path& path);
 
-// Where sample files of other systems are, if the caller has any (QUORVANTIS_SAMPLES).
-std::filesystem::path sampleFolder();
-
 }  // namespace plist_test

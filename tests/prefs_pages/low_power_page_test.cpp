@@ -19,6 +19,11 @@ struct Combination {
   bool mode, brightness, optionsUsable, sliderUsable;
 };
 
+void PrintTo(const Combination& combination, std::ostream* out) {
+  *out << (combination.mode ? "ModeOn" : "ModeOff")
+       << (combination.brightness ? "BrightnessOn" : "BrightnessOff");
+}
+
 class LowPowerTable : public testing::TestWithParam<Combination> {};
 
 TEST_P(LowPowerTable, AllNineteenRows) {
@@ -43,10 +48,7 @@ INSTANTIATE_TEST_SUITE_P(Outcome, LowPowerTable,
                                          Combination{false, false, true, false},
                                          Combination{true, true, false, false},
                                          Combination{true, false, false, false}),
-                         [](const auto& info) {
-                           return std::string(info.param.mode ? "ModeOn" : "ModeOff") +
-                                  (info.param.brightness ? "BrightnessOn" : "BrightnessOff");
-                         });
+                         testing::PrintToStringParamName());
 
 TEST(LowPowerPage, RulesAreInTheOrderOfTheTable) {
   Page opened;

@@ -14,6 +14,10 @@ struct Row {
   const char* locale = "en_US";
 };
 
+void PrintTo(const Row& row, std::ostream* out) {
+  *out << row.name;
+}
+
 class Collation : public testing::TestWithParam<Row> {};
 
 void expectAscending(platform::Collator& collator, const std::vector<std::string>& texts) {
@@ -76,7 +80,7 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"NumbersWrapAround", {"18446744073709551617", "2"}},
         Row{"SwedishRing", {"z", "å"}, "sv"}, Row{"SwedishUmlaut", {"z", "ä"}, "sv"},
         Row{"Turkish", {"ı", "I", "i", "İ"}, "tr"}),
-    [](const auto& row) { return row.param.name; });
+    testing::PrintToStringParamName());
 
 TEST(CollationOfAll, BatteryTitlesAreInTheOrderOfTheirNumbers) {
   std::vector<std::string> titles;

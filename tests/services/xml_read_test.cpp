@@ -98,6 +98,10 @@ struct IntegerRow {
   std::optional<Value> value;
 };
 
+void PrintTo(const IntegerRow& row, std::ostream* out) {
+  *out << row.name;
+}
+
 class XmlReadInteger : public testing::TestWithParam<IntegerRow> {};
 
 TEST_P(XmlReadInteger, IsAsExpected) {
@@ -132,7 +136,7 @@ INSTANTIATE_TEST_SUITE_P(
                     IntegerRow{"OnlySign", "-", {}}, IntegerRow{"TwoSigns", "--5", {}},
                     IntegerRow{"OnlyPrefix", "0x", {}}, IntegerRow{"Fraction", "5.0", {}},
                     IntegerRow{"Letters", "abc", {}}, IntegerRow{"SignBehindPrefix", "0x-1", {}}),
-    [](const auto& row) { return row.param.name; });
+    testing::PrintToStringParamName());
 
 TEST(XmlRead, Reals) {
   EXPECT_EQ(read("<real>1.5</real>"), Value(1.5));

@@ -167,6 +167,10 @@ class AssistiveTechnologyOnly : public Hands {
 
 enum class By { Keys, AssistiveTechnology };
 
+void PrintTo(By by, std::ostream* out) {
+  *out << (by == By::Keys ? "KeysOnly" : "AssistiveTechnologyOnly");
+}
+
 // What somebody does who has the window for the first time. After each step the files are read as
 // another program would.
 class FirstUse : public BundleWindow, public testing::WithParamInterface<By> {
@@ -262,10 +266,7 @@ TEST_P(FirstUse, SetsSavesFindsUndoesLoadsAndColors) {
   EXPECT_TRUE(bridge().problems().isEmpty());
 }
 
-std::string nameOf(const testing::TestParamInfo<By>& by) {
-  return by.param == By::Keys ? "KeysOnly" : "AssistiveTechnologyOnly";
-}
-
-INSTANTIATE_TEST_SUITE_P(As, FirstUse, testing::Values(By::Keys, By::AssistiveTechnology), nameOf);
+INSTANTIATE_TEST_SUITE_P(As, FirstUse, testing::Values(By::Keys, By::AssistiveTechnology),
+                         testing::PrintToStringParamName());
 
 }  // namespace

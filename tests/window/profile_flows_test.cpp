@@ -9,6 +9,11 @@ constexpr const char* kProfile7 = "/var/mobile/Documents/Quorvantis/profile_7.qv
 
 enum class Hand { Mouse, Keys, AssistiveTechnology };
 
+void PrintTo(Hand hand, std::ostream* out) {
+  constexpr const char* kNames[] = {"Mouse", "Keys", "AssistiveTechnology"};
+  *out << kNames[static_cast<int>(hand)];
+}
+
 // The profile manager, pressed through in three ways.
 class ProfileFlows : public BundleWindow, public testing::WithParamInterface<Hand> {
  protected:
@@ -122,14 +127,9 @@ TEST_P(ProfileFlows, CancelLeavesAllAsItWas) {
   EXPECT_TRUE(stored("profiledescription").isNothing());
 }
 
-std::string nameOf(const testing::TestParamInfo<Hand>& hand) {
-  constexpr const char* kNames[] = {"Mouse", "Keys", "AssistiveTechnology"};
-  return kNames[static_cast<int>(hand.param)];
-}
-
 INSTANTIATE_TEST_SUITE_P(By, ProfileFlows,
                          testing::Values(Hand::Mouse, Hand::Keys, Hand::AssistiveTechnology),
-                         nameOf);
+                         testing::PrintToStringParamName());
 
 TEST_F(BundleWindow, TheButtonRowOpensTheProfileManagerToo) {
   open("ProfilesListController");

@@ -301,7 +301,8 @@ TEST_F(Rows, ATallerWindowMakesMoreRows) {
 }
 
 class Widths : public Rows, public testing::WithParamInterface<int> {};
-INSTANTIATE_TEST_SUITE_P(, Widths, testing::Values(320, 390, 768, 1200));
+INSTANTIATE_TEST_SUITE_P(, Widths, testing::Values(320, 390, 768, 1200),
+                         testing::PrintToStringParamName());
 
 TEST_P(Widths, NoTextLeavesTheWindow) {
   driver->resize(GetParam(), 2000);

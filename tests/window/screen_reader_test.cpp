@@ -139,6 +139,7 @@ INSTANTIATE_TEST_SUITE_P(Of, ScreenReaderWalk,
                                          "LowPowerListController", "SoundsListController",
                                          "UserNotificationListController",
                                          "ConditionsListController", "ProfilesListController",
-                                         "ExtrasListController", "ZorvekColorPickerQuorvantis"));
+                                         "ExtrasListController", "ZorvekColorPickerQuorvantis"),
+                         [](const auto& info) { return std::string(info.param); });
 
 }  // namespace

@@ -204,6 +204,7 @@ TEST_F(Sidebar, TheSummaryFollowsAChange) {
   EXPECT_EQ(saysOf("General"), "Off");
 }
 
-INSTANTIATE_TEST_SUITE_P(In, Summary, testing::Values(390, 1000));
+INSTANTIATE_TEST_SUITE_P(In, Summary, testing::Values(390, 1000),
+                         testing::PrintToStringParamName());
 
 }  // namespace

@@ -11,6 +11,10 @@ struct Look {
   bool dark, highContrast;
 };
 
+void PrintTo(const Look& look, std::ostream* out) {
+  *out << look.name;
+}
+
 // The theme's own colors, as contrast is defined by WCAG 2.1.
 class Theme : public SampleWindow, public testing::WithParamInterface<Look> {
  protected:
@@ -128,6 +132,6 @@ INSTANTIATE_TEST_SUITE_P(, Theme,
                          testing::Values(Look{"Light", false, false}, Look{"Dark", true, false},
                                          Look{"LightHighContrast", false, true},
                                          Look{"DarkHighContrast", true, true}),
-                         [](const auto& look) { return look.param.name; });
+                         testing::PrintToStringParamName());
 
 }  // namespace

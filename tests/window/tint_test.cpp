@@ -9,6 +9,10 @@ const QColor kSlate(52, 73, 94);
 
 enum class Appearance { Light, Dark };
 
+void PrintTo(Appearance appearance, std::ostream* out) {
+  *out << (appearance == Appearance::Dark ? "Dark" : "Light");
+}
+
 // The colors that pages give their controls, as they are painted.
 class Tints : public BundleWindow, public testing::WithParamInterface<Appearance> {
  protected:
@@ -142,9 +146,7 @@ TEST_P(Tints, ASliderIsFilledWithItsTint) {
   }
 }
 
-std::string nameOf(const testing::TestParamInfo<Appearance>& appearance) {
-  return appearance.param == Appearance::Dark ? "Dark" : "Light";
-}
-INSTANTIATE_TEST_SUITE_P(In, Tints, testing::Values(Appearance::Light, Appearance::Dark), nameOf);
+INSTANTIATE_TEST_SUITE_P(In, Tints, testing::Values(Appearance::Light, Appearance::Dark),
+                         testing::PrintToStringParamName());
 
 }  // namespace
