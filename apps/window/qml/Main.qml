@@ -14,6 +14,8 @@ T.ApplicationWindow {
     readonly property bool split: width >= Theme.wide && hasContents
     readonly property int firstDepth: split ? 2 : 1  // of a page that there is no way back from
     readonly property bool covered: settings.alert !== null || tools.open > 0 || help.active
+    // Asked at the start, since it sees keys only from then on.
+    readonly property bool usesKeyboard: KeyboardUse.active
     property bool instant: false                     // pages change without sliding
 
     // What is being edited is stored before its page is left.
@@ -45,7 +47,7 @@ T.ApplicationWindow {
         const depth = stack.depth + 1;
         const view = stack.push("PageView.qml", {
             page: page,
-            byKeyboard: KeyboardUse.active && !instant  // which sees keys once it was asked
+            byKeyboard: usesKeyboard && !instant
         }, depth > 1 && !instant ? T.StackView.PushTransition : T.StackView.Immediate);
         view.canGoBack = Qt.binding(() => depth > firstDepth);
         view.back.connect(back);
