@@ -13,8 +13,7 @@ KeyList {
         return page.rows.nextStop(from, direction);
     }
     function takeFocus() {
-        // A model that is set late gives the focus to its first row, whether that takes keys or not.
-        if (focusedIndex < 0 || stop(focusedIndex - 1, 1) !== focusedIndex)
+        if (focusedIndex < 0)
             enter(1);
     }
     function fileOf(kind: string): string {
