@@ -68,7 +68,7 @@ TEST_F(BundleWindow, AWriteThatFailsIsReportedOnScreen) {
   QFile file(folder.filePath("var"));
   ASSERT_TRUE(file.open(QFile::WriteOnly));
   driver->click("Enabled");
-  EXPECT_FALSE(driver->itemsOfType("Banner").empty());
+  EXPECT_FALSE(driver->itemsOfType("MessageBar").empty());
 }
 
 TEST_F(BundleWindow, AWriteThatFailsIsMadeUpForAndItsBannerGoesOnceTheFaultHasGone) {
