@@ -87,7 +87,7 @@ T.ApplicationWindow {
             if (alert.sheet)
                 popup.page = Qt.binding(() => stack.currentItem as PageView);
             popup.closed.connect(() => {
-                if (window && !window.settings.alert && tools.open === 0)
+                if (window && !window.covered)
                     stack.currentItem.forceActiveFocus();
             });
             popup.open();
@@ -102,7 +102,7 @@ T.ApplicationWindow {
 
     Shortcut {
         sequences: (window.settings.undo.text === "" ? ["Esc"] : []).concat(["Backspace", "Alt+Left", "Back"])
-        enabled: stack.depth > window.firstDepth && !window.settings.alert && tools.open === 0
+        enabled: stack.depth > window.firstDepth && !window.covered
         onActivated: window.back()
     }
     Shortcut {
@@ -235,7 +235,7 @@ T.ApplicationWindow {
         wanted: window.settings.undo.text !== ""
         file: "UndoBar.qml"
         values: ({ undo: window.settings.undo })
-        onLoaded: (item as UndoBar).covered = Qt.binding(() => window.settings.alert !== null || tools.covering || help.active)
+        onLoaded: (item as UndoBar).covered = Qt.binding(() => window.covered)
     }
 
     T.StackView {

@@ -93,7 +93,7 @@ Rectangle {
 
     Rectangle {
         width: parent.width
-        height: 1
+        height: Theme.line
         anchors.bottom: parent.bottom
         visible: bar.raised
         color: Theme.separator
