@@ -55,6 +55,25 @@ TEST_F(BundleWindow, TheBatteryLogIsListedNewestFirst) {
             driver->place(driver->find("first")).top());
 }
 
+TEST_F(BundleWindow, AnEntryOfTheLogIsPlainTextThatTheKeyboardReaches) {
+  write(std::string(kDocuments) + "quorvantis.log", Array{"first", "second"});
+  open();
+  driver->click("Battery Log");
+  for (const char* entry : {"first", "second"}) {
+    ASSERT_TRUE(driver->find(entry)) << entry;
+    const QAccessibleInterface* said = driver->accessible(entry);
+    EXPECT_EQ(said->role(), QAccessible::StaticText);
+    EXPECT_FALSE(said->state().checkable);
+  }
+  driver->click("first");
+  EXPECT_EQ(page().chosen, -1);
+  for (const char* entry : {"second", "first"}) {
+    driver->key(Qt::Key_Down);
+    EXPECT_EQ(driver->focused(), entry);
+    EXPECT_EQ(driver->rings(), 1);
+  }
+}
+
 TEST_F(BundleWindow, AnEmptyLogSaysThatItHasNoEntries) {
   open();
   driver->click("Battery Log");
