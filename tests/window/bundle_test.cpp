@@ -74,6 +74,36 @@ TEST_F(BundleWindow, AnEntryOfTheLogIsPlainTextThatTheKeyboardReaches) {
   }
 }
 
+TEST_F(BundleWindow, TheSavedProfileCanBeUnset) {
+  const std::string path = std::string(kDocuments) + "profile_20.qvx";
+  write(path, Dictionary{{"profilepercentage", "20"}, {"profiledescription", "Night"}});
+  open("GeneralSettingsController");
+  driver->click(labelOf("profile"), kButton);
+  const auto ticked = [this](const char* choice) {
+    return driver->accessible(choice, kRadioButton)->state().checked;
+  };
+  EXPECT_LT(driver->place(driver->find("None")).top(),
+            driver->place(driver->find("Battery 20% - Night")).top());
+  EXPECT_TRUE(ticked("None"));
+  driver->click("Battery 20% - Night", kRadioButton);
+  EXPECT_EQ(stored("profile"), Value(path));
+  EXPECT_FALSE(ticked("None"));
+  driver->click("None", kRadioButton);
+  EXPECT_EQ(stored("profile"), Value(""));
+  EXPECT_TRUE(ticked("None"));
+  EXPECT_FALSE(ticked("Battery 20% - Night"));
+  driver->key(Qt::Key_Escape);
+  EXPECT_EQ(driver->accessible(labelOf("profile"), kButton)->text(QAccessible::Description),
+            "None");
+}
+
+TEST_F(BundleWindow, WithoutProfilesTheSavedProfileIsNoneAndItsListSaysWhatFillsIt) {
+  open("GeneralSettingsController");
+  driver->click(labelOf("profile"), kButton);
+  EXPECT_TRUE(driver->accessible("None", kRadioButton)->state().checked);
+  EXPECT_TRUE(driver->shows("The profile manager, below Manage Profiles, saves profiles."));
+}
+
 TEST_F(BundleWindow, AnEmptyLogSaysThatItHasNoEntries) {
   open();
   driver->click("Battery Log");
