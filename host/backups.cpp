@@ -281,9 +281,10 @@ void Backups::willChange(std::string_view domain) {
   keepOrWarn(std::exchange(snapshot_, {}));
 }
 
+// The lock of the file is held: the history is written later.
 void Backups::didChange(std::string_view domain, const foundation::DomainChange& change) {
   if (domain != prefs::kDomain) return;
-  const foundation::KeyChanges changes = withoutKept(change);
+  const auto changes = kept_.without(change, change_ ? std::optional(number_) : std::nullopt);
   if (change_ && !preparing_) merge(changes, change_->settings);
   // Whoever reads it next is not misled: at worst it says that another program has changed it.
   const std::uint64_t before = change.before ? change.before->checksum : 0;
@@ -292,39 +293,11 @@ void Backups::didChange(std::string_view domain, const foundation::DomainChange&
 
 void Backups::didKeep(std::string_view domain, const foundation::KeyChanges& kept) {
   if (domain != prefs::kDomain) return;
-  for (const foundation::KeyChange& each : kept) {
-    if (change_)
-      keptBy_[each.key] = {number_, change_->what};
-    else
-      keptBy_.erase(each.key);
-  }
-}
-
-// The lock of the file is held: nothing is written here.
-foundation::KeyChanges Backups::withoutKept(const foundation::DomainChange& change) {
-  foundation::KeyChanges others;
-  for (const auto& [key, from, to] : change.keys) {
-    const plist::Value* kept = change.kept.find(key);
-    const auto by = keptBy_.find(key);
-    const bool known = kept && by != keptBy_.end();
-    if (!kept || (known && change_ && by->second.change == number_)) {
-      others.push_back({key, from, to});
-      continue;
-    }
-    const auto value = kept->isNothing() ? std::nullopt : std::optional(*kept);
-    if (known) {
-      Change& step = stored_[by->second.change];
-      step.what = by->second.what;
-      step.settings.push_back({key, from, value});
-    }
-    if (value != to) others.push_back({key, value, to});
-  }
-  for (const auto& entry : change.kept) keptBy_.erase(entry.key);
-  return others;
+  kept_.keep(kept, change_ ? std::optional(KeptSets::Of{number_, change_->what}) : std::nullopt);
 }
 
 void Backups::rememberKept() {
-  for (auto& [number, step] : std::exchange(stored_, {})) remember(std::move(step), {});
+  for (Change& change : kept_.takeStored()) remember(std::move(change), {});
 }
 
 }  // namespace host

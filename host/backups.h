@@ -2,12 +2,12 @@
 
 #include <chrono>
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 
 #include "host/history.h"
+#include "host/kept_sets.h"
 #include "host/last_seen.h"
 #include "host/load_note.h"
 #include "host/snapshots.h"
@@ -90,7 +90,6 @@ class Backups : public foundation::ChangeObserver {
   void takeDailySnapshot();
   void noteFile(const preferences::ProfileStep& step);
   void recordChange();
-  foundation::KeyChanges withoutKept(const foundation::DomainChange& change);
 
   preferences::Environment& environment_;
   std::string folder_;
@@ -103,12 +102,7 @@ class Backups : public foundation::ChangeObserver {
   Label label_ = Label::Fixed;    // of it
   std::string snapshot_;          // what one is to be kept before; empty: none
   int number_ = 0;                // of it, or of the latest one
-  struct KeptBy {
-    int change = 0;  // its number
-    std::string what{};
-  };
-  std::map<std::string, KeptBy, std::less<>> keptBy_;  // whose sets are kept, by their keys
-  std::map<int, Change> stored_;                       // by now, of those changes
+  KeptSets kept_;
   std::function<void(const std::string& what)> stepHandler_;
   std::int64_t day_ = -1;  // when the day's snapshot was looked for last, since 1970
   bool preparing_ = false, prepared_ = false, warned_ = false;

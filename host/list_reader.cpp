@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/describe.h"
 #include "host/notices.h"
 #include "host/text.h"
 #include "host/unseen_settings.h"
@@ -23,6 +24,18 @@ bool isList(const PSSpecifier& row) {
 // A problem of a list stands beside it, without the system's own words.
 std::string sentence(const Problem& problem) {
   return capital(problem.plain.empty() ? problem.message() : problem.plain);
+}
+
+bool canBeUnset(const PSSpecifier& row) {
+  return row.cellType() == CellType::PSLinkListCell &&
+         row.propertyForKey("default") == plist::Value("");
+}
+
+std::shared_ptr<const preferences::Choices> withNone(const preferences::Choices& others) {
+  auto choices = std::make_shared<preferences::Choices>(others);
+  choices->values.insert(choices->values.begin(), plist::Value(""));
+  choices->titles.insert(choices->titles.begin(), std::string(kUnset));
+  return choices;
 }
 
 // Whoever shows these choices now.
@@ -82,6 +95,10 @@ ListReader::Found ListReader::readPage(const Row& row) const {
       (found.notice += found.notice.empty() ? "" : "\n") += sentence(problem);
     else
       found.problems.push_back(std::move(problem));
+  if (canBeUnset(*asked)) {
+    if (asked->values().empty() && found.notice.empty()) found.notice = wayToFill(*asked);
+    found.choices = withNone(*found.choices);
+  }
   return found;
 }
 

@@ -25,7 +25,9 @@ namespace host {
 // asks for while it is read is read once more afterwards, since its files may have changed. Where
 // the system makes no thread a list is read on the pages' own.
 //
-// Contacts are only read when their list is opened.
+// Contacts are only read when their list is opened. The list of a setting that can be unset, which
+// its empty default says, begins with "None"; where it has nothing else, what would fill it is
+// said.
 class ListReader {
  public:
   using Patience = std::chrono::milliseconds;

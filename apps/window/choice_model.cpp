@@ -5,6 +5,7 @@
 
 #include "apps/window/page_model.h"
 #include "apps/window/values.h"
+#include "host/triggers.h"
 
 namespace window {
 namespace {
@@ -81,6 +82,16 @@ int ChoiceModel::tickedPosition() const {
   return found == matches_.end() ? -1 : static_cast<int>(found - matches_.begin());
 }
 
+QString ChoiceModel::profileAt(int choice) const {
+  const std::string* path = list_->values[choice].text();
+  return path && host::isProfilePath(*path) ? toQString(*path) : QString();
+}
+
+QString ChoiceModel::kindOf(int choice) const {
+  if (page_->stores()) return "choice";
+  return profileAt(choice).isEmpty() ? "text" : "profile";
+}
+
 int ChoiceModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : static_cast<int>(matches_.size());
 }
@@ -89,12 +100,16 @@ QVariant ChoiceModel::data(const QModelIndex& index, int role) const {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
   const int choice = matches_[index.row()];
   switch (role) {
+    case KindRole:
+      return kindOf(choice);
     case TitleRole:
       return toQString(list_->titles[choice]);
     case TickedRole:
       return choice == ticked_;
     case ChoiceRole:
       return choice;
+    case ProfileRole:
+      return profileAt(choice);
     case PageRole:
       return QVariant::fromValue(page_);
   }
@@ -102,7 +117,8 @@ QVariant ChoiceModel::data(const QModelIndex& index, int role) const {
 }
 
 QHash<int, QByteArray> ChoiceModel::roleNames() const {
-  return {{TitleRole, "title"}, {TickedRole, "ticked"}, {ChoiceRole, "choice"}, {PageRole, "page"}};
+  return {{KindRole, "kind"},     {TitleRole, "title"},     {TickedRole, "ticked"},
+          {ChoiceRole, "choice"}, {ProfileRole, "profile"}, {PageRole, "page"}};
 }
 
 }  // namespace window

@@ -11,7 +11,9 @@ namespace window {
 class PageModel;
 
 // The choices of a list row, those whose title holds the filter, as it is or escaped. Titles are
-// read from the shared list, so one of many thousands costs nothing before it is scrolled to.
+// read from the shared list, so one of many thousands costs nothing before it is scrolled to. Each
+// is a "choice", or in a list that stores nothing a "profile", which leads to what it names, or a
+// "text".
 class ChoiceModel : public QAbstractListModel {
   Q_OBJECT
   QML_ELEMENT
@@ -23,7 +25,7 @@ class ChoiceModel : public QAbstractListModel {
   Q_PROPERTY(int tickedPosition READ tickedPosition NOTIFY changed)  // -1: not in the list
 
  public:
-  enum Role { TitleRole = Qt::UserRole, TickedRole, ChoiceRole, PageRole };
+  enum Role { KindRole = Qt::UserRole, TitleRole, TickedRole, ChoiceRole, ProfileRole, PageRole };
 
   explicit ChoiceModel(PageModel* page);
 
@@ -45,6 +47,8 @@ class ChoiceModel : public QAbstractListModel {
   void changed();
 
  private:
+  QString profileAt(int choice) const;  // the path of the one that a choice is, else empty
+  QString kindOf(int choice) const;
   std::vector<int> matchesIn(const host::ChoiceList& list) const;
   void change(host::ChoiceList list);
 

@@ -86,9 +86,11 @@ void Desktop::applyFont() {
 QString Desktop::truncatedAt(QQuickItem* item, QPointF at) {
   if (!item || !item->isVisible() || !item->contains(at)) return {};
   const auto children = item->childItems();
-  for (auto child = children.rbegin(); child != children.rend(); ++child)
-    if (const QString text = truncatedAt(*child, item->mapToItem(*child, at)); !text.isEmpty())
-      return text;
+  for (auto child = children.rbegin(); child != children.rend(); ++child) {
+    if ((*child)->property("hints").toBool()) continue;
+    const QString text = truncatedAt(*child, item->mapToItem(*child, at));
+    if (!text.isEmpty()) return text;
+  }
   return item->property("truncated").toBool() ? item->property("text").toString() : QString();
 }
 

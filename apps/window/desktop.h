@@ -45,7 +45,8 @@ class Desktop : public QObject {
   const DesktopWishes& wishes() const { return wishes_; }
   void follow(const DesktopWishes& wishes);
 
-  // The text below the item that is cut off at this point of it; empty where there is none.
+  // The text below the item that is cut off at this point of it; empty where there is none. An item
+  // below it whose property `hints` is true says that by itself.
   Q_INVOKABLE static QString truncatedAt(QQuickItem* item, QPointF at);
 
  signals:

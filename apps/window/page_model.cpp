@@ -2,7 +2,6 @@
 
 #include "apps/window/settings_bridge.h"
 #include "apps/window/tools.h"
-#include "host/triggers.h"
 
 namespace window {
 
@@ -145,12 +144,6 @@ void PageModel::drag(int tag, double value, bool release) {
 
 void PageModel::tapBarButton() {
   perform(host::Bar{});
-}
-
-QString PageModel::profileAt(int choice) const {
-  if (!view_.choices || choice < 0 || choice >= std::ssize(view_.choices->values)) return {};
-  const std::string* path = view_.choices->values[choice].text();
-  return path && host::isProfilePath(*path) ? toQString(*path) : QString();
 }
 
 void PageModel::viewGone() {

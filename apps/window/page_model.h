@@ -59,6 +59,8 @@ class PageModel : public QObject {
   void mark(int row);
 
   std::uint64_t number() const { return view_.number; }
+  // Whether choosing one of its choices changes a setting.
+  bool stores() const { return view_.stores; }
   // A page below the shown one has a title only.
   void refresh(const host::PageView& view, const QString& backTitle, bool shown);
   QString reading() const { return reading_; }
@@ -83,10 +85,6 @@ class PageModel : public QObject {
   // Moves the slider of that tag on a page of colors; nothing is stored before its release.
   Q_INVOKABLE void drag(int tag, double value, bool release);
   Q_INVOKABLE void tapBarButton();
-  // On a page of choices: the path of the profile that a choice is, else empty; and whether
-  // choosing one changes a setting.
-  Q_INVOKABLE QString profileAt(int choice) const;
-  Q_INVOKABLE bool stores() const { return view_.stores; }
   // The view of a page that was left is destroyed.
   Q_INVOKABLE void viewGone();
 

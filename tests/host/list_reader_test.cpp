@@ -20,6 +20,12 @@ plist::Value listRow(std::string_view id) {
                         {{"valuesDataSource", "numbers:"}, {"titlesDataSource", "numbers:"}});
 }
 
+plist::Value unsettableRow(std::string_view id) {
+  return described::row(
+      "PSLinkListCell", id,
+      {{"valuesDataSource", "numbers:"}, {"titlesDataSource", "numbers:"}, {"default", ""}});
+}
+
 // While it exists the system makes no thread: none has room for its stack.
 class NoThreads {
  public:
@@ -76,7 +82,7 @@ class HostListReader : public testing::Test {
     EXPECT_FALSE(isReading("one") || isReading("two"));
   }
 
-  described::Shown shown{{listRow("one"), listRow("two")}};
+  described::Shown shown{{listRow("one"), listRow("two"), unsettableRow("setting")}};
   std::atomic<int> readings = 0;
   std::atomic<bool> fails = false;
   std::vector<host::Problem> problems;
@@ -109,6 +115,16 @@ TEST_F(HostListReader, AListIsReadOnceForEachTimeThatItIsAskedFor) {
 }
 
 // What it reads may have been changed after it began.
+TEST_F(HostListReader, TheListOfASettingThatCanBeUnsetBeginsWithNone) {
+  start(30s);
+  let(2);
+  ask("setting");
+  EXPECT_EQ(shown.specifier("setting").values(), (plist::Array{"", 1, 2}));
+  EXPECT_EQ(shown.specifier("setting").titles(), (std::vector<std::string>{"None", "1", "2"}));
+  ask("one");
+  EXPECT_EQ(shown.specifier("one").values(), (plist::Array{1, 2}));
+}
+
 TEST_F(HostListReader, AListThatIsAskedForWhileItIsReadIsReadOnceMore) {
   start(0ms);
   ask("one");

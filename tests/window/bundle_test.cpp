@@ -55,6 +55,55 @@ TEST_F(BundleWindow, TheBatteryLogIsListedNewestFirst) {
             driver->place(driver->find("first")).top());
 }
 
+TEST_F(BundleWindow, AnEntryOfTheLogIsPlainTextThatTheKeyboardReaches) {
+  write(std::string(kDocuments) + "quorvantis.log", Array{"first", "second"});
+  open();
+  driver->click("Battery Log");
+  for (const char* entry : {"first", "second"}) {
+    ASSERT_TRUE(driver->find(entry)) << entry;
+    const QAccessibleInterface* said = driver->accessible(entry);
+    EXPECT_EQ(said->role(), QAccessible::StaticText);
+    EXPECT_FALSE(said->state().checkable);
+  }
+  driver->click("first");
+  EXPECT_EQ(page().chosen, -1);
+  for (const char* entry : {"second", "first"}) {
+    driver->key(Qt::Key_Down);
+    EXPECT_EQ(driver->focused(), entry);
+    EXPECT_EQ(driver->rings(), 1);
+  }
+}
+
+TEST_F(BundleWindow, TheSavedProfileCanBeUnset) {
+  const std::string path = std::string(kDocuments) + "profile_20.qvx";
+  write(path, Dictionary{{"profilepercentage", "20"}, {"profiledescription", "Night"}});
+  open("GeneralSettingsController");
+  driver->click(labelOf("profile"), kButton);
+  const auto ticked = [this](const char* choice) {
+    return driver->accessible(choice, kRadioButton)->state().checked;
+  };
+  EXPECT_LT(driver->place(driver->find("None")).top(),
+            driver->place(driver->find("Battery 20% - Night")).top());
+  EXPECT_TRUE(ticked("None"));
+  driver->click("Battery 20% - Night", kRadioButton);
+  EXPECT_EQ(stored("profile"), Value(path));
+  EXPECT_FALSE(ticked("None"));
+  driver->click("None", kRadioButton);
+  EXPECT_EQ(stored("profile"), Value(""));
+  EXPECT_TRUE(ticked("None"));
+  EXPECT_FALSE(ticked("Battery 20% - Night"));
+  driver->key(Qt::Key_Escape);
+  EXPECT_EQ(driver->accessible(labelOf("profile"), kButton)->text(QAccessible::Description),
+            "None");
+}
+
+TEST_F(BundleWindow, WithoutProfilesTheSavedProfileIsNoneAndItsListSaysWhatFillsIt) {
+  open("GeneralSettingsController");
+  driver->click(labelOf("profile"), kButton);
+  EXPECT_TRUE(driver->accessible("None", kRadioButton)->state().checked);
+  EXPECT_TRUE(driver->shows("The profile manager, below Manage Profiles, saves profiles."));
+}
+
 TEST_F(BundleWindow, AnEmptyLogSaysThatItHasNoEntries) {
   open();
   driver->click("Battery Log");
@@ -68,7 +117,7 @@ TEST_F(BundleWindow, AWriteThatFailsIsReportedOnScreen) {
   QFile file(folder.filePath("var"));
   ASSERT_TRUE(file.open(QFile::WriteOnly));
   driver->click("Enabled");
-  EXPECT_FALSE(driver->itemsOfType("Banner").empty());
+  EXPECT_FALSE(driver->itemsOfType("MessageBar").empty());
 }
 
 TEST_F(BundleWindow, AWriteThatFailsIsMadeUpForAndItsBannerGoesOnceTheFaultHasGone) {

@@ -68,6 +68,23 @@ TEST_F(Look, ATextThatIsCutOffIsSaidWholeWhereThePointerRests) {
   }));
 }
 
+TEST_F(Look, ADimmedRowWhoseTextIsCutOffHasOneHintForBoth) {
+  const QString words = QString::fromStdString(long_ + " ").repeated(8).trimmed();
+  store("msgtext", words.toStdString());
+  open("UserNotificationListController");
+  ASSERT_TRUE(driver->until([this] { return !row("msgtext").usable; }));
+  driver->waitUntilIdle();
+  QQuickItem* cut = text(words);
+  ASSERT_TRUE(cut);
+  ASSERT_TRUE(cut->property("truncated").toBool());
+  const QString reason = QString("dimmed: switch on %1 first").arg(labelOf("sendmessage"));
+  QTest::mouseMove(window, driver->place(cut).center().toPoint());
+  EXPECT_TRUE(driver->until([&] { return driver->shows(words + "\n" + reason); }));
+  ASSERT_FALSE(driver->itemsOfType("TruncatedHint").empty());
+  for (const QQuickItem* hint : driver->itemsOfType("TruncatedHint"))
+    EXPECT_EQ(hint->property("words"), "");
+}
+
 TEST_F(Look, AnEmptyListSaysWhatWouldFillIt) {
   open();
   driver->click("Battery Log");

@@ -94,7 +94,7 @@ TEST_F(Navigation, AProblemStaysOnScreenUntilItIsDismissed) {
   application->report({.words = "The disk is full."});
   application->report({.words = "The disk is full."});
   driver->waitUntilIdle();
-  EXPECT_EQ(driver->itemsOfType("Banner").size(), 1u);
+  EXPECT_EQ(driver->itemsOfType("MessageBar").size(), 1u);
   driver->click("Tone");
   EXPECT_TRUE(driver->shows("The disk is full."));
   driver->click("Dismiss", kButton);
@@ -105,7 +105,7 @@ TEST_F(Navigation, ABannerStandsBelowThePageWhichStaysWhereItIs) {
   const QRectF before = driver->place(driver->find("Tone"));
   application->report({.words = "The disk is full."});
   driver->waitUntilIdle();
-  EXPECT_EQ(driver->place(driver->itemsOfType("Banner").front()).bottom(), window->height());
+  EXPECT_EQ(driver->place(driver->itemsOfType("MessageBar").front()).bottom(), window->height());
   EXPECT_EQ(driver->place(driver->find("Tone")), before);
 }
 

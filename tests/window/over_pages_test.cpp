@@ -65,7 +65,7 @@ TEST_F(OverPages, ANoticeStandsAboveAViewAndLeavesItWhole) {
   const double before = driver->place(only("ProfileView")).top();
   EXPECT_FALSE(bridge().tools()->profiles()->opened()->exportTo("/dev/null/x.plist", false));
   driver->waitUntilIdle();
-  QQuickItem* banner = only("Banner");
+  QQuickItem* banner = only("MessageBar");
   ASSERT_TRUE(banner);
   EXPECT_EQ(banner->property("message").toString(),
             "The file can't be read or written: a file is in the place of its folder.\n"
@@ -74,7 +74,7 @@ TEST_F(OverPages, ANoticeStandsAboveAViewAndLeavesItWhole) {
   EXPECT_GT(driver->place(only("ProfileView")).top(), before);
   EXPECT_GE(driver->place(driver->find("Close", kButton)).top(), driver->place(banner).bottom());
   driver->click("Dismiss", kButton);
-  EXPECT_TRUE(driver->itemsOfType("Banner").empty());
+  EXPECT_TRUE(driver->itemsOfType("MessageBar").empty());
   EXPECT_EQ(driver->place(only("ProfileView")).top(), before);
 }
 
@@ -150,7 +150,7 @@ TEST_F(OverPages, TheHelpGivesWayToANotice) {
   driver->key(Qt::Key_F1);
   ASSERT_TRUE(driver->find("Keys"));
   report("The disk is full.");
-  EXPECT_GE(driver->place(driver->find("Keys")).top(), driver->place(only("Banner")).bottom());
+  EXPECT_GE(driver->place(driver->find("Keys")).top(), driver->place(only("MessageBar")).bottom());
 }
 
 TEST_F(OverPages, AnAlertGivesTheKeyboardBackToTheViewBelowIt) {

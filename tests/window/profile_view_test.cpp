@@ -279,9 +279,20 @@ TEST_F(ProfileView, ADamagedProfileIsReportedAndNotShown) {
 TEST_F(ProfileView, AProfileOfTheFirstPagesListOpens) {
   openWithProfiles();
   driver->click("Saved Profiles", kButton);
-  driver->click("Battery 20% - Night", QAccessible::RadioButton);
+  driver->click("Battery 20% - Night", kButton);
   EXPECT_EQ(opened().title(), "Battery 20%");
   EXPECT_FALSE(driver->itemsOfType("ProfileView").empty());
+}
+
+TEST_F(ProfileView, AnEntryOfTheFirstPagesListLeadsOnAndIsNoChoice) {
+  openWithProfiles();
+  driver->click("Saved Profiles", kButton);
+  EXPECT_FALSE(driver->find("Battery 20% - Night", kRadioButton));
+  EXPECT_FALSE(driver->find("Details of Charging started", kButton));
+  driver->key(Qt::Key_End);
+  EXPECT_EQ(driver->focused(), "Charging started");
+  driver->key(Qt::Key_Return);
+  EXPECT_EQ(opened().title(), "Charging started");
 }
 
 TEST_F(ProfileView, AListThatStoresKeepsItsMeaningAndHasAButtonForTheDetails) {
@@ -295,7 +306,7 @@ TEST_F(ProfileView, AListThatStoresKeepsItsMeaningAndHasAButtonForTheDetails) {
   driver->click(labelOf(list), kButton);
   driver->click("Battery 20% - Night", QAccessible::RadioButton);
   EXPECT_TRUE(driver->itemsOfType("ProfileView").empty());
-  EXPECT_EQ(page().chosen, 0);
+  EXPECT_TRUE(driver->accessible("Battery 20% - Night", kRadioButton)->state().checked);
   driver->click("Details of Charging started", kButton);
   EXPECT_EQ(opened().title(), "Charging started");
 }

@@ -43,7 +43,7 @@ TEST_F(DamagedWindow, SaysSoAtOnceOnceAndOnTop) {
   openDamaged();
   ASSERT_TRUE(asks());
   EXPECT_EQ(driver->place(driver->find(kTitle, QAccessible::AlertMessage)).top(), 0);
-  EXPECT_TRUE(driver->itemsOfType("Banner").empty());
+  EXPECT_TRUE(driver->itemsOfType("MessageBar").empty());
   const QString said =
       driver->accessible(kTitle, QAccessible::AlertMessage)->text(QAccessible::Description);
   EXPECT_TRUE(said.endsWith(QDir(folder.path()).canonicalPath() + kSettings)) << said.toStdString();
@@ -159,11 +159,11 @@ TEST_F(FailingWindow, NothingIsSaidToBeDone) {
 TEST_F(FailingWindow, NoticesStandAboveAnAlert) {
   openProfiles();
   save();
-  QQuickItem* notice = driver->itemsOfType("Banner").front();
-  EXPECT_EQ(driver->itemsOfType("Banner").size(), 1u);
+  QQuickItem* notice = driver->itemsOfType("MessageBar").front();
+  EXPECT_EQ(driver->itemsOfType("MessageBar").size(), 1u);
   EXPECT_EQ(driver->place(notice).top(), 0);
   driver->click("Dismiss", kButton);
-  EXPECT_TRUE(driver->itemsOfType("Banner").empty());
+  EXPECT_TRUE(driver->itemsOfType("MessageBar").empty());
   EXPECT_EQ(alerts().back().title, "Success");
 }
 

@@ -30,7 +30,7 @@ PressButton {
             color: Theme.separator
         }
         Rectangle {
-            width: 1
+            width: Theme.line
             height: parent.height
             visible: button.bar
             color: Theme.separator

@@ -14,71 +14,48 @@ AlertBase {
     opacity: shown
     scale: 1.08 - 0.08 * shown
 
-    contentItem: FocusScope { // qmllint disable deferred-property-id
-        id: frame
-
-        function step(key: int): bool {
-            const by = { [Qt.Key_Left]: -1, [Qt.Key_Up]: -1, [Qt.Key_Right]: 1, [Qt.Key_Down]: 1 }[key];
-            if (by !== undefined)
-                (Window.activeFocusItem ?? frame).nextItemInFocusChain(by > 0).forceActiveFocus(Qt.TabFocusReason);
-            return by !== undefined;
-        }
-
-        implicitHeight: column.contentHeight
-        focus: true
+    contentItem: AlertFrame { // qmllint disable deferred-property-id
+        of: popup
+        wheel: popup.alert.picks ? turning : null
         Keys.onReturnPressed: popup.confirm()
         Keys.onEnterPressed: popup.confirm()
-        // What turns the wheel does so from the buttons too.
-        Keys.onPressed: event => event.accepted = popup.alert.picks ? wheel.turn(event) : step(event.key)
-        Keys.onEscapePressed: popup.alert.cancel()
-        Keys.onBackPressed: popup.alert.cancel()
-        Accessible.role: Accessible.Dialog
-        Accessible.name: popup.alert.title
-        Accessible.description: popup.description
 
-        ScrollColumn {
-            id: column
+        AlertText {
+            id: texts
+            width: parent.width
+            alert: popup.alert
+        }
+        PickerWheel {
+            id: turning
 
-            anchors.fill: parent
-            keyed: false
+            x: Theme.inset
+            width: parent.width - 2 * x
+            height: rowHeight * Math.max(1, Math.min(5, Math.floor((popup.heightForWheel - 14) / rowHeight)))
+            visible: popup.alert.picks
+            alert: popup.alert
+        }
+        Item {
+            width: 1
+            height: 14
+            visible: turning.visible
+        }
+        Flow {
+            id: buttons
 
-            AlertText {
-                id: texts
-                width: parent.width
-                alert: popup.alert
-            }
-            PickerWheel {
-                id: wheel
+            width: parent.width
 
-                x: Theme.inset
-                width: parent.width - 2 * x
-                height: rowHeight * Math.max(1, Math.min(5, Math.floor((popup.heightForWheel - 14) / rowHeight)))
-                visible: popup.alert.picks
-                alert: popup.alert
-            }
-            Item {
-                width: 1
-                height: 14
-                visible: wheel.visible
-            }
-            Flow {
-                id: buttons
+            Repeater {
+                model: popup.alert.buttons
 
-                width: parent.width
+                AlertButtonView {
+                    required property int index
+                    required property alertButton modelData
 
-                Repeater {
-                    model: popup.alert.buttons
-
-                    AlertButtonView {
-                        required property int index
-                        required property alertButton modelData
-
-                        width: popup.sideBySide ? buttons.width / 2 : buttons.width
-                        shown: modelData
-                        focus: index === popup.alert.firstButton
-                        bar: popup.sideBySide && index === 1
-                        onClicked: popup.press(index)
-                    }
+                    width: popup.sideBySide ? buttons.width / 2 : buttons.width
+                    shown: modelData
+                    focus: index === popup.alert.firstButton
+                    bar: popup.sideBySide && index === 1
+                    onClicked: popup.press(index)
                 }
             }
         }
@@ -86,11 +63,11 @@ AlertBase {
 
     // A wheel that still turns stops where it is.
     function press(button: int) {
-        wheel.chooseMiddle();
+        turning.chooseMiddle();
         alert.press(button);
     }
     function confirm() {
-        wheel.chooseMiddle();
+        turning.chooseMiddle();
         alert.pressPreferred();
     }
 }

@@ -14,6 +14,7 @@ KeyRow {
     property bool pressed: false
     property bool hovered: false   // by a pointer that can press it
     property real contentHeight: Theme.rowHeight
+    property string cut             // the whole text where the pointer rests on one that is cut off
     default property alias content: face.data
 
     // What assistive technology says besides the name.
@@ -60,6 +61,8 @@ KeyRow {
 
     Item {
         id: area
+
+        readonly property bool hints: card.entry.reason !== ""  // also of what is cut off in it
 
         x: card.side
         width: card.width - 2 * card.side
@@ -113,11 +116,22 @@ KeyRow {
         }
         HoverHandler {
             id: pointer
-            enabled: card.entry.reason !== ""
-            onHoveredChanged: if (!hovered) (hint.item as Hint)?.rest()
+
+            function look() {
+                card.cut = Desktop.truncatedAt(face, point.position);
+            }
+
+            enabled: area.hints
+            onPointChanged: if (hovered) look()
+            onHoveredChanged: {
+                if (hovered)
+                    look();
+                else
+                    (hint.item as Hint)?.rest();
+            }
         }
         TapHandler {
-            enabled: card.entry.reason !== ""
+            enabled: area.hints
             onTapped: (hint.item as Hint)?.linger()
         }
         Loader {
@@ -125,9 +139,9 @@ KeyRow {
 
             width: area.width
             height: area.height
-            active: card.entry.reason !== ""
+            active: area.hints
             sourceComponent: Hint {
-                text: card.entry.reason  // qmllint disable unqualified
+                text: card.cut === "" ? card.entry.reason : card.cut + "\n" + card.entry.reason  // qmllint disable unqualified
                 wanted: pointer.hovered || (dimmed.activeFocus && KeyboardUse.active)  // qmllint disable unqualified
                 action: card.entry.wayOut  // qmllint disable unqualified
                 onActed: card.page.takeWayOut(card.index)  // qmllint disable unqualified

@@ -2,19 +2,15 @@ import QtQuick
 import QtQuick.Templates as T
 import Quorvantis.Settings
 
-// One entry of a list of choices.
+// One of the choices of a setting.
 KeyRow {
     id: entry
 
     required property string title
     required property bool ticked
     required property int choice
+    required property string profile  // that it is; empty: none
     required property PageModel page
-
-    readonly property bool first: index === 0
-    readonly property bool last: index === ListView.view.count - 1
-
-    readonly property string profile: page.tools ? page.profileAt(choice) : ""  // that it is, if any
 
     function stops(): var {
         return details.visible ? [button, details] : [button];
@@ -24,11 +20,9 @@ KeyRow {
     function pick() {
         page.select(choice);
         button.checked = Qt.binding(() => entry.ticked);
-        if (profile !== "" && !page.stores())
-            page.tools.profileWanted(profile);
     }
 
-    height: Math.max(Theme.rowHeight, name.implicitHeight + 20)
+    height: face.implicitHeight
 
     T.RadioButton {
         id: button
@@ -48,28 +42,16 @@ KeyRow {
         Accessible.onPressAction: entry.pick()
         Accessible.onToggleAction: entry.pick()
 
-        CardFace {
+        ChoiceFace {
+            id: face
+
             anchors.fill: parent
-            first: entry.first
-            last: entry.last
+            title: entry.title
+            room: Theme.unit(26) + (details.visible ? details.width : 0)
+            first: entry.index === 0
+            last: entry.index === entry.ListView.view.count - 1
             pressed: button.down
             hovered: button.hovered
-        }
-        Text {
-            id: name
-
-            anchors.left: parent.left
-            anchors.leftMargin: Theme.inset
-            anchors.right: parent.right
-            anchors.rightMargin: Theme.inset + Theme.unit(26) + (details.visible ? details.width : 0)
-            anchors.verticalCenter: parent.verticalCenter
-            text: entry.title
-            textFormat: Text.PlainText
-            wrapMode: Text.Wrap
-            maximumLineCount: 4
-            elide: Text.ElideRight
-            color: Theme.text
-            font.pixelSize: Theme.body
         }
         Tick {
             anchors.right: parent.right
@@ -86,7 +68,7 @@ KeyRow {
             anchors.right: parent.right
             anchors.rightMargin: 4
             height: parent.height
-            visible: entry.profile !== ""
+            visible: entry.profile !== "" && entry.page.tools !== null
             text: qsTr("Details of %1").arg(entry.title)
             onClicked: entry.page.tools.profileWanted(entry.profile)
         }

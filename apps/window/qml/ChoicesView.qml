@@ -1,7 +1,8 @@
 import QtQuick
+import Qt.labs.qmlmodels
 import Quorvantis.Settings
 
-// The choices of a row, the current one ticked.
+// The entries of a list: choices, of which the current one is ticked, or what is only listed.
 FocusScope {
     id: view
 
@@ -96,6 +97,21 @@ FocusScope {
 
         Component.onCompleted: begin()
 
-        delegate: ChoiceRow {}
+        delegate: DelegateChooser {
+            role: "kind"
+
+            DelegateChoice {
+                roleValue: "choice"
+                ChoiceRow {}
+            }
+            DelegateChoice {
+                roleValue: "profile"
+                ProfileRow {}
+            }
+            DelegateChoice {
+                roleValue: "text"
+                PlainRow {}
+            }
+        }
     }
 }

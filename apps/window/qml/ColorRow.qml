@@ -1,53 +1,39 @@
 import QtQuick
 
 // Leads to the page where a color is chosen, and shows it or the word that stands for it.
-CardRow {
+PressRow {
     id: card
 
-    control: button
-    pressed: button.down
-    hovered: button.hovered
     contentHeight: Math.max(Theme.rowHeight, texts.implicitHeight + 20)
 
-    PressButton {
-        id: button
+    LabelledValue {
+        id: texts
 
-        anchors.fill: parent
-        focusPolicy: Qt.ClickFocus
-        text: card.entry.label
-        onClicked: card.page.tap(card.index)
-        Accessible.description: card.description
-        Accessible.focusable: true
+        anchors.left: parent.left
+        anchors.leftMargin: Theme.inset
+        anchors.right: swatch.visible ? swatch.left : chevron.left
+        anchors.rightMargin: 10
+        anchors.verticalCenter: parent.verticalCenter
+        label: card.entry.label
+        value: card.entry.value
+        valueColor: card.faint
+    }
+    ColorSwatch {
+        id: swatch
 
-        LabelledValue {
-            id: texts
+        anchors.right: chevron.left
+        anchors.rightMargin: 12
+        anchors.verticalCenter: parent.verticalCenter
+        width: Theme.unit(24)
+        height: width
+        color: card.entry.swatch
+        outline: card.entry.border
+    }
+    Chevron {
+        id: chevron
 
-            anchors.left: parent.left
-            anchors.leftMargin: Theme.inset
-            anchors.right: swatch.visible ? swatch.left : chevron.left
-            anchors.rightMargin: 10
-            anchors.verticalCenter: parent.verticalCenter
-            label: card.entry.label
-            value: card.entry.value
-            valueColor: card.faint
-        }
-        ColorSwatch {
-            id: swatch
-
-            anchors.right: chevron.left
-            anchors.rightMargin: 12
-            anchors.verticalCenter: parent.verticalCenter
-            width: Theme.unit(24)
-            height: width
-            color: card.entry.swatch
-            outline: card.entry.border
-        }
-        Chevron {
-            id: chevron
-
-            anchors.right: parent.right
-            anchors.rightMargin: Theme.inset - 2
-            anchors.verticalCenter: parent.verticalCenter
-        }
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.inset - 2
+        anchors.verticalCenter: parent.verticalCenter
     }
 }

@@ -124,7 +124,6 @@ ListView {
         if (focusedIndex >= 0 && (KeyboardUse.active || row.y + row.height <= contentY || row.y >= contentY + height))
             reveal(focusedIndex);
     }
-    T.StackView.onActivated: report()
     Keys.onPressed: event => {
         const ends = event.key === Qt.Key_Home || event.key === Qt.Key_End;
         const command = event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier);

@@ -7,7 +7,6 @@ Item {
 
     property string label
     property string value
-    property color labelColor: Theme.text
     property color valueColor: Theme.secondary
 
     readonly property bool below: value !== "" && labelSize.advanceWidth + valueSize.advanceWidth + 18 > width
@@ -31,7 +30,7 @@ Item {
         width: pair.below || pair.value === "" ? pair.width : Math.ceil(labelSize.advanceWidth) + 1
         text: pair.label
         textFormat: Text.PlainText
-        color: pair.labelColor
+        color: Theme.text
         font.pixelSize: Theme.body
         wrapMode: Text.Wrap
         maximumLineCount: 3

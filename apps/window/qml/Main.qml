@@ -14,6 +14,8 @@ T.ApplicationWindow {
     readonly property bool split: width >= Theme.wide && hasContents
     readonly property int firstDepth: split ? 2 : 1  // of a page that there is no way back from
     readonly property bool covered: settings.alert !== null || tools.open > 0 || help.active
+    // Asked at the start, since it sees keys only from then on.
+    readonly property bool usesKeyboard: KeyboardUse.active
     property bool instant: false                     // pages change without sliding
 
     // What is being edited is stored before its page is left.
@@ -45,7 +47,7 @@ T.ApplicationWindow {
         const depth = stack.depth + 1;
         const view = stack.push("PageView.qml", {
             page: page,
-            byKeyboard: KeyboardUse.active && !instant  // which sees keys once it was asked
+            byKeyboard: usesKeyboard && !instant
         }, depth > 1 && !instant ? T.StackView.PushTransition : T.StackView.Immediate);
         view.canGoBack = Qt.binding(() => depth > firstDepth);
         view.back.connect(back);
@@ -85,7 +87,7 @@ T.ApplicationWindow {
             if (alert.sheet)
                 popup.page = Qt.binding(() => stack.currentItem as PageView);
             popup.closed.connect(() => {
-                if (window && !window.settings.alert && tools.open === 0)
+                if (window && !window.covered)
                     stack.currentItem.forceActiveFocus();
             });
             popup.open();
@@ -100,7 +102,7 @@ T.ApplicationWindow {
 
     Shortcut {
         sequences: (window.settings.undo.text === "" ? ["Esc"] : []).concat(["Backspace", "Alt+Left", "Back"])
-        enabled: stack.depth > window.firstDepth && !window.settings.alert && tools.open === 0
+        enabled: stack.depth > window.firstDepth && !window.covered
         onActivated: window.back()
     }
     Shortcut {
@@ -233,7 +235,7 @@ T.ApplicationWindow {
         wanted: window.settings.undo.text !== ""
         file: "UndoBar.qml"
         values: ({ undo: window.settings.undo })
-        onLoaded: (item as UndoBar).covered = Qt.binding(() => window.settings.alert !== null || tools.covering || help.active)
+        onLoaded: (item as UndoBar).covered = Qt.binding(() => window.covered)
     }
 
     T.StackView {

@@ -21,8 +21,6 @@ Rectangle {
     readonly property real rightWidth: (actionName !== "" ? actionPlace.width + 8 : extraWidth > 0 ? 6 : Theme.inset) + extraWidth
     readonly property real leftWidth: canGoBack ? backPlace.width + 12 : Theme.inset
 
-    // Else Qt doesn't notice that the pointer has left what lies below.
-    HoverHandler {}
     // As wide as the title is, which the one that is seen fits into its place.
     Text {
         id: titleSize
@@ -95,7 +93,7 @@ Rectangle {
 
     Rectangle {
         width: parent.width
-        height: 1
+        height: Theme.line
         anchors.bottom: parent.bottom
         visible: bar.raised
         color: Theme.separator

@@ -12,13 +12,17 @@ Column {
     Repeater {
         model: notices.settings.problems
 
-        Banner {
+        MessageBar {
             required property int index
             required property string modelData
 
             width: notices.width
+            color: Theme.warning
+            ink: Theme.warningText
             message: modelData
-            onDismissed: notices.settings.dismiss(index)
+            action: qsTr("Dismiss")
+            focusPolicy: Qt.TabFocus
+            onActed: notices.settings.dismiss(index)
         }
     }
 }

@@ -7,39 +7,35 @@ import Quorvantis.Settings
 KeyList {
     id: list
 
-    property bool ready: false
-    readonly property var files: ({
-        group: "GroupRow.qml", link: "LinkRow.qml", color: "ColorRow.qml", button: "ButtonRow.qml", switch: "SwitchRow.qml",
-        slider: "SliderRow.qml", segment: "SegmentRow.qml", text: "TextRow.qml", secret: "SecretRow.qml", longtext: "TextRow.qml",
-        value: "ValueRow.qml", static: "StaticRow.qml", giant: "StaticRow.qml", spinner: "SpinnerRow.qml"
-    })
-    property var loaded: []
+    property bool ready: loadKinds()  // before the list is filled: else it would have a current row
 
     function stop(from: int, direction: int): int {
         return page.rows.nextStop(from, direction);
     }
     function takeFocus() {
-        // A model that is set late gives the focus to its first row, whether that takes keys or not.
-        if (focusedIndex < 0 || stop(focusedIndex - 1, 1) !== focusedIndex)
+        if (focusedIndex < 0)
             enter(1);
     }
-    function loadKinds() {
+    function fileOf(kind: string): string {
+        return {
+            group: "GroupRow.qml", link: "LinkRow.qml", color: "ColorRow.qml", button: "ButtonRow.qml", switch: "SwitchRow.qml",
+            slider: "SliderRow.qml", segment: "SegmentRow.qml", text: "TextRow.qml", secret: "SecretRow.qml",
+            longtext: "TextRow.qml", value: "ValueRow.qml", static: "StaticRow.qml", giant: "StaticRow.qml",
+            spinner: "SpinnerRow.qml"
+        }[kind];
+    }
+    function loadKinds(): bool {
         for (const kind of page.rows?.kinds ?? []) {
-            if (loaded.includes(kind))
+            if (Array.from(chooser.choices).some(known => known.roleValue === kind))
                 continue;
-            loaded.push(kind);
-            const drawn = Qt.createComponent(files[kind], Component.PreferSynchronous, chooser);
+            const drawn = Qt.createComponent(fileOf(kind), Component.PreferSynchronous, chooser);
             chooser.choices.push(choice.createObject(chooser, { roleValue: kind, delegate: drawn }));
         }
+        return true;
     }
 
-    // Rows of new kinds are made once what draws them is loaded.
     model: ready ? page.rows : null
     cacheBuffer: 100000
-    Component.onCompleted: {
-        loadKinds();
-        ready = true;
-    }
 
     Connections {
         target: list.page
@@ -59,7 +55,11 @@ KeyList {
             list.loadKinds();
         }
         function onModelReset() {
+            if (list.ready)
+                return;
             list.ready = true;
+            list.currentIndex = -1;
+            list.contentItem.focus = true;
         }
     }
     Component {

@@ -26,26 +26,8 @@ AlertBase {
     x: Math.round(pointed ? Math.max(12, Math.min(parentWidth - 12 - width, anchor.x + anchor.width / 2 - width / 2)) : (parentWidth - width) / 2)
     y: Math.round(!wide ? parentHeight - height - 8 : !pointed ? top + (parentHeight - top - height) / 2 : below ? Math.max(top + 14, anchor.y + anchor.height + 14) : anchor.y - 14 - height)
     opacity: wide ? shown : 1
-    background: null
-
-    contentItem: FocusScope { // qmllint disable deferred-property-id
-        id: frame
-
-        function move(forward: bool) {
-            const item = Window.activeFocusItem ?? frame;
-            item.nextItemInFocusChain(forward).forceActiveFocus(Qt.TabFocusReason);
-        }
-
-        implicitHeight: column.contentHeight
-        focus: true
-        transform: Translate { y: popup.wide ? 0 : (1 - popup.shown) * (popup.height + 8) }
-        Keys.onDownPressed: move(true)
-        Keys.onUpPressed: move(false)
-        Keys.onEscapePressed: popup.alert.cancel()
-        Keys.onBackPressed: popup.alert.cancel()
-        Accessible.role: Accessible.Dialog
-        Accessible.name: popup.alert.title
-        Accessible.description: popup.description
+    background: Item {
+        visible: popup.wide
 
         // Points to the anchor.
         Rectangle {
@@ -60,28 +42,25 @@ AlertBase {
         }
         DialogFace {
             anchors.fill: parent
-            visible: popup.wide
         }
-        ScrollColumn {
-            id: column
+    }
+    contentItem: AlertFrame { // qmllint disable deferred-property-id
+        of: popup
+        spacing: popup.wide ? 0 : 8
+        transform: Translate { y: popup.wide ? 0 : (1 - popup.shown) * (popup.height + 8) }
 
-            anchors.fill: parent
-            keyed: false
-            spacing: popup.wide ? 0 : 8
-
-            Card {
-                AlertText {
-                    width: parent.width
-                    alert: popup.alert
-                }
-                Buttons {
-                    cancels: false
-                }
+        Card {
+            AlertText {
+                width: parent.width
+                alert: popup.alert
             }
-            Card {
-                Buttons {
-                    cancels: true
-                }
+            Buttons {
+                cancels: false
+            }
+        }
+        Card {
+            Buttons {
+                cancels: true
             }
         }
     }
@@ -89,7 +68,7 @@ AlertBase {
     component Card: DialogFace {
         default property alias content: inside.data
 
-        width: column.width
+        width: parent.width
         height: inside.height
         color: popup.wide ? "transparent" : Theme.dialog
         border.width: popup.wide || !Theme.dark && !Theme.highContrast ? 0 : Theme.line
@@ -104,7 +83,7 @@ AlertBase {
 
         required property bool cancels
 
-        width: column.width
+        width: parent.width
 
         Repeater {
             model: popup.alert.buttons

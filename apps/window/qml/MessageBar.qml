@@ -1,15 +1,18 @@
 import QtQuick
 
-// A problem, shown until the user dismisses it.
+// A message as wide as the window, with a button at its right.
 Rectangle {
-    id: banner
+    id: bar
 
     property string message
+    property color ink
+    property string action  // what the button says; empty: there is none
+    property alias focusPolicy: button.focusPolicy
+    readonly property bool focused: button.activeFocus
 
-    signal dismissed
+    signal acted
 
     implicitHeight: Math.max(Theme.rowHeight, words.implicitHeight + 20)
-    color: Theme.warning
     Accessible.role: Accessible.AlertMessage
     Accessible.name: message
 
@@ -17,31 +20,29 @@ Rectangle {
         id: words
 
         anchors.left: parent.left
-        anchors.leftMargin: Theme.sideOf(banner.width)
+        anchors.leftMargin: Theme.sideOf(bar.width)
         anchors.right: button.left
         anchors.rightMargin: 8
         anchors.verticalCenter: parent.verticalCenter
-        text: banner.message
+        text: bar.message
         textFormat: Text.PlainText
         wrapMode: Text.Wrap
-        color: Theme.warningText
+        color: bar.ink
         font.pixelSize: Theme.small
         Accessible.ignored: true
     }
-
     PressButton {
         id: button
 
-        objectName: "dismiss"
         anchors.right: parent.right
-        anchors.rightMargin: Theme.sideOf(banner.width) - 10
+        anchors.rightMargin: Theme.sideOf(bar.width) - 10
         anchors.verticalCenter: parent.verticalCenter
-        width: title.implicitWidth + 20
+        visible: text !== ""
+        width: visible ? title.implicitWidth + 20 : 10
         height: Theme.rowHeight - 10
-        focusPolicy: Qt.TabFocus
-        text: qsTr("Dismiss")
+        text: bar.action
         opacity: down ? 0.4 : 1
-        onClicked: banner.dismissed()
+        onClicked: bar.acted()
 
         Text {
             id: title
@@ -49,12 +50,14 @@ Rectangle {
             anchors.centerIn: parent
             text: button.text
             textFormat: Text.PlainText
-            color: Theme.warningText
-            font.pixelSize: Theme.small
+            color: bar.ink
+            font.pixelSize: Theme.body
             font.weight: Font.DemiBold
+            Accessible.ignored: true
         }
         FocusRing {
             of: button
+            border.color: bar.ink
         }
     }
 }
