@@ -165,7 +165,7 @@ TEST_F(Notices, DamagedProfilesAreSaidWhereTheyAreListed) {
   EXPECT_TRUE(says(
       "No profile can be read from profile_10.qvx, profile_20.qvx, profile_30.qvx and 1 more in " +
       folder.path()));
-  EXPECT_EQ(driver->itemsOfType("ChoiceRow").size(), 1u);
+  EXPECT_EQ(driver->itemsOfType("ProfileRow").size(), 1u);
   driver->key(Qt::Key_Escape);
   EXPECT_FALSE(says("No profile can be read"));
   EXPECT_TRUE(bridge().problems().isEmpty());
