@@ -3,10 +3,11 @@
 
 usage: extension.py TRIGGER [--once] [--root DIR]
 
-TRIGGER is what fires: a battery level from 1 to 100, or an event's number (101: charging started).
-The extension reads the settings and the profile of that trigger, prints what it would do (it does
-nothing of it), and appends that to the battery log. Then it does so again each time Quorvantis
-announces a change on the session bus, until it is interrupted; with --once it ends.
+TRIGGER is what fires: a battery level from 1 to 100, also as "20%", or an event's number (101:
+charging started). The extension reads the settings and the profile of that trigger, prints what it
+would do (it does nothing of it), and appends that to the battery log. Then it does so again each
+time Quorvantis has announced changes on the session bus, until it is interrupted; with --once it
+ends. What can't be read is reported.
 
 docs/formats.md describes all that is read and written here.
 """
@@ -23,6 +24,8 @@ from pathlib import Path
 DOMAIN = "var/mobile/Library/Preferences/com.zorvek.quorvantis.plist"
 DOCUMENTS = "var/mobile/Documents/Quorvantis"
 INTERFACE = b"com.zorvek.quorvantis.Notifications"
+EVENTS = (101, 102, 111, 112, 121, 122, 131, 132)
+QUIET_MICROSECONDS = 300_000  # after which the changes of a burst are over
 
 # Most of what is left as it is (0), turned on (1) or turned off (2).
 SWITCHED = {
@@ -68,27 +71,34 @@ def archived(texts):
 
 # What the extension reads and writes.
 
-def read_settings(root):
+class Unreadable(Exception):
+    pass
+
+
+def read(file, kind, contents=lambda document: document):
+    """Nothing where there is no such file."""
     try:
-        return plistlib.loads((root / DOMAIN).read_bytes())
+        value = contents(plistlib.loads(file.read_bytes()))
     except FileNotFoundError:
-        return {}  # nothing was ever stored: all settings have their defaults
+        return None
+    except Exception as error:  # a damaged file can make plistlib raise almost anything
+        raise Unreadable(f"{file}: {error or 'damaged'}") from error
+    if not isinstance(value, kind):
+        raise Unreadable(f"{file}: damaged")
+    return value
+
+
+def read_settings(root):
+    return read(root / DOMAIN, dict) or {}  # what was never stored has its default
 
 
 def read_profile(root, trigger):
-    try:
-        file = root / DOCUMENTS / f"profile_{trigger}.qvx"
-        return unarchived(plistlib.loads(file.read_bytes()))
-    except FileNotFoundError:
-        return None
+    return read(root / DOCUMENTS / f"profile_{trigger}.qvx", dict, unarchived)
 
 
 def append_to_log(root, entry):
     log = root / DOCUMENTS / "quorvantis.log"
-    try:
-        entries = unarchived(plistlib.loads(log.read_bytes()))
-    except FileNotFoundError:
-        entries = []
+    entries = read(log, list, unarchived) or []
     log.parent.mkdir(parents=True, exist_ok=True)
     # A reader never sees half a log: the new one is written beside it and renamed over it.
     with tempfile.NamedTemporaryFile(dir=log.parent, prefix=".log-", delete=False) as file:
@@ -140,33 +150,50 @@ def fire(root, trigger):
 
 
 def changes():
-    """Yields once it listens, so that no change is missed, and for each notification on the bus."""
+    """Yields once it listens, so that no change is missed, and once after each burst of notifications."""
     bus = ctypes.c_void_p()
     library = ctypes.CDLL("libsystemd.so.0")
     if library.sd_bus_open_user(ctypes.byref(bus)) < 0:
         sys.exit("extension: no session bus")
     library.sd_bus_add_match(bus, None, b"type='signal',interface='" + INTERFACE + b"'", None, None)
     yield
-    status = 1
+    changed, status = False, 1
     while status >= 0:
         message = ctypes.c_void_p()
         status = library.sd_bus_process(bus, ctypes.byref(message))
         if message and library.sd_bus_message_is_signal(message, INTERFACE, b"Posted") > 0:
-            yield
+            changed = True
         library.sd_bus_message_unref(message)
         if status == 0:
-            status = library.sd_bus_wait(bus, ctypes.c_uint64(2**64 - 1))
+            status = library.sd_bus_wait(
+                bus, ctypes.c_uint64(QUIET_MICROSECONDS if changed else 2**64 - 1))
+            if status == 0 and changed:
+                changed = False
+                yield
     sys.exit("extension: the session bus went away")
+
+
+def trigger_number(text):
+    number = int(text.removesuffix("%"))
+    if not (1 <= number <= 100 or (number in EVENTS and not text.endswith("%"))):
+        raise ValueError(text)
+    return number
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.split("\n\n")[0])
-    parser.add_argument("trigger", type=int, metavar="TRIGGER")
+    parser.add_argument("trigger", type=trigger_number, metavar="TRIGGER",
+                        help="a level from 1 to 100, or an event's number")
     parser.add_argument("--once", action="store_true", help="don't wait for changes")
     parser.add_argument("--root", type=Path, default=default_root(), metavar="DIR")
     options = parser.parse_args()
     for _ in [None] if options.once else changes():
-        fire(options.root, options.trigger)
+        try:
+            fire(options.root, options.trigger)
+        except (Unreadable, OSError) as error:
+            print(f"extension: {error}", file=sys.stderr)
+            if options.once:
+                sys.exit(1)
 
 
 if __name__ == "__main__":

@@ -3,7 +3,7 @@ import subprocess
 import sys
 
 from manual import SOURCE, ManualTest
-from program import DOCUMENTS, TIMEOUT_SECONDS
+from program import DOCUMENTS, DOMAIN, TIMEOUT_SECONDS
 from session_bus import needs_bus, start_session_bus
 
 EXTENSION = [sys.executable, "-B", str(SOURCE / "examples/extension.py")]
@@ -63,6 +63,28 @@ class Extension(ExtensionTest):
         self.once("20")
         self.assertEqual(self.document("log"), [])
 
+    def refused(self, *words):
+        done = subprocess.run([*EXTENSION, *words], env=self.env, capture_output=True, check=False,
+                              text=True, timeout=TIMEOUT_SECONDS)
+        self.assertNotEqual(done.returncode, 0)
+        self.assertNotIn("Traceback", done.stderr)
+        return done.stderr
+
+    def test_a_level_may_have_its_unit(self):
+        self.save_profile("wifi", "Off")
+        self.assertEqual(self.once("20%"), self.once("20"))
+
+    def test_what_is_no_trigger_is_refused(self):
+        for word in ("0", "101%", "103", "half", "-5"):
+            self.assertIn("TRIGGER", self.refused("--once", "--", word))
+
+    def test_damaged_files_are_reported(self):
+        self.save_profile("wifi", "Off")
+        for path in (f"{DOCUMENTS}/quorvantis.log", f"{DOCUMENTS}/profile_20.qvx", DOMAIN):
+            file = self.write(path, b"bplist00 damaged")
+            self.assertTrue(self.refused("20", "--once").startswith(f"extension: {file}: "))
+            self.assertEqual(file.read_bytes(), b"bplist00 damaged")
+
     def test_no_bus(self):
         done = subprocess.run([*EXTENSION, "20"], env=self.env, capture_output=True, check=False,
                               text=True, timeout=TIMEOUT_SECONDS)
@@ -80,6 +102,9 @@ class ListeningExtension(ExtensionTest):
         self.addCleanup(extension.kill)
         self.assertEqual(extension.stdout.readline(), "trigger 20:\n")
         self.assertEqual(extension.stdout.readline(), "  turn Wi-Fi off\n")
-        self.output("set", "enabled", "off")
+        self.output("set", "vpn", "On", "enabled", "off", "dnd", "On")  # three notifications
         self.assertEqual(extension.stdout.readline(), "trigger 20:\n")
         self.assertEqual(extension.stdout.readline(), "  nothing: Quorvantis is turned off\n")
+        self.output("set", "enabled", "on")
+        self.assertEqual(extension.stdout.readline(), "trigger 20:\n")
+        self.assertEqual(extension.stdout.readline(), "  turn Wi-Fi off\n")
