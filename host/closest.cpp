@@ -13,6 +13,17 @@ char lower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
+std::string digitsOf(std::string_view text) {
+  std::string digits(text);
+  std::erase_if(digits, [](char c) { return c < '0' || c > '9'; });
+  return digits;
+}
+
+bool isAnotherNumber(std::string_view number, std::string_view text) {
+  return number.find_first_not_of("+-.0123456789") == std::string_view::npos &&
+         digitsOf(number) != digitsOf(text);
+}
+
 }  // namespace
 
 std::string lowerCase(std::string_view text) {
@@ -60,7 +71,7 @@ std::optional<std::string> closest(std::string_view text, const std::vector<std:
   const std::string* best = nullptr;
   auto fewest = std::pair<std::size_t, bool>();  // typos, and whether its beginning differs
   for (const std::string& each : among) {
-    if (each.empty() || each.size() > kLongest) continue;
+    if (each.empty() || each.size() > kLongest || isAnotherNumber(each, text)) continue;
     const bool begins = lowerCase(each).starts_with(lowered);
     const std::size_t typos =
         begins && text.size() >= kShortestBeginning ? 1 : typosBetween(text, each);

@@ -32,7 +32,8 @@ std::optional<Select> presetNamed(const std::string& text) {
   for (int section = 0; section < prefs::kCustomSection; ++section) {
     const auto colors = palettes[section].colors;
     const auto found = std::ranges::find_if(colors, [&](const prefs::ColorEntry& each) {
-      return equalInAnyCase(each.name, text) || each.hex == hex;
+      return equalInAnyCase(each.name, text) || each.hex == hex ||
+             equalInAnyCase(std::string(each.name) + ", " + std::string(each.hex), text);
     });
     if (found != colors.end()) return Select{section, static_cast<int>(found - colors.begin())};
   }
@@ -92,8 +93,8 @@ Outcome<Done> chooseColor(Application& application, const std::string& row,
   if (!preset && !hex)
     return Refusal{RefusalCode::BadValue, "\"" + row +
                                               "\" takes the name of a color, none, or #RRGGBB" +
-                                              didYouMean(text, colorChoices().titles) +
-                                              "; quorvantis choices " + row + " lists them"};
+                                              "; quorvantis choices " + row + " lists them" +
+                                              didYouMean(text, colorChoices().titles)};
   const auto opened = application.perform(Tap{row});
   if (!opened) return opened.error();
   if (hex && isChosen(application, *hex)) return Done{};

@@ -18,8 +18,9 @@ bool isColorText(const std::string& text);
 preferences::Choices colorChoices();
 
 // Chooses a color as the user does: opens the row's picker and taps a named color, or mixes it
-// with the sliders and takes the mixed one. The text is a name in any case, "none", or six
-// hexadecimal digits with or without "#" before them; BadValue for any other.
+// with the sliders and takes the mixed one. The text is a name in any case, "none", six
+// hexadecimal digits with or without "#" before them, or a name and its digits as they are shown
+// ("Snow, #FFFFFF"); BadValue for any other.
 Outcome<Done> chooseColor(Application& application, const std::string& row,
                           const std::string& text);
 

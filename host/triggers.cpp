@@ -9,6 +9,13 @@
 namespace host {
 namespace {
 
+// "Wi-Fi connected" is "WiFi connected".
+std::string withoutHyphens(std::string_view text) {
+  std::string title(text);
+  std::erase(title, '-');
+  return title;
+}
+
 bool isLevel(const Trigger& trigger, std::string_view text) {
   const bool percent = text.ends_with('%') && trigger.title.ends_with('%');
   return percent && text.substr(0, text.size() - 1) == trigger.profileID;
@@ -38,10 +45,15 @@ int batteryLevels() {
 
 std::optional<Trigger> findTrigger(std::string_view text) {
   for (Trigger& trigger : triggers())
-    if (trigger.profileID == text || equalInAnyCase(trigger.title, text) ||
+    if (trigger.profileID == text || equalInAnyCase(trigger.title, withoutHyphens(text)) ||
         isLevel(trigger, text) || trigger.path == text)
       return std::move(trigger);
   return std::nullopt;
+}
+
+std::string profileName(std::string_view path) {
+  const auto trigger = findTrigger(path);
+  return trigger ? trigger->title : std::string(foundation::lastPathComponent(path));
 }
 
 Attempt<Trigger> triggerNamed(std::string_view text) {

@@ -16,14 +16,17 @@ struct Trigger {
   bool operator==(const Trigger&) const = default;
 };
 
+// The title of the trigger whose profile has that path; of a file that is no trigger's, its name.
+std::string profileName(std::string_view path);
+
 std::vector<Trigger> triggers();  // battery levels before events
 int batteryLevels();              // how many of them are levels
 
 // Whether a profile's file may be there: one of the profile folder, with its extension.
 bool isProfilePath(std::string_view text);
 
-// By its ID ("55", "101"), its title in any case ("charging started"), its level ("55%") or the
-// path of its profile.
+// By its ID ("55", "101"), its title in any case, with or without hyphens ("Wi-Fi connected"), its
+// level ("55%") or the path of its profile.
 std::optional<Trigger> findTrigger(std::string_view text);
 // The same; NotFound, with what could be meant.
 Attempt<Trigger> triggerNamed(std::string_view text);

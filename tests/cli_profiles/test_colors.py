@@ -36,6 +36,16 @@ class Colors(ProfileTest):
             self.output("set", "bannercolor", text)
             self.assertEqual(self.domain(), {"bannercolor": stored})
 
+    def test_as_it_is_shown(self):
+        self.output("set", "bannercolor", "Snow")
+        shown = self.document("describe", "bannercolor")["value"]
+        text = {each["key"]: each["shown"] for each in self.document("list")}["bannercolor"]
+        self.assertEqual(text, "Snow, #FFFFFF")
+        self.output("reset", "bannercolor")
+        self.output("set", "bannercolor", text)
+        self.assertEqual(self.domain(), {"bannercolor": shown})
+        self.refuse(2, "set", "bannercolor", "Snow, #34495F")
+
     def test_refusal_names_the_nearest_color(self):
         self.assertIn('did you mean "System Blue"?',
                       self.refuse(2, "set", "bannercolor", "sistem blue"))

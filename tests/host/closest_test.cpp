@@ -29,6 +29,12 @@ TEST(Closest, IsTheNearestIfOneIsNear) {
   EXPECT_EQ(closest("a", {"b"}), std::nullopt) << "nothing of it is left";
 }
 
+TEST(Closest, NoNumberIsMeantByAnother) {
+  EXPECT_EQ(closest("0x10", {"0", "1", "2"}), std::nullopt);
+  EXPECT_EQ(closest("103", {"101", "102"}), std::nullopt);
+  EXPECT_EQ(closest("20%", {"2", "20", "200"}), "20");
+}
+
 TEST(Closest, AnExactNameComesBeforeOneInAnotherCase) {
   EXPECT_EQ(indexNamed("on", {"On", "on"}), 1u);
   EXPECT_EQ(indexNamed("ON", {"Off", "on"}), 1u);
