@@ -23,4 +23,9 @@ Places placesOf(const preferences::Environment& environment, const std::string& 
   };
 }
 
+std::string platformPath(const preferences::Environment& environment, const std::string& path) {
+  const std::string root = foundation::absolutePath(environment.root.directory());
+  return path.starts_with(root + "/") ? path.substr(root.size()) : path;
+}
+
 }  // namespace host

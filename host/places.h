@@ -16,4 +16,8 @@ struct Places {
 Places placesOf(const preferences::Environment& environment, const std::string& contacts,
                 const std::string& state);
 
+// The platform path of what that path on this machine names below the root; any other text as it
+// is.
+std::string platformPath(const preferences::Environment& environment, const std::string& path);
+
 }  // namespace host

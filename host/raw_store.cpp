@@ -21,7 +21,7 @@ Attempt<plist::Value> RawStore::read(const std::string& key) {
   const auto readable = preferences_.refresh(prefs::kDomain);
   if (!readable) return failureOf(Source::Settings, readable.error());
   auto value = preferences_.copyAppValue(key, prefs::kDomain);
-  if (!value) return failure(Source::Settings, Failure::NotFound, "no key \"" + key + "\"");
+  if (!value) return failure(Source::Settings, Failure::NotFound, "\"" + key + "\" is not stored");
   return std::move(*value);
 }
 

@@ -175,7 +175,7 @@ Attempt<std::vector<prefs::Difference>> Recovery::changesOfRestore(int number) {
   return differences;
 }
 
-Attempt<std::vector<std::string>> Recovery::restore(int number) {
+Attempt<Recovery::Restored> Recovery::restore(int number) {
   const auto snapshot = read(number);
   if (!snapshot) return snapshot.error();
   backups_.prepare();
@@ -183,11 +183,19 @@ Attempt<std::vector<std::string>> Recovery::restore(int number) {
   if (!change) return change.error();
   backups_.keepOrWarn("restore");
   change->what = "restore " + std::to_string(number);
+  Restored restored;
+  for (const FileChange& file : change->files)
+    if (!file.to) restored.deleted.push_back(file.path);
   auto left = apply(environment_, backups_, *change);
   if (left) backups_.remember(std::move(*change), *left);
   if (!left && left.error().reason == Failure::Unconfirmed)
     backups_.remember(std::move(*change), {});
-  return left;
+  if (!left) return left.error();
+  restored.left = std::move(*left);
+  std::erase_if(restored.deleted, [&](const std::string& path) {
+    return std::ranges::find(restored.left, path) != restored.left.end();
+  });
+  return restored;
 }
 
 }  // namespace host

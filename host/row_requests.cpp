@@ -44,7 +44,7 @@ class Move {
     if (!value_.text()) return refused("takes text");
     if (!isTypable(*value_.text(), view.lines))
       return refused(view.lines ? "takes text without control characters"
-                                : "takes one line of text");
+                                : "takes one line of text without control characters");
     control<uikit::TextField>().text = *value_.text();
     return value_;
   }

@@ -24,6 +24,14 @@ SeenDifference seenIn(const preferences::PSSpecifier& row, const prefs::Differen
 
 }  // namespace
 
+std::vector<prefs::Difference> differencesWithin(const prefs::Difference& difference) {
+  const auto dictionaryIn = [](const std::optional<plist::Value>& value) {
+    return value ? value->dictionary() : nullptr;
+  };
+  const auto *from = dictionaryIn(difference.from), *to = dictionaryIn(difference.to);
+  return from && to ? prefs::differences(*from, *to) : std::vector<prefs::Difference>();
+}
+
 std::vector<SeenDifference> seenDifferences(Settings& settings,
                                             const std::vector<prefs::Difference>& differences) {
   std::vector<SeenDifference> seen;

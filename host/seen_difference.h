@@ -15,6 +15,10 @@ struct SeenDifference {
   std::string label{};   // of the row; of a key without one, the key
 };
 
+// What differs within the two dictionaries of a difference, as those of a profile; nothing where
+// they aren't both dictionaries.
+std::vector<prefs::Difference> differencesWithin(const prefs::Difference& difference);
+
 // In the same order.
 std::vector<SeenDifference> seenDifferences(Settings& settings,
                                             const std::vector<prefs::Difference>& differences);

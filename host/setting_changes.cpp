@@ -19,14 +19,6 @@ bool hasChoices(const RowView& row) {
   return (link && link->choices) || std::holds_alternative<SegmentsView>(row.control);
 }
 
-// With the way out, where there is one.
-Failure dimmed(Failure failure, const RowView& row) {
-  if (row.whyNot && row.whyNot->helps)
-    failure.problem.words += "; \"quorvantis set " + row.whyNot->by +
-                             (row.whyNot->switchOn ? " on" : " off") + "\" makes it usable";
-  return failure;
-}
-
 // The default as the row's control would give it: a switch gives booleans, a slider reals.
 plist::Value defaultOf(const RowView& row) {
   if (std::holds_alternative<SwitchView>(row.control))
@@ -45,7 +37,22 @@ Attempt<Done> Settings::readable() {
   return Done{};
 }
 
-Attempt<Done> Settings::setOne(const std::string& key, const std::string& text) {
+Failure Settings::dimmed(const std::string& key) {
+  const auto setting = find(key);
+  if (!setting) return setting.error();
+  const auto opened = open(setting->page->name);
+  if (!opened) return opened.error();
+  Application& application = **opened;
+  const std::string id(setting->id());
+  Failure failure = failureOf(application.perform(Set{id, {}}).error());
+  const auto whyNot = describeRow(*application.shownList(), **application.row(id)).whyNot;
+  if (whyNot && whyNot->helps)
+    failure.problem.words += "; \"quorvantis set " + whyNot->by +
+                             (whyNot->switchOn ? " on" : " off") + "\" makes it usable";
+  return failure;
+}
+
+Attempt<bool> Settings::setOne(const std::string& key, const std::string& text) {
   const auto setting = find(key);
   if (!setting) return setting.error();
   const auto opened = open(setting->page->name);
@@ -54,35 +61,45 @@ Attempt<Done> Settings::setOne(const std::string& key, const std::string& text) 
   const auto row = application.row(std::string(setting->id()));
   if (!row) return failureOf(row.error());
   const RowView view = describeRow(*application.shownList(), **row);
+  if (!view.usable) return false;  // whatever the text
   const bool isShown = namesShownValue(view, text);
   if (leadsToColorPicker(setting->text("detail"))) {
-    if (isShown && view.usable) return Done{};
+    if (isShown) return true;
     const auto chosen = chooseColor(application, view.id, text);
     if (!chosen) return failureOf(chosen.error());
-    return Done{};
+    return true;
   }
-  // A dimmed row is refused as such, whatever the text.
-  if (!view.usable) return dimmed(failureOf(application.perform(Set{view.id, {}}).error()), view);
   if (view.standardShown == kUnset && text == kUnset) {
     application.shownList()->userChanged(**row, view.standard);
-    return Done{};
+    return true;
   }
   const auto value = typedValue(application, view, text);
   if (!value) return value.error();
   const auto changed = application.perform(Set{view.id, *value});
-  if (changed) return Done{};
   // What is shown already though it isn't among the choices stays.
-  if (isShown && hasChoices(view)) return Done{};
+  if (changed || (isShown && hasChoices(view))) return true;
   return failureOf(changed.error());
+}
+
+// What is dimmed is tried again after the others, and with it what follows for its key.
+Attempt<Done> Settings::setAll(std::vector<KeyAndText> texts) {
+  while (!texts.empty()) {
+    std::vector<KeyAndText> later;
+    for (const KeyAndText& text : texts) {
+      const bool waits = std::ranges::find(later, text.first, &KeyAndText::first) != later.end();
+      const auto done = waits ? false : setOne(text.first, text.second);
+      if (!done) return done.error();
+      if (!*done) later.push_back(text);
+    }
+    if (later.size() == texts.size()) return dimmed(later.front().first);
+    texts = std::move(later);
+  }
+  return Done{};
 }
 
 Attempt<Settings::Problems> Settings::set(const std::vector<KeyAndText>& texts) {
   if (const auto read = readable(); !read) return read.error();
-  return perform([&]() -> Attempt<Done> {
-    for (const auto& [key, text] : texts)
-      if (const auto done = setOne(key, text); !done) return done;
-    return Done{};
-  });
+  return perform([&] { return setAll(texts); });
 }
 
 Attempt<std::vector<SettingView>> Settings::toReset(const Scope& scope) {
@@ -91,11 +108,9 @@ Attempt<std::vector<SettingView>> Settings::toReset(const Scope& scope) {
     auto setting = describe(key);
     if (!setting) return setting.error();
     const RowView& row = setting->row;
-    const std::string name = "\"" + row.id + "\" ";
-    if (row.whyNot)
-      return failure(Source::Settings, Failure::Refused, name + "is " + row.whyNot->words());
+    if (row.whyNot) return dimmed(key);
     if (row.key.empty() || row.standard.isNothing())
-      return failure(Source::Settings, Failure::Refused, name + "has no default");
+      return failure(Source::Settings, Failure::Refused, "\"" + row.id + "\" has no default");
     found.push_back(std::move(*setting));
   }
   if (!scope.page.empty() || scope.all) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/closest.h"
+#include "host/color_choice.h"
 #include "platform/plist/binary.h"
 #include "platform/plist/binary_walk.h"
 #include "platform/preferences/cell_type.h"
@@ -120,6 +121,19 @@ std::vector<LabeledKey> labeledKeys(const preferences::Bundle& bundle) {
   return keys;
 }
 
+std::optional<std::string> listRowLabeled(const preferences::Bundle& bundle,
+                                          std::string_view label) {
+  std::optional<std::string> found;
+  eachRow(bundle, [&](const preferences::PageClass& page, const plist::Dictionary& properties) {
+    if (found || !equalInAnyCase(textIn(properties, "label"), label)) return;
+    const auto type = preferences::cellTypeNamed(textIn(properties, "cell"));
+    if ((type && preferences::hasChoices(*type)) ||
+        leadsToColorPicker(textIn(properties, "detail")))
+      found = Setting{&page, properties}.id();
+  });
+  return found;
+}
+
 std::string labelOf(const preferences::Bundle& bundle, const std::string& key) {
   const auto setting = findSetting(bundle, key);
   if (!setting || setting->text("label").empty()) return key;
@@ -138,8 +152,11 @@ const preferences::PageClass* findPage(const preferences::Bundle& bundle, std::s
   if (const auto index = indexNamed(name, titles)) return &bundle.pages[*index];
   const preferences::PageClass* linked = nullptr;
   eachRow(bundle, [&](const preferences::PageClass&, const plist::Dictionary& row) {
-    if (!linked && textIn(row, "key").empty() && equalInAnyCase(textIn(row, "label"), name))
-      linked = bundle.pageClass(textIn(row, "detail"));
+    if (linked || !textIn(row, "key").empty() || !equalInAnyCase(textIn(row, "label"), name))
+      return;
+    const auto page =
+        std::ranges::find(bundle.pages, textIn(row, "detail"), &preferences::PageClass::name);
+    if (page != bundle.pages.end()) linked = &*page;
   });
   return linked;
 }

@@ -33,14 +33,19 @@ struct LabeledKey {
 };
 std::vector<LabeledKey> labeledKeys(const preferences::Bundle& bundle);
 
+// The id, or else the key, of the first row with that label, in any case, which leads to a list of
+// choices or of colors.
+std::optional<std::string> listRowLabeled(const preferences::Bundle& bundle,
+                                          std::string_view label);
+
 // "Wi-Fi (Power Saving)": the label of that key's row and the title of its page; the key itself
 // where there is none.
 std::string labelOf(const preferences::Bundle& bundle, const std::string& key);
 
 // The title that the page's list gives it; empty for a page without one.
 std::string titleOf(const preferences::Bundle& bundle, const preferences::PageClass& page);
-// The page of that class or, where there is none, of that title, else of a link with that label, in
-// any case; null when none is a page.
+// The page of that class or, where there is none, the bundle's of that title, else of a link with
+// that label, in any case; null when none is a page.
 const preferences::PageClass* findPage(const preferences::Bundle& bundle, std::string_view name);
 // Its class; the name itself where it is no page's.
 std::string pageClassOf(const preferences::Bundle& bundle, const std::string& name);

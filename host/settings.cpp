@@ -9,6 +9,7 @@
 #include "host/describe.h"
 #include "host/text.h"
 #include "platform/preferences/row_value.h"
+#include "prefs/core/names.h"
 
 namespace host {
 namespace {
@@ -19,6 +20,12 @@ constexpr auto kRulesApplied = std::chrono::milliseconds(100);
 std::string rangeOf(const SliderView& slider) {
   return "; it takes a number from " + numberText(slider.minimum) + " to " +
          numberText(slider.maximum);
+}
+
+std::string listCommandOf(const std::string& row) {
+  if (row == prefs::kSavedProfilesRow) return "profile list";
+  if (row == prefs::kBatteryLogRow) return "log";
+  return "choices " + row;
 }
 
 // As didYouMean: the keys of the rows with that label, else a key that is near, else the keys of
@@ -57,6 +64,10 @@ Attempt<Setting> Settings::find(std::string_view key) const {
 Attempt<std::string> Settings::pageClass(std::string_view name) const {
   const preferences::Bundle& bundle = environment_.bundle;
   if (const preferences::PageClass* page = findPage(bundle, name)) return std::string(page->name);
+  if (const auto row = listRowLabeled(bundle, name))
+    return failure(Source::Settings, Failure::NotFound,
+                   "\"" + std::string(name) + "\" is a row, not a page; quorvantis " +
+                       listCommandOf(*row) + " prints its list");
   std::vector<std::string> names;
   for (const preferences::PageClass& page : bundle.pages) {
     names.push_back(titleOf(bundle, page));
@@ -125,7 +136,7 @@ Attempt<ChoiceList> Settings::choices(std::string_view key) {
   if (const auto* slider = std::get_if<SliderView>(&view.control))
     failure.problem.words += rangeOf(*slider);
   if (std::holds_alternative<SwitchView>(view.control))
-    failure.problem.words += "; it takes true or false";
+    failure.problem.words += "; it takes on or off";
   if (std::holds_alternative<TextView>(view.control)) failure.problem.words += "; it takes text";
   return failure;
 }

@@ -65,8 +65,9 @@ class Settings {
   using Pages = std::map<std::string, std::shared_ptr<Application>, std::less<>>;
   const preferences::PSSpecifier* row(std::string_view key, Pages& pages);
 
-  // Changes the rows of these keys in this order, each through its own setter; all are stored, with
-  // one change of the file, and then announced, or none is. The text is read by typedValue(), for a
+  // Changes the rows of these keys in this order, each through its own setter; a row that is dimmed
+  // then comes after the others, which may turn its switch. All are stored, with one change of the
+  // file, and then announced, or none is. The text is read by typedValue(), for a
   // color by chooseColor(). Gives what was reported though it is stored.
   using KeyAndText = std::pair<std::string, std::string>;
   Attempt<Problems> set(const std::vector<KeyAndText>& texts);
@@ -91,7 +92,10 @@ class Settings {
   Attempt<std::unique_ptr<Application>> open(std::string_view pageClass);
   Attempt<platform::Done> readable();
 
-  Attempt<platform::Done> setOne(const std::string& key, const std::string& text);
+  Failure dimmed(const std::string& key);  // of a row that is, with the way out if there is one
+  Attempt<platform::Done> setAll(std::vector<KeyAndText> texts);
+  // False: the row is dimmed, and stays as it is.
+  Attempt<bool> setOne(const std::string& key, const std::string& text);
   Attempt<std::vector<SettingView>> toReset(const Scope& scope);
   Attempt<platform::Done> resetAll(const std::vector<SettingView>& settings);
   Attempt<Problems> perform(const Change& change);

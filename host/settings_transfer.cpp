@@ -14,6 +14,14 @@ namespace {
 
 using platform::Done;
 
+// The choice that is that number or text; null where none is. No choice is a boolean.
+const plist::Value* choiceOf(const preferences::Choices& choices, const plist::Value& value) {
+  if (value.boolean()) return nullptr;
+  const auto found = std::ranges::find_if(
+      choices.values, [&](const plist::Value& each) { return plist::equalByValue(each, value); });
+  return found == choices.values.end() ? nullptr : &*found;
+}
+
 // What is wrong with a value for a row; empty where the row can take it.
 struct WhatIsWrong {
   const RowView& row;
@@ -37,32 +45,53 @@ struct WhatIsWrong {
   }
   std::string operator()(const TextView& text) const {
     if (!value.text()) return "must be text";
-    return isTypable(*value.text(), text.lines) ? "" : "must be one line of text";
+    if (isTypable(*value.text(), text.lines)) return "";
+    return text.lines ? "must be text without control characters"
+                      : "must be one line of text without control characters";
   }
   std::string operator()(std::monostate) const { return "takes no value"; }
 
   std::string choice(const preferences::Choices& choices) const {
-    const auto isSame = [&](const plist::Value& each) { return plist::equalByValue(each, value); };
-    return std::ranges::any_of(choices.values, isSame) ? "" : "is not one of the choices";
+    return choiceOf(choices, value) ? "" : "is not one of the choices";
   }
 };
 
-Attempt<Done> check(const std::vector<SettingView>& known, const plist::Dictionary& values) {
+const preferences::Choices* choicesOf(const RowView& row) {
+  if (const auto* segments = std::get_if<SegmentsView>(&row.control))
+    return segments->choices.get();
+  const auto* link = std::get_if<LinkView>(&row.control);
+  return link ? link->choices.get() : nullptr;
+}
+
+std::string whatIsWrong(const RowView& row, const plist::Value& value) {
+  const bool foreign = choicesOf(row) && value.boolean();
+  if (!foreign && plist::equalByValue(value, row.standard)) return "";
+  return std::visit(WhatIsWrong{row, value}, row.control);
+}
+
+// A choice's number becomes the choice's own value.
+Attempt<plist::Dictionary> check(const std::vector<SettingView>& known,
+                                 const plist::Dictionary& values) {
+  std::vector<std::string> keys;
+  for (const SettingView& each : known) keys.push_back(each.row.key);
+  plist::Dictionary checked;
+  std::string refused;
   for (const auto& [key, value] : values) {
     const auto setting = std::ranges::find(known, key, [](auto& each) { return each.row.key; });
-    if (setting == known.end()) {
-      std::vector<std::string> keys;
-      for (const SettingView& each : known) keys.push_back(each.row.key);
-      return failure(Source::Settings, Failure::Refused,
-                     "\"" + key + "\" is not a setting" + didYouMean(key, keys));
+    const bool isKnown = setting != known.end();
+    if (isKnown && value == setting->row.value) {
+      checked.set(key, value);
+      continue;
     }
-    const RowView& row = setting->row;
-    if (plist::equalByValue(value, row.standard) || value == row.value) continue;
-    const std::string wrong = std::visit(WhatIsWrong{row, value}, row.control);
-    if (!wrong.empty())
-      return failure(Source::Settings, Failure::Refused, "\"" + key + "\" " + wrong);
+    const std::string wrong =
+        isKnown ? whatIsWrong(setting->row, value) : "is not a setting" + didYouMean(key, keys);
+    if (!wrong.empty()) refused += (refused.empty() ? "\"" : "; \"") + key + "\" " + wrong;
+    const auto* choices = isKnown ? choicesOf(setting->row) : nullptr;
+    const plist::Value* choice = choices ? choiceOf(*choices, value) : nullptr;
+    checked.set(key, choice ? *choice : value);
   }
-  return Done{};
+  if (!refused.empty()) return failure(Source::Settings, Failure::Refused, refused);
+  return checked;
 }
 
 Attempt<plist::Dictionary> readValues(Settings& settings, preferences::Environment& environment,
@@ -79,23 +108,27 @@ Attempt<plist::Dictionary> readValues(Settings& settings, preferences::Environme
     return failureOf(Source::Settings, readable.error());
   const auto known = settings.list();
   if (!known) return known.error();
-  if (const auto checked = check(*known, *list->dictionary()); !checked) return checked.error();
-  return std::move(*list->dictionary());
+  return check(*known, *list->dictionary());
 }
 
 }  // namespace
 
-Attempt<std::vector<std::uint8_t>> exportSettings(Settings& settings,
-                                                  preferences::Environment& environment) {
+Attempt<Export> exportSettings(Settings& settings, preferences::Environment& environment) {
   if (const auto readable = environment.preferences.refresh(prefs::kDomain); !readable)
     return failureOf(Source::Settings, readable.error());
   const auto known = settings.list();
   if (!known) return known.error();
   plist::Dictionary values;
-  for (const SettingView& setting : *known) values.set(setting.row.key, setting.row.value);
+  Export exported;
+  for (const auto& [pageClass, title, row] : *known) {
+    values.set(row.key, row.value);
+    if (!row.value.isNothing() && !whatIsWrong(row, row.value).empty())
+      exported.refused.push_back(row.key);
+  }
   auto xml = environment.xml.write(*plist::storable(values));
   if (!xml) return failure(Source::Settings, Failure::Failed, xml.error().message());
-  return std::move(*xml);
+  exported.xml = std::move(*xml);
+  return exported;
 }
 
 Attempt<Done> importSettings(Settings& settings, preferences::Environment& environment,

@@ -8,7 +8,7 @@
 
 namespace host {
 
-// What was done, and what wasn't, since another program has changed it meanwhile.
+// What was done, and what wasn't, since it was changed after that.
 struct Undone {
   std::string what;               // the label of the change: "set wifi"
   bool done = true;               // false: nothing was done, all of it is left

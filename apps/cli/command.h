@@ -14,7 +14,20 @@
 namespace cli {
 
 // What a word can be, for the completion of a line that is being typed.
-enum class Words { Any, Files, Commands, Keys, Values, Pages, Triggers, SavedProfiles, Shells };
+enum class Words {
+  Any,
+  Files,
+  Commands,
+  Keys,
+  WatchedKeys,
+  Values,
+  Pages,
+  Triggers,
+  SavedProfiles,
+  Snapshots,
+  Idioms,
+  Shells
+};
 
 // A word of the line that isn't an option.
 struct Argument {
@@ -32,6 +45,8 @@ struct Option {
   const char* value = nullptr;  // what its value is called; null for a flag
   Words words = Words::Any;     // what its value can be
 };
+
+inline constexpr std::string_view kValues = "--values";  // of watch
 
 // What a line gives to its command.
 struct Arguments {
@@ -66,14 +81,20 @@ struct Group {
 std::span<const Command> commands();
 std::span<const Group> groups();
 
-// As lines "key: from -> to", of what their rows show; what a row shows alike before and after is
-// counted, or listed too where `stored` asks for it. With --json one document of all, with the
-// values themselves; what is absent is null.
+// As host::profileNamed; also by the path that a profile has on this machine.
+Outcome<host::Trigger> profileNamed(Session& session, const std::string& name);
+
+// As lines "key: from -> to", of what their rows show, and of profiles what would become of them;
+// what a row shows alike before and after is counted, or listed too where `stored` is true
+// (nothing: the command has no --stored). With --json one document of all, with the values
+// themselves; what is absent is null.
 void printDifferences(Session& session, const std::vector<host::Profiles::Difference>& differences,
-                      bool stored = false);
+                      std::optional<bool> stored = std::nullopt);
 Json orNull(const std::optional<plist::Value>& value);
 // As lines "key = value", or as one document.
 void printEntries(Session& session, const plist::Dictionary& entries);
+// The same with what a row shows of it, where that says more: "wifi = 2  (Off)".
+void printSettings(Session& session, const plist::Dictionary& values);
 
 Outcome<Done> listPages(Session& session, const Arguments& arguments);
 Outcome<Done> showPage(Session& session, const Arguments& arguments);

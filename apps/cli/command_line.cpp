@@ -52,7 +52,7 @@ Failure noOption(std::string_view name) {
       if (option.name) known.emplace_back(option.name);
   return wrongUse("no option \"" + std::string(name) +
                   "\"; a text that begins with \"-\" follows after --" +
-                  host::didYouMean(name, known));
+                  host::didYouMean(name == "-v" ? kVersion : name, known));
 }
 
 // The line's words without the command's own, and its options, whoever's they are.
@@ -89,6 +89,8 @@ Failure noCommand(const std::vector<std::string>& words, const Group* group) {
   for (const Command& command : commands())
     if (!group || command.group == std::string_view(group->name))
       known.emplace_back(!group && *command.group ? command.group : command.name);
+  if (!group)
+    for (const Option& option : kCommonOptions) known.emplace_back(option.name);
   const std::string& wrong = words[group ? 1 : 0];
   const std::string first = group ? words[0] + " " : "";
   return wrongUse("no command \"" + first + wrong + "\"; quorvantis " + first +

@@ -7,7 +7,8 @@ constexpr Argument kKey{"KEY", "The row's preference key, as `list` gives it", W
 constexpr Argument kTrigger{"TRIGGER", "An ID, a title, a level (\"55%\") or a profile's path",
                             Words::Triggers};
 constexpr Argument kProfile{kTrigger.name, kTrigger.description, Words::SavedProfiles};
-constexpr Argument kSnapshot{"N", "The snapshot's number, as `snapshot list` gives it"};
+constexpr Argument kSnapshot{"N", "The snapshot's number, as `snapshot list` gives it",
+                             Words::Snapshots};
 constexpr Option kOverwrite{"--overwrite", "Replace the profile that the trigger has"};
 constexpr Option kDryRun{"--dry-run", "Only print what would change"};
 constexpr Option kStored{"--stored", "Also list what is stored with the value that it shows"};
@@ -164,8 +165,8 @@ constexpr Command kCommands[] = {
      .description = "Print cross-process notifications, or changes of values, as they come",
      .run = watch,
      .arguments = {{"NAME", "Only notifications of these names; with --values only these keys",
-                    Words::Keys, Argument::Repeated}},
-     .options = {{"--values", "Print each change of a stored value, whoever makes it"}},
+                    Words::WatchedKeys, Argument::Repeated}},
+     .options = {{kValues.data(), "Print each change of a stored value, whoever makes it"}},
      .example = "watch --values custbright"},
     {.group = "snapshot",
      .name = "list",
@@ -231,7 +232,7 @@ constexpr Command kCommands[] = {
     {.name = "drive",
      .description = "Converse with the Settings host, one JSON object a line",
      .run = converse,
-     .options = {{"--idiom", "phone or tablet", "IDIOM"},
+     .options = {{"--idiom", "phone or tablet", "IDIOM", Words::Idioms},
                  {"--viewport", "How many entries the screen shows", "N"}},
      .example = "drive --idiom tablet"},
     {.name = "completions",

@@ -4,6 +4,7 @@
 
 #include "apps/cli/command_line.h"
 #include "host/closest.h"
+#include "host/recovery.h"
 #include "host/setting_lookup.h"
 #include "host/text.h"
 
@@ -22,6 +23,7 @@ struct Before {
   std::vector<std::string> words;        // without options
   std::vector<const Option*> options;    // that were given
   const Option* withoutValue = nullptr;  // the one whose value is being typed
+  std::string_view typed{};              // of that word so far, in lower case
   bool ended = false;                    // by "--"
 };
 
@@ -73,22 +75,23 @@ Candidates optionsOf(const Command* command) {
   return found;
 }
 
-// A choice is offered by its title, unless another one has that too.
-Candidates choicesOf(const preferences::Choices& choices) {
+// A choice is offered by its title, unless another one has that too, or a color's digits are typed.
+Candidates choicesOf(const preferences::Choices& choices, std::string_view typed) {
   Candidates found;
   for (std::size_t i = 0; i < choices.values.size(); ++i) {
     const std::string value = host::namingText(choices.values[i]).value_or("");
     const std::string& title = choices.titles[i];
-    const bool unique = host::indexNamed(title, choices.titles) == i &&
+    const bool unique = !typed.starts_with('#') && host::indexNamed(title, choices.titles) == i &&
                         std::ranges::count(choices.titles, title) == 1;
     found.push_back(unique && !title.empty() ? Candidate{title, value} : Candidate{value, title});
   }
   return found;
 }
 
-Candidates valuesOf(Session& session, const std::string& key) {
+Candidates valuesOf(Session& session, const Before& before) {
+  const std::string& key = before.words.back();
   host::Settings settings = session.settings();
-  if (const auto choices = settings.choices(key)) return choicesOf(**choices);
+  if (const auto choices = settings.choices(key)) return choicesOf(**choices, before.typed);
   const auto setting = settings.describe(key);
   if (setting && std::holds_alternative<host::SwitchView>(setting->row.control))
     return {{"on"}, {"off"}};
@@ -113,24 +116,44 @@ Candidates pagesOf(Session& session) {
   return found;
 }
 
-Candidates allTriggers() {
+// A trigger as "20", "Battery 20%" and, once the "%" is typed, "20%".
+void addTrigger(const std::string& id, const std::string& title, const std::string& longTitle,
+                const Before& before, Candidates& found) {
+  found.push_back({id, longTitle});
+  if (before.typed.ends_with('%') && title.ends_with('%')) found.push_back({id + "%", longTitle});
+  found.push_back({title, id});
+}
+
+Candidates allTriggers(const Before& before) {
   Candidates found;
-  for (const host::Trigger& trigger : host::triggers()) {
-    found.push_back({trigger.profileID, trigger.title});
-    found.push_back({trigger.title, trigger.profileID});
-  }
+  for (const host::Trigger& trigger : host::triggers())
+    addTrigger(trigger.profileID, trigger.title, trigger.title, before, found);
   return found;
 }
 
-Candidates savedProfiles(Session& session) {
+Candidates savedProfiles(Session& session, const Before& before) {
   Candidates found;
   const auto profiles = host::Profiles(session.device().environment()).list();
   if (!profiles) return found;
-  for (const host::SavedProfile& profile : *profiles) {
-    found.push_back({profile.trigger, profile.longTitle()});
-    found.push_back({profile.title, profile.trigger});
-  }
+  for (const host::SavedProfile& profile : *profiles)
+    addTrigger(profile.trigger, profile.title, profile.longTitle(), before, found);
   return found;
+}
+
+Candidates snapshotsOf(Session& session) {
+  Candidates found;
+  const auto backups = session.backups();
+  if (!backups) return found;
+  const auto list = host::Recovery(session.device().environment(), **backups).snapshots();
+  if (!list) return found;
+  for (const host::Recovery::Entry& entry : list->entries)
+    found.push_back({std::to_string(entry.number), "before " + entry.before});
+  return found;
+}
+
+bool isGiven(std::string_view option, const Before& before) {
+  return std::ranges::any_of(before.options,
+                             [&](const Option* given) { return given->name == option; });
 }
 
 Candidates candidatesFor(Session& session, Words words, const Before& before) {
@@ -143,14 +166,20 @@ Candidates candidatesFor(Session& session, Words words, const Before& before) {
       return commandsAfter(std::span(before.words).subspan(1));
     case Words::Keys:
       return keysOf(session);
+    case Words::WatchedKeys:
+      return isGiven(kValues, before) ? keysOf(session) : Candidates();
     case Words::Values:
-      return valuesOf(session, before.words.back());
+      return valuesOf(session, before);
     case Words::Pages:
       return pagesOf(session);
     case Words::Triggers:
-      return allTriggers();
+      return allTriggers(before);
     case Words::SavedProfiles:
-      return savedProfiles(session);
+      return savedProfiles(session, before);
+    case Words::Snapshots:
+      return snapshotsOf(session);
+    case Words::Idioms:
+      return {{"phone"}, {"tablet"}};
     case Words::Shells:
       return {{"bash"}, {"zsh"}, {"fish"}};
   }
@@ -168,14 +197,14 @@ const Argument* argumentAfter(const Command& command, std::size_t words) {
   return many ? &last : nullptr;
 }
 
-Candidates candidatesAfter(Session& session, const Before& before, std::string_view typed) {
+Candidates candidatesAfter(Session& session, const Before& before) {
   if (before.withoutValue) return candidatesFor(session, before.withoutValue->words, before);
   const std::vector<std::string>& words = before.words;
   const bool inGroup = !words.empty() && groupNamed(words[0]);
   const std::size_t taken = inGroup ? 2 : 1;
   const Command* command = nullptr;
   if (words.size() >= taken) command = commandNamed(inGroup ? words[0] : "", words[taken - 1]);
-  if (!before.ended && typed.starts_with('-')) return optionsOf(command);
+  if (!before.ended && before.typed.starts_with('-')) return optionsOf(command);
   if (words.size() < taken) return commandsAfter(words);
   const Argument* argument = command ? argumentAfter(*command, words.size() - taken) : nullptr;
   return argument ? candidatesFor(session, argument->words, before) : Candidates();
@@ -185,14 +214,16 @@ Candidates candidatesAfter(Session& session, const Before& before, std::string_v
 
 Outcome<Done> completeLine(Session& session, const Arguments& arguments) {
   session.options.root = host::defaultRoot();
+  session.options.state = host::defaultState();
   std::span<const std::string> line = arguments.words;
   if (line.empty()) return Done{};
   const std::string typed = host::lowerCase(line.back());
-  const Before before = sortBefore(line.first(line.size() - 1), session);
+  Before before = sortBefore(line.first(line.size() - 1), session);
+  before.typed = typed;
   const auto matches = [&](const Candidate& candidate) {
     return candidate.text == kFiles || host::lowerCase(candidate.text).starts_with(typed);
   };
-  for (const Candidate& candidate : candidatesAfter(session, before, typed))
+  for (const Candidate& candidate : candidatesAfter(session, before))
     if (!candidate.text.empty() && matches(candidate))
       session.print(host::oneLine(candidate.text) + "\t" + host::oneLine(candidate.meaning));
   session.takeWarnings();

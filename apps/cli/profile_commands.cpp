@@ -1,4 +1,7 @@
+#include <algorithm>
+
 #include "apps/cli/command.h"
+#include "host/places.h"
 
 namespace cli {
 namespace {
@@ -10,32 +13,38 @@ Profiles profilesOf(Session& session) {
   return Profiles(session.device().environment());
 }
 
-// A profile's file may be of no trigger.
-const std::string& nameOf(const host::Trigger& trigger) {
-  return trigger.title.empty() ? trigger.profileID : trigger.title;
-}
-
 template <class T>
 Outcome<T> orFailure(host::Attempt<T> attempt) {
   if (!attempt) return failureOf(attempt.error());
   return std::move(*attempt);
 }
 
+// Where a profile is that isn't in its trigger's own file.
+std::string placeOf(const host::SavedProfile& profile, const std::vector<host::Trigger>& triggers) {
+  const auto trigger = std::ranges::find(triggers, profile.trigger, &host::Trigger::profileID);
+  return trigger != triggers.end() && trigger->path == profile.path ? "" : "  " + profile.path;
+}
+
 // Against the settings as they are now, or against another profile.
 Outcome<std::vector<Profiles::Difference>> compare(Session& session, const Arguments& arguments) {
-  const auto trigger = orFailure(host::profileNamed(arguments[0]));
+  const auto trigger = profileNamed(session, arguments[0]);
   if (!trigger) return trigger.error();
   if (arguments[1].empty()) return orFailure(profilesOf(session).changesOfLoad(*trigger));
-  const auto other = orFailure(host::profileNamed(arguments[1]));
+  const auto other = profileNamed(session, arguments[1]);
   if (!other) return other.error();
   return orFailure(profilesOf(session).differences(*trigger, *other));
 }
 
 }  // namespace
 
+Outcome<host::Trigger> profileNamed(Session& session, const std::string& name) {
+  return orFailure(host::profileNamed(host::platformPath(session.device().environment(), name)));
+}
+
 Outcome<Done> listProfiles(Session& session, const Arguments&) {
   const auto profiles = profilesOf(session).list();
   if (!profiles) return failureOf(profiles.error());
+  const auto triggers = host::triggers();
   Listing listing;
   for (const host::SavedProfile& profile : *profiles)
     if (session.json)  // there may be very many
@@ -45,9 +54,9 @@ Outcome<Done> listProfiles(Session& session, const Arguments&) {
            {"trigger", profile.trigger.empty() ? Json() : Json(profile.trigger)},
            {"active", profile.active}});
     else
-      listing.columns.add(
-          {profile.trigger, profile.longTitle(), profile.active ? "active" : "not active"},
-          profile.active ? Style::Plain : Style::Dim);
+      listing.columns.add({profile.trigger, profile.longTitle(),
+                           (profile.active ? "active" : "not active") + placeOf(profile, triggers)},
+                          profile.active ? Style::Plain : Style::Dim);
   session.print(listing, "no profile is saved; quorvantis profile save TRIGGER saves one");
   return Done{};
 }
@@ -55,7 +64,8 @@ Outcome<Done> listProfiles(Session& session, const Arguments&) {
 Outcome<Done> saveProfile(Session& session, const Arguments& arguments) {
   const auto trigger = orFailure(host::triggerNamed(arguments[0]));
   if (!trigger) return trigger.error();
-  const host::UserChange change(session.device().backups(), "save " + nameOf(*trigger));
+  const host::UserChange change(session.device().backups(),
+                                "save " + host::profileName(trigger->path));
   return orFailure(profilesOf(session).save(*trigger, arguments.existing()));
 }
 
@@ -63,36 +73,39 @@ Outcome<Done> loadProfile(Session& session, const Arguments& arguments) {
   if (arguments.has("--dry-run")) return compareProfiles(session, arguments);
   if (arguments.has("--stored"))
     return Failure{ExitCode::WrongUse, "--stored belongs to --dry-run"};
-  const auto trigger = orFailure(host::profileNamed(arguments[0]));
+  const auto trigger = profileNamed(session, arguments[0]);
   if (!trigger) return trigger.error();
-  const host::UserChange change(session.device().backups(), "load " + nameOf(*trigger));
+  const host::UserChange change(session.device().backups(),
+                                "load " + host::profileName(trigger->path));
   return orFailure(profilesOf(session).load(*trigger));
 }
 
 Outcome<Done> copyProfile(Session& session, const Arguments& arguments) {
-  const auto from = orFailure(host::profileNamed(arguments[0]));
+  const auto from = profileNamed(session, arguments[0]);
   if (!from) return from.error();
   const auto to = orFailure(host::triggerNamed(arguments[1]));
   if (!to) return to.error();
-  const host::UserChange change(session.device().backups(), "copy to " + nameOf(*to));
+  const host::UserChange change(session.device().backups(),
+                                "copy to " + host::profileName(to->path));
   return orFailure(profilesOf(session).copy(*from, *to, arguments.existing()));
 }
 
 Outcome<Done> deleteProfile(Session& session, const Arguments& arguments) {
-  const auto trigger = orFailure(host::profileNamed(arguments[0]));
+  const auto trigger = profileNamed(session, arguments[0]);
   if (!trigger) return trigger.error();
-  const host::UserChange change(session.device().backups(), "delete " + nameOf(*trigger));
+  const host::UserChange change(session.device().backups(),
+                                "delete " + host::profileName(trigger->path));
   const auto folders =
       arguments.has("--recursive") ? Profiles::Folders::Remove : Profiles::Folders::Refuse;
   return orFailure(profilesOf(session).remove(*trigger, folders));
 }
 
 Outcome<Done> showProfile(Session& session, const Arguments& arguments) {
-  const auto trigger = orFailure(host::profileNamed(arguments[0]));
+  const auto trigger = profileNamed(session, arguments[0]);
   if (!trigger) return trigger.error();
   const auto profile = profilesOf(session).read(*trigger);
   if (!profile) return failureOf(profile.error());
-  printEntries(session, *profile);
+  printSettings(session, *profile);
   return Done{};
 }
 

@@ -1,6 +1,9 @@
+#include <cerrno>
+
 #include "apps/cli/command.h"
 #include "host/recovery.h"
 #include "host/text.h"
+#include "host/triggers.h"
 #include "host/undo.h"
 
 namespace cli {
@@ -31,10 +34,13 @@ std::string timeOf(const plist::Date& date) {
 // What was left stays, and is named.
 void warnOfLeft(Session& session, const std::vector<std::string>& left) {
   for (const std::string& name : left)
-    session.warnings.push_back(
-        {.source = host::Source::Backups,
-         .severity = host::Severity::Warning,
-         .words = name + " stays as it is: another program has changed it since"});
+    session.warnings.push_back({.source = host::Source::Backups,
+                                .severity = host::Severity::Warning,
+                                .words = name + " stays as it is, since it was changed meanwhile"});
+}
+
+Json entryJson(const host::Recovery::Entry& entry) {
+  return {{"number", entry.number}, {"time", toJson(entry.time)}, {"before", entry.before}};
 }
 
 using Way = host::Attempt<host::Undone> (*)(preferences::Environment&, host::Backups&);
@@ -46,13 +52,16 @@ Outcome<Done> goBack(Session& session, Way way, const std::string& done) {
   if (!undone) return failureOf(undone.error());
   const bool one = undone->left.size() == 1;
   if (!undone->done)
-    return Failure{ExitCode::Failed, "nothing of \"" + undone->what + "\" is " + done + ": " +
-                                         host::joined(undone->left) +
-                                         (one ? " stays as it is" : " stay as they are") +
-                                         ", since another program has changed " +
-                                         (one ? "it" : "them")};
+    return Failure{
+        ExitCode::Failed,
+        "nothing of \"" + undone->what + "\" is " + done + ": " + host::joined(undone->left) +
+            (one ? " stays as it is, since it was" : " stay as they are, since they were") +
+            " changed after that"};
   session.changed = true;
-  session.print(done + ": " + undone->what);
+  if (session.json)
+    session.printJson({{"what", undone->what}, {"left", undone->left}});
+  else
+    session.print(done + ": " + undone->what);
   warnOfLeft(session, undone->left);
   return Done{};
 }
@@ -63,18 +72,43 @@ std::string lostSince(const host::Recovery::State& state, const plist::Date& tim
   return "; what was changed from then until " + timeOf(state.seen->time) + " is not in it";
 }
 
+// What is in the place of the file, or of its folder, is not replaced.
 std::string wayOut(host::Recovery& recovery, const host::Recovery::State& state) {
   const auto last = recovery.lastGood();
+  const int code = state.damage->code;
+  if (code == EISDIR || code == ENOTDIR)
+    return "; it has to be moved away" +
+           (last && *last ? ", then quorvantis snapshot restore " +
+                                std::to_string((*last)->number) + " puts settings back"
+                          : std::string());
   if (!last || !*last) return "; quorvantis repair --start-anew begins without settings";
   return "; quorvantis repair --restore puts back the snapshot of " + timeOf((*last)->time) +
          " (before \"" + (*last)->before + "\"" + lostSince(state, (*last)->time) +
          "), quorvantis repair --start-anew begins without settings";
 }
 
+// Since when it was changed outside, and until when where that is known.
+Json stateJson(const host::Recovery::State& state) {
+  Json document = {{"settings", state.settings}, {"lastChanged", nullptr}, {"outside", nullptr}};
+  if (!state.seen) return document;
+  document["lastChanged"] = toJson(state.seen->time);
+  if (state.changedOutside)
+    document["outside"] = {{"from", toJson(state.seen->time)}, {"to", nullptr}};
+  else if (state.seen->outside)
+    document["outside"] = {{"from", toJson(*state.seen->outsideSince)},
+                           {"to", toJson(*state.seen->outside)}};
+  return document;
+}
+
 Outcome<Done> showState(Session& session, host::Recovery& recovery) {
   const auto state = recovery.state();
   if (state.damage)
-    return Failure{ExitCode::Failed, state.damage->message() + wayOut(recovery, state)};
+    return failureOf(host::failure(host::Source::Settings, host::Failure::Failed,
+                                   state.damage->message() + wayOut(recovery, state)));
+  if (session.json) {
+    session.printJson(stateJson(state));
+    return Done{};
+  }
   session.print("the settings can be read: " + std::to_string(state.settings) +
                 (state.settings == 1 ? " value" : " values"));
   if (!state.seen) return Done{};
@@ -95,9 +129,9 @@ Outcome<Done> listSnapshots(Session& session, const Arguments&) {
   const auto snapshots = recovery->snapshots();
   if (!snapshots) return failureOf(snapshots.error());
   Listing listing;
-  for (const auto& [number, time, before] : snapshots->entries)
-    listing.add({{"number", number}, {"time", toJson(time)}, {"before", before}},
-                {std::to_string(number), timeOf(time), "before " + before});
+  for (const host::Recovery::Entry& entry : snapshots->entries)
+    listing.add(entryJson(entry),
+                {std::to_string(entry.number), timeOf(entry.time), "before " + entry.before});
   session.print(listing,
                 "nothing is kept yet; a snapshot is taken before the first change of a day");
   session.warnings = snapshots->unreadable;
@@ -111,7 +145,7 @@ Outcome<Done> showSnapshot(Session& session, const Arguments& arguments) {
   if (!number) return number.error();
   const auto settings = recovery->settingsOf(*number);
   if (!settings) return failureOf(settings.error());
-  printEntries(session, *settings);
+  printSettings(session, *settings);
   return Done{};
 }
 
@@ -131,9 +165,15 @@ Outcome<Done> restoreSnapshot(Session& session, const Arguments& arguments) {
   if (!recovery) return recovery.error();
   const auto number = numberIn(arguments[0]);
   if (!number) return number.error();
-  const auto left = recovery->restore(*number);
-  if (!left) return failureOf(left.error());
-  warnOfLeft(session, *left);
+  const auto restored = recovery->restore(*number);
+  if (!restored) return failureOf(restored.error());
+  session.changed = true;
+  if (session.json)
+    session.printJson({{"deleted", restored->deleted}, {"left", restored->left}});
+  else
+    for (const std::string& path : restored->deleted)
+      session.print("deleted: " + host::oneLine(host::profileName(path)));
+  warnOfLeft(session, restored->left);
   return Done{};
 }
 
@@ -151,21 +191,24 @@ Outcome<Done> repair(Session& session, const Arguments& arguments) {
   const bool restored = arguments.has("--restore"), anew = arguments.has("--start-anew");
   if (restored && anew)
     return Failure{ExitCode::WrongUse, "--restore and --start-anew can't be had together"};
+  if (!restored && !anew) return showState(session, *recovery);
+  Json document = {{"restored", nullptr}};
+  std::string words = "begun without settings";
   if (restored) {
     const auto state = recovery->state();
     const auto last = recovery->restoreLast();
     if (!last) return failureOf(last.error());
-    session.print("restored from " + timeOf(last->time) + ", before \"" + last->before + "\"" +
-                  lostSince(state, last->time));
-  } else if (anew) {
-    const auto begun = recovery->startAnew();
-    if (!begun) return failureOf(begun.error());
-    session.print("begun without settings");
-  } else {
-    return showState(session, *recovery);
+    document["restored"] = entryJson(*last);
+    words = "restored from " + timeOf(last->time) + ", before \"" + last->before + "\"" +
+            lostSince(state, last->time);
+  } else if (const auto begun = recovery->startAnew(); !begun) {
+    return failureOf(begun.error());
   }
   session.changed = true;
-  session.print("the damaged file is kept beside it; undo doesn't take this back");
+  if (session.json)
+    session.printJson(document);
+  else
+    session.print(words + "\nthe damaged file is kept beside it; undo doesn't take this back");
   return Done{};
 }
 

@@ -12,6 +12,7 @@
 #include "apps/cli/command.h"
 #include "drive/driver.h"
 #include "host/battery_log.h"
+#include "host/raw_store.h"
 #include "host/text.h"
 #include "host/value_watch.h"
 
@@ -60,12 +61,24 @@ Outcome<Done> follow(Session& session, plist::Array entries) {
   }
 }
 
+// A key that no row has and nothing is stored under is a slip of the hand.
+Outcome<Done> checkKeys(Session& session, const std::vector<std::string>& keys) {
+  host::RawStore store(session.device().preferences());
+  for (const std::string& key : keys) {
+    const auto value = session.settings().value(key);
+    if (!value && value.error().reason == host::Failure::NotFound && !store.read(key))
+      return failureOf(value.error());
+  }
+  return Done{};
+}
+
 // Settings that can't be read for now don't end it: the store reports them once. A file that was
 // rewritten within a tick of the file system's clock may have an equal stamp.
 Outcome<Done> watchValues(Session& session, const std::vector<std::string>& keys) {
   host::ValueWatch values(session.device().preferences());
   auto stamp = stampOf(session, host::ValueWatch::path());
   if (const auto first = values.look(); !first) return failureOf(first.error());
+  if (const auto checked = checkKeys(session, keys); !checked) return checked;
   for (int pauses = 1;; ++pauses) {
     if (const auto flushed = session.flush(); !flushed) return flushed;
     std::this_thread::sleep_for(kPauseOfValues);
@@ -121,10 +134,16 @@ Outcome<Done> showLog(Session& session, const Arguments& arguments) {
 
 Outcome<Done> watch(Session& session, const Arguments& arguments) {
   endOnInterruption();
-  if (arguments.has("--values")) return watchValues(session, arguments.words);
+  if (arguments.has(kValues)) return watchValues(session, arguments.words);
+  for (const std::string& name : arguments.words)
+    if (host::findSetting(session.device().environment().bundle, name))
+      return Failure{ExitCode::WrongUse, "\"" + name +
+                                             "\" is a key, not a notification; quorvantis watch "
+                                             "--values " +
+                                             name + " prints its changes"};
   Outcome<Done> flushed = Done{};
   const auto watched = host::Device::watch(arguments.words, [&](std::string_view name) {
-    session.print(host::oneLine(name));
+    session.print(session.json ? drive::textOf(Json(name)) : host::oneLine(name));
     flushed = session.flush();
     return static_cast<bool>(flushed);
   });

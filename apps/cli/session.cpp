@@ -15,7 +15,7 @@ constexpr std::string_view kUserFolder = "/var/mobile/";  // the platform's
 
 // A path of the platform is not where the file is on this machine.
 std::string withPlace(const std::string& message) {
-  const bool leadsOn = message.find("quorvantis ") != std::string::npos;
+  const bool leadsOn = message.find("quorvantis where") != std::string::npos;
   const bool hasPath = message.find(kUserFolder) != std::string::npos;
   return hasPath && !leadsOn ? message + "; quorvantis where prints where that is" : message;
 }
@@ -32,7 +32,7 @@ Failure failureOf(const host::Failure& failure) {
     case host::Failure::NotFound:
       return {ExitCode::NotFound, message};
     case host::Failure::Exists:
-      return {ExitCode::Exists, message + "; --overwrite replaces it"};
+      return {ExitCode::Exists, withPlace(message + "; --overwrite replaces it")};
     case host::Failure::IsFolder:
       return {ExitCode::WrongUse, message + "; --recursive removes it with all that it holds"};
     case host::Failure::Unconfirmed:

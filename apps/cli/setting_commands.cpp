@@ -1,4 +1,6 @@
 #include "apps/cli/command.h"
+#include "apps/cli/terminal.h"
+#include "host/describe.h"
 #include "host/text.h"
 
 namespace cli {
@@ -49,7 +51,8 @@ Listing descriptionOf(const host::SettingView& setting, const std::string& kind,
   listing.addMember("value", toJson(row.value), row.shown);
   if (row.whyNot) {
     const Json by = row.whyNot->by.empty() ? Json() : Json(row.whyNot->by);
-    listing.addMember("dimmedBy", by, row.whyNot->words());
+    listing.document["dimmedBy"] = by;
+    listing.columns.add({"state", row.whyNot->words()});
   }
   return listing;
 }
@@ -172,6 +175,10 @@ Outcome<Done> listChoices(Session& session, const Arguments& arguments) {
   session.print(
       listing,
       "there is nothing to choose from; quorvantis where prints where files are looked for");
+  if (session.json || terminalWidth() == 0) return session.storeWorked();
+  const auto setting = session.settings().describe(arguments[0]);
+  if (setting && setting->row.standardShown == host::kUnset)
+    session.print("(quorvantis set " + arguments[0] + " None unsets it)");
   return session.storeWorked();
 }
 

@@ -3,6 +3,7 @@
 #include "apps/cli/command.h"
 #include "host/profile_import.h"
 #include "host/settings_transfer.h"
+#include "host/text.h"
 #include "host/user_file.h"
 
 // Settings and profiles as files of the user's own.
@@ -52,9 +53,14 @@ Outcome<Done> exportSettings(Session& session, const Arguments& arguments) {
   if (!arguments.has("--overwrite") && isForeign(session, arguments[0]))
     return exists(arguments[0], "exists, and is not an export of settings");
   host::Settings settings = session.settings();
-  const auto xml = host::exportSettings(settings, session.device().environment());
-  if (!xml) return failureOf(xml.error());
-  return writeOutput(session, arguments[0], *xml, host::Existing::Overwrite);
+  const auto exported = host::exportSettings(settings, session.device().environment());
+  if (!exported) return failureOf(exported.error());
+  if (!exported->refused.empty())
+    session.warnings.push_back({.source = host::Source::Settings,
+                                .severity = host::Severity::Warning,
+                                .words = "import takes these values only where they are stored: " +
+                                         host::joined(exported->refused)});
+  return writeOutput(session, arguments[0], exported->xml, host::Existing::Overwrite);
 }
 
 Outcome<Done> importSettings(Session& session, const Arguments& arguments) {
@@ -77,8 +83,8 @@ Outcome<Done> importSettings(Session& session, const Arguments& arguments) {
 }
 
 Outcome<Done> exportProfile(Session& session, const Arguments& arguments) {
-  const auto trigger = host::profileNamed(arguments[0]);
-  if (!trigger) return failureOf(trigger.error());
+  const auto trigger = profileNamed(session, arguments[0]);
+  if (!trigger) return trigger.error();
   const auto xml = host::Profiles(session.device().environment()).exportXml(*trigger);
   if (!xml) return failureOf(xml.error());
   return writeOutput(session, arguments[1], *xml, arguments.existing());

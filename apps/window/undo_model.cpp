@@ -94,8 +94,7 @@ void UndoModel::take(Step* step, const QString& done, Offer opposite) {
   for (const std::string& each : undone->left) left << nameOf(device_->environment().bundle, each);
   QString text = undone->done ? done.arg(toQString(undone->what)) : tr("Nothing was done.");
   if (!left.isEmpty())
-    text +=
-        ' ' + tr("Left as it is, since another program has changed it: %1.").arg(left.join(", "));
+    text += ' ' + tr("Left as it is, since it was changed after that: %1.").arg(left.join(", "));
   say(text, undone->done ? opposite : Offer::Nothing);
 }
 

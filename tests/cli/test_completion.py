@@ -63,6 +63,29 @@ class Asked(ProgramTest):
         self.assertEqual(self.names("list", "--ch"), ["--changed"])
         self.assertIn("--root", self.names("list", "--"))
 
+    def test_levels_once_the_percent_is_typed(self):
+        self.output("profile", "save", "20%")
+        self.assertEqual(self.words("profile", "load", "20%"), [["20%", "Battery 20%"]])
+        self.assertEqual(self.words("profile", "save", "55%"), [["55%", "Battery 55%"]])
+        self.assertEqual(self.names("profile", "save", "101%"), [])
+
+    def test_snapshots(self):
+        self.output("set", "wifi", "1")
+        self.output("reset", "--all")
+        for command in ("show", "diff", "restore"):
+            self.assertEqual(self.words("snapshot", command, ""),
+                             [["1", "before daily"], ["2", "before reset"]])
+
+    def test_colors_by_their_digits(self):
+        self.assertEqual(self.words("set", "bannercolor", "#fffff"), [["#FFFFFF", "Snow"]])
+
+    def test_idioms(self):
+        self.assertEqual(self.names("drive", "--idiom", ""), ["phone", "tablet"])
+
+    def test_keys_of_watch_are_those_of_values(self):
+        self.assertEqual(self.names("watch", "wi"), [])
+        self.assertEqual(self.names("watch", "--values", "wi"), ["wifi"])
+
     def test_files_and_shells(self):
         self.assertEqual(self.names("import", ""), [":files"])
         self.assertEqual(self.names("--root", ""), [":files"])

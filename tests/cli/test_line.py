@@ -39,6 +39,15 @@ class Line(ProgramTest):
         self.refuse(2, "get", "custbright", "more")
         self.refuse(2, "pages", "more")
 
+    def test_places_of_files_that_are_in_the_way(self):
+        self.output("profile", "save", "20")
+        self.assertTrue(self.refuse(4, "profile", "save", "20").endswith(
+            "; --overwrite replaces it; quorvantis where prints where that is"))
+        self.write(DOMAIN, b"garbage")
+        self.assertTrue(self.refuse(1, "set", "wifi", "1").endswith(
+            "; quorvantis where prints where that is"))
+        self.assertTrue(self.refuse(1, "repair").endswith("; quorvantis where prints where that is"))
+
     def test_unknown_option(self):
         self.refuse(2, "get", "--bogus", "custbright")
         self.refuse(2, "pages", "-x")

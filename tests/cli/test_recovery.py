@@ -1,8 +1,10 @@
+import json
 import plistlib
 import stat
 import subprocess
 
-from program import PROGRAM, TIMEOUT_SECONDS
+from keyed_archive import archive
+from program import DOCUMENTS, PROGRAM, TIMEOUT_SECONDS
 from recovery import PROFILE, RecoveryTest
 
 
@@ -66,7 +68,7 @@ class Snapshots(RecoveryTest):
         self.write_domain({"wifi": 1, "vpn": 2})
         self.output("set", "wifi", "2")
         self.assertEqual(self.document("snapshot", "show", "1"), {"wifi": 1, "vpn": 2})
-        self.assertEqual(self.output("snapshot", "show", "1"), "vpn = 2\nwifi = 1\n")
+        self.assertEqual(self.output("snapshot", "show", "1"), "vpn = 2  (Off)\nwifi = 1  (On)\n")
         self.assertEqual(self.document("snapshot", "diff", "1"),
                          [{"key": "wifi", "from": 2, "to": 1}])
         self.output("snapshot", "restore", "1")
@@ -79,6 +81,25 @@ class Snapshots(RecoveryTest):
         self.output("profile", "delete", "20")
         self.output("snapshot", "restore", "2")
         self.assertEqual((self.root / PROFILE).read_bytes(), before)
+
+    def test_a_restore_says_what_becomes_of_profiles(self):
+        others = [f"{DOCUMENTS}/profile_{number}.qvx" for number in (21, 22)]
+        self.write_profile({"wifi": 2})
+        self.write(others[1], archive({"profilepercentage": "22"}))
+        self.output("set", "vpn", "1")
+        self.write_profile({"wifi": 1})
+        self.write(others[0], archive({"profilepercentage": "21"}))
+        (self.root / others[1]).unlink()
+        self.assertEqual(self.output("snapshot", "diff", "1"),
+                         "vpn: On -> Leave\n"
+                         "Battery 20%: would change\n"
+                         "  wifi: On -> Off\n"
+                         "Battery 21%: would be deleted\n"
+                         "Battery 22%: would come back\n")
+        self.assertEqual(self.output("snapshot", "restore", "1"), "deleted: Battery 21%\n")
+        self.output("undo")
+        self.assertEqual(self.document("snapshot", "restore", "1"),
+                         {"deleted": [f"/{others[0]}"], "left": []})
 
     def test_one_that_is_not_there(self):
         for command in ("show", "diff", "restore"):
@@ -154,6 +175,21 @@ class Undo(RecoveryTest):
         self.assertEqual(self.output("undo"), "undone: load Battery 20%\n")
         self.assertEqual(self.output("undo"), "undone: save Battery 20%\n")
 
+    def test_names_the_file_of_a_profile_that_is_no_trigger_s(self):
+        path = f"{DOCUMENTS}/mine.qvx"
+        self.write(path, archive({"profilepercentage": "20", "wifi": 2}))
+        for command in ("load", "delete"):
+            self.output("profile", command, f"/{path}")
+            self.assertEqual(self.output("undo"), f"undone: {command} mine.qvx\n")
+
+    def test_as_json(self):
+        self.output("set", "wifi", "2", "vpn", "1")
+        self.output("defaults", "write", "wifi", "-int", "1")
+        for command in ("undo", "redo"):
+            done = self.run_program(command, "--json")
+            self.assertEqual(json.loads(done.stdout),
+                             {"what": "set Wi-Fi (Power Saving) and 1 more", "left": ["wifi"]})
+
     def test_of_a_delete_and_an_overwriting_import_byte_for_byte(self):
         self.write_profile({"wifi": 2})
         before = (self.root / PROFILE).read_bytes()
@@ -177,7 +213,7 @@ class Undo(RecoveryTest):
         self.output("set", "vpn", "1")
         self.output("set", "wifi", "2")
         self.output("defaults", "write", "wifi", "-int", "1")
-        self.assertIn('nothing of "set Wi-Fi (Power Saving)" is undone: wifi stays as it is',
+        self.assertIn('nothing of "set Wi-Fi (Power Saving)" is undone: wifi stays as it is, since it was changed after that',
                       self.refuse(1, "undo"))
         self.assertEqual(self.domain(), {"vpn": 1, "wifi": 1})
         self.assertEqual(self.output("undo"), "undone: set VPN (Power Saving)\n")

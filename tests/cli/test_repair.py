@@ -1,6 +1,7 @@
 import json
 import os
 import plistlib
+import re
 
 from program import DOCUMENTS, DOMAIN
 from recovery import RecoveryTest
@@ -48,6 +49,29 @@ class Repair(RecoveryTest):
     def test_says_that_undo_does_not_take_it_back(self):
         self.damage()
         self.assertIn("undo doesn't take this back", self.output("repair", "--start-anew"))
+
+    def test_undo_after_it_blames_nobody(self):
+        self.output("set", "wifi", "2")
+        self.output("set", "wifi", "1")
+        self.damage()
+        self.output("repair", "--restore")
+        self.assertTrue(self.refuse(1, "undo").endswith(
+            "wifi stays as it is, since it was changed after that"))
+
+    def test_as_json(self):
+        self.assertEqual(self.document("repair"),
+                         {"settings": 0, "lastChanged": None, "outside": None})
+        self.output("set", "wifi", "2")
+        changed = self.document("repair")["lastChanged"]
+        self.write_domain({"wifi": 1, "vpn": 1})
+        self.assertEqual(self.document("repair"), {"settings": 2, "lastChanged": changed,
+                                                   "outside": {"from": changed, "to": None}})
+        self.damage()
+        self.refuse(1, "repair", "--json")
+        kept = self.document("snapshot", "list")
+        self.assertEqual(self.document("repair", "--restore"), {"restored": kept[0]})
+        self.damage()
+        self.assertEqual(self.document("repair", "--start-anew"), {"restored": None})
 
     def test_restore_past_a_snapshot_that_can_not_be_read(self):
         self.write_domain({"wifi": 1})
@@ -133,6 +157,16 @@ class Unreadable(RecoveryTest):
         self.assertEqual(self.document("profile", "show", "20"), {"profilepercentage": "20", "wifi": 2})
         self.output("profile", "export", "20", "-")
         self.assertEqual(len(self.document("profile", "list")), 1)
+
+    def test_a_folder_in_place_of_the_file_has_to_be_moved_away(self):
+        (self.root / DOMAIN).unlink()
+        (self.root / DOMAIN).mkdir()
+        reason = self.refuse(1, "repair")
+        self.assertNotIn("repair --", reason)
+        found = re.search("it has to be moved away, then quorvantis (snapshot restore [0-9]+) puts",
+                          reason)
+        (self.root / DOMAIN).rmdir()
+        self.output(*found[1].split())
 
     def test_a_folder_in_place_of_the_file_is_as_bad(self):
         (self.root / DOMAIN).unlink()

@@ -33,6 +33,18 @@ class Pages(ProgramTest):
         text = self.output("page", "PowerSavingListController")
         self.assertRegex(text, r"custbright  +12\.5  \(dimmed by custbrightenabled\)")
 
+    def test_the_label_of_a_list_leads_to_what_prints_it(self):
+        for label, command in (("Battery Log", "log"), ("saved profiles", "profile list"),
+                               ("Power Action", "choices poweroptions"),
+                               ("Alert Banner", "choices bannercolor")):
+            self.assertEqual(self.refuse(3, "page", label),
+                             f'"{label}" is a row, not a page; quorvantis {command} prints its list')
+            self.output(*command.split())
+
+    def test_the_color_picker_is_called_so(self):
+        self.assertRegex(self.output("pages"),
+                         r"\nZorvekColorPickerQuorvantis +color picker \(61 rows\)\n")
+
     def test_unknown_page(self):
         self.refuse(3, "page", "NoSuchPage")
 
@@ -198,6 +210,9 @@ class Set(ProgramTest):
 
 
 class Choices(ProgramTest):
+    def test_a_switch_takes_what_lists_show_of_it(self):
+        self.assertIn("; it takes on or off", self.refuse(2, "choices", "enabled"))
+
     def test_contacts_that_can_not_be_read_cost_only_themselves(self):
         book = self.root / "var/mobile/Library/AddressBook"
         (book / "folder.vcf").mkdir(parents=True)

@@ -142,6 +142,27 @@ class Meant(ProgramTest):
         self.assertIn('"quorvantis set lowpowermodeenabled off" makes it usable',
                       self.refuse(2, "set", "lowpowerwifi", "On"))
 
+    def test_control_characters_are_named(self):
+        for text in ("a\tb", "a\x1b[2J"):
+            self.assertIn("takes one line of text without control characters",
+                          self.refuse(2, "set", "alertmsg", text))
+
+    def test_a_number_is_not_guessed(self):
+        self.assertEqual(self.meant(2, "set", "wifi", "0x10"), "")
+
+    def test_a_color_is_guessed_at_the_end(self):
+        self.assertEqual(self.meant(2, "set", "bannercolor", "mid"), '"Midnight"?')
+
+    def test_version(self):
+        for word in ("version", "-v", "--versoin"):
+            self.assertEqual(self.meant(2, word), '"--version"?')
+
+    def test_watched_key(self):
+        self.assertEqual(self.meant(3, "watch", "--values", "vpn", "wfi"), '"wifi"?')
+        self.assertEqual(self.refuse(2, "watch", "wifi"),
+                         '"wifi" is a key, not a notification; quorvantis watch --values wifi '
+                         "prints its changes")
+
     def test_nothing_near(self):
         self.assertEqual(self.meant(3, "get", "xyzzyxyzzy"), "")
 
@@ -156,9 +177,21 @@ class Pairs(ProgramTest):
         self.output("set", "wifi", "Off", "vibrate", "on", "alertmsg", "two words")
         self.assertEqual(self.domain(), {"wifi": 2, "vibrate": True, "alertmsg": "two words"})
 
-    def test_a_switch_opens_the_rows_behind_it(self):
-        self.output("set", "vibrate", "on", "vibrateduration", "10")
-        self.assertEqual(self.domain(), {"vibrate": True, "vibrateduration": 10.0})
+    def test_a_switch_opens_the_rows_behind_it_wherever_it_stands(self):
+        for words in (("vibrate", "on", "vibrateduration", "10"),
+                      ("vibrateduration", "10", "vibrate", "on"),
+                      ("vibrateduration", "5", "vibrateduration", "10", "vibrate", "on"),
+                      ("vibrateduration", "5", "vibrate", "on", "vibrateduration", "10")):
+            self.output("set", *words)
+            self.assertEqual(self.domain(), {"vibrate": True, "vibrateduration": 10.0})
+            self.output("reset", "vibrateduration")
+            self.output("set", "vibrate", "off")
+
+    def test_what_stays_dimmed_is_refused(self):
+        self.assertIn('"vibrateduration" is dimmed', self.refuse(
+            2, "set", "vibrateduration", "10", "wifi", "1", "flashled", "on"))
+        self.assertIn("from 1 to 30", self.refuse(
+            2, "set", "vibrateduration", "99", "vibrate", "on"))
 
     def test_none_is_stored(self):
         self.write_domain({"theirs": 1})

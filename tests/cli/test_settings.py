@@ -43,7 +43,8 @@ class Describe(ProgramTest):
             "page": "Power Saving", "kind": "number", "minimum": 0.0, "maximum": 100.0,
             "default": 50, "value": 50, "dimmedBy": "custbrightenabled"})
         self.assertIn('"minimum":0.0', self.output("describe", "custbright", "--json"))
-        self.assertIn("switch on Custom Brightness first", self.output("describe", "custbright"))
+        self.assertIn("\nstate    dimmed: switch on Custom Brightness first\n",
+                      self.output("describe", "custbright"))
 
     def test_choice(self):
         described = self.document("describe", "wifi")
@@ -113,6 +114,10 @@ class Reset(ProgramTest):
         self.output("reset", "--all")
         self.assertEqual(self.document("list", "--changed"), [])
         self.assertEqual(self.domain()["theirs"], 1)
+
+    def test_a_dimmed_row_is_refused_as_a_set_refuses_it(self):
+        self.assertEqual(self.refuse(2, "reset", "custbright"),
+                         self.refuse(2, "set", "custbright", "50"))
 
     def test_dry_run_is_what_a_reset_changes(self):
         before = self.domain()
@@ -186,6 +191,30 @@ class Transfer(ProgramTest):
                 reason = self.refuse(2, *self.import_list({"vpn": 1, key: value}))
                 self.assertTrue(reason.startswith(f'given: "{key}" '), reason)
 
+    def test_a_choice_s_number_becomes_the_choice(self):
+        self.output(*self.import_list({"wifi": 2.0}))
+        self.assertIs(type(self.domain()["wifi"]), int)
+        for value in (True, False):
+            self.assertIn('"wifi" is not one of the choices',
+                          self.refuse(2, *self.import_list({"wifi": value})))
+
+    def test_all_refused_keys_are_named(self):
+        self.assertEqual(self.refuse(2, *self.import_list({"wfi": 1, "custbright": 900, "vpn": 7})),
+                         'given: "custbright" must be a number from 0 to 100; "vpn" is not one of '
+                         'the choices; "wfi" is not a setting; did you mean "wifi"?')
+
+    def test_export_names_what_an_import_refuses(self):
+        self.write_domain({"custbright": 900.0, "vpn": 7, "wifi": 1})
+        done = self.run_program("export", "file")
+        self.assertEqual((done.returncode, done.stderr.decode()),
+                         (0, "quorvantis: import takes these values only where they are stored: "
+                             "custbright, vpn\n"))
+        self.output("import", "file")
+        self.output("reset", "--all")
+        reason = self.refuse(2, "import", "file")
+        for key in ("custbright", "vpn"):
+            self.assertIn(f'"{key}"', reason)
+
     def test_what_is_no_list(self):
         self.refuse(2, *self.import_list([1]))
         (self.scratch / "given").write_bytes(b"x")
@@ -199,7 +228,7 @@ class Transfer(ProgramTest):
         self.assertEqual(self.document(*given), [{"key": "wifi", "from": 2, "to": 1},
                                                  {"key": "dnd", "from": None, "to": 0}])
         self.assertEqual(self.output(*given), "wifi: Off -> On\n"
-                         "1 key is only stored with the value already shown\n")
+                         "1 more key is stored differently, but shows the same value\n")
         self.assertEqual(self.everything(), before)
 
     def test_a_profile_is_refused(self):

@@ -44,7 +44,7 @@ class Defaults(ProgramTest):
         self.write_domain({"a": "x"})
         self.assertEqual(self.output("defaults", "read", "a"), "x\n")
         self.assertEqual(self.output("defaults", "read", "a", "--json"), '"x"\n')
-        self.refuse(3, "defaults", "read", "b")
+        self.assertEqual(self.refuse(3, "defaults", "read", "b"), '"b" is not stored')
 
     def test_read_of_nothing(self):
         self.assertEqual(self.document("defaults", "read"), {})

@@ -91,6 +91,12 @@ class Terminal(ProgramTest):
         done = self.run_program("get", "msgtext")
         self.assertEqual(done.stdout, EVIL.encode() + b"\n")
 
+    def test_choices_say_that_a_row_can_be_unset(self):
+        unset = "(quorvantis set profile None unsets it)\n"
+        self.assertTrue(self.on_terminal("choices", "profile").endswith(unset))
+        self.assertNotIn("unsets", self.on_terminal("choices", "playsound"))
+        self.assertNotIn(unset, self.output("choices", "profile"))
+
     def test_an_empty_list_says_why_on_a_terminal_only(self):
         self.root = self.scratch / "fresh"
         self.env |= {"QUORVANTIS_ROOT": str(self.root), "XDG_STATE_HOME": str(self.scratch / "state")}

@@ -35,6 +35,12 @@ class WatchValues(ProgramTest):
         self.output("defaults", "write", "two\nlines", "x")
         self.assertEqual(watcher.stdout.readline(), b'two lines: null -> "x"\n')
 
+    def test_a_stored_key_of_no_row_can_be_watched(self):
+        self.output("defaults", "write", "theirs", "1")
+        watcher, _ = self.watch("vpn", "theirs")
+        self.output("defaults", "write", "theirs", "2")
+        self.assertEqual(watcher.stdout.readline(), b'theirs: "1" -> "2"\n')
+
     def test_one_object_a_line(self):
         watcher, first = self.watch("--json")
         self.assertEqual(list(json.loads(first)), ["key", "from", "to"])

@@ -1,3 +1,4 @@
+import json
 import select
 import signal
 import subprocess
@@ -54,6 +55,18 @@ class Every(BusTest):
         self.output("set", "vibrate", "on")
         self.mark("two\nlines")
         self.assertEqual(self.posted_until("end"), ["other", PREFS, "two lines"])
+
+
+class AsJson(BusTest):
+    WATCHED = ("--json",)
+
+    def next_posted(self):
+        return json.loads(super().next_posted())
+
+    def test_names_are_texts_one_a_line(self):
+        self.mark("two\nlines")
+        self.output("set", "vibrate", "on")
+        self.assertEqual(self.posted_until("end"), ["two\nlines", PREFS])
 
 
 class Given(BusTest):

@@ -11,6 +11,11 @@ class Names(ProfileTest):
         for name in ("101", "Charging started", "CHARGING STARTED", f"/{path_of(101)}"):
             self.assertEqual(self.show(name), {"wifi": 2})
 
+    def test_hyphens_make_no_difference(self):
+        self.write_profile(131, {"wifi": 1})
+        for name in ("Wi-Fi connected", "wi-fi connected", "WIFI CONNECTED"):
+            self.assertEqual(self.show(name), {"wifi": 1})
+
     def test_what_is_no_trigger(self):
         self.write_profile(20, {})
         for name in ("0%", "101%", "020", "20%%", "%", "103", "Battery", f"/{DOCUMENTS}/x.qvx/y.qvx",
@@ -35,6 +40,24 @@ class Names(ProfileTest):
         self.assertEqual(self.show("30"), {"profilepercentage": "30", "wifi": 2})
         self.output("profile", "delete", path)
         self.refuse(3, "profile", "show", path)
+
+
+    def test_path_on_this_machine(self):
+        self.write_profile(20, {"wifi": 1})
+        path = f"{self.document('where')['profiles']}/profile_20.qvx"
+        self.assertEqual(self.show(path), {"wifi": 1})
+        self.output("profile", "load", path)
+        self.refuse(3, "profile", "show", f"{self.scratch}/profile_20.qvx")
+
+    def test_a_profile_in_another_s_file_is_listed_with_its_path(self):
+        for name in ("20", "mine"):
+            self.write_profile(20, {"profilepercentage": "20"})
+            if name == "mine":
+                (self.root / path_of(20)).rename(self.root / DOCUMENTS / "mine.qvx")
+        self.write_profile(20, {"profilepercentage": "20"})
+        self.assertEqual(sorted(self.output("profile", "list").splitlines()),
+                         ["20  Battery 20%  active",
+                          f"20  Battery 20%  active  /{DOCUMENTS}/mine.qvx"])
 
 
 class Copy(ProfileTest):
@@ -68,8 +91,15 @@ class Differences(ProfileTest):
         lines = self.output("profile", "diff", "20").splitlines()
         self.assertIn("wifi: On -> Off", lines)
         self.assertIn("profilepercentage: Battery 55% -> Battery 20%", lines)
-        self.assertEqual(lines[2:], ["48 keys are only stored with the value already shown"])
+        self.assertEqual(lines[2:], ["48 more keys are stored differently, but show the same value; --stored lists them"])
         self.assertEqual(len(self.document("profile", "diff", "20")), 50)
+
+    def test_without_others_the_alike_ones_are_all(self):
+        self.write_profile(20, DEFAULTS)
+        self.write_profile(21, {key: value for key, value in DEFAULTS.items() if key != "wifi"})
+        self.assertEqual(self.output("profile", "diff", "20", "21"),
+                         "1 key is stored differently, but shows the same value; "
+                         "--stored lists it\n")
 
     def test_stored_lists_those_too(self):
         self.write_domain({"wifi": 1})
@@ -94,7 +124,7 @@ class Differences(ProfileTest):
         self.write_profile(30, {key: value for key, value in DEFAULTS.items() if key != "vpn"})
         self.assertEqual(self.output("profile", "diff", "20", "30"),
                          "wifi: Off -> Leave\n"
-                         "1 key is only stored with the value already shown\n")
+                         "1 more key is stored differently, but shows the same value; --stored lists it\n")
         self.assertEqual(self.document("profile", "diff", "20", "30"),
                          [{"key": "wifi", "from": 2, "to": 0}, {"key": "vpn", "from": 0, "to": None}])
 

@@ -186,9 +186,10 @@ TEST_F(HostRecovery, RestoresASnapshotWhole) {
   std::filesystem::remove(device.at(prefs::profilePath(8)));
   device.events.clear();
 
-  const auto left = device.recovery().restore(1);
-  ASSERT_TRUE(left);
-  EXPECT_THAT(*left, IsEmpty());
+  const auto restored = device.recovery().restore(1);
+  ASSERT_TRUE(restored);
+  EXPECT_THAT(restored->left, IsEmpty());
+  EXPECT_THAT(restored->deleted, ElementsAre(prefs::profilePath(9)));
   EXPECT_EQ(Value(device.domain()), Value(settings));
   EXPECT_EQ(device.file(prefs::profilePath(7)), seven);
   EXPECT_EQ(device.file(prefs::profilePath(8)), eight);
