@@ -1,4 +1,4 @@
-#include <algorithm>
+#include <map>
 
 #include "apps/cli/command.h"
 #include "host/places.h"
@@ -19,10 +19,11 @@ Outcome<T> orFailure(host::Attempt<T> attempt) {
   return std::move(*attempt);
 }
 
-// Where a profile is that isn't in its trigger's own file.
-std::string placeOf(const host::SavedProfile& profile, const std::vector<host::Trigger>& triggers) {
-  const auto trigger = std::ranges::find(triggers, profile.trigger, &host::Trigger::profileID);
-  return trigger != triggers.end() && trigger->path == profile.path ? "" : "  " + profile.path;
+// The path of each trigger's own file.
+std::map<std::string, std::string> ownPaths() {
+  std::map<std::string, std::string> paths;
+  for (const host::Trigger& trigger : host::triggers()) paths[trigger.profileID] = trigger.path;
+  return paths;
 }
 
 // Against the settings as they are now, or against another profile.
@@ -44,7 +45,11 @@ Outcome<host::Trigger> profileNamed(Session& session, const std::string& name) {
 Outcome<Done> listProfiles(Session& session, const Arguments&) {
   const auto profiles = profilesOf(session).list();
   if (!profiles) return failureOf(profiles.error());
-  const auto triggers = host::triggers();
+  const auto own = ownPaths();
+  const auto placeOf = [&own](const host::SavedProfile& profile) {
+    const auto path = own.find(profile.trigger);
+    return path != own.end() && path->second == profile.path ? "" : "  " + profile.path;
+  };
   Listing listing;
   for (const host::SavedProfile& profile : *profiles)
     if (session.json)  // there may be very many
@@ -55,7 +60,7 @@ Outcome<Done> listProfiles(Session& session, const Arguments&) {
            {"active", profile.active}});
     else
       listing.columns.add({profile.trigger, profile.longTitle(),
-                           (profile.active ? "active" : "not active") + placeOf(profile, triggers)},
+                           (profile.active ? "active" : "not active") + placeOf(profile)},
                           profile.active ? Style::Plain : Style::Dim);
   session.print(listing, "no profile is saved; quorvantis profile save TRIGGER saves one");
   return Done{};
