@@ -22,7 +22,7 @@ TEST_F(Rows, ShowsEveryRowOfThePageByItsLabel) {
        {"Switches and a slider", "Custom level", "Level", "Stays as it is", "Choices", "Tone",
         "Middle", "When", "Above", "Exactly at", "Name", "Password", "Press me",
         "Delete everything", "Pressed", "no", "Looking for devices", "Giant", "An item of a list"})
-    EXPECT_TRUE(driver->shows(label)) << label;
+    EXPECT_TRUE(driver->until([&] { return driver->shows(label); })) << label;
 }
 
 TEST_F(Rows, AFooterStandsBelowItsGroup) {
