@@ -1,4 +1,5 @@
 #include "apps/cli/command.h"
+#include "apps/cli/terminal.h"
 #include "host/seen_difference.h"
 #include "host/text.h"
 #include "host/triggers.h"
@@ -80,7 +81,7 @@ void printEntries(Session& session, const plist::Dictionary& entries) {
 }
 
 void printSettings(Session& session, const plist::Dictionary& values) {
-  if (session.json || values.empty()) return printEntries(session, values);
+  if (session.json || values.empty() || terminalWidth() == 0) return printEntries(session, values);
   Differences same;
   for (const auto& [key, value] : values) same.push_back({key, value, value});
   host::Settings settings = session.settings();

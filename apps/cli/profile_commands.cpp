@@ -1,6 +1,7 @@
 #include <map>
 
 #include "apps/cli/command.h"
+#include "apps/cli/terminal.h"
 #include "host/places.h"
 
 namespace cli {
@@ -46,7 +47,9 @@ Outcome<Done> listProfiles(Session& session, const Arguments&) {
   const auto profiles = profilesOf(session).list();
   if (!profiles) return failureOf(profiles.error());
   const auto own = ownPaths();
-  const auto placeOf = [&own](const host::SavedProfile& profile) {
+  const bool isShown = terminalWidth() > 0;  // scripts get three columns
+  const auto placeOf = [&](const host::SavedProfile& profile) {
+    if (!isShown) return std::string();
     const auto path = own.find(profile.trigger);
     return path != own.end() && path->second == profile.path ? "" : "  " + profile.path;
   };

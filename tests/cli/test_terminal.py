@@ -74,6 +74,21 @@ class Terminal(ProgramTest):
             "a\\u001b[2J\\u0007\\u0008\\u000d\\u007fb\\u009b2J\\u0080\\u009fc\\u202ed\\u202a\\u202b\\u202c"
             "\\u202de\\u2066\\u2067\\u2068\\u2069f\\u200e\\u200f\\u061cg \u00e9\u20ac\U0001f600\n")
 
+    def test_stored_values_stand_beside_what_rows_show(self):
+        self.write(f"{DOCUMENTS}/profile_30.qvx", archive({"profilepercentage": "30", "wifi": 2}))
+        self.assertIn("wifi = 2  (Off)\n", self.on_terminal("profile", "show", "30"))
+        self.assertIn("wifi = 2\n", self.output("profile", "show", "30"))
+
+    def test_a_profile_in_another_file_is_listed_with_its_path(self):
+        for name in ("profile_30", "mine"):
+            self.write(f"{DOCUMENTS}/{name}.qvx", archive({"profilepercentage": "30"}))
+        own, place = "30  Battery 30%", f"  /{DOCUMENTS}/mine.qvx"
+        ends = [re.split(" active", line)[1] for line in self.on_terminal("profile", "list").splitlines()
+                if line.startswith(own)]
+        self.assertEqual(sorted(ends), ["", place])
+        piped = [line for line in self.run_program("profile", "list").stdout.decode().splitlines() if own in line]
+        self.assertEqual({line.split()[-1] for line in piped}, {"active"})
+
     def test_json_on_a_terminal_is_the_same_document(self):
         for command in (("get", "msgtext"), ("defaults", "read"), ("log",)):
             self.assertEqual(json.loads(self.on_terminal(*command, "--json")),

@@ -97,7 +97,7 @@ class Show(ProfileTest):
         self.assertEqual(self.show("Battery 20%"),
                          {"profilepercentage": "20", "wifi": 1, "other": "x"})
         self.assertEqual(self.output("profile", "show", "20"),
-                         'profilepercentage = "20"  (Battery 20%)\nwifi = 1  (On)\nother = "x"\n')
+                         'profilepercentage = "20"\nwifi = 1\nother = "x"\n')
 
     def test_archive_of_no_dictionary_is_empty(self):
         self.write_profile(20, ["a"])

@@ -49,16 +49,6 @@ class Names(ProfileTest):
         self.output("profile", "load", path)
         self.refuse(3, "profile", "show", f"{self.scratch}/profile_20.qvx")
 
-    def test_a_profile_in_another_s_file_is_listed_with_its_path(self):
-        for name in ("20", "mine"):
-            self.write_profile(20, {"profilepercentage": "20"})
-            if name == "mine":
-                (self.root / path_of(20)).rename(self.root / DOCUMENTS / "mine.qvx")
-        self.write_profile(20, {"profilepercentage": "20"})
-        self.assertEqual(sorted(self.output("profile", "list").splitlines()),
-                         ["20  Battery 20%  active",
-                          f"20  Battery 20%  active  /{DOCUMENTS}/mine.qvx"])
-
 
 class Copy(ProfileTest):
     def test_binds_a_copy_to_another_trigger(self):

@@ -1,6 +1,7 @@
 """Two commands make a profile for one trigger at once: one of them ends with 0 and the profile is its own,
 the other one is refused, since there is a profile."""
 import functools
+import json
 import plistlib
 import threading
 
@@ -45,8 +46,7 @@ def at_once(target, names):
 
 
 def value_of_profile(target):
-    lines = target.do("profile", "show", TRIGGER).decode().splitlines()
-    return next((int(value) for key, _, value in (line.partition(" = ") for line in lines) if key == KEY), None)
+    return json.loads(target.do("profile", "show", TRIGGER, "--json")).get(KEY)
 
 
 def race(target, names):
