@@ -65,12 +65,14 @@ class PSListController : public PSViewController {
 
   void loadRows() { specifiers(); }  // `specifiers` as an operation without a result
 
-  // What read() gives. Both data sources of a row get what the first of them has read.
+  // What read() gives. Both data sources of a row get what the first of them has read, as far as
+  // they read the same type.
   template <class Read>
   auto readForBoth(Read read) {
+    using Result = decltype(read());
     if (!asking_) return read();
-    if (!readForBoth_.has_value()) readForBoth_ = read();
-    return std::any_cast<decltype(read())>(readForBoth_);
+    if (!std::any_cast<Result>(&readForBoth_)) readForBoth_ = read();
+    return *std::any_cast<Result>(&readForBoth_);
   }
 
  private:

@@ -162,6 +162,12 @@ TEST_F(ListController, DataSourcesOfARowShareWhatTheFirstReadsUntilBothWereAsked
   EXPECT_EQ(page->read, 4);
 }
 
+TEST_F(ListController, DataSourcesOfARowThatReadDifferentThingsReadBoth) {
+  page->readsApart = true;
+  page->loadChoices(row("list"));
+  EXPECT_EQ(page->read, 2);
+}
+
 TEST_F(ListController, DropsChoicesWithoutAPartner) {
   page->choiceValues = {7, 8, 9};
   page->choiceTitles = {"one", "two"};

@@ -196,7 +196,10 @@ Array ListPage::numbers(PSSpecifier*) {
 }
 
 Array ListPage::names(PSSpecifier*) {
-  readForBoth([this] { return ++read; });
+  if (readsApart)
+    readForBoth([this] { return std::to_string(++read); });
+  else
+    readForBoth([this] { return ++read; });
   if (!choiceTitles.empty()) return choiceTitles;
   Array names;
   for (const auto& value : choiceValues)

@@ -51,7 +51,8 @@ class ListPage : public preferences::PSListController {
   plist::Array choiceTitles;
   std::function<void(ListPage&)> whenAsked;  // for the numbers
   int asked = 0, setterCalls = 0;
-  int read = 0;  // what numbers and names have in common
+  int read = 0;             // what numbers and names have in common
+  bool readsApart = false;  // names then reads a text
 
   const preferences::Operations& operations() const override { return ownOperations; }
   static const preferences::Operations ownOperations;
