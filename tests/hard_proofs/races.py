@@ -51,11 +51,11 @@ def value_of_profile(target):
 
 def race(target, names):
     """What is wrong, or nothing."""
+    target.run("profile", "delete", TRIGGER)  # of the race before
     codes = at_once(target, names)
     if sorted(codes) != [DONE, EXISTS]:
         return f"{' and '.join(names)}: ended with {codes}"
     made, winner = value_of_profile(target), names[codes.index(DONE)]
-    target.do("profile", "delete", TRIGGER)
     return "" if made == VALUES[winner] else f"{' and '.join(names)}: {winner} ended with 0, {KEY} is {made}"
 
 
