@@ -147,8 +147,8 @@ platform::Result<Done> Profiles::checkWritable() {
 }
 
 Attempt<Done> Profiles::checkReadable(const std::string& what) {
-  if (const auto damage = environment_.preferences.damage(prefs::kDomain))
-    return notDone(what, *damage);
+  const auto readable = prefs::readableSettings(environment_.preferences);
+  if (!readable) return notDone(what, readable.error());
   return Done{};
 }
 

@@ -44,8 +44,9 @@ int batteryLevels() {
 }
 
 std::optional<Trigger> findTrigger(std::string_view text) {
+  const std::string title = withoutHyphens(text);
   for (Trigger& trigger : triggers())
-    if (trigger.profileID == text || equalInAnyCase(trigger.title, withoutHyphens(text)) ||
+    if (trigger.profileID == text || equalInAnyCase(trigger.title, title) ||
         isLevel(trigger, text) || trigger.path == text)
       return std::move(trigger);
   return std::nullopt;

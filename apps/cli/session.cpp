@@ -15,9 +15,8 @@ constexpr std::string_view kUserFolder = "/var/mobile/";  // the platform's
 
 // A path of the platform is not where the file is on this machine.
 std::string withPlace(const std::string& message) {
-  const bool leadsOn = message.find("quorvantis where") != std::string::npos;
   const bool hasPath = message.find(kUserFolder) != std::string::npos;
-  return hasPath && !leadsOn ? message + "; quorvantis where prints where that is" : message;
+  return hasPath ? message + "; quorvantis where prints where that is" : message;
 }
 
 }  // namespace
