@@ -174,9 +174,11 @@ def changes():
 
 
 def trigger_number(text):
-    number = int(text.removesuffix("%"))
-    if not (1 <= number <= 100 or (number in EVENTS and not text.endswith("%"))):
-        raise ValueError(text)
+    digits = text.removesuffix("%")
+    number = int(digits) if digits.isdecimal() else 0
+    if not (1 <= number <= 100 or (number in EVENTS and digits == text)):
+        raise argparse.ArgumentTypeError(f"no trigger {text!r}; it is a level from 1 to 100, or one of "
+                                         + ", ".join(map(str, EVENTS)))
     return number
 
 

@@ -76,7 +76,7 @@ class Extension(ExtensionTest):
 
     def test_what_is_no_trigger_is_refused(self):
         for word in ("0", "101%", "103", "half", "-5"):
-            self.assertIn("TRIGGER", self.refused("--once", "--", word))
+            self.assertIn(f"no trigger '{word}'", self.refused("--once", "--", word))
 
     def test_damaged_files_are_reported(self):
         self.save_profile("wifi", "Off")
