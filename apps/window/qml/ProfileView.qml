@@ -109,7 +109,7 @@ ToolView {
             heading: view.profile.other === "" ? qsTr("A load would change") : qsTr("Different in %1").arg(view.profile.other)
             values: view.profile.differences
             empty: view.profile.failed ? qsTr("It can't be compared.") : view.profile.other === "" ? qsTr("Nothing: the settings are like this already.") : qsTr("Nothing: both are alike.")
-            footer: view.profile.alike === 0 || view.profile.other !== "" ? "" : view.profile.alike === 1 ? qsTr("One more is only stored with the value already shown.") : qsTr("%1 more are only stored with the value already shown.").arg(view.profile.alike)
+            footer: view.profile.alike === 0 || view.profile.other !== "" ? "" : view.profile.alike === 1 ? qsTr("One value is stored differently, but shows the same.") : qsTr("%1 values are stored differently, but show the same.").arg(view.profile.alike)
         }
         ValueList {
             width: parent.width
