@@ -76,7 +76,8 @@ class SystemSounds {
   virtual void play(const std::optional<std::string>& url) = 0;  // no URL: silence
 };
 
-// XML property lists, for archives and imports that others wrote in that form.
+// XML property lists, for archives and imports that others wrote in that form; of several threads
+// each may call it.
 class XmlPropertyLists {
  public:
   virtual ~XmlPropertyLists() = default;

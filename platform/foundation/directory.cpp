@@ -43,14 +43,15 @@ platform::Result<std::vector<std::string>> Directory::names() const {
   }
 }
 
-platform::Result<plist::Bytes> Directory::read(const std::string& name) {
+platform::Result<plist::Bytes> Directory::read(const std::string& name,
+                                               std::vector<std::uint8_t>& buffer) const {
   const Descriptor file = openBelow(descriptor(), name, O_RDONLY, Resolve::Beneath);
   if (!file) return error(name, errno);
   const auto status = statRegular(file, name);
   if (!status) return error(name, status.error().code, status.error().what);
-  const auto length = readWhole(file, static_cast<std::size_t>(status->st_size), buffer_, name);
+  const auto length = readWhole(file, static_cast<std::size_t>(status->st_size), buffer, name);
   if (!length) return error(name, length.error().code, length.error().what);
-  return plist::Bytes(buffer_.data(), *length);
+  return plist::Bytes(buffer.data(), *length);
 }
 
 std::optional<std::uint64_t> Directory::size(const std::string& name) const {

@@ -29,7 +29,10 @@ class Directory {
   // A regular file of the folder, whole; the bytes hold until the next read. A symbolic link is
   // followed only while it stays inside the folder: one that leads out is an error (EXDEV), and so
   // are FIFOs, devices and folders, none of which blocks the call.
-  platform::Result<plist::Bytes> read(const std::string& name);
+  platform::Result<plist::Bytes> read(const std::string& name) { return read(name, buffer_); }
+  // Into a buffer of the caller's, so that several threads can read at once.
+  platform::Result<plist::Bytes> read(const std::string& name,
+                                      std::vector<std::uint8_t>& buffer) const;
 
   // Of an entry, in bytes; nothing where there is none.
   std::optional<std::uint64_t> size(const std::string& name) const;

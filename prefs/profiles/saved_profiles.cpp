@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <future>
+#include <iterator>
+#include <span>
 
 #include "platform/foundation/text.h"
 #include "platform/localized_sort.h"
@@ -25,11 +28,39 @@ std::string titleOf(const ProfileFile& profile, TitleForm form) {
   return title;
 }
 
-Result<archive::Lookup> readProfile(foundation::Directory& folder, const std::string& name,
-                                    platform::XmlPropertyLists& xml) {
-  auto bytes = folder.read(name);
-  if (!bytes) return bytes.error();
-  return lookUpInArchive(*bytes, kKeys, xml);
+// Each takes a few microseconds, so that a second thread is worth its cost for thousands only.
+constexpr std::size_t kManyFiles = 2000;
+
+ProfileFiles readFiles(const foundation::Directory& folder, std::span<const std::string> names,
+                       platform::XmlPropertyLists& xml) {
+  ProfileFiles profiles;
+  std::vector<std::uint8_t> buffer;
+  for (const std::string& name : names) {
+    std::string path = std::string(kDocuments) + name;
+    const auto bytes = folder.read(name, buffer);
+    auto profile = bytes ? lookUpInArchive(*bytes, kKeys, xml) : bytes.error();
+    if (!profile) {
+      profiles.skipped.push_back(profile.error());
+      profiles.skipped.back().path = std::move(path);
+      continue;
+    }
+    auto& values = profile->values;
+    profiles.files.push_back(
+        {std::move(path), std::move(values[0]), std::move(values[1]), std::move(values[2])});
+  }
+  return profiles;
+}
+
+ProfileFiles readInTwoThreads(const foundation::Directory& folder,
+                              std::span<const std::string> names, platform::XmlPropertyLists& xml) {
+  const std::size_t half = names.size() / 2;
+  auto second = std::async(std::launch::async | std::launch::deferred,
+                           [&] { return readFiles(folder, names.subspan(half), xml); });
+  ProfileFiles profiles = readFiles(folder, names.first(half), xml);
+  ProfileFiles others = second.get();
+  std::ranges::move(others.files, std::back_inserter(profiles.files));
+  std::ranges::move(others.skipped, std::back_inserter(profiles.skipped));
+  return profiles;
 }
 
 }  // namespace
@@ -46,30 +77,14 @@ void sortTitles(std::vector<std::string>& titles, platform::Collator& collator) 
 }
 
 ProfileFiles profileFiles(const preferences::Environment& environment) {
-  ProfileFiles profiles;
-  auto folder = environment.root.openDirectory(kDocuments);
-  if (!folder) {
-    if (folder.error().code != ENOENT) profiles.failure = folder.error().message();
-    return profiles;
-  }
-  auto names = folder->names();
-  if (!names) {
-    profiles.failure = names.error().message();
-    return profiles;
-  }
-  for (const std::string& name : *names) {
-    if (foundation::pathExtension(name) != kProfileExtension) continue;
-    std::string path = std::string(kDocuments) + name;
-    auto profile = readProfile(*folder, name, environment.xml);
-    if (!profile) {
-      profiles.skipped.push_back(profile.error());
-      profiles.skipped.back().path = std::move(path);
-      continue;
-    }
-    auto& values = profile->values;
-    profiles.files.push_back(
-        {std::move(path), std::move(values[0]), std::move(values[1]), std::move(values[2])});
-  }
+  const auto folder = environment.root.openDirectory(kDocuments);
+  auto names = folder ? folder->names() : folder.error();
+  if (!names) return {.failure = names.error().code == ENOENT ? "" : names.error().message()};
+  std::erase_if(*names,
+                [](auto& name) { return foundation::pathExtension(name) != kProfileExtension; });
+  ProfileFiles profiles = names->size() < kManyFiles
+                              ? readFiles(*folder, *names, environment.xml)
+                              : readInTwoThreads(*folder, *names, environment.xml);
   platform::sortLocalized(profiles.files, environment.collator, &ProfileFile::path);
   platform::sortLocalized(profiles.skipped, environment.collator, &platform::Error::path);
   return profiles;

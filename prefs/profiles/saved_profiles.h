@@ -19,10 +19,10 @@ struct ProfileFile {
   plist::Value trigger, description, active;
 };
 struct ProfileFiles {
-  std::vector<ProfileFile> files;  // sorted by their paths with localizedStandardCompare:
-  std::string failure;             // why the folder couldn't be listed; empty where it could
+  std::vector<ProfileFile> files{};  // sorted by their paths with localizedStandardCompare:
+  std::string failure{};             // why the folder couldn't be listed; empty where it could
   // Why files that bear a profile's extension can't be one, in the order of their paths.
-  std::vector<platform::Error> skipped;
+  std::vector<platform::Error> skipped{};
 };
 
 // Every entry whose extension is exactly "qvx" and that holds a keyed archive, each read once; a

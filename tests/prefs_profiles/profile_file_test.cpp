@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include "prefs/profiles/saved_profiles.h"
 #include "tests/prefs_profiles/profiles_device.h"
 
 namespace {
@@ -206,6 +207,26 @@ TEST_F(ProfileFile, ReportsWhyItCannotBeDeleted) {
   ASSERT_FALSE(deleted);
   EXPECT_EQ(deleted.error().code, ENOENT);
   EXPECT_FALSE(device.root.exists(kDocuments)) << "only a save makes the folder";
+}
+
+TEST_F(ProfileFile, ThousandsAreListedAsAFewAre) {
+  constexpr int kCount = 6000;
+  ASSERT_TRUE(writeProfile(device.environment, profilePath(1), {{"profilepercentage", "1"}}));
+  for (int number = 2; number <= kCount; ++number)
+    if (number % 1000 == 0)
+      std::ofstream(at("profile_" + std::to_string(number) + ".qvx")) << "damaged";
+    else
+      std::filesystem::create_hard_link(at("profile_1.qvx"),
+                                        at("profile_" + std::to_string(number) + ".qvx"));
+  const ProfileFiles found = profileFiles(device.environment);
+  std::vector<std::string> skipped;
+  for (const auto& error : found.skipped) skipped.push_back(error.path);
+  EXPECT_EQ(skipped, (std::vector{profilePath(1000), profilePath(2000), profilePath(3000),
+                                  profilePath(4000), profilePath(5000), profilePath(6000)}));
+  ASSERT_EQ(found.files.size(), kCount - skipped.size());
+  EXPECT_EQ(found.files.front().path, profilePath(1));
+  EXPECT_EQ(found.files.back().path, profilePath(5999));
+  for (const auto& file : found.files) ASSERT_EQ(file.trigger, plist::Value("1")) << file.path;
 }
 
 }  // namespace
