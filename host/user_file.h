@@ -7,6 +7,7 @@ namespace host {
 using foundation::Controls;
 using foundation::Existing;
 using foundation::kStandardStream;
+using foundation::occupyStandardStreams;
 using foundation::readUserFile;
 using foundation::Stream;
 using foundation::writeStream;

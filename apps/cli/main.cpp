@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "apps/cli/command_line.h"
+#include "host/user_file.h"
 
 namespace {
 
@@ -39,6 +40,7 @@ int codeOf(const Outcome<Done>& done) {
 }  // namespace
 
 int main(int count, char** arguments) {
+  host::occupyStandardStreams();
   try {
     cli::Session session;
     return codeOf(runLine({arguments + 1, arguments + count}, session));

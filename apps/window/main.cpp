@@ -60,6 +60,7 @@ int run(const window::Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) try {
+  host::occupyStandardStreams();
   QStringList arguments;
   for (int i = 0; i < argc; ++i) arguments << QString::fromLocal8Bit(argv[i]);
   const auto options = window::readOptions(arguments);

@@ -114,13 +114,14 @@ bool ProfileTool::exportTo(const QString& file, bool replace) {
   }
   const auto existing = replace ? host::Existing::Overwrite : host::Existing::Keep;
   const auto written = host::writeUserFile(path, *bytes, existing);
-  if (written)
+  const bool isThere = written || written.error().kind == platform::ErrorKind::Unconfirmed;
+  if (isThere)
     emit exported(file);
   else if (written.error().code == EEXIST)
     emit replaceWanted(file);
-  else
+  if (!written && written.error().code != EEXIST)
     tools_.report(host::failureOf(host::Source::Request, written.error()));
-  return static_cast<bool>(written);
+  return isThere;
 }
 
 }  // namespace window

@@ -19,20 +19,27 @@ using platform::Result;
 constexpr std::size_t kFirstBlock = 1 << 16;
 
 Result<Done> overwrite(const std::string& path, plist::Bytes bytes) {
-  Descriptor file(open(path.c_str(), O_WRONLY | O_TRUNC | O_NOCTTY | O_CLOEXEC));
-  if (!file || !writeWhole(file.number(), bytes) || !file.close()) return Error{path, errno};
+  // Without O_NONBLOCK a FIFO would wait for its reader; what is written then may be more than it
+  // takes at once.
+  Descriptor file(open(path.c_str(), O_WRONLY | O_TRUNC | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+  if (!file || fcntl(file.number(), F_SETFL, 0) != 0 || !writeWhole(file.number(), bytes) ||
+      !file.close())
+    return Error{path, errno};
   return Done{};
 }
 
 Result<Done> place(const std::filesystem::path& target, plist::Bytes bytes, Existing existing) {
   const std::string parent = target.parent_path();
-  const Directory folder(Descriptor(open(parent.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)),
-                         parent);
-  if (folder.descriptor() < 0) return Error{parent, errno};
+  Descriptor opened(open(parent.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  // One that can't be listed can still be written to, though not flushed.
+  if (!opened) opened = Descriptor(open(parent.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+  if (!opened) return Error{parent, errno};
+  const Directory folder(std::move(opened), parent);
   removeLeftovers(folder, target.filename());
   auto pending = PendingFile::write(folder, target.filename(), bytes, 0666);
   if (!pending) return pending.error();
-  return pending->place(existing);
+  if (const auto placed = pending->place(existing); !placed) return placed;
+  return flushFolder(folder);
 }
 
 Result<std::vector<std::uint8_t>> read(const Descriptor& file, const std::string& name) {
@@ -67,8 +74,13 @@ Result<Done> writeUserFile(const std::string& path, plist::Bytes bytes, Existing
   const auto target = std::filesystem::weakly_canonical(absolute, unresolved);  // through links
   if (unresolved) return Error{path, unresolved.value()};
   const auto placed = place(target, bytes, existing);
-  if (!placed) return Error{path, placed.error().code, placed.error().what};
+  if (!placed) return Error{path, placed.error().code, placed.error().what}.as(placed.error().kind);
   return Done{};
+}
+
+void occupyStandardStreams() {
+  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+    if (fcntl(stream, F_GETFD) < 0) static_cast<void>(open("/", O_PATH));
 }
 
 std::string absolutePath(const std::string& path) {
