@@ -20,7 +20,7 @@ constexpr std::int64_t kSecond = 1'000'000'000;
 // A clock that counts parts of a second ticks every 10 ms at least, one that doesn't every 2 s.
 constexpr std::int64_t kFineTick = kSecond / 20, kCoarseTick = 3 * kSecond;
 constexpr std::int64_t kBeingWritten = 3 * kSecond;
-constexpr int kLooksAgain = 3;
+constexpr int kLooksAgain = 3, kEqualLooks = 2;
 constexpr std::chrono::milliseconds kPauseBetweenLooks{150};
 constexpr std::int64_t kShortestPropertyList = 42;  // bytes, of a binary one
 
@@ -104,15 +104,15 @@ Result<DomainReadingPtr> DomainReader::look(FileStamp& stamp) const {
 Result<DomainReadingPtr> DomainReader::read() {
   if (isUnchanged()) return last_;
   FileStamp before;
+  int unchanged = 0;
   for (int again = kLooksAgain;; --again) {
     FileStamp stamp;
     const auto read = look(stamp);
     if (read) last_ = *read;
     if (read || read.error().kind != ErrorKind::Damaged) return read;
-    const bool first = again == kLooksAgain;
-    const bool beingWritten =
-        stamp.inode != 0 && now() - stamp.changed <= kBeingWritten && !damaged_.sameFile(stamp) &&
-        (first || !before.sameFile(stamp) || stamp.size < kShortestPropertyList);
+    unchanged = before.sameFile(stamp) && stamp.size >= kShortestPropertyList ? unchanged + 1 : 0;
+    const bool beingWritten = stamp.inode != 0 && now() - stamp.changed <= kBeingWritten &&
+                              !damaged_.sameFile(stamp) && unchanged < kEqualLooks;
     if (again == 0 || !beingWritten) {
       damaged_ = stamp;
       return read;

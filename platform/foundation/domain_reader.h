@@ -48,8 +48,8 @@ using DomainReadingPtr = std::shared_ptr<const DomainReading>;  // never null in
 //
 // Reading takes no lock: the file only ever changes by being replaced. A file that another program
 // rewrites in place may be read half-written: one that has changed within the last 3 s and can't be
-// parsed is looked at again, at most three times, 150 ms apart, as long as it changes or is too
-// short to hold anything. What plist::storable leaves out is left out in reading too.
+// parsed is looked at again, 150 ms apart: three times if it changes meanwhile or is too short to
+// hold anything, else twice. What plist::storable leaves out is left out in reading too.
 //
 // A file that can't be read or parsed is damaged: errors about it are of the kind Damaged. One that
 // can't be opened, or a folder of that name, isn't.

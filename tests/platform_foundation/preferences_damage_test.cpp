@@ -189,6 +189,20 @@ TEST_F(PreferencesTest, FileThatIsBeingRewrittenInPlaceIsNotDamaged) {
   EXPECT_TRUE(succeeded(writer));
 }
 
+// One that pauses after most of it.
+TEST_F(PreferencesTest, FileWhoseWriterPausesIsNotDamaged) {
+  const std::string whole = textOfDomain({{"theirs", std::string(100, 'x')}});
+  folder.write(kFile, whole.substr(0, whole.size() - 20));
+  const pid_t writer = startProcess([&] {
+    poll(nullptr, 0, 200);
+    folder.write(kFile, whole);
+    return true;
+  });
+  EXPECT_TRUE(preferences.setAppValue("mine", 2, kDomain));
+  EXPECT_TRUE(preferences.copyAppValue("theirs", kDomain));
+  EXPECT_TRUE(succeeded(writer));
+}
+
 TEST_F(DamagedDomain, IsNotWaitedForAgainOnceItIsKnown) {
   damage("");
   EXPECT_FALSE(preferences.appSynchronize(kDomain));
