@@ -1,10 +1,12 @@
 #include "host/backups.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <new>
 
 #include "host/triggers.h"
+#include "host/undo.h"
 #include "platform/foundation/checksum.h"
 #include "platform/foundation/text.h"
 #include "platform/plist/hexadecimal.h"
@@ -82,6 +84,7 @@ struct Backups::State {
   foundation::DeviceRoot folder;
   Snapshots snapshots;
   History history;
+  ChangeNote changeNote{folder};
   LastSeen lastSeen{folder};
   std::unique_ptr<LoadNote> load;
 };
@@ -128,6 +131,10 @@ History& Backups::history() {
   return state().history;
 }
 
+ChangeNote& Backups::changeNote() {
+  return state().changeNote;
+}
+
 LastSeen& Backups::lastSeen() {
   return state().lastSeen;
 }
@@ -154,9 +161,11 @@ Result<int> Backups::keep(const std::string& before) {
   if (!domain && domain.error().code != ENOENT) return domain.error();
   if (domain) snapshot.domain = *domain;
   auto profiles = readProfileFiles(environment_.root, domain ? domain->size() : 0);
-  if (!profiles) return profiles.error();
-  snapshot.profiles = std::move(*profiles);
-  return state().snapshots.add(snapshot);
+  if (!profiles && profiles.error().code != EFBIG) return profiles.error();
+  if (profiles) snapshot.profiles = std::move(*profiles);
+  const auto added = state().snapshots.add(snapshot);
+  if (added && !profiles) warn(snapshotBefore(before) + " has no profiles", profiles.error());
+  return added;
 }
 
 bool Backups::keepOrWarn(const std::string& before) {
@@ -190,6 +199,7 @@ void Backups::prepare() {
   takeDailySnapshot();
   const auto finished = state().load->finish();
   if (!finished) warn("a load that was stopped half-way is not finished", finished.error());
+  finishChange(environment_, *this);
   preparing_ = false;
 }
 

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "host/change_note.h"
 #include "host/history.h"
 #include "host/kept_sets.h"
 #include "host/last_seen.h"
@@ -29,27 +30,30 @@ class Backups : public foundation::ChangeObserver {
           Clock clock = std::chrono::system_clock::now);
   ~Backups() override;
 
-  // Takes a snapshot before what the text says ("reset"). An error also while the settings can't be
-  // read, so that the good ones stay.
+  // Takes a snapshot before what the text says ("reset"), of the settings alone, with a warning,
+  // where the profiles are too large for it. An error also while the settings can't be read, so
+  // that the good ones stay.
   platform::Result<int> keep(const std::string& before);
   // Likewise, with a warning for an error. Whether there is one now.
   bool keepOrWarn(const std::string& before);
 
   // Finds the folder; an error where the root's real path can't be told. Everything does it when it
-  // needs it, and nothing is kept where it fails, but the three that follow presuppose that it has
+  // needs it, and nothing is kept where it fails, but the four that follow presuppose that it has
   // succeeded.
   platform::Result<platform::Done> open();
 
   Snapshots& snapshots();
   History& history();
+  ChangeNote& changeNote();
+  std::chrono::milliseconds lockPatience() const { return lockPatience_; }
   LastSeen& lastSeen();
   // The settings as another process sees and changes them.
   foundation::Preferences& store() { return store_; }
   // checksumOf() the settings file as it is; of no bytes without one, or where it can't be read.
   std::uint64_t domainChecksum() const;
 
-  // Finishes a load that was stopped half-way, and takes the day's snapshot. Is done before each
-  // change and is no part of it; a window does it as it starts.
+  // Finishes a load or another change that was stopped half-way, and takes the day's snapshot. Is
+  // done before each change and is no part of it; a window does it as it starts.
   void prepare();
 
   // As preferences::ProfileGuard: a snapshot before a load, an import, an overwriting save and a

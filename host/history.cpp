@@ -32,6 +32,24 @@ std::optional<plist::Value> valueIn(const plist::Dictionary& record, std::string
   return value ? std::optional(*value) : std::nullopt;
 }
 
+}  // namespace
+
+Result<FileChange::Bytes> bytesOf(const foundation::DeviceRoot& root, const std::string& path) {
+  auto bytes = root.read(path, foundation::Links::Refuse);
+  if (bytes) return FileChange::Bytes(std::move(*bytes));
+  if (bytes.error().code == ENOENT) return FileChange::Bytes();
+  return bytes.error();
+}
+
+Result<Done> putBytes(foundation::DeviceRoot& root, const std::string& path,
+                      const FileChange::Bytes& bytes) {
+  return bytes ? root.writeDurably(path, *bytes) : root.remove(path);
+}
+
+bool isUnconfirmed(const Result<Done>& written) {
+  return !written && written.error().kind == platform::ErrorKind::Unconfirmed;
+}
+
 plist::Dictionary recordOf(const Change& change) {
   plist::Array settings, files;
   for (const auto& [key, from, to] : change.settings) {
@@ -75,24 +93,6 @@ std::optional<Change> changeIn(const plist::Dictionary& record) {
   return change;
 }
 
-}  // namespace
-
-Result<FileChange::Bytes> bytesOf(const foundation::DeviceRoot& root, const std::string& path) {
-  auto bytes = root.read(path, foundation::Links::Refuse);
-  if (bytes) return FileChange::Bytes(std::move(*bytes));
-  if (bytes.error().code == ENOENT) return FileChange::Bytes();
-  return bytes.error();
-}
-
-Result<Done> putBytes(foundation::DeviceRoot& root, const std::string& path,
-                      const FileChange::Bytes& bytes) {
-  return bytes ? root.writeDurably(path, *bytes) : root.remove(path);
-}
-
-bool isUnconfirmed(const Result<Done>& written) {
-  return !written && written.error().kind == platform::ErrorKind::Unconfirmed;
-}
-
 Result<Done> History::add(const Change& change) {
   const auto locked = lock();
   if (!locked) return locked.error();
@@ -112,6 +112,15 @@ History::Latest History::newest(const RecordFolder& records) {
     if (auto change = changeIn(*record)) return std::optional(Entry{*number, std::move(*change)});
   }
   return std::optional<Entry>();
+}
+
+std::optional<Error> History::takeDamaged(RecordFolder& records) {
+  const auto numbers = records.numbers();
+  if (!numbers || numbers->empty()) return std::nullopt;
+  const auto record = records.read(numbers->back());
+  const bool isDamaged = !record && record.error().code == 0;
+  if (!isDamaged || !records.remove(numbers->back())) return std::nullopt;
+  return record.error();
 }
 
 // Put there first: one that stands on both sides is only found done already.

@@ -38,8 +38,7 @@ struct Change {
 // This user's changes, by window or shell, in their order: those that can be undone, and those that
 // were undone and can be done again, until there is a new one. The newest 200 of each stay, or as
 // many as come to 4 MB. They outlive the program, but the latest need not outlive a power cut: no
-// change waits for the disk on their account. A damaged record counts as none, and stays until it
-// is too old.
+// change waits for the disk on their account. A damaged record counts as none.
 class History {
  public:
   // `patience`: how long another process that holds the history is waited for.
@@ -65,6 +64,10 @@ class History {
   using Latest = platform::Result<std::optional<Entry>>;
   Latest lastDone() const { return newest(done_); }
   Latest lastUndone() const { return newest(undone_); }
+  // Whether the newest is damaged; it is removed then, so that the next look is about the one
+  // before it.
+  std::optional<platform::Error> takeDamagedDone() { return takeDamaged(done_); }
+  std::optional<platform::Error> takeDamagedUndone() { return takeDamaged(undone_); }
   // Moves that one to the other side.
   platform::Result<platform::Done> setUndone(int number) { return move(number, done_, undone_); }
   platform::Result<platform::Done> setRedone(int number) { return move(number, undone_, done_); }
@@ -72,11 +75,16 @@ class History {
  private:
   static constexpr std::string_view kCalled = "the history";
   static Latest newest(const RecordFolder& records);
+  static std::optional<platform::Error> takeDamaged(RecordFolder& records);
   static platform::Result<platform::Done> move(int number, RecordFolder& from, RecordFolder& to);
 
   RecordFolder done_, undone_;
   std::chrono::milliseconds patience_;
 };
+
+// As records hold it; nothing: the record holds no change.
+plist::Dictionary recordOf(const Change& change);
+std::optional<Change> changeIn(const plist::Dictionary& record);
 
 // The change in the opposite direction.
 Change reversed(Change change);

@@ -1,5 +1,7 @@
 #include "host/last_seen.h"
 
+#include <cerrno>
+
 namespace host {
 namespace {
 
@@ -18,7 +20,8 @@ std::optional<LastSeen::Sighting> LastSeen::read() const {
   if (!numbers) return std::nullopt;
   for (auto number = numbers->rbegin(); number != numbers->rend(); ++number) {
     const auto record = records_.read(*number);
-    if (!record) continue;
+    if (!record && record.error().code == ENOENT) continue;
+    if (!record) return std::nullopt;
     const auto time = dateIn(*record, kTime);
     const plist::Value* checksum = record->find(kChecksum);
     if (!time || !checksum || !checksum->unsignedInteger()) continue;

@@ -22,6 +22,8 @@ class LastSeen {
   explicit LastSeen(foundation::DeviceRoot& state)
       : records_(state, "/seen/", "what was seen", 2, 1 << 20) {}
 
+  // Nothing also where the latest was lost in a power cut: an earlier one would accuse others of
+  // this program's own change.
   std::optional<Sighting> read() const;
   // This program has changed the file of the one checksum to that of the other. For one who holds
   // the file's lock.

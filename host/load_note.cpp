@@ -4,7 +4,6 @@
 #include <new>
 
 #include "host/record_folder.h"
-#include "platform/foundation/file_lock.h"
 #include "platform/foundation/text.h"
 #include "prefs/core/names.h"
 #include "prefs/core/preference_store.h"
@@ -19,16 +18,12 @@ using platform::Error;
 using platform::Result;
 
 constexpr const char* kNote = "/load";
-constexpr const char* kLockedName = "load";
 constexpr std::string_view kCalled = "the loading of profiles";
 constexpr std::string_view kBefore = "before", kAfter = "after";
 
 Result<foundation::Descriptor> lockLoads(foundation::DeviceRoot& state,
                                          std::chrono::milliseconds patience) {
-  if (const auto made = state.createDirectory("/"); !made) return made.error();
-  const auto folder = state.openDirectory("/");
-  if (!folder) return folder.error();
-  return foundation::takeLock(*folder, kLockedName, patience, kCalled);
+  return lockRecord(state, kNote, patience, kCalled);
 }
 
 // What a load makes of the profile's switch at last.

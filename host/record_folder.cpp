@@ -7,6 +7,7 @@
 #include "host/text.h"
 #include "platform/foundation/checksum.h"
 #include "platform/foundation/file_lock.h"
+#include "platform/foundation/file_reading.h"
 
 namespace host {
 namespace {
@@ -73,9 +74,21 @@ Result<Done> writeRecord(foundation::DeviceRoot& state, const std::string& path,
                          const plist::Dictionary& record) {
   const auto bytes = encodeRecord(record);
   if (!bytes) return bytes.error();
+  if (bytes->size() > foundation::kLargestFile) return Error{state.directory() + path, EFBIG};
   const auto written = state.writeDurably(path, *bytes);
   if (!written) return located(state, written.error());
   return Done{};
+}
+
+Result<foundation::Descriptor> lockRecord(foundation::DeviceRoot& state, const std::string& path,
+                                          std::chrono::milliseconds patience,
+                                          std::string_view called) {
+  const std::size_t name = path.rfind('/') + 1;
+  const auto folder = state.openOrCreateDirectory(path.substr(0, name));
+  if (!folder) return located(state, folder.error());
+  auto locked = foundation::takeLock(*folder, path.substr(name), patience, called);
+  if (!locked) return located(state, locked.error());
+  return locked;
 }
 
 bool isLost(const Error& error) {
@@ -98,11 +111,7 @@ Result<plist::Dictionary> RecordFolder::read(int number) const {
 }
 
 Result<foundation::Descriptor> RecordFolder::lock(std::chrono::milliseconds patience) {
-  const auto folder = state_.openOrCreateDirectory(path_);
-  if (!folder) return located(state_, folder.error());
-  auto locked = foundation::takeLock(*folder, kLockedName, patience, called_);
-  if (!locked) return located(state_, locked.error());
-  return locked;
+  return lockRecord(state_, path_ + kLockedName, patience, called_);
 }
 
 Result<int> RecordFolder::addDurably(const plist::Dictionary& record) {

@@ -54,12 +54,18 @@ class RecordFolder {
   std::uintmax_t largest_;
 };
 
-// A single record of that path, in the same form and durable. Errors name the file's place on this
-// machine.
+// A single record of that path, in the same form and durable; one that is too large to be read is
+// not written. Errors name the file's place on this machine.
 platform::Result<plist::Dictionary> readRecord(const foundation::DeviceRoot& state,
                                                const std::string& path);
 platform::Result<platform::Done> writeRecord(foundation::DeviceRoot& state, const std::string& path,
                                              const plist::Dictionary& record);
+
+// Keeps other processes from taking it, whose record it is, as long as it is held; as takeLock.
+platform::Result<foundation::Descriptor> lockRecord(foundation::DeviceRoot& state,
+                                                    const std::string& path,
+                                                    std::chrono::milliseconds patience,
+                                                    std::string_view called);
 
 // Whether it couldn't be read since it is damaged, gone by now, or nothing that is ever written as
 // a record; else the system failed, and it may well be there.

@@ -36,7 +36,8 @@ std::vector<FileChange> fileDifferences(const Files& from, const Files& to) {
 
 Recovery::State Recovery::state() {
   State state;
-  state.damage = backups_.store().damage(prefs::kDomain);
+  if (const auto read = backups_.store().refresh(prefs::kDomain); !read)
+    state.damage = read.error();
   state.settings = prefs::wholeDomainRead(backups_.store()).size();
   const auto compare = [&] {
     state.seen = backups_.lastSeen().read();
@@ -147,12 +148,15 @@ Attempt<Done> Recovery::startAnew() {
 Attempt<Change> Recovery::changeTo(const Snapshot& snapshot) {
   const auto settings = settingsIn(snapshot);
   if (!settings) return settings.error();
-  if (const auto damage = backups_.store().damage(prefs::kDomain)) return failed(*damage);
+  if (const auto read = backups_.store().refresh(prefs::kDomain); !read)
+    return failed(read.error());
+  const plist::Dictionary domain = prefs::wholeDomainRead(backups_.store());
+  Change change{.settings = foundation::changesBetween(domain, *settings)};
+  if (!snapshot.profiles) return change;
   const auto files = readProfileFiles(environment_.root);
   if (!files) return failed(files.error());
-  const plist::Dictionary domain = prefs::wholeDomainRead(backups_.store());
-  return Change{.settings = foundation::changesBetween(domain, *settings),
-                .files = fileDifferences(*files, snapshot.profiles)};
+  change.files = fileDifferences(*files, *snapshot.profiles);
+  return change;
 }
 
 Attempt<std::vector<prefs::Difference>> Recovery::changesOfRestore(int number) {
@@ -186,7 +190,7 @@ Attempt<Recovery::Restored> Recovery::restore(int number) {
   Restored restored;
   for (const FileChange& file : change->files)
     if (!file.to) restored.deleted.push_back(file.path);
-  auto left = apply(environment_, backups_, *change);
+  auto left = apply(environment_, backups_, *change, ChangeNote::Of::Restore);
   if (left) backups_.remember(std::move(*change), *left);
   if (!left && left.error().reason == Failure::Unconfirmed)
     backups_.remember(std::move(*change), {});

@@ -50,8 +50,9 @@ class Recovery {
   // What a restore would change: settings by their keys, then profiles by their paths, with the
   // dictionaries that they hold (data where it is none).
   Attempt<std::vector<prefs::Difference>> changesOfRestore(int number);
-  // Settings and profiles become what they were; failures are those of host::apply. A snapshot is
-  // taken before, with a warning where that can't be, and it can be undone.
+  // Settings and profiles, where the snapshot has those, become what they were; failures are those
+  // of host::apply. A snapshot is taken before, with a warning where that can't be, and it can be
+  // undone.
   struct Restored {
     std::vector<std::string> deleted{};  // profiles that were saved later, by their paths
     std::vector<std::string> left{};     // what another program has changed at the same moment

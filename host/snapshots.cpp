@@ -17,7 +17,8 @@ constexpr std::string_view kTime = "time", kBefore = "before", kDomainBytes = "d
 constexpr std::size_t kEntry = 32;  // what a file costs besides, at most
 
 Error tooLarge() {
-  return {.what = "settings and profiles come to more than " +
+  return {.code = EFBIG,
+          .what = "settings and profiles come to more than " +
                   std::to_string(kLargestSnapshot >> 20) + " MB, the most that a snapshot holds"};
 }
 
@@ -53,11 +54,13 @@ Result<Files> readProfileFiles(const foundation::DeviceRoot& root, std::size_t d
 }
 
 Result<int> Snapshots::add(const Snapshot& snapshot) {
-  plist::Dictionary profiles;
-  for (const auto& [name, bytes] : snapshot.profiles) profiles.set(name, plist::Data{bytes});
   plist::Dictionary record{{std::string(kTime), snapshot.time},
-                           {std::string(kBefore), snapshot.before},
-                           {std::string(kProfiles), std::move(profiles)}};
+                           {std::string(kBefore), snapshot.before}};
+  if (snapshot.profiles) {
+    plist::Dictionary profiles;
+    for (const auto& [name, bytes] : *snapshot.profiles) profiles.set(name, plist::Data{bytes});
+    record.set(kProfiles, std::move(profiles));
+  }
   if (snapshot.domain) record.set(kDomainBytes, plist::Data{*snapshot.domain});
   const auto locked = records_.lock(patience_);
   if (!locked) return locked.error();
@@ -73,13 +76,15 @@ Result<Snapshot> Snapshots::read(int number) const {
   const plist::Value* domain = record->find(kDomainBytes);
   const plist::Value* profiles = record->find(kProfiles);
   if (!time || !time->date() || !before || !before->text() || (domain && !domain->data()) ||
-      !profiles || !profiles->dictionary())
+      (profiles && !profiles->dictionary()))
     return foreign;
   Snapshot snapshot{*time->date(), *before->text(), {}, {}};
   if (domain) snapshot.domain = domain->data()->bytes;
+  if (!profiles) return snapshot;
+  snapshot.profiles.emplace();
   for (const auto& [name, bytes] : *profiles->dictionary()) {
     if (!namesAProfile(name) || !bytes.data()) return foreign;
-    snapshot.profiles.emplace(name, bytes.data()->bytes);
+    snapshot.profiles->emplace(name, bytes.data()->bytes);
   }
   return snapshot;
 }

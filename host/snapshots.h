@@ -19,18 +19,18 @@ struct Snapshot {
   plist::Date time;
   std::string before;                               // what it was taken before: "load 55", "daily"
   std::optional<std::vector<std::uint8_t>> domain;  // nothing: there was no settings file
-  Files profiles;
+  std::optional<Files> profiles;                    // nothing: they were too large to be kept
 };
 
-// What a snapshot holds at most, in bytes: settings, profiles and their names.
+// What a snapshot with profiles holds at most, in bytes: settings, profiles and their names.
 inline constexpr std::size_t kLargestSnapshot = 32 << 20;
 
 // Whether that error of reading a file says that a folder, a link or a device stands in its place.
 bool isNoFile(const platform::Error& error);
 
 // Every regular file of the documents folder whose extension is a profile's, whatever it holds. An
-// error when one can't be read, or when they don't fit into a snapshot that holds `domain` bytes of
-// settings.
+// error when one can't be read, or (EFBIG) when they don't fit into a snapshot that holds `domain`
+// bytes of settings.
 platform::Result<Files> readProfileFiles(const foundation::DeviceRoot& root,
                                          std::size_t domain = 0);
 

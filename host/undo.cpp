@@ -55,9 +55,8 @@ Failure takenBack(FileChanges& files, Failure cause) {
   if (stay.empty()) return cause;
   return failure(cause.problem.source, Failure::PartlyDone,
                  "not done: " + cause.problem.message() +
-                     "; changed all the same, since it can't be "
-                     "taken back: " +
-                     joined(stay));
+                     "; changed all the same, since it can't be taken back: " + joined(stay) +
+                     "; the next change does the rest");
 }
 
 // What a set that failed has left to be stored is the user's last change.
@@ -80,21 +79,30 @@ History::Latest next(preferences::Environment& environment, Backups& backups, Di
 Attempt<Undone> move(preferences::Environment& environment, Backups& backups, Direction direction) {
   if (const auto ended = endChanges(environment, backups); !ended)
     return failureOf(Source::Backups, ended.error());
-  backups.prepare();
   History& history = backups.history();
+  const bool undoing = direction == Direction::Undo;
+  const Failure nothing =
+      failure(Source::Backups, Failure::NotFound,
+              undoing ? "there is nothing to undo" : "there is nothing to redo");
+  // Without a trace in the host's state then.
+  if (const auto any = latest(history, direction); any && !*any) return nothing;
+  backups.prepare();
   const auto locked = history.lock();
   if (!locked) return failureOf(Source::Backups, locked.error());
-  const bool undoing = direction == Direction::Undo;
+  if (const auto damaged = undoing ? history.takeDamagedDone() : history.takeDamagedUndone())
+    return failureOf(Source::Backups, *damaged,
+                     std::string("the last change can't be ") +
+                         (undoing ? "undone" : "done again") +
+                         ", since what was kept of it is lost; another " +
+                         (undoing ? "undo" : "redo") + " is about the one before it");
   const auto last = latest(history, direction);
   if (!last) return failureOf(Source::Backups, last.error());
-  if (!*last)
-    return failure(Source::Backups, Failure::NotFound,
-                   undoing ? "there is nothing to undo" : "there is nothing to redo");
+  if (!*last) return nothing;
   if (const auto damage = backups.store().damage(prefs::kDomain))
     return failureOf(Source::Settings, *damage);
   const auto& [number, recorded] = **last;
   const Change change = undoing ? reversed(recorded) : recorded;
-  auto left = apply(environment, backups, change);
+  auto left = apply(environment, backups, change, ChangeNote::Of::Undo);
   if (!left && left.error().reason != Failure::Unconfirmed) return left.error();
   const auto moved = undoing ? history.setUndone(number) : history.setRedone(number);
   if (!moved)
@@ -106,10 +114,9 @@ Attempt<Undone> move(preferences::Environment& environment, Backups& backups, Di
   return Undone{change.what, done, std::move(*left)};
 }
 
-}  // namespace
-
-Attempt<std::vector<std::string>> apply(preferences::Environment& environment, Backups& backups,
-                                        const Change& change) {
+// All of it, or nothing, as apply says.
+Attempt<std::vector<std::string>> make(preferences::Environment& environment, Backups& backups,
+                                       const Change& change) {
   std::vector<std::string> left;
   FileChanges files(environment.root);
   for (const FileChange& file : change.files) {
@@ -127,6 +134,47 @@ Attempt<std::vector<std::string>> apply(preferences::Environment& environment, B
   }
   if (files.unconfirmed()) return failureOf(Source::Profiles, *files.unconfirmed());
   return left;
+}
+
+bool isOneStep(const Change& change) {
+  return change.files.size() + (change.settings.empty() ? 0 : 1) < 2;
+}
+
+// The files are changed first.
+bool isBegun(const foundation::DeviceRoot& root, const Change& change) {
+  return std::ranges::any_of(change.files, [&](const FileChange& file) {
+    const auto now = bytesOf(root, file.path);
+    return now && *now == file.to;
+  });
+}
+
+}  // namespace
+
+Attempt<std::vector<std::string>> apply(preferences::Environment& environment, Backups& backups,
+                                        const Change& change, ChangeNote::Of of) {
+  if (isOneStep(change)) return make(environment, backups, change);
+  const auto noted = backups.changeNote().begin(change, of, backups.lockPatience());
+  if (!noted)
+    backups.warn("\"" + change.what + "\" would stay half done if it were stopped now",
+                 noted.error());
+  auto left = make(environment, backups, change);
+  const bool isHalf = !left && left.error().reason == Failure::PartlyDone;
+  if (noted && !isHalf) backups.changeNote().end();
+  return left;
+}
+
+void finishChange(preferences::Environment& environment, Backups& backups) {
+  auto begun = backups.changeNote().left();
+  if (!begun) return;
+  if (isBegun(environment.root, begun->change)) {
+    const auto left = make(environment, backups, begun->change);
+    if (!left && left.error().reason != Failure::Unconfirmed)
+      return backups.warn("\"" + begun->change.what + "\" was stopped half-way and is not finished",
+                          {.what = left.error().problem.message()});
+    if (begun->of == ChangeNote::Of::Restore)
+      backups.remember(std::move(begun->change), left ? *left : std::vector<std::string>());
+  }
+  backups.changeNote().end();
 }
 
 Attempt<Undone> undo(preferences::Environment& environment, Backups& backups) {

@@ -34,8 +34,13 @@ std::string asDone(const std::string& what);
 
 // Makes a change: settings and files that are `from` become `to`. Gives those that are neither, and
 // are left. All files, then all settings, or nothing; where the failure is Unconfirmed, all; where
-// it is PartlyDone, the files that it names.
+// it is PartlyDone, the files that it names. A change of several files is noted before, so that it
+// doesn't stay half made, partly done or stopped; where it can't be, a warning says so.
 Attempt<std::vector<std::string>> apply(preferences::Environment& environment, Backups& backups,
-                                        const Change& change);
+                                        const Change& change, ChangeNote::Of of);
+
+// Makes the rest of a change that a process which is gone has begun; a warning says why it can't
+// be. A restored snapshot enters the history then.
+void finishChange(preferences::Environment& environment, Backups& backups);
 
 }  // namespace host

@@ -53,6 +53,14 @@ def changed(target):
     target.do("set", "custbright", "30")
 
 
+def after(prepare, *commands):
+    def do_all(target):
+        prepare(target)
+        for command in commands:
+            target.do(*command)
+    return do_all
+
+
 @dataclasses.dataclass
 class Operation:
     name: str
@@ -102,6 +110,15 @@ OPERATIONS = [
               remembers=True),
     Operation("repair --start-anew", damaged, ["repair", "--start-anew"], "repair", again=False),
     Operation("undo", changed, ["undo"], "undo", again=False, remembers=True),
+    Operation("undo a save", after(small, SAVE), ["undo"], "undo", steps=True, again=False, remembers=True),
+    Operation("redo a save", after(small, SAVE, ["undo"]), ["redo"], "redo", steps=True, again=False,
+              remembers=True, long=True),
+    Operation("undo a load", after(saved(small), LOAD), ["undo"], "undo", again=False, remembers=True,
+              long=True),
+    Operation("undo a delete", after(saved(small), DELETE), ["undo"], "undo", again=False, remembers=True,
+              long=True),
+    Operation("snapshot restore", after(saved(small), LOAD, DELETE, ["profile", "save", "30"]),
+              ["snapshot", "restore", "2"], "snapshot restore", steps=True, again=False, remembers=True),
 ]
 
 

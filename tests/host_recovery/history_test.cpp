@@ -184,14 +184,6 @@ TEST_F(HostHistory, ProcessesThatAddAtOnceLoseNothing) {
   EXPECT_EQ(names("history").size(), 81u);
 }
 
-TEST_F(HostHistory, ADamagedRecordStays) {
-  device.set("wifi", 1);
-  device.set("vpn", 1);
-  std::filesystem::resize_file(device.stateFolder() / "history" / "2", 40);
-  undo();
-  EXPECT_EQ(names("history"), (Names{"2"}));
-}
-
 TEST_F(HostHistory, WhatCannotBeTakenBackIsNamed) {
   device.save("20");
   device.save("30");
@@ -203,11 +195,13 @@ TEST_F(HostHistory, WhatCannotBeTakenBackIsNamed) {
   // The name of the first one is taken as soon as it is free.
   const std::string folder = device.at(prefs::profilePath(20)).string();
   device.realXml.atNextRead = [&] { std::filesystem::create_directories(folder); };
-  const auto applied = host::apply(device.environment, *device.backups, change);
+  const auto applied =
+      host::apply(device.environment, *device.backups, change, host::ChangeNote::Of::Undo);
   ASSERT_FALSE(applied);
   EXPECT_EQ(applied.error().reason, host::Failure::PartlyDone);
   EXPECT_THAT(applied.error().problem.message(),
-              testing::EndsWith("taken back: " + prefs::profilePath(20)));
+              testing::EndsWith("taken back: " + prefs::profilePath(20) +
+                                "; the next change does the rest"));
   EXPECT_TRUE(device.root.hasEntry(prefs::profilePath(30)));
 }
 
@@ -424,12 +418,34 @@ TEST_F(HostHistory, OneThatCannotBeReadIsAnErrorAndNotEmpty) {
   EXPECT_EQ(undone.error().reason, host::Failure::Failed);
 }
 
-TEST_F(HostHistory, ADamagedEntryIsPassedOver) {
+TEST_F(HostHistory, ADamagedEntryIsNamedBeforeAnEarlierOneIsUndone) {
   device.set("wifi", 1);
   device.set("vpn", 1);
   std::filesystem::resize_file(device.stateFolder() / "history" / "2", 40);
+  const auto lost = host::undo(device.environment, *device.backups);
+  ASSERT_FALSE(lost);
+  EXPECT_EQ(lost.error().reason, host::Failure::Failed);
+  EXPECT_THAT(lost.error().problem.message(),
+              testing::StartsWith("the last change can't be undone, since what was kept of it is "
+                                  "lost; another undo is about the one before it"));
+  EXPECT_EQ(device.stored("wifi"), Value(1));
   EXPECT_EQ(undo().what, "set wifi");
   EXPECT_EQ(device.stored("vpn"), Value(1));
+}
+
+TEST_F(HostHistory, ADamagedUndoneEntryIsNamedBeforeAnotherOneIsRedone) {
+  device.set("wifi", 1);
+  device.set("vpn", 1);
+  undo();
+  undo();
+  std::filesystem::resize_file(device.stateFolder() / "undone" / "2", 0);
+  EXPECT_FALSE(host::redo(device.environment, *device.backups));
+  EXPECT_EQ(redo().what, "set vpn");
+}
+
+TEST_F(HostHistory, NothingToUndoLeavesNoTrace) {
+  EXPECT_TRUE(nothingToUndo());
+  EXPECT_TRUE(std::filesystem::is_empty(device.state.path()));
 }
 
 }  // namespace

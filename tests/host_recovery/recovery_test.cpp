@@ -50,6 +50,31 @@ TEST_F(HostRecovery, FindsEachBitFlipThatYieldsOtherSettings) {
   EXPECT_FALSE(device.recovery().state().changedOutside);
 }
 
+TEST_F(HostRecovery, AccusesNobodyWhereItsOwnLatestSightingIsLost) {
+  device.set("wifi", 1);
+  device.set("vpn", 1);
+  std::filesystem::resize_file(device.stateFolder() / "seen" / "2", 0);
+  EXPECT_FALSE(device.recovery().state().changedOutside);
+}
+
+TEST_F(HostRecovery, SettingsThatCannotBeReadNowAreNotRestored) {
+  device.set("wifi", 1);
+  device.save("20");
+  ASSERT_TRUE(device.backups->keep("reset"));
+  device.remove("20");
+  device.set("wifi", 2);
+  device.startAnew();
+  const auto folder = device.at(foundation::kDomainFolder);
+  std::filesystem::rename(folder, folder.string() + " away");
+  std::filesystem::create_symlink(folder.filename(), folder);  // leads to itself
+  ASSERT_TRUE(device.backups->open());
+  const auto restored = device.recovery().restore(3);
+  ASSERT_FALSE(restored);
+  EXPECT_EQ(restored.error().reason, host::Failure::Failed);
+  EXPECT_TRUE(device.recovery().state().damage);
+  EXPECT_FALSE(device.root.exists(prefs::profilePath(20)));
+}
+
 TEST_F(HostRecovery, AChangeFromOutsideIsSaidAfterTheNextChangeToo) {
   device.set("wifi", 1);
   const auto first = device.recovery().state().seen->time;

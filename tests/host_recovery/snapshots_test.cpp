@@ -30,7 +30,7 @@ TEST_F(HostSnapshots, HoldTheBytesOfSettingsAndProfiles) {
 TEST_F(HostSnapshots, OfNothingHoldNothing) {
   ASSERT_TRUE(device.backups->keep("reset"));
   EXPECT_EQ(newest().domain, std::nullopt);
-  EXPECT_TRUE(newest().profiles.empty());
+  EXPECT_TRUE(newest().profiles->empty());
 }
 
 TEST_F(HostSnapshots, LeaveLinksAndFoldersOut) {
@@ -38,7 +38,7 @@ TEST_F(HostSnapshots, LeaveLinksAndFoldersOut) {
   std::filesystem::create_symlink("profile_7.qvx", device.at(prefs::profilePath(8)));
   std::filesystem::create_directories(device.at(prefs::profilePath(9)));
   ASSERT_TRUE(device.backups->keep("reset"));
-  EXPECT_EQ(newest().profiles.size(), 1u);
+  EXPECT_EQ(newest().profiles->size(), 1u);
 }
 
 TEST_F(HostSnapshots, AreTakenBeforeLoadImportOverwriteAndDelete) {
@@ -195,25 +195,40 @@ TEST_F(HostSnapshots, OnesThatCannotBeListedAreAnErrorAndNotNone) {
   EXPECT_EQ(read.error().reason, host::Failure::Failed);
 }
 
-TEST_F(HostSnapshots, LargerThanTheyCanBeAreRefusedInWordsAndDisableNoChange) {
+TEST_F(HostSnapshots, HoldTheSettingsAloneWhereTheProfilesAreTooLarge) {
   device.store("msgtext", std::string(20 << 20, 'x'));
   seed::write(device, "profile_7.qvx", std::vector<std::uint8_t>(13 << 20));
-  const auto kept = device.backups->keep("reset");
-  ASSERT_FALSE(kept);
-  EXPECT_EQ(kept.error().message(),
-            "settings and profiles come to more than 32 MB, the most that a snapshot holds");
   device.set("wifi", 1);
   device.set("wifi", 2);
-  EXPECT_EQ(device.stored("wifi"), Value(2));
   EXPECT_THAT(device.warnings,
-              ElementsAre(testing::HasSubstr("the daily snapshot was not kept: ")));
+              ElementsAre("the daily snapshot has no profiles: settings and profiles come to more "
+                          "than 32 MB, the most that a snapshot holds: File too large"));
+  EXPECT_EQ(device.snapshots(), Names{"daily"});
+  EXPECT_FALSE(newest().profiles);
+  device.startAnew();
+  device.set("wifi", 3);
+  EXPECT_EQ(device.snapshots(), Names{"daily"});
+}
+
+TEST_F(HostSnapshots, WithoutProfilesTakeTheSettingsBackAndLeaveTheProfiles) {
+  const std::vector<std::uint8_t> large(33 << 20);
+  device.store("wifi", 1);
+  seed::write(device, "profile_7.qvx", large);
+  ASSERT_TRUE(device.backups->keep("reset"));
+  device.store("wifi", 2);
+  ASSERT_TRUE(device.recovery().restore(1));
+  EXPECT_EQ(device.stored("wifi"), Value(1));
+  EXPECT_EQ(device.file(prefs::profilePath(7)).size(), large.size());
+  device.damageDomain();
+  ASSERT_TRUE(device.recovery().restoreLast());
+  EXPECT_EQ(device.stored("wifi"), Value(2));
 }
 
 TEST_F(HostSnapshots, OfTheLargestSizeCanBeReadAgain) {
   device.store("wifi", 1);
   seed::write(device, "profile_7.qvx", std::vector<std::uint8_t>((32 << 20) - 1000, 'x'));
   ASSERT_TRUE(device.backups->keep("reset"));
-  EXPECT_EQ(newest().profiles.at("profile_7.qvx").size(), (32u << 20) - 1000);
+  EXPECT_EQ(newest().profiles->at("profile_7.qvx").size(), (32u << 20) - 1000);
 }
 
 TEST_F(HostSnapshots, AnotherProcessThatTakesOneIsWaitedForAsLongAsTheDeviceSaysAndIsNamed) {

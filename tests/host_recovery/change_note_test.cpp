@@ -1,0 +1,131 @@
+#include "tests/host_recovery/backed_up_device.h"
+
+namespace {
+
+using namespace recovery_test;
+using host::ChangeNote;
+
+// The undo of a save, or the restoring of a snapshot, that was stopped before or after the profile
+// was changed, and before the settings were.
+class HalfChange : public testing::Test {
+ protected:
+  HalfChange() {
+    device.set("wifi", 1);
+    device.save("20");
+    change_ = host::reversed((*device.backups->history().lastDone())->change);
+  }
+  void begin(ChangeNote::Of of = ChangeNote::Of::Undo) {
+    held_ = device.backups->changeNote().begin(change_, of, foundation::kLockPatience);
+    ASSERT_TRUE(*held_);
+  }
+  void deleteProfile() { ASSERT_TRUE(device.root.remove(path_)); }
+  // Ends the process: the note stays.
+  void kill() {
+    held_.reset();
+    device.startAnew();
+  }
+  bool exists() { return device.root.exists(path_); }
+  bool noted() { return std::filesystem::exists(device.stateFolder() / "change"); }
+
+  BackedUpDevice device;
+  const std::string path_ = prefs::profilePath(20);
+  host::Change change_;
+  std::optional<platform::Result<foundation::Descriptor>> held_;
+};
+
+TEST_F(HalfChange, IsFinishedBeforeTheNextChange) {
+  begin();
+  deleteProfile();
+  kill();
+  EXPECT_EQ(device.stored("profilepercentage"), Value("20"));
+  device.set("vpn", 1);
+  EXPECT_EQ(device.stored("profilepercentage"), std::nullopt);
+  EXPECT_EQ(device.stored("vpn"), Value(1));
+  EXPECT_FALSE(exists());
+  EXPECT_FALSE(noted());
+}
+
+TEST_F(HalfChange, IsNoPartOfTheChangeThatFinishesIt) {
+  begin();
+  deleteProfile();
+  kill();
+  device.set("vpn", 1);
+  ASSERT_TRUE(host::undo(device.environment, *device.backups));
+  EXPECT_EQ(device.stored("vpn"), std::nullopt);
+  EXPECT_FALSE(exists());
+}
+
+TEST_F(HalfChange, ThatHasNotBegunIsForgotten) {
+  begin();
+  kill();
+  device.set("vpn", 1);
+  EXPECT_TRUE(exists());
+  EXPECT_EQ(device.stored("profilepercentage"), Value("20"));
+  EXPECT_FALSE(noted());
+}
+
+TEST_F(HalfChange, LeavesWhatOthersHaveChangedSince) {
+  begin();
+  deleteProfile();
+  kill();
+  device.store("profilepercentage", "30");
+  device.backups->prepare();
+  EXPECT_EQ(device.stored("profilepercentage"), Value("30"));
+}
+
+TEST_F(HalfChange, OfALivingProcessIsItsOwnAffair) {
+  begin();
+  deleteProfile();
+  host::Backups other(device.environment, device.state.path(), foundation::kLockPatience, {});
+  other.prepare();
+  EXPECT_EQ(device.stored("profilepercentage"), Value("20"));
+  EXPECT_TRUE(noted());
+}
+
+TEST_F(HalfChange, OfARestoreCanBeUndoneOnceItIsFinished) {
+  change_.what = "restore 1";
+  begin(ChangeNote::Of::Restore);
+  deleteProfile();
+  kill();
+  device.backups->prepare();
+  EXPECT_FALSE(exists());
+  const auto undone = host::undo(device.environment, *device.backups);
+  ASSERT_TRUE(undone);
+  EXPECT_EQ(undone->what, "restore 1");
+  EXPECT_TRUE(exists());
+  EXPECT_EQ(device.stored("profilepercentage"), Value("20"));
+}
+
+TEST_F(HalfChange, ThatCannotBeFinishedIsNamedAndTriedAgain) {
+  begin();
+  deleteProfile();
+  kill();
+  const auto good = device.file(device.kDomainFile);
+  device.damageDomain();
+  device.backups->prepare();
+  EXPECT_THAT(device.warnings,
+              testing::Contains(testing::HasSubstr("was stopped half-way and is not finished")));
+  EXPECT_TRUE(noted());
+  ASSERT_TRUE(device.root.writeDurably(device.kDomainFile, good));
+  device.backups->prepare();
+  EXPECT_EQ(device.stored("profilepercentage"), std::nullopt);
+  EXPECT_FALSE(noted());
+}
+
+TEST_F(HalfChange, WhoseNoteIsDamagedIsForgotten) {
+  begin();
+  deleteProfile();
+  kill();
+  std::filesystem::resize_file(device.stateFolder() / "change", 40);
+  device.backups->prepare();
+  EXPECT_EQ(device.stored("profilepercentage"), Value("20"));
+  EXPECT_FALSE(noted());
+}
+
+TEST_F(HalfChange, NothingIsNotedOnceItIsDone) {
+  ASSERT_TRUE(host::undo(device.environment, *device.backups));
+  EXPECT_FALSE(exists());
+  EXPECT_FALSE(noted());
+}
+
+}  // namespace
