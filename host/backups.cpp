@@ -79,13 +79,17 @@ void merge(const foundation::KeyChanges& later, foundation::KeyChanges& changes)
 
 struct Backups::State {
   State(const std::string& directory, std::chrono::milliseconds patience)
-      : folder(directory), snapshots(folder, patience), history(folder, patience) {}
+      : folder(directory),
+        snapshots(folder, patience),
+        history(folder, patience),
+        seenProfiles(folder, patience) {}
 
   foundation::DeviceRoot folder;
   Snapshots snapshots;
   History history;
   ChangeNote changeNote{folder};
   LastSeen lastSeen{folder};
+  SeenProfiles seenProfiles;
   std::unique_ptr<LoadNote> load;
 };
 
@@ -137,6 +141,10 @@ ChangeNote& Backups::changeNote() {
 
 LastSeen& Backups::lastSeen() {
   return state().lastSeen;
+}
+
+SeenProfiles& Backups::seenProfiles() {
+  return state().seenProfiles;
 }
 
 plist::Date Backups::now() const {
@@ -230,18 +238,21 @@ std::shared_ptr<void> Backups::guard(const preferences::ProfileStep& step) {
       keepOrWarn("delete " + id);
       break;
   }
-  if (change_) noteFile(step);
+  noteFile(step);
   return nullptr;
 }
 
 void Backups::noteFile(const preferences::ProfileStep& step) {
   const auto before = bytesOf(environment_.root, step.path);
   const bool deleted = step.what == preferences::ProfileStep::Delete;
-  if (!before && deleted) warn("\"" + change_->what + "\" can't be undone", before.error());
+  if (!before && deleted && change_)
+    warn("\"" + change_->what + "\" can't be undone", before.error());
   if (!before) return;
   FileChange change{step.path, *before, {}};
   if (!deleted) change.to.emplace(step.written.begin(), step.written.end());
-  change_->files.push_back(std::move(change));
+  // Without a note it is at worst said that another program has made this change.
+  static_cast<void>(state().seenProfiles.willChange(change));
+  if (change_) change_->files.push_back(std::move(change));
 }
 
 void Backups::beginChange(std::string what, Label label, std::string snapshot) {

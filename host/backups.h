@@ -11,6 +11,7 @@
 #include "host/kept_sets.h"
 #include "host/last_seen.h"
 #include "host/load_note.h"
+#include "host/seen_profiles.h"
 #include "host/snapshots.h"
 
 namespace host {
@@ -38,7 +39,7 @@ class Backups : public foundation::ChangeObserver {
   bool keepOrWarn(const std::string& before);
 
   // Finds the folder; an error where the root's real path can't be told. Everything does it when it
-  // needs it, and nothing is kept where it fails, but the four that follow presuppose that it has
+  // needs it, and nothing is kept where it fails, but the five that follow presuppose that it has
   // succeeded.
   platform::Result<platform::Done> open();
 
@@ -47,6 +48,7 @@ class Backups : public foundation::ChangeObserver {
   ChangeNote& changeNote();
   std::chrono::milliseconds lockPatience() const { return lockPatience_; }
   LastSeen& lastSeen();
+  SeenProfiles& seenProfiles();
   // The settings as another process sees and changes them.
   foundation::Preferences& store() { return store_; }
   // checksumOf() the settings file as it is; of no bytes without one, or where it can't be read.

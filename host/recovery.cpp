@@ -47,6 +47,7 @@ Recovery::State Recovery::state() {
   // Another process of this program may just have changed the file, and not noted that yet.
   if (state.changedOutside && environment_.root.hasEntry(foundation::domainPath(prefs::kDomain)))
     if (const auto locked = backups_.store().lock(prefs::kDomain)) compare();
+  state.profilesOutside = backups_.seenProfiles().changedOutside(environment_.root);
   return state;
 }
 

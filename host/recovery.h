@@ -21,6 +21,8 @@ class Recovery {
     std::size_t settings = 0;                 // how many there are
     std::optional<LastSeen::Sighting> seen{};
     bool changedOutside = false;  // since then
+    // Profiles that other programs have changed since this one wrote them, by their paths.
+    std::vector<std::string> profilesOutside{};
   };
   State state();
 

@@ -17,7 +17,7 @@ enum class Direction { Undo, Redo };
 // The files of the change, one by one, and back again if it can't be finished.
 class FileChanges {
  public:
-  explicit FileChanges(foundation::DeviceRoot& root) : root_(root) {}
+  FileChanges(foundation::DeviceRoot& root, SeenProfiles& seen) : root_(root), seen_(seen) {}
 
   // Whether the file was `from` or is `to` already.
   Result<bool> make(const FileChange& change) {
@@ -26,6 +26,7 @@ class FileChanges {
     if (!now) return now.error();
     if (*now == change.to) return true;
     if (*now != change.from) return false;
+    static_cast<void>(seen_.willChange(change));
     const auto written = putBytes(root_, change.path, change.to);
     if (!written && !isUnconfirmed(written)) return written.error();
     if (!written) unconfirmed_ = written.error();
@@ -46,17 +47,19 @@ class FileChanges {
 
  private:
   foundation::DeviceRoot& root_;
+  SeenProfiles& seen_;
   std::vector<const FileChange*> made_;
   std::optional<Error> unconfirmed_;
 };
 
-Failure takenBack(FileChanges& files, Failure cause) {
+// `rest`: who does the rest, if anyone.
+Failure takenBack(FileChanges& files, Failure cause, const std::string& rest) {
   const auto stay = files.takeBack();
   if (stay.empty()) return cause;
   return failure(cause.problem.source, Failure::PartlyDone,
                  "not done: " + cause.problem.message() +
                      "; changed all the same, since it can't be taken back: " + joined(stay) +
-                     "; the next change does the rest");
+                     rest);
 }
 
 // What a set that failed has left to be stored is the user's last change.
@@ -114,19 +117,24 @@ Attempt<Undone> move(preferences::Environment& environment, Backups& backups, Di
   return Undone{change.what, done, std::move(*left)};
 }
 
+constexpr const char* kLater = "; the next change does the rest";
+
 // All of it, or nothing, as apply says.
 Attempt<std::vector<std::string>> make(preferences::Environment& environment, Backups& backups,
-                                       const Change& change) {
+                                       const Change& change, const std::string& rest) {
   std::vector<std::string> left;
-  FileChanges files(environment.root);
-  for (const FileChange& file : change.files) {
-    const auto made = files.make(file);
-    if (!made) return takenBack(files, failureOf(Source::Profiles, made.error()));
-    if (!*made) left.push_back(file.path);
-  }
+  FileChanges files(environment.root, backups.seenProfiles());
+  // What may lack room comes before what can't be taken back without it.
+  for (const bool removes : {false, true})
+    for (const FileChange& file : change.files) {
+      if (removes == file.to.has_value()) continue;
+      const auto made = files.make(file);
+      if (!made) return takenBack(files, failureOf(Source::Profiles, made.error()), rest);
+      if (!*made) left.push_back(file.path);
+    }
   if (!change.settings.empty()) {
     const auto exchanged = backups.store().exchange(change.settings, prefs::kDomain);
-    if (!exchanged) return takenBack(files, failureOf(Source::Settings, exchanged.error()));
+    if (!exchanged) return takenBack(files, failureOf(Source::Settings, exchanged.error()), rest);
     left.insert(left.end(), exchanged->begin(), exchanged->end());
     const auto finished = backups.store().finish();
     environment.darwinCenter.post(prefs::kPrefsNotification);
@@ -152,12 +160,12 @@ bool isBegun(const foundation::DeviceRoot& root, const Change& change) {
 
 Attempt<std::vector<std::string>> apply(preferences::Environment& environment, Backups& backups,
                                         const Change& change, ChangeNote::Of of) {
-  if (isOneStep(change)) return make(environment, backups, change);
+  if (isOneStep(change)) return make(environment, backups, change, "");
   const auto noted = backups.changeNote().begin(change, of, backups.lockPatience());
   if (!noted)
     backups.warn("\"" + change.what + "\" would stay half done if it were stopped now",
                  noted.error());
-  auto left = make(environment, backups, change);
+  auto left = make(environment, backups, change, noted ? kLater : "");
   const bool isHalf = !left && left.error().reason == Failure::PartlyDone;
   if (noted && !isHalf) backups.changeNote().end();
   return left;
@@ -167,7 +175,7 @@ void finishChange(preferences::Environment& environment, Backups& backups) {
   auto begun = backups.changeNote().left();
   if (!begun) return;
   if (isBegun(environment.root, begun->change)) {
-    const auto left = make(environment, backups, begun->change);
+    const auto left = make(environment, backups, begun->change, kLater);
     if (!left && left.error().reason != Failure::Unconfirmed)
       return backups.warn("\"" + begun->change.what + "\" was stopped half-way and is not finished",
                           {.what = left.error().problem.message()});

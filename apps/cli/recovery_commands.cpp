@@ -89,7 +89,10 @@ std::string wayOut(host::Recovery& recovery, const host::Recovery::State& state)
 
 // Since when it was changed outside, and until when where that is known.
 Json stateJson(const host::Recovery::State& state) {
-  Json document = {{"settings", state.settings}, {"lastChanged", nullptr}, {"outside", nullptr}};
+  Json document = {{"settings", state.settings},
+                   {"lastChanged", nullptr},
+                   {"outside", nullptr},
+                   {"profilesOutside", state.profilesOutside}};
   if (!state.seen) return document;
   document["lastChanged"] = toJson(state.seen->time);
   if (state.changedOutside)
@@ -111,13 +114,14 @@ Outcome<Done> showState(Session& session, host::Recovery& recovery) {
   }
   session.print("the settings can be read: " + std::to_string(state.settings) +
                 (state.settings == 1 ? " value" : " values"));
-  if (!state.seen) return Done{};
-  session.print("last changed by quorvantis at " + timeOf(state.seen->time));
+  if (state.seen) session.print("last changed by quorvantis at " + timeOf(state.seen->time));
   if (state.changedOutside)
     session.print("changed outside since " + timeOf(state.seen->time));
-  else if (state.seen->outside)
+  else if (state.seen && state.seen->outside)
     session.print("changed outside between " + timeOf(*state.seen->outsideSince) + " and " +
                   timeOf(*state.seen->outside));
+  for (const std::string& path : state.profilesOutside)
+    session.print("changed outside: profile " + host::oneLine(host::profileName(path)));
   return Done{};
 }
 

@@ -4,7 +4,7 @@ import plistlib
 import re
 
 from program import DOCUMENTS, DOMAIN
-from recovery import RecoveryTest
+from recovery import PROFILE, RecoveryTest
 
 
 class Repair(RecoveryTest):
@@ -19,6 +19,28 @@ class Repair(RecoveryTest):
         self.assertIn("\nchanged outside since ", self.output("repair"))
         self.output("set", "wifi", "1")
         self.assertIn("\nchanged outside between ", self.output("repair"))
+
+    def test_a_profile_that_was_changed_outside_is_named(self):
+        self.output("profile", "save", "20")
+        self.output("profile", "save", "30")
+        self.assertNotIn("outside", self.output("repair"))
+        data = (self.root / PROFILE).read_bytes()
+        self.write(PROFILE, data.replace(b"Current battery", b"XXXrent battery"))
+        self.assertIn("\nchanged outside: profile Battery 20%\n", self.output("repair"))
+        self.assertEqual(self.document("repair")["profilesOutside"], ["/" + PROFILE])
+        self.output("profile", "save", "20", "--overwrite")
+        self.assertNotIn("outside:", self.output("repair"))
+
+    def test_a_profile_that_this_program_changes_in_any_way_is_not_named(self):
+        self.output("profile", "save", "20")
+        self.output("profile", "save", "30")
+        self.output("set", "wifi", "2")
+        self.output("profile", "export", "20", "20.plist")
+        for command in (["profile", "save", "20", "--overwrite"], ["undo"], ["redo"], ["profile", "load", "20"],
+                        ["profile", "copy", "20", "30", "--overwrite"], ["profile", "delete", "20"], ["undo"],
+                        ["profile", "import", "20.plist", "--overwrite"], ["snapshot", "restore", "1"], ["undo"]):
+            self.output(*command)
+            self.assertEqual(self.document("repair")["profilesOutside"], [], command)
 
     def test_damage_is_said_with_the_ways_out(self):
         self.damage()
@@ -60,12 +82,13 @@ class Repair(RecoveryTest):
 
     def test_as_json(self):
         self.assertEqual(self.document("repair"),
-                         {"settings": 0, "lastChanged": None, "outside": None})
+                         {"settings": 0, "lastChanged": None, "outside": None, "profilesOutside": []})
         self.output("set", "wifi", "2")
         changed = self.document("repair")["lastChanged"]
         self.write_domain({"wifi": 1, "vpn": 1})
         self.assertEqual(self.document("repair"), {"settings": 2, "lastChanged": changed,
-                                                   "outside": {"from": changed, "to": None}})
+                                                   "outside": {"from": changed, "to": None},
+                                                   "profilesOutside": []})
         self.damage()
         self.refuse(1, "repair", "--json")
         kept = self.document("snapshot", "list")

@@ -125,9 +125,9 @@ class Races(ProfileTest):
     def test_file_that_appears_before_the_name_is_taken_is_kept(self):
         self.output("profile", "save", "1")
         taken = self.root / path_of(20)
-        # Stopped before its file gets its name; strace continues it once another has taken that.
+        # Stopped before its file gets its name, as the host's note of it has before; strace continues it once another has taken that.
         save = subprocess.Popen(["strace", "-f", "-qq", "-o", "/dev/null", "-e",
-                                 "inject=renameat2:delay_enter=2000000:when=1", PROGRAM, "profile",
+                                 "inject=renameat2:delay_enter=2000000:when=2", PROGRAM, "profile",
                                  "save", "20"], env=self.env, stderr=subprocess.PIPE)
         deadline = time.monotonic() + 30
         while not list(taken.parent.glob(".profile_20.qvx.*")) and time.monotonic() < deadline:

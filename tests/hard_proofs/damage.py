@@ -14,7 +14,7 @@ THREADS = 48
 DONE, FAILED = 0, 1
 TRIGGER = "20"
 SET = ["set", "enabled", "false"]
-OUTSIDE = b"changed outside since"
+OUTSIDE = b"changed outside"
 
 
 def filled(target):
@@ -87,6 +87,8 @@ def profile_fault(target, data):
         _, fault = crash(target, *command)
         if fault:
             return fault
+    if OUTSIDE not in target.do("repair"):
+        return "repair doesn't say that it was changed outside"
     done, fault = crash(target, "profile", "load", TRIGGER)
     if fault:
         return fault
@@ -112,6 +114,7 @@ def prove(setting):
         def work(numbered, name=name, judge=judge):
             number, share = numbered
             target = template.copy(setting.scratch / f"{name} {number}")
+            target.do("profile", "save", TRIGGER, "--overwrite")  # what is there is its own
             found = [(what, judge(target, data)) for what, data in share]
             target.remove()
             return [f"{name}, {what}: {fault}" for what, fault in found if fault]

@@ -22,26 +22,29 @@ FAILURES = [
 SHORT_POINTS = 60  # of an operation, at most
 TRANSFERS = ("read", "pread64", "write", "pwrite64")
 DONE, FAILED, UNCONFIRMED = 0, 1, 5
-# Said of a save whose second file can't be written, nor its first one be taken back.
-HALF_SAVED = "; the new profile stays at /var/mobile/Documents/Quorvantis/"
+# Said where a later file can't be written, nor an earlier one be taken back.
+HALF_DONE = ("; the new profile stays at /var/mobile/Documents/Quorvantis/",
+             "; changed all the same, since it can't be taken back: /var/mobile/Documents/Quorvantis/")
 
 
-def half_saved(prepared, said, found):
+def half_done(prepared, said, found):
     """Whether that is said, and each file by itself is the old one or the new one."""
     (domain, profiles), states = found, (prepared.before, prepared.after)
-    return (HALF_SAVED in said and any(domain == state[0] for state in states)
-            and any(profiles == state[1] for state in states))
+    names = {name for state in (found, *states) for name in state[1]}
+    return (any(words in said for words in HALF_DONE) and any(domain == state[0] for state in states)
+            and all(any(profiles.get(name) == state[1].get(name) for state in states) for name in names))
 
 
-def lie(prepared, done, found):
-    """What the exit code says about the files, and whether stderr has its line."""
+def lie(prepared, done, found, first):
+    """What the exit code says about the files, before the next start and after it, and whether stderr has its
+    line."""
     old, new = found == prepared.before, found == prepared.after
     code, said = done.returncode, done.stderr.decode(errors="replace").strip()
     if code == HUNG:
         return "hangs"
     if code not in (DONE, FAILED, UNCONFIRMED):
         return f"exit {code}: {said}"
-    if code == UNCONFIRMED and half_saved(prepared, said, found):
+    if code == UNCONFIRMED and half_done(prepared, said, first):
         return ""
     if not old and not new:
         return f"exit {code}, and the files are neither old nor new"
@@ -71,11 +74,11 @@ def fail(prepared, point):
     before, report = prepared.inject(copy, "--at", number, action)
     done = copy.run(*prepared.operation.command, before=before)
     hit = "hit" in report.read_text()
-    found = copy.state()
+    found = first = copy.state()
     if prepared.operation.steps and "forever" in action and found not in (prepared.before, prepared.after):
         # What can't be undone while each try fails is undone by the next start.
         found = after_next_start(prepared, copy)
-    fault = lie(prepared, done, found)
+    fault = lie(prepared, done, found, first)
     copy.remove()
     report.unlink()
     return hit, fault and f"call {number} ({call}) {what}: {fault}"

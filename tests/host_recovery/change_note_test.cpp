@@ -1,3 +1,5 @@
+#include <sys/stat.h>
+
 #include "tests/host_recovery/backed_up_device.h"
 
 namespace {
@@ -120,6 +122,18 @@ TEST_F(HalfChange, WhoseNoteIsDamagedIsForgotten) {
   device.backups->prepare();
   EXPECT_EQ(device.stored("profilepercentage"), Value("20"));
   EXPECT_FALSE(noted());
+}
+
+// What is deleted can't be brought back on a full disk.
+TEST_F(HalfChange, NothingIsDeletedBeforeAllIsWritten) {
+  struct stat before {
+  }, after{};
+  ASSERT_EQ(stat(device.at(path_).c_str(), &before), 0);
+  std::ofstream(device.at("/file")) << "no folder";
+  change_.files.push_back({"/file/in it", {}, std::vector<std::uint8_t>{1}});
+  EXPECT_FALSE(host::apply(device.environment, *device.backups, change_, ChangeNote::Of::Undo));
+  ASSERT_EQ(stat(device.at(path_).c_str(), &after), 0);
+  EXPECT_EQ(after.st_ino, before.st_ino);
 }
 
 TEST_F(HalfChange, NothingIsNotedOnceItIsDone) {

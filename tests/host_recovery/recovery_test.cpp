@@ -57,6 +57,29 @@ TEST_F(HostRecovery, AccusesNobodyWhereItsOwnLatestSightingIsLost) {
   EXPECT_FALSE(device.recovery().state().changedOutside);
 }
 
+TEST_F(HostRecovery, NamesProfilesThatOthersHaveChanged) {
+  device.save("20");
+  device.save("30");
+  EXPECT_THAT(device.recovery().state().profilesOutside, IsEmpty());
+  auto bytes = device.file(prefs::profilePath(30));
+  for (std::size_t bit = 0; bit < bytes.size() * 8; ++bit) {
+    auto flipped = bytes;
+    flipped[bit / 8] ^= 1 << bit % 8;
+    overwrite(device.at(prefs::profilePath(30)), {flipped.begin(), flipped.end()});
+    ASSERT_THAT(device.recovery().state().profilesOutside, ElementsAre(prefs::profilePath(30)));
+  }
+  ASSERT_TRUE(device.root.remove(prefs::profilePath(30)));
+  EXPECT_THAT(device.recovery().state().profilesOutside, IsEmpty());
+}
+
+TEST_F(HostRecovery, NamesNoProfilesWhereItsOwnLatestSightingIsLost) {
+  device.save("20");
+  device.set("wifi", 2);
+  device.save("20");
+  std::filesystem::resize_file(device.stateFolder() / "profiles" / "2", 0);
+  EXPECT_THAT(device.recovery().state().profilesOutside, IsEmpty());
+}
+
 TEST_F(HostRecovery, SettingsThatCannotBeReadNowAreNotRestored) {
   device.set("wifi", 1);
   device.save("20");
