@@ -43,25 +43,34 @@ Json entryJson(const host::Recovery::Entry& entry) {
   return {{"number", entry.number}, {"time", toJson(entry.time)}, {"before", entry.before}};
 }
 
-using Way = host::Attempt<host::Undone> (*)(preferences::Environment&, host::Backups&);
+struct Way {
+  host::History::Latest (*next)(preferences::Environment&, host::Backups&);
+  host::Attempt<host::Undone> (*go)(preferences::Environment&, host::Backups&);
+  std::string name, done;
+};
 
-Outcome<Done> goBack(Session& session, Way way, const std::string& done) {
+// Without anything to go back to, nothing is written either.
+Outcome<Done> goBack(Session& session, const Way& way) {
   const auto backups = session.backups();
   if (!backups) return backups.error();
-  const auto undone = way(session.device().environment(), **backups);
+  preferences::Environment& environment = session.device().environment();
+  const auto next = way.next(environment, **backups);
+  if (!next) return failureOf(host::failureOf(host::Source::Backups, next.error()));
+  if (!*next) return Failure{ExitCode::NotFound, "there is nothing to " + way.name};
+  const auto undone = way.go(environment, **backups);
   if (!undone) return failureOf(undone.error());
   const bool one = undone->left.size() == 1;
   if (!undone->done)
     return Failure{
         ExitCode::Failed,
-        "nothing of \"" + undone->what + "\" is " + done + ": " + host::joined(undone->left) +
+        "nothing of \"" + undone->what + "\" is " + way.done + ": " + host::joined(undone->left) +
             (one ? " stays as it is, since it was" : " stay as they are, since they were") +
             " changed after that"};
   session.changed = true;
   if (session.json)
     session.printJson({{"what", undone->what}, {"left", undone->left}});
   else
-    session.print(done + ": " + undone->what);
+    session.print(way.done + ": " + undone->what);
   warnOfLeft(session, undone->left);
   return Done{};
 }
@@ -178,11 +187,11 @@ Outcome<Done> restoreSnapshot(Session& session, const Arguments& arguments) {
 }
 
 Outcome<Done> undo(Session& session, const Arguments&) {
-  return goBack(session, host::undo, "undone");
+  return goBack(session, {host::nextUndo, host::undo, "undo", "undone"});
 }
 
 Outcome<Done> redo(Session& session, const Arguments&) {
-  return goBack(session, host::redo, "done again");
+  return goBack(session, {host::nextRedo, host::redo, "redo", "done again"});
 }
 
 Outcome<Done> repair(Session& session, const Arguments& arguments) {
