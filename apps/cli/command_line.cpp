@@ -14,8 +14,8 @@ constexpr Option kCommonOptions[] = {
      Words::Files},
     {kContacts.data(), "Another folder of vCards", "DIR", Words::Files},
     {"--json", "Print one JSON document"},
-    {kVersion.data(), "Print the version"},
-    {kHelp.data(), "Print this help"},
+    {kVersion.data(), "Print the version; short: -V"},
+    {kHelp.data(), "Print this help; short: -h"},
 };
 
 // Not listed by the help.
