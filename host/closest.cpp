@@ -19,9 +19,11 @@ std::string digitsOf(std::string_view text) {
   return digits;
 }
 
-bool isAnotherNumber(std::string_view number, std::string_view text) {
-  return number.find_first_not_of("+-.0123456789") == std::string_view::npos &&
-         digitsOf(number) != digitsOf(text);
+// "Battery 20%" is another one than "Battery 200%", and 0 than "x".
+bool isAnotherNumber(std::string_view name, std::string_view text) {
+  const bool isNumber = name.find_first_not_of("+-.0123456789") == std::string_view::npos;
+  const std::string digits = digitsOf(name), typed = digitsOf(text);
+  return digits != typed && (isNumber || (!digits.empty() && !typed.empty()));
 }
 
 }  // namespace

@@ -8,6 +8,9 @@
 
 namespace host {
 
+// What a user calls the picker's page, which has no title.
+inline constexpr char kColorPickerName[] = "color picker";
+
 // Whether a row that leads to this page is a color.
 bool leadsToColorPicker(std::string_view page);
 

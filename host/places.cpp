@@ -19,7 +19,7 @@ Places placesOf(const preferences::Environment& environment, const std::string& 
       .log = root + std::string(prefs::kBatteryLog),
       .contacts = foundation::absolutePath(contacts),
       .sounds = ownSounds ? root + platform::kSystemSoundPath : desktop.machineDirectory,
-      .state = state,
+      .state = state.empty() ? state : foundation::absolutePath(state),
   };
 }
 

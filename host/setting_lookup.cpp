@@ -144,12 +144,16 @@ std::string titleOf(const preferences::Bundle& bundle, const preferences::PageCl
   return std::string(textIn(readList(bundle, page.list), "title"));
 }
 
+std::string nameOf(const preferences::Bundle& bundle, const preferences::PageClass& page) {
+  return leadsToColorPicker(page.name) ? kColorPickerName : titleOf(bundle, page);
+}
+
 const preferences::PageClass* findPage(const preferences::Bundle& bundle, std::string_view name) {
   if (const preferences::PageClass* page = bundle.pageClass(name)) return page;
-  std::vector<std::string> titles;
-  for (const preferences::PageClass& page : bundle.pages) titles.push_back(titleOf(bundle, page));
+  std::vector<std::string> names;
+  for (const preferences::PageClass& page : bundle.pages) names.push_back(nameOf(bundle, page));
   if (name.empty()) return nullptr;
-  if (const auto index = indexNamed(name, titles)) return &bundle.pages[*index];
+  if (const auto index = indexNamed(name, names)) return &bundle.pages[*index];
   const preferences::PageClass* linked = nullptr;
   eachRow(bundle, [&](const preferences::PageClass&, const plist::Dictionary& row) {
     if (linked || !textIn(row, "key").empty() || !equalInAnyCase(textIn(row, "label"), name))

@@ -70,7 +70,7 @@ Attempt<std::string> Settings::pageClass(std::string_view name) const {
                        listCommandOf(*row) + " prints its list");
   std::vector<std::string> names;
   for (const preferences::PageClass& page : bundle.pages) {
-    names.push_back(titleOf(bundle, page));
+    names.push_back(nameOf(bundle, page));
     names.emplace_back(page.name);
   }
   return failure(Source::Settings, Failure::NotFound,

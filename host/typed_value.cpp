@@ -31,10 +31,8 @@ class Reading {
   }
   Attempt<plist::Value> operator()(const SliderView& view) const {
     if (const auto number = numberIn<double>(text_)) return plist::Value(*number);
-    const std::string digits = text_.substr(0, text_.find_first_not_of("+-.0123456789"));
     return refused("takes a number from " + numberText(view.minimum) + " to " +
-                   numberText(view.maximum) +
-                   (numberIn<double>(digits) ? "; did you mean \"" + digits + "\"?" : ""));
+                   numberText(view.maximum) + withoutUnit());
   }
   Attempt<plist::Value> operator()(const SegmentsView&) const { return choice(); }
   Attempt<plist::Value> operator()(const LinkView& link) const {
@@ -43,6 +41,16 @@ class Reading {
   Attempt<plist::Value> operator()(const auto&) const { return text(); }
 
  private:
+  // Of "40 %". What is written in another way ("0x10", "5,5") is not the number that it begins
+  // with.
+  std::string withoutUnit() const {
+    const std::size_t end = std::min(text_.find_first_not_of("+-.0123456789"), text_.size());
+    const std::string number = text_.substr(0, end), unit = text_.substr(end);
+    const bool isUnit =
+        unit.find_first_of("xX,") != 0 && unit.find_first_of("0123456789") == std::string::npos;
+    return isUnit && numberIn<double>(number) ? "; did you mean \"" + number + "\"?" : "";
+  }
+
   Failure refused(const std::string& what) const {
     return {Failure::Refused, {.source = Source::Settings, .words = "\"" + row_.id + "\" " + what}};
   }

@@ -14,8 +14,8 @@ constexpr Option kCommonOptions[] = {
      Words::Files},
     {kContacts.data(), "Another folder of vCards", "DIR", Words::Files},
     {"--json", "Print one JSON document"},
-    {kVersion.data(), "Print the version"},
-    {kHelp.data(), "Print this help"},
+    {kVersion.data(), "Print the version; short: -V"},
+    {kHelp.data(), "Print this help; short: -h"},
 };
 
 // Not listed by the help.
@@ -26,6 +26,10 @@ constexpr Command kCompleteCommand{.name = kComplete,
 
 Failure wrongUse(std::string reason) {
   return {ExitCode::WrongUse, std::move(reason)};
+}
+
+Failure unexpected(const std::string& word) {
+  return wrongUse("unexpected argument \"" + word + "\"");
 }
 
 bool isNegativeNumber(std::string_view word) {
@@ -89,9 +93,9 @@ Failure noCommand(const std::vector<std::string>& words, const Group* group) {
   for (const Command& command : commands())
     if (!group || command.group == std::string_view(group->name))
       known.emplace_back(!group && *command.group ? command.group : command.name);
-  if (!group)
-    for (const Option& option : kCommonOptions) known.emplace_back(option.name);
   const std::string& wrong = words[group ? 1 : 0];
+  if (!group && !isOption(wrong))
+    for (const Option& option : kCommonOptions) known.emplace_back(option.name);
   const std::string first = group ? words[0] + " " : "";
   return wrongUse("no command \"" + first + wrong + "\"; quorvantis " + first +
                   "--help lists them" + host::didYouMean(wrong, known));
@@ -134,19 +138,25 @@ Outcome<Done> checkArguments(const Command& command, const Arguments& given) {
     if (!taken) return taken.error();
     words = words.subspan(*taken);
   } while (command.argumentsMayRepeat && !words.empty());
-  if (!words.empty()) return wrongUse("unexpected argument \"" + words[0] + "\"");
+  if (!words.empty()) return unexpected(words[0]);
   for (const auto& [name, value] : given.options)
     if (!optionNamed(kCommonOptions, name) && !optionNamed(command.options, name))
       return wrongUse(nameOf(command) + " has no option " + std::string(name));
   return Done{};
 }
 
-Outcome<Done> takeCommonOptions(const Arguments& arguments, Session& session) {
+// What only prints texts of the program itself needs no device.
+bool needsRoot(const Command& command) {
+  return command.run != showHelp && command.run != printCompletions;
+}
+
+Outcome<Done> takeCommonOptions(const Command& command, const Arguments& arguments,
+                                Session& session) {
   session.json = arguments.has("--json");
   session.options.contacts = arguments.value(kContacts);
   session.options.root = arguments.value(kRoot).value_or(host::defaultRoot());
   session.options.state = host::defaultState();
-  if (session.options.root.empty())
+  if (session.options.root.empty() && needsRoot(command))
     return wrongUse("no device root: give --root DIR or set QUORVANTIS_ROOT");
   return Done{};
 }
@@ -227,13 +237,17 @@ Outcome<Line> readLine(const std::vector<std::string>& words, Session& session) 
   rest.erase(rest.begin(), rest.begin() + (group ? 2 : 1));
   if (const auto checked = checkArguments(*line.command, line.arguments); !checked)
     return checked.error();
-  if (const auto taken = takeCommonOptions(line.arguments, session); !taken) return taken.error();
+  if (const auto taken = takeCommonOptions(*line.command, line.arguments, session); !taken)
+    return taken.error();
   return line;
 }
 
 Outcome<Done> showHelp(Session& session, const Arguments& arguments) {
-  const auto text = helpOn(arguments.words);
+  const std::vector<std::string>& words = arguments.words;
+  const auto text = helpOn(words);
   if (!text) return text.error();
+  const std::size_t taken = groupNamed(arguments[0]) ? 2 : 1;
+  if (words.size() > taken) return unexpected(words[taken]);
   session.print(*text);
   return Done{};
 }

@@ -53,6 +53,16 @@ Before sortBefore(std::span<const std::string> line, Session& session) {
   return before;
 }
 
+// "--page=" of "--page=So", whose value is being typed.
+std::string takeAttachedOption(const std::string& word, Before& before) {
+  const std::size_t equals = word.find('=');
+  if (before.ended || before.withoutValue || equals == std::string::npos) return {};
+  const Option* option = anyOptionNamed(word.substr(0, equals));
+  if (!option || !option->value) return {};
+  before.withoutValue = option;
+  return word.substr(0, equals + 1);
+}
+
 Candidates commandsAfter(std::span<const std::string> words) {
   Candidates found;
   if (words.size() > 1) return found;
@@ -109,9 +119,9 @@ Candidates pagesOf(Session& session) {
   Candidates found;
   const preferences::Bundle& bundle = session.device().environment().bundle;
   for (const preferences::PageClass& page : bundle.pages) {
-    const std::string title = host::titleOf(bundle, page);
-    found.push_back({std::string(page.name), title});
-    if (!title.empty()) found.push_back({title, std::string(page.name)});
+    const std::string name = host::nameOf(bundle, page);
+    found.push_back({std::string(page.name), name});
+    if (!name.empty()) found.push_back({name, std::string(page.name)});
   }
   return found;
 }
@@ -217,15 +227,19 @@ Outcome<Done> completeLine(Session& session, const Arguments& arguments) {
   session.options.state = host::defaultState();
   std::span<const std::string> line = arguments.words;
   if (line.empty()) return Done{};
-  const std::string typed = host::lowerCase(line.back());
+  const std::string& word = line.back();
   Before before = sortBefore(line.first(line.size() - 1), session);
+  const std::string attached = takeAttachedOption(word, before);
+  const std::string typed = host::lowerCase(word.substr(attached.size()));
   before.typed = typed;
-  const auto matches = [&](const Candidate& candidate) {
-    return candidate.text == kFiles || host::lowerCase(candidate.text).starts_with(typed);
+  const auto matches = [&](const std::string& text) {
+    return text == kFiles || host::lowerCase(text).starts_with(typed);
   };
-  for (const Candidate& candidate : candidatesAfter(session, before))
-    if (!candidate.text.empty() && matches(candidate))
-      session.print(host::oneLine(candidate.text) + "\t" + host::oneLine(candidate.meaning));
+  for (const auto& [text, meaning] : candidatesAfter(session, before)) {
+    if (text.empty() || !matches(text)) continue;
+    const std::string option = text == kFiles ? std::string() : attached;
+    session.print(option + host::oneLine(text) + "\t" + host::oneLine(meaning));
+  }
   session.takeWarnings();
   return Done{};
 }

@@ -8,18 +8,31 @@ constexpr char kBash[] =
     R"sh(# Completes quorvantis in bash. Every word is asked of the program itself.
 _quorvantis() {
   local program=${COMP_WORDS[0]/#\~/$HOME} typed=${COMP_WORDS[COMP_CWORD]} text meaning word
-  local words=()
+  local words=() rest=${COMP_LINE#"${COMP_WORDS[0]}"} before='' blanks
+  # Bash splits a word at "=" and ":" too: what no blank separates is one word.
   for word in "${COMP_WORDS[@]:1:COMP_CWORD}"; do
+    blanks=${rest%%[^[:blank:]]*}
+    rest=${rest#"$blanks$word"}
     word=${word#[\"\']}
     word=${word%[\"\']}
-    words+=("${word//\\/}")
+    word=${word//\\/}
+    if [[ $blanks || ${#words[@]} == 0 ]]; then
+      words+=("$word")
+      before=''
+    else
+      before=${words[-1]}
+      words[-1]+=$word
+    fi
   done
+  # What it completes is the last part alone, and that stands behind a "=".
+  [[ $typed == [=:]* ]] && before+=$typed
   COMPREPLY=()
   while IFS=$'\t' read -r text meaning; do
     if [[ $text == :files ]]; then
       compopt -o default 2>/dev/null
       return
     fi
+    text=${text:${#before}}
     case $typed in
       \"* | \'*) COMPREPLY+=("$text") ;;
       *) COMPREPLY+=("$(printf %q "$text")") ;;
@@ -32,14 +45,18 @@ constexpr char kZsh[] = R"sh(#compdef quorvantis
 # Completes quorvantis in zsh. Every word is asked of the program itself.
 _quorvantis() {
   local text meaning
-  local -a found
+  local -a found typed
+  typed=("${(@Q)words[2,CURRENT]}")
+  # A quote that isn't closed yet is no part of the word.
+  [[ ${typed[-1]} == ([\"\']|--*=[\"\'])* ]] && typed[-1]=${typed[-1]/[\"\']/}
   while IFS=$'\t' read -r text meaning; do
     if [[ $text == :files ]]; then
+      [[ $PREFIX == --*=* ]] && compset -P '*='
       _files
       return
     fi
     found+=("${text//:/\\:}${meaning:+:$meaning}")
-  done < <("${(Q)words[1]}" __complete "${(@Q)words[2,CURRENT]}" 2>/dev/null)
+  done < <("${(Q)words[1]}" __complete "${typed[@]}" 2>/dev/null)
   _describe -V word found
 }
 if [[ ${funcstack[1]} == _quorvantis ]]; then
@@ -52,10 +69,12 @@ constexpr char kFish[] =
     R"sh(# Completes quorvantis in fish. Every word is asked of the program itself.
 function __quorvantis_complete
     set -l words (commandline -opc)
-    set -l typed (commandline -ct)
+    # A quote that isn't closed yet is no part of the word.
+    set -l typed (commandline -ct | string replace -r '^(--[a-z]+=)?["\']' '$1' | string unescape)
     for line in ($words[1] __complete $words[2..-1] "$typed" 2>/dev/null)
         if string match -q ':files*' -- $line
-            __fish_complete_path "$typed"
+            set -l option (string match -r -- '^--[a-z]+=' "$typed")
+            __fish_complete_path (string replace -r -- '^--[a-z]+=' '' "$typed") | string replace -r -- '^' "$option"
         else
             echo $line
         end

@@ -14,8 +14,11 @@ void addOptions(std::span<const Option> options, Columns& columns) {
 }
 
 std::string page(const std::string& usage, const std::string& about, const Columns& columns) {
-  std::string text = about + "\n\nUsage: quorvantis " + usage + "\n";
-  for (const StyledLine& line : columns.lines(terminalWidth())) text += "\n" + line.text;
+  const std::size_t width = terminalWidth();
+  std::string text;
+  for (const std::string& line : wrapped(about, width)) text += line + "\n";
+  text += "\nUsage: quorvantis " + usage + "\n";
+  for (const StyledLine& line : columns.lines(width)) text += "\n" + line.text;
   return text;
 }
 

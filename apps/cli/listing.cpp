@@ -2,15 +2,30 @@
 
 #include <algorithm>
 
+#include "apps/cli/column_widths.h"
 #include "apps/cli/terminal.h"
 #include "host/text.h"
 
 namespace cli {
 namespace {
 
-constexpr std::size_t kGap = 2;
-
-constexpr std::size_t kNarrowest = 20;  // what is broken into lines has this much room
+// The texts in columns of these widths, each on as many lines as it needs; nothing of no text.
+std::vector<std::string> besideEachOther(const std::vector<std::string>& cells,
+                                         const std::vector<std::size_t>& widths) {
+  std::vector<std::string> lines;
+  for (std::size_t column = 0, margin = 0; column < cells.size(); ++column) {
+    const auto pieces = wrapped(cells[column], widths[column]);
+    for (std::size_t i = 0; i < pieces.size(); ++i) {
+      if (pieces[i].empty()) continue;
+      if (i >= lines.size()) lines.resize(i + 1);
+      lines[i].append(margin - cellsOf(lines[i]), ' ').append(pieces[i]);
+    }
+    margin += widths[column] + kColumnGap;
+  }
+  for (std::string& line : lines) line.erase(line.find_last_not_of(' ') + 1);
+  std::erase(lines, "");
+  return lines;
+}
 
 }  // namespace
 
@@ -28,30 +43,24 @@ void Columns::addNote(std::string_view text) {
 }
 
 std::vector<StyledLine> Columns::lines(std::size_t width) const {
-  std::vector<std::size_t> widths;
-  for (const Line& line : lines_) {
-    if (line.kind != Cells) continue;
-    widths.resize(std::max(widths.size(), line.cells.size()));
-    for (std::size_t i = 0; i < line.cells.size(); ++i)
-      widths[i] = std::max(widths[i], cellsOf(line.cells[i]));
-  }
   const auto isHeader = [](const Line& line) { return line.kind == Header; };
-  const std::string indent(std::ranges::any_of(lines_, isHeader) ? kGap : 0, ' ');
+  const std::size_t indent = std::ranges::any_of(lines_, isHeader) ? kColumnGap : 0;
+  std::vector<Line> shown = lines_;
+  std::vector<std::vector<std::string>> rows;
+  for (Line& line : shown) {
+    // On a terminal some letters are shown as escapes, which take more room.
+    if (width > 0)
+      for (std::string& cell : line.cells) cell = host::visibleText(cell);
+    if (line.kind == Cells) rows.push_back(line.cells);
+  }
+  const auto widths = columnWidths(rows, width > indent ? width - indent : width);
   std::vector<StyledLine> out;
-  for (const auto& [kind, style, cells] : lines_) {
+  for (const auto& [kind, style, cells] : shown) {
     if (kind == Header && !out.empty()) out.push_back({});
-    std::string line = kind == Header ? "" : indent;
-    for (std::size_t i = 0; i + 1 < cells.size(); ++i)
-      line.append(cells[i]).append(widths[i] - cellsOf(cells[i]) + kGap, ' ');
-    const std::size_t margin = cellsOf(line);
-    const std::string last = cells.empty() ? "" : cells.back();
-    const bool fits = margin + cellsOf(last) <= width || margin + kNarrowest > width;
-    for (const std::string& piece : fits ? std::vector{last} : wrapped(last, width - margin)) {
-      line += piece;
-      line.erase(line.find_last_not_of(' ') + 1);
-      if (!line.empty()) out.push_back({line, style});
-      line.assign(margin, ' ');
-    }
+    const std::size_t margin = kind == Header ? 0 : indent;
+    const std::vector<std::size_t> whole{width > margin ? width - margin : 0};
+    for (std::string& line : besideEachOther(cells, kind == Cells ? widths : whole))
+      out.push_back({std::string(margin, ' ') + line, style});
   }
   return out;
 }

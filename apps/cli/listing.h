@@ -19,7 +19,7 @@ class Columns {
   void add(const std::vector<std::string>& cells, Style style = Style::Plain);
   void addNote(std::string_view text);  // a line of its own, on which no column depends
 
-  // Below a width, in cells, what stands in the last column, and notes, go on in further lines.
+  // With a width, in cells, what doesn't fit is broken into further lines of its column.
   std::vector<StyledLine> lines(std::size_t width = 0) const;
 
  private:

@@ -80,10 +80,10 @@ Outcome<Done> listPages(Session& session, const Arguments&) {
   Listing listing;
   for (const host::PageView& page : *pages) {
     const int rows = rowsOf(page);
-    listing.add(
-        {{"class", page.pageClass}, {"title", page.title}, {"rows", rows}},
-        {page.pageClass, (host::leadsToColorPicker(page.pageClass) ? "color picker" : page.title) +
-                             " (" + std::to_string(rows) + " rows)"});
+    listing.add({{"class", page.pageClass}, {"title", page.title}, {"rows", rows}},
+                {page.pageClass,
+                 (host::leadsToColorPicker(page.pageClass) ? host::kColorPickerName : page.title) +
+                     " (" + std::to_string(rows) + " rows)"});
   }
   session.print(listing);
   return session.storeWorked();

@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <limits>
 #include <thread>
 #include <utility>
 
@@ -99,8 +101,8 @@ Outcome<Done> watchValues(Session& session, const std::vector<std::string>& keys
   }
 }
 
-// One line, without its newline; nothing at the end of input. Of one that is too long, enough to
-// show that it is.
+// One line, without its newline; nothing at the end of input, or where it can't be read. Of one
+// that is too long, enough to show that it is.
 std::optional<std::string> readInputLine() {
   std::string line;
   int c;
@@ -157,7 +159,9 @@ Outcome<Done> converse(Session& session, const Arguments& arguments) {
     return Failure{ExitCode::WrongUse, "--idiom is phone or tablet"};
   const auto entries =
       host::numberIn<int>(arguments.value("--viewport").value_or(std::to_string(kDefaultViewport)));
-  if (!entries || *entries < 1) return Failure{ExitCode::WrongUse, "--viewport is 1 or more"};
+  if (!entries || *entries < 1)
+    return Failure{ExitCode::WrongUse, "--viewport is a number from 1 to " +
+                                           std::to_string(std::numeric_limits<int>::max())};
   session.options.idiom = idiom == "tablet" ? uikit::Idiom::Tablet : uikit::Idiom::Phone;
   drive::Driver driver(session.options, *entries,
                        [](const host::Problem& problem) { complain(problem.message()); });
@@ -166,6 +170,8 @@ Outcome<Done> converse(Session& session, const Arguments& arguments) {
     session.print(driver.answer(*line));
     if (auto flushed = session.flush(); !flushed) return flushed;
   }
+  if (std::ferror(stdin) != 0)
+    return Failure{ExitCode::Failed, platform::Error{"standard input", errno}.message()};
   return Done{};
 }
 

@@ -73,7 +73,7 @@ Outcome<host::Backups*> Session::backups() {
 Outcome<Done> Session::storeWorked() {
   const auto problems = device().takeProblems(host::Severity::Failure);
   if (problems.empty()) return Done{};
-  return Failure{ExitCode::Failed, problems.front().message()};
+  return Failure{ExitCode::Failed, withPlace(problems.front().message())};
 }
 
 std::vector<host::Problem> Session::takeWarnings() {

@@ -44,6 +44,22 @@ char32_t takeLetter(std::string_view& text) {
   return letter;
 }
 
+// Takes off what fits of a longer word, a letter at least.
+std::string_view takeBeginning(std::string_view& word, std::size_t width) {
+  std::size_t end = 0, behindSlash = 0;
+  for (std::string_view rest = word; !rest.empty();) {
+    takeLetter(rest);
+    const std::size_t next = word.size() - rest.size();
+    if (end > 0 && cellsOf(word.substr(0, next)) > width) break;
+    end = next;
+    if (word[end - 1] == '/') behindSlash = end;
+  }
+  if (behindSlash > end / 2) end = behindSlash;
+  const std::string_view beginning = word.substr(0, end);
+  word.remove_prefix(end);
+  return beginning;
+}
+
 }  // namespace
 
 std::size_t terminalWidth() {
@@ -63,14 +79,16 @@ std::size_t cellsOf(std::string_view text) {
 }
 
 std::vector<std::string> wrapped(std::string_view text, std::size_t width) {
+  if (width == 0 || cellsOf(text) <= width) return {std::string(text)};
   std::vector<std::string> lines(1);
   while (!text.empty()) {
-    const std::string_view word = text.substr(0, text.find(' '));
+    std::string_view word = text.substr(0, text.find(' '));
     text.remove_prefix(std::min(word.size() + 1, text.size()));
     if (!lines.back().empty() && cellsOf(lines.back()) + 1 + cellsOf(word) > width)
       lines.emplace_back();
     else if (!lines.back().empty())
       lines.back() += ' ';
+    for (; cellsOf(word) > width; lines.emplace_back()) lines.back() += takeBeginning(word, width);
     lines.back() += word;
   }
   return lines;

@@ -14,7 +14,8 @@ std::size_t terminalWidth();
 // A letter of East Asia or a picture takes two cells, what combines with the letter before it none.
 std::size_t cellsOf(std::string_view text);
 
-// The text as lines of so many cells at most, broken at blanks; a longer word stays whole.
+// The text as lines of so many cells at most (0: there is no bound), broken at blanks; a longer
+// word is broken behind a "/" or, where it has none, anywhere.
 std::vector<std::string> wrapped(std::string_view text, std::size_t width);
 
 }  // namespace cli

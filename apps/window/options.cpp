@@ -24,8 +24,8 @@ const char* const kUsage =
     "                  (\"quorvantis pages\" lists them)\n"
     "  --row ID        scrolls to that row of the page and marks it (\"quorvantis search\" finds "
     "it)\n"
-    "  --version       the version\n"
-    "  --help          this text\n"
+    "  --version, -V   the version\n"
+    "  --help, -h      this text\n"
     "\n"
     "Where a window of the same root is open on the same display, that one shows the page.\n";
 

@@ -1,4 +1,5 @@
 import json
+import os
 
 from program import ProgramTest
 
@@ -17,6 +18,18 @@ class Drive(ProgramTest):
         self.assertEqual(list(answer), ["ok", "error", "message"])
         self.assertIs(answer["ok"], False)
         return answer["error"]
+
+    def test_input_that_can_not_be_read(self):
+        folder = os.open(self.scratch, os.O_RDONLY)
+        self.addCleanup(os.close, folder)
+        done = self.run_program("drive", stdin=folder)
+        self.assertEqual(done.returncode, 1)
+        self.assertEqual(done.stderr, b"quorvantis: standard input: Is a directory\n")
+
+    def test_viewport_says_its_range(self):
+        for viewport in ("0", "99999999999999", "x"):
+            self.assertEqual(self.refuse(2, "drive", "--viewport", viewport),
+                             "--viewport is a number from 1 to 2147483647")
 
     def test_empty_lines_are_passed_over(self):
         self.assertEqual(self.converse("\n\n", {"do": "opened"}, "  \n\r\n"),

@@ -47,6 +47,9 @@ class Line(ProgramTest):
         self.assertTrue(self.refuse(1, "set", "wifi", "1").endswith(
             "; quorvantis where prints where that is"))
         self.assertTrue(self.refuse(1, "repair").endswith("; quorvantis where prints where that is"))
+        for words in (["get", "wifi"], ["list"], ["set", "wifi", "1"]):
+            self.assertTrue(self.refuse(1, *words, "--root", "/dev/null").endswith(
+                "; quorvantis where prints where that is"), words)
 
     def test_unknown_option(self):
         self.refuse(2, "get", "--bogus", "custbright")
@@ -103,6 +106,13 @@ class Line(ProgramTest):
             self.env.pop(name)
         self.assertIn("--root", self.refuse(2, "pages"))
 
+    def test_texts_of_the_program_need_no_root(self):
+        texts = [self.output(*words) for words in (["help"], ["help", "set"], ["completions", "bash"])]
+        for name in ("QUORVANTIS_ROOT", "HOME"):
+            self.env.pop(name)
+        self.assertEqual(
+            texts, [self.output(*words) for words in (["help"], ["help", "set"], ["completions", "bash"])])
+
     def test_missing_root_is_made_by_the_first_write_only(self):
         self.output("get", "custbright")
         self.assertFalse(self.root.exists())
@@ -114,6 +124,17 @@ class Line(ProgramTest):
         for name in ("pages", "page", "get", "set", "choices", "profile", "triggers", "log",
                      "watch", "defaults", "drive", "--root", "--contacts", "--json"):
             self.assertIn(name, text)
+
+    def test_surplus_word_of_help(self):
+        self.assertEqual(self.refuse(2, "help", "profile", "save", "x"), 'unexpected argument "x"')
+        self.assertEqual(self.refuse(2, "help", "set", "wifi"), 'unexpected argument "wifi"')
+        self.assertIn("TRIGGER", self.output("profile", "save", "x", "--help"))
+
+    def test_an_option_behind_the_end_of_options_is_not_meant_by_itself(self):
+        for option in ("--help", "--vers"):
+            self.assertEqual(self.refuse(2, "--", option),
+                             f'no command "{option}"; quorvantis --help lists them')
+        self.assertIn('did you mean "--version"?', self.refuse(2, "version"))
 
     def test_help_of_a_command_and_of_a_group(self):
         self.assertIn("KEY", self.output("get", "--help"))

@@ -158,8 +158,16 @@ class Undo(RecoveryTest):
         self.assertEqual(self.domain(), {"wifi": 2})
 
     def test_of_nothing(self):
+        self.root.mkdir()
         self.assertIn("nothing to undo", self.refuse(3, "undo"))
         self.assertIn("nothing to redo", self.refuse(3, "redo"))
+        self.assertFalse(self.state.exists())
+
+    def test_of_nothing_where_nothing_can_be_kept(self):
+        self.root.mkdir()
+        self.state.symlink_to("/proc/nowhere")
+        for command in ("undo", "redo"):
+            self.assertEqual(self.refuse(3, command), f"there is nothing to {command}")
 
     def test_of_a_load(self):
         self.write_domain({"wifi": 1, "profileactive": 0.0})

@@ -111,6 +111,11 @@ class Meant(ProgramTest):
     def test_page_by_its_link(self):
         self.assertEqual(self.output("page", "manage profiles"), self.output("page", "Profiles"))
 
+    def test_color_picker_by_the_name_that_pages_prints(self):
+        self.assertIn("color picker (", self.output("pages"))
+        self.assertEqual(self.output("page", "Color Picker"), self.output("page", "ZorvekColorPickerQuorvantis"))
+        self.assertEqual(self.meant(3, "page", "color piker"), '"color picker"?')
+
     def test_label_of_a_row_names_its_keys(self):
         for command in (("set", "Wi-Fi", "Off"), ("get", "wi-fi"), ("describe", "WI-FI")):
             self.assertEqual(self.meant(3, *command),
@@ -126,6 +131,15 @@ class Meant(ProgramTest):
         for text, number in (("30%", "30"), ("7.5 s", "7.5")):
             self.assertEqual(self.meant(2, "set", "custbright", text), f'"{number}"?')
         self.assertEqual(self.meant(2, "set", "custbright", "half"), "")
+
+    def test_another_number_is_never_meant(self):
+        self.output("set", "custbrightenabled", "on")
+        for text in ("0x10", "0X10", "5,5", "1e3x", "5,", "3 of 4"):
+            self.assertEqual(self.meant(2, "set", "custbright", text), "", text)
+        self.assertEqual(self.meant(2, "set", "profilepercentage", "Battery 200%"), "")
+        self.assertEqual(self.meant(2, "set", "profilepercentage", "Batery 20%"), '"Battery 20%"?')
+        self.assertEqual(self.meant(3, "profile", "save", "Battery 200%"), "")
+        self.assertEqual(self.meant(2, "set", "autolock", "11 Minutes"), "")
 
     def test_word_of_a_switch_for_choices(self):
         for word, title in (("no", "Off"), ("false", "Off"), ("yes", "On"), ("TRUE", "On")):

@@ -86,6 +86,8 @@ class Where(ProgramTest):
         where = self.document("where", "--root", "here/./", "--contacts", "cards/")
         self.assertEqual(where["root"], str(self.scratch / "here"))
         self.assertEqual(where["contacts"], str(self.scratch / "cards"))
+        self.env["HOME"] = "home"
+        self.assertEqual(self.document("where")["state"], str(self.scratch / "home/.local/state/quorvantis"))
 
     def test_human_readable(self):
         self.assertIn(f"root      {self.root}\n", self.output("where"))

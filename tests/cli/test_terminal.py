@@ -9,7 +9,7 @@ import termios
 import unittest
 
 from keyed_archive import archive
-from program import DOCUMENTS, PROGRAM, TIMEOUT_SECONDS, ProgramTest
+from program import DOCUMENTS, DOMAIN, PROGRAM, TIMEOUT_SECONDS, ProgramTest
 
 # Clears the screen by C0 and by C1, reverses the text by an override and an isolate, and so on.
 EVIL = ("a\x1b[2J\x07\x08\r\x7fb\x9b2J\x80\x9fc\u202ed\u202a\u202b\u202c\u202de\u2066\u2067\u2068\u2069"
@@ -127,13 +127,46 @@ class Terminal(ProgramTest):
                 self.assertEqual(self.output(*command), "")
                 self.assertEqual(self.document(*command), [])
 
+    def check_fits(self, width, command):
+        shown = self.on_terminal(*command, width=width)
+        self.assertLessEqual(max(map(len, shown.splitlines())), width)
+        self.assertFalse([line for line in shown.splitlines() if line.endswith(" ")])
+        piped = self.run_program(*command).stdout.decode()
+        shown, piped = (sorted(re.sub(r"\s", "", text)) for text in (shown, piped))
+        self.assertEqual(shown, piped)
+
     def test_tables_fit_the_width(self):
+        os.remove(self.root / DOMAIN)  # no escapes
+        (self.root / DOCUMENTS / f"{EVIL}.qvx").unlink()
+        self.output("profile", "save", "20", "--overwrite")
+        pages = [["page", page["class"]] for page in self.document("pages")]
         for width in (60, 80):
-            for command in (("--help",), ("help", "profile", "load"), ("page", "Conditions")):
+            for command in (["--help"], ["help", "defaults"], ["help", "profile", "load"], ["list"], ["where"],
+                            ["search", "bright"], ["triggers"], ["profile", "list"], ["describe", "wifi"], ["pages"],
+                            *pages):
                 with self.subTest(width=width, command=command):
-                    shown = self.on_terminal(*command, width=width)
-                    self.assertLessEqual(max(map(len, shown.splitlines()[3:])), width)
-                    self.assertEqual(shown.split(), self.output(*command).split())
+                    self.check_fits(width, command)
+
+    def test_a_long_text_breaks_its_own_column_alone(self):
+        self.write_domain({"msgtext": "word " * 60, "alertmsg": "x" * 300})
+        for width in (40, 60, 80):
+            self.check_fits(width, ["list"])
+            self.check_fits(width, ["page", "Notifications"])
+        lines = self.on_terminal("list", width=80).splitlines()
+        self.assertTrue(any(re.fullmatch(r"wifi +Leave +Power Saving > Wi-Fi", line) for line in lines), lines)
+
+    def test_escapes_take_their_room(self):
+        lines = self.on_terminal("list", width=80).splitlines()
+        self.assertLessEqual(max(map(len, lines)), 80)
+
+    def test_a_table_that_fits_is_as_it_is_piped(self):
+        self.write_domain({})
+        for command in (["triggers"], ["page", "Conditions"], ["list"]):
+            self.assertEqual(self.on_terminal(*command), self.output(*command))
+
+    def test_a_terminal_without_room_gets_the_text_all_the_same(self):
+        for width in (1, 5, 12):
+            self.assertIn("wifi", self.on_terminal("page", "Power Saving", width=width))
 
     def test_columns_count_cells(self):
         self.write_domain({"alertmsg": "日本", "msgtext": "é"})

@@ -33,6 +33,9 @@ TEST(Closest, NoNumberIsMeantByAnother) {
   EXPECT_EQ(closest("0x10", {"0", "1", "2"}), std::nullopt);
   EXPECT_EQ(closest("103", {"101", "102"}), std::nullopt);
   EXPECT_EQ(closest("20%", {"2", "20", "200"}), "20");
+  EXPECT_EQ(closest("Battery 200%", {"Battery 20%", "Battery 100%"}), std::nullopt);
+  EXPECT_EQ(closest("Batery 20%", {"Battery 2%", "Battery 20%"}), "Battery 20%");
+  EXPECT_EQ(closest("wifi2", {"wifi"}), "wifi") << "has no number";
 }
 
 TEST(Closest, AnExactNameComesBeforeOneInAnotherCase) {

@@ -57,8 +57,30 @@ class Commands(ManualTest):
             self.assertLessEqual(named, known | common, name)
 
     def test_common_options(self):
-        named = [re.sub(r"[*_]", "", head) for head, _ in entries(COMMANDS, "OPTIONS")]
+        named = [re.sub(r"[*_]|, .*", "", head) for head, _ in entries(COMMANDS, "OPTIONS")]
         self.assertEqual(named, self.listed()["Options"])
+
+    def test_short_options(self):
+        for long, short in (("--version", "-V"), ("--help", "-h")):
+            self.assertEqual(self.output(short), self.output(long))
+            self.assertRegex(self.output("help"), f"{long} .*{short}\\n")
+            for page in (COMMANDS, WINDOW):
+                self.assertIn(f"*{long}*, *{short}*\n", section(page, "OPTIONS"))
+
+    def test_options_that_need_or_exclude_another(self):
+        heads = [head for head, _ in entries(COMMANDS, "COMMANDS")]
+        self.assertIn("*profile load* _TRIGGER_ [*--dry-run* [*--stored*]]", heads)
+        self.assertIn("--dry-run", self.refuse(2, "profile", "load", "20", "--stored"))
+        self.assertIn("*repair* [*--restore*|*--start-anew*]", heads)
+        self.refuse(2, "repair", "--restore", "--start-anew")
+
+    def test_nothing_to_go_back_to_has_its_exit_status(self):
+        text = dict(entries(COMMANDS, "EXIT STATUS"))["*3*"]
+        for command in ("undo", "redo"):
+            self.refuse(3, command)
+            self.assertIn(command, text)
+        self.refuse(3, "snapshot", "show", "1")
+        self.assertIn("snapshot", text)
 
     def test_every_variable_that_is_read_is_there(self):
         named = section(COMMANDS, "ENVIRONMENT")
