@@ -25,7 +25,7 @@ class Parts(unittest.TestCase):
                 "cmake_minimum_required(VERSION 3.25)\nproject(parts NONE)\n"
                 f"include({PARTS})\nquorvantis_report_parts()\n{says}")
             done = subprocess.run(
-                ["cmake", "-S", folder, "-B", f"{folder}/build", "-DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON",
+                ["cmake", "-G", "Ninja", "-S", folder, "-B", f"{folder}/build", "-DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON",
                  "-DSCDOC=", *options],
                 env={"PATH": "/usr/bin:/bin", "PKG_CONFIG_LIBDIR": folder, "LC_ALL": "C.UTF-8"}, text=True,
                 check=False, capture_output=True, timeout=60)
