@@ -1,5 +1,7 @@
 #include "host/go_to.h"
 
+#include "host/named.h"
+
 namespace host {
 namespace {
 
@@ -33,7 +35,7 @@ Outcome<int> goTo(Application& application, const std::string& pageClass, const 
     if (!opened) return opened.error();
   }
   if (row.empty()) return -1;
-  const auto found = application.row(row);
+  const auto found = rowNamed(application, row);
   if (!found) return found.error();
   const auto& rows = application.shownList()->specifiers();
   int index = 0;

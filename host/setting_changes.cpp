@@ -3,6 +3,7 @@
 #include "host/application.h"
 #include "host/color_choice.h"
 #include "host/describe.h"
+#include "host/named.h"
 #include "host/settings.h"
 #include "host/typed_value.h"
 #include "platform/foundation/text.h"
@@ -114,8 +115,8 @@ Attempt<std::vector<SettingView>> Settings::toReset(const Scope& scope) {
     found.push_back(std::move(*setting));
   }
   if (!scope.page.empty() || scope.all) {
-    const auto page = scope.all ? std::string() : pageClass(scope.page);
-    if (!page) return page.error();
+    const auto page = scope.all ? std::string() : pageNamed(environment_.bundle, scope.page);
+    if (!page) return failureOf(page.error());
     const auto all = list();
     if (!all) return all.error();
     for (const SettingView& setting : *all)

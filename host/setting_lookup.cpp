@@ -165,9 +165,4 @@ const preferences::PageClass* findPage(const preferences::Bundle& bundle, std::s
   return linked;
 }
 
-std::string pageClassOf(const preferences::Bundle& bundle, const std::string& name) {
-  const preferences::PageClass* page = findPage(bundle, name);
-  return page ? std::string(page->name) : name;
-}
-
 }  // namespace host

@@ -49,7 +49,5 @@ std::string nameOf(const preferences::Bundle& bundle, const preferences::PageCla
 // The page of that class or, where there is none, the bundle's of that title, else of a link with
 // that label, in any case; null when none is a page.
 const preferences::PageClass* findPage(const preferences::Bundle& bundle, std::string_view name);
-// Its class; the name itself where it is no page's.
-std::string pageClassOf(const preferences::Bundle& bundle, const std::string& name);
 
 }  // namespace host

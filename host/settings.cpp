@@ -7,9 +7,9 @@
 #include "host/closest.h"
 #include "host/color_choice.h"
 #include "host/describe.h"
+#include "host/named.h"
 #include "host/text.h"
 #include "platform/preferences/row_value.h"
-#include "prefs/core/names.h"
 
 namespace host {
 namespace {
@@ -20,12 +20,6 @@ constexpr auto kRulesApplied = std::chrono::milliseconds(100);
 std::string rangeOf(const SliderView& slider) {
   return "; it takes a number from " + numberText(slider.minimum) + " to " +
          numberText(slider.maximum);
-}
-
-std::string listCommandOf(const std::string& row) {
-  if (row == prefs::kSavedProfilesRow) return "profile list";
-  if (row == prefs::kBatteryLogRow) return "log";
-  return "choices " + row;
 }
 
 // As didYouMean: the keys of the rows with that label, else a key that is near, else the keys of
@@ -61,23 +55,6 @@ Attempt<Setting> Settings::find(std::string_view key) const {
   return noSetting(key);
 }
 
-Attempt<std::string> Settings::pageClass(std::string_view name) const {
-  const preferences::Bundle& bundle = environment_.bundle;
-  if (const preferences::PageClass* page = findPage(bundle, name)) return std::string(page->name);
-  if (const auto row = listRowLabeled(bundle, name))
-    return failure(Source::Settings, Failure::NotFound,
-                   "\"" + std::string(name) + "\" is a row, not a page; quorvantis " +
-                       listCommandOf(*row) + " prints its list");
-  std::vector<std::string> names;
-  for (const preferences::PageClass& page : bundle.pages) {
-    names.push_back(nameOf(bundle, page));
-    names.emplace_back(page.name);
-  }
-  return failure(Source::Settings, Failure::NotFound,
-                 "no page \"" + std::string(name) + "\"; quorvantis pages lists them" +
-                     didYouMean(name, names));
-}
-
 Attempt<std::unique_ptr<Application>> Settings::open(std::string_view pageClass) {
   auto application = std::make_unique<Application>(environment_, std::numeric_limits<int>::max());
   const auto launched = application->perform(Launch{std::string(pageClass)});
@@ -90,8 +67,8 @@ Attempt<std::unique_ptr<Application>> Settings::open(std::string_view pageClass)
 }
 
 Attempt<PageView> Settings::page(std::string_view name) {
-  const auto named = pageClass(name);
-  if (!named) return named.error();
+  const auto named = pageNamed(environment_.bundle, name);
+  if (!named) return failureOf(named.error());
   const auto application = open(*named);
   if (!application) return application.error();
   return host::describe(**application).pages.back();

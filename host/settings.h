@@ -52,7 +52,6 @@ class Settings {
   // One page, opened alone, with all its rows on screen and its rules applied.
   Attempt<PageView> page(std::string_view name);
   Attempt<std::vector<PageView>> pages();  // all of the bundle, in its order
-  Attempt<std::string> pageClass(std::string_view name) const;
 
   // What the row of that key shows: what is stored, else the row's default. No page is opened for a
   // row without a getter of its own.

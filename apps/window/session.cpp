@@ -2,7 +2,7 @@
 
 #include <QQuickWindow>
 
-#include "host/setting_lookup.h"
+#include "host/named.h"
 #include "host/window_state.h"
 
 namespace window {
@@ -25,10 +25,15 @@ host::Outcome<std::unique_ptr<Session>> Session::open(const Options& options,
                                                       const QDBusConnection& desktop) {
   std::unique_ptr<Session> session(new Session(options, std::make_unique<QtMainQueue>()));
   host::Application& application = session->application_;
-  const std::string page = host::pageClassOf(application.environment().bundle, options.page);
+  std::string page;
+  if (!options.page.empty()) {
+    auto named = host::pageNamed(application.environment().bundle, options.page);
+    if (!named) return named.error();
+    page = std::move(*named);
+  }
   if (auto launched = application.perform(host::Launch{page}); !launched) return launched.error();
   if (!options.row.empty())
-    if (auto row = application.row(options.row); !row) return row.error();
+    if (auto row = host::rowNamed(application, options.row); !row) return row.error();
 
   const auto before = host::readWindowState(session->folder_);
   const Start start{QSize(before.width, before.height),

@@ -10,6 +10,7 @@
 #include "apps/window/tools.h"
 #include "host/describe.h"
 #include "host/go_to.h"
+#include "host/named.h"
 
 void qml_register_types_Quorvantis_Settings();
 
@@ -113,7 +114,9 @@ host::Outcome<host::Done> SettingsWindow::showPage(const std::string& page,
                                                    const std::string& row) {
   if (page.empty())
     return bridge_.tools()->show(std::string(application_.pages().front()->className()), row);
-  return bridge_.tools()->show(host::pageClassOf(application_.environment().bundle, page), row);
+  const auto named = host::pageNamed(application_.environment().bundle, page);
+  if (!named) return named.error();
+  return bridge_.tools()->show(*named, row);
 }
 
 void SettingsWindow::raise() {

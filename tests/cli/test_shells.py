@@ -36,9 +36,12 @@ class InShell(ProgramTest):
         self.env |= {"PATH": f"{folder}:{os.defpath}", "TERM": "xterm"}
 
     def start(self, shell, *start):
+        """With these options, and a first line that sets the prompt and reads functions/_quorvantis."""
         if not shutil.which(shell):
             self.skipTest(f"{shell} is not installed")
-        (self.scratch / "script").write_text(self.output("completions", shell))
+        script = self.scratch / "functions/_quorvantis"
+        script.parent.mkdir()
+        script.write_text(self.output("completions", shell))
         self.leader, follower = pty.openpty()
         self.addCleanup(os.close, self.leader)
         running = subprocess.Popen([shell, *start[:-1]], env=self.env, cwd=self.scratch, stdin=follower,
@@ -48,7 +51,7 @@ class InShell(ProgramTest):
         self.addCleanup(running.wait)
         self.addCleanup(running.kill)
         self.shown = b""
-        os.write(self.leader, f"{start[-1]}; . ./script\r".encode())
+        os.write(self.leader, f"{start[-1]}\r".encode())
         self.wait_until(lambda: READY.encode() in self.shown)
 
     def wait_until(self, reached):
@@ -85,15 +88,21 @@ class InShell(ProgramTest):
             self.assertEqual([word.rstrip("/") for word in got], words, line)
 
     def test_bash(self):
-        self.start("bash", "--norc", "--noprofile", f"PS1={shown_as(READY)}")
+        self.start("bash", "--norc", "--noprofile", f"PS1={shown_as(READY)}; . functions/_quorvantis")
         self.check_all()
 
     def test_zsh(self):
-        self.start("zsh", "-f", f"PS1={shown_as(READY)}; autoload -U compinit; compinit -u -D")
+        self.start("zsh", "-f", f"PS1={shown_as(READY)}; autoload -U compinit; compinit -u -D; . functions/_quorvantis")
+        self.check_all()
+
+    def test_zsh_finds_it_among_its_functions(self):
+        self.start("zsh", "-f",
+                   f"PS1={shown_as(READY)}; fpath=(functions $fpath); autoload -U compinit; compinit -u -D")
         self.check_all()
 
     def test_fish(self):
-        self.start("fish", "--no-config", f"function fish_prompt; echo {shown_as(READY)}; end")
+        self.start("fish", "--no-config",
+                   f"function fish_prompt; echo {shown_as(READY)}; end; source functions/_quorvantis")
         self.check_all()
 
 

@@ -45,6 +45,14 @@ TEST(GoTo, WhatIsNotThereIsRefused) {
   EXPECT_EQ(refusalOf(goTo(settings.application, "First", "nosuchrow")), RefusalCode::NoRow);
 }
 
+TEST(GoTo, ARowThatIsNotThereLeadsToTheOneThatIsMeant) {
+  sample::Settings settings;
+  const auto found = goTo(settings.application, "First", "swich");
+  ASSERT_FALSE(found);
+  EXPECT_EQ(found.error().message,
+            "no row \"swich\"; quorvantis search finds rows; did you mean \"switch\"?");
+}
+
 TEST(GoTo, WhoeverAsksForAnUnknownPageStays) {
   sample::Settings settings;
   ASSERT_TRUE(settings.application.perform(host::Tap{"link"}));

@@ -180,11 +180,10 @@ TEST_F(HostSettings, WhatAResetWouldChangeIsFoundWithoutChangingIt) {
 }
 
 TEST_F(HostSettings, APageIsNamedByItsClassOrItsTitle) {
-  EXPECT_EQ(*settings.pageClass("SoundsListController"), "SoundsListController");
-  EXPECT_EQ(*settings.pageClass("sounds"), "SoundsListController");
-  EXPECT_EQ(failureOf(settings.pageClass("")).reason, Failure::NotFound);
-  EXPECT_NE(failureOf(settings.pageClass("Sonds")).problem.words.find("\"Sounds\""),
-            std::string::npos);
+  EXPECT_EQ(settings.page("SoundsListController")->pageClass, "SoundsListController");
+  EXPECT_EQ(settings.page("sounds")->pageClass, "SoundsListController");
+  EXPECT_EQ(failureOf(settings.page("")).reason, Failure::NotFound);
+  EXPECT_NE(failureOf(settings.page("Sonds")).problem.words.find("\"Sounds\""), std::string::npos);
 }
 
 TEST_F(HostSettings, APageIsOpenedWithAllRowsAndItsRules) {

@@ -115,9 +115,10 @@ TEST_F(Activations, WhatTheFirstCantShowIsTheSecondsFailure) {
   startFirst();
   EXPECT_EQ(runSecond({"--page", "SoundsListController"}), 0);
   EXPECT_EQ(runSecond({"--page", "NoSuchController"}), 3);
-  EXPECT_EQ(error, "quorvantis-settings: no page class \"NoSuchController\"\n");
+  EXPECT_EQ(error,
+            "quorvantis-settings: no page \"NoSuchController\"; quorvantis pages lists them\n");
   EXPECT_EQ(runSecond({"--row", "nosuchrow"}), 3);
-  EXPECT_EQ(error, "quorvantis-settings: no row \"nosuchrow\"\n");
+  EXPECT_EQ(error, "quorvantis-settings: no row \"nosuchrow\"; quorvantis search finds rows\n");
   end(first);
 }
 

@@ -81,15 +81,23 @@ TEST_F(Program, HelpNamesTheRowToShow) {
 TEST_F(Program, AnUnknownRowIsReported) {
   environment.insert("QT_QPA_PLATFORM", "offscreen");
   EXPECT_EQ(run({"--page", "SoundsListController", "--row", "nosuchrow"}), 3);
-  EXPECT_EQ(error, "quorvantis-settings: no row \"nosuchrow\"\n");
+  EXPECT_EQ(error, "quorvantis-settings: no row \"nosuchrow\"; quorvantis search finds rows\n");
+  EXPECT_EQ(run({"--page", "Sounds", "--row", "musik"}), 3);
+  EXPECT_THAT(error, testing::EndsWith("; did you mean \"music\"?\n"));
 }
 
 TEST_F(Program, APageIsNamedByItsTitleToo) {
   environment.insert("QT_QPA_PLATFORM", "offscreen");
   for (const char* page : {"Sounds", "power saving", "Manage Profiles"}) {
     EXPECT_EQ(run({"--page", page, "--row", "nosuchrow"}), 3);
-    EXPECT_EQ(error, "quorvantis-settings: no row \"nosuchrow\"\n") << page;
+    EXPECT_THAT(error, testing::StartsWith("quorvantis-settings: no row \"nosuchrow\"; ")) << page;
   }
+}
+
+TEST_F(Program, TheColorPickerHasAName) {
+  environment.insert("QT_QPA_PLATFORM", "offscreen");
+  EXPECT_EQ(run({"--page", "color picker", "--row", "x"}), 3);
+  EXPECT_EQ(error, "quorvantis-settings: the shown page has no rows of a list\n");
 }
 
 TEST_F(Program, HasNoOptionsToOperateIt) {
@@ -100,8 +108,10 @@ TEST_F(Program, HasNoOptionsToOperateIt) {
 
 TEST_F(Program, AnUnknownPageIsReported) {
   environment.insert("QT_QPA_PLATFORM", "offscreen");
-  EXPECT_EQ(run({"--page", "NoSuchController"}), 3);
-  EXPECT_THAT(error, testing::HasSubstr("NoSuchController"));
+  EXPECT_EQ(run({"--page", "Sonds"}), 3);
+  EXPECT_EQ(error,
+            "quorvantis-settings: no page \"Sonds\"; quorvantis pages lists them; did you mean "
+            "\"Sounds\"?\n");
 }
 
 class Picture : public Program {
