@@ -42,7 +42,7 @@ QStringList ProfilesTool::triggerPaths() const {
 }
 
 void ProfilesTool::look() {
-  auto found = tools_.savedProfiles().list();
+  auto found = tools_.listProfiles();
   if (!found) tools_.report(found.error());
   auto saved = found ? std::move(*found) : std::vector<host::SavedProfile>();
   if (saved == saved_ && failed_ == !found) return;

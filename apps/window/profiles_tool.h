@@ -26,6 +26,8 @@ struct ProfileEntry {
  public:
   QString title, description, path;
   bool active = true;
+
+  bool operator==(const ProfileEntry&) const = default;
 };
 
 // The saved profiles, as they were when they were last looked for, and which of all triggers have

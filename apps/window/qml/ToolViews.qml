@@ -45,6 +45,8 @@ Item {
         popup.bottom = Qt.binding(() => below);
     }
     function menu(entries: var, at: Item) {
+        if (!entries.some(entry => entry.usable))
+            return;
         choosing = true;
         make("MenuPopup.qml", { entries: entries, at: at }).closed.connect(() => {
             if (views)
