@@ -270,21 +270,6 @@ TEST_F(OverPages, TheCrossOfATextFieldIsNoStopOfTheKeyboard) {
   EXPECT_EQ(window->activeFocusItem()->property("text").toString(), "");
 }
 
-TEST_F(OverPages, APopoverStaysInAWindowThatIsMadeLower) {
-  QFont font = QGuiApplication::font();
-  const QFont before = font;
-  font.setPixelSize(26);
-  QGuiApplication::setFont(font);
-  open("ProfilesListController", 1000, 890);
-  driver->click("Profile Manager", kButton);
-  ASSERT_FALSE(alerts().empty());
-  driver->resize(1000, 560);
-  const QRectF place = driver->place(driver->itemsOfType("AlertFrame").front());
-  EXPECT_GE(place.top(), 0);
-  EXPECT_LE(place.bottom(), 560);
-  QGuiApplication::setFont(before);
-}
-
 // The least window, and text of twice the size.
 TEST_F(OverPages, EveryButtonOfASheetCanBeReachedInTheLeastWindow) {
   QFont font = QGuiApplication::font();

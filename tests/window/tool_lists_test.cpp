@@ -129,4 +129,102 @@ TEST_F(ToolLists, OpenedByReturnAnEntryHasTheKeyboardAndARing) {
   expectFocus("Battery 1%");
 }
 
+// Every entry of a view over the pages, by Tab, with a ring and in sight.
+TEST_F(ToolLists, TabVisitsEveryEntryOfAViewWithARingAndInSight) {
+  changeMany();
+  for (int i = 1; i <= 20; ++i) writeProfile(i);
+  open(nullptr, 390, kHeight);
+  const auto walk = [this](int steps) {
+    QStringList visited;
+    for (int i = 0; i < steps; ++i) {
+      driver->key(Qt::Key_Tab);
+      visited << driver->focused();
+      EXPECT_EQ(driver->rings(), 1) << visited.last().toStdString();
+      const QRectF place = driver->place(window->activeFocusItem());
+      EXPECT_GE(place.top(), 0) << visited.last().toStdString();
+      EXPECT_LE(place.bottom(), kHeight) << visited.last().toStdString();
+    }
+    return visited;
+  };
+  const auto close = [this] {
+    driver->key(Qt::Key_Escape);
+    driver->key(Qt::Key_Escape);
+  };
+  emit bridge().tools()->profilesWanted();
+  driver->waitUntilIdle();
+  const QStringList profiles = walk(22);
+  for (int i = 1; i <= 20; ++i) EXPECT_TRUE(profiles.contains(QString("Battery %1%").arg(i))) << i;
+  EXPECT_TRUE(profiles.contains("Import…") && profiles.contains("Close"));
+  close();
+  emit bridge().tools()->changesWanted("");
+  driver->waitUntilIdle();
+  const int changed = static_cast<int>(bridge().tools()->changes()->settings().size());
+  const QStringList changes = walk(2 * changed);
+  for (const char* label : {"Flash LED", "Custom Brightness", "Close"})
+    EXPECT_TRUE(changes.contains(label)) << label;
+  close();
+  emit bridge().tools()->profileWanted(QString::fromStdString(prefs::profilePath(20)));
+  driver->waitUntilIdle();
+  const QStringList buttons = walk(6);
+  for (const char* name : {"Rename…", "Export…", "Delete…", "Load", "Close"})
+    EXPECT_TRUE(buttons.contains(name)) << name;
+  close();
+  driver->key(Qt::Key_F, Qt::ControlModifier);
+  driver->type("vibr");
+  for (const QQuickItem* ring : driver->itemsOfType("FocusRing"))
+    EXPECT_TRUE(driver->itemsOfType("SearchView").front()->isAncestorOf(ring)) << "of Return's row";
+  EXPECT_EQ(driver->rings(), 1);
+}
+
+TEST_F(ToolLists, TheEntriesOfAMenuHaveARingEach) {
+  open(nullptr, 390, kHeight);
+  driver->key(Qt::Key_Tab);
+  for (int i = 0; i < 20 && driver->focused() != "More"; ++i)
+    driver->key(Qt::Key_Backtab, Qt::ShiftModifier);
+  ASSERT_EQ(driver->focused(), "More");
+  driver->key(Qt::Key_Return);
+  expectFocus("Search…");
+  driver->key(Qt::Key_Down);
+  expectFocus("Changed on This Page…");
+  driver->key(Qt::Key_End);
+  expectFocus("Keys");
+}
+
+TEST_F(ToolLists, KeysAfterAMouseOpenedASheetLeaveTheKeyboardOnARow) {
+  writeProfile(20);
+  open("ProfilesListController", 390, kHeight);
+  driver->click("Compose", kButton);
+  driver->key(Qt::Key_Tab);
+  while (driver->focused() != "Load") driver->key(Qt::Key_Tab);
+  driver->key(Qt::Key_Return);
+  for (int i = 0; i < 4 && !alerts().empty(); ++i) driver->key(Qt::Key_Return);
+  ASSERT_TRUE(alerts().empty());
+  driver->waitUntilIdle();
+  EXPECT_EQ(driver->rings(), 1) << driver->focused().toStdString();
+}
+
+// As RowsView has its rows.
+TEST_F(ToolLists, AssistiveTechnologyFindsEveryEntryOfAList) {
+  plist::Array log;
+  for (int i = 1; i <= 60; ++i) log.emplace_back("Entry " + std::to_string(i));
+  write("/var/mobile/Documents/Quorvantis/quorvantis.log", log);
+  for (int i = 1; i <= 40; ++i) writeProfile(i);
+  open(nullptr, 390, kHeight);
+  const auto finds = [this](const QString& name) {
+    return driver->until([&] { return driver->accessible(name) != nullptr; });
+  };
+  const auto openList = [this](const char* name) {
+    focus(name);
+    driver->key(Qt::Key_Return);
+  };
+  openList("Battery Log");
+  EXPECT_TRUE(finds("Entry 1") && finds("Entry 60"));
+  driver->key(Qt::Key_Escape);
+  openList("Saved Profiles");
+  EXPECT_TRUE(finds("Battery 1%") && finds("Battery 40%"));
+  driver->key(Qt::Key_Escape);
+  emit bridge().tools()->profilesWanted();
+  EXPECT_TRUE(finds("Battery 40%"));
+}
+
 }  // namespace

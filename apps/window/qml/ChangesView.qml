@@ -103,7 +103,10 @@ ToolView {
             destructive: true
             strong: true
             text: view.changes.resettable === 1 ? qsTr("Reset This Setting") : qsTr("Reset These %1 Settings").arg(view.changes.resettable)
-            onClicked: view.changes.reset()
+            onClicked: {
+                view.changes.reset();
+                list.forceActiveFocus();
+            }
         }
     }
 }

@@ -88,6 +88,9 @@ FocusScope {
         anchors.bottomMargin: note.visible ? note.height : 0
         model: view.choices
         topMargin: filter.visible ? 0 : 20
+        // All are made, so that assistive technology finds those that are off screen, but of a list
+        // of hundreds.
+        cacheBuffer: count < 300 ? 100000 : 2000
 
         function begin() {
             currentIndex = view.choices.tickedPosition;

@@ -11,17 +11,29 @@ ListView {
     property string heading
     property real place: 0  // of the entry that has the keyboard
 
+    // What takes the keyboard in an item, below its heading.
+    function stopIn(item: Item): Item {
+        if (!item.visible || !item.enabled || item.activeFocusOnTab)
+            return item.visible && item.enabled ? item : null;
+        for (let i = item.children.length - 1; i >= 0; --i) {
+            const found = stopIn(item.children[i]);
+            if (found)
+                return found;
+        }
+        return null;
+    }
     function enter() {
         if (keys.focused !== list || !KeyboardUse.active || count === 0)
             return;
         forceLayout();
         const row = itemAt(1, Math.min(place, originY + contentHeight - 1)) ?? itemAtIndex(0);
-        row.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason);
+        stopIn(row)?.forceActiveFocus(Qt.TabFocusReason);
     }
 
     clip: true
     focus: true
     cacheBuffer: 100000
+    currentIndex: -1
     boundsBehavior: Flickable.StopAtBounds
     keyNavigationEnabled: false
     highlightFollowsCurrentItem: false

@@ -76,7 +76,7 @@ Item {
         keys: ["text/uri-list"]
         onDropped: drop => {
             if (drop.hasUrls && !views.settings.alert && !views.asking)
-                views.tools.profiles.importUrl(drop.urls[0]);
+                views.tools.profiles.importUrls(drop.urls);
         }
     }
     Connections {
