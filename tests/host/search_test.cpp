@@ -130,7 +130,8 @@ TEST(Search, AProfileIsFoundOnceThoughListsHaveIt) {
   page.rows[0].control =
       host::LinkView{"", std::make_shared<preferences::Choices>(preferences::Choices{
                              plist::Array{plist::Value(path)}, {"Battery 20%"}})};
-  const host::SavedProfile saved{.path = path, .trigger = "20", .title = "Battery 20%"};
+  const host::SavedProfile saved{
+      .path = path, .trigger = "20", .title = "Battery 20%", .description = ""};
   const auto hits = host::SearchIndex({page}, {saved}).find("battery 20");
   ASSERT_EQ(hits.size(), 1u);
   EXPECT_EQ(hits[0].id, path);
