@@ -44,7 +44,9 @@ FocusScope {
         placeholderText: qsTr("Filter")
         onTextChanged: {
             list.currentIndex = -1;
+            list.model = null;  // ends what is being made of other entries
             view.choices.filter = text;
+            list.model = view.choices;
         }
         Keys.onDownPressed: view.takeFocus()
         Keys.onReturnPressed: view.takeFocus()
