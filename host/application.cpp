@@ -5,6 +5,7 @@
 #include "host/describe.h"
 #include "host/setting_lookup.h"
 #include "platform/uikit/geometry.h"
+#include "prefs/keys.h"
 #include "prefs/profiles/ProfilesListController.h"
 
 namespace host {
@@ -68,6 +69,10 @@ std::string Application::labelOf(const Request& request) const {
   const preferences::PSViewController* page = shownPage();
   if (!page) return {};
   const PSSpecifier* opener = page->specifier();
+  // A chosen contact is stored in the row of the recipient.
+  if (opener && std::string_view(opener->identifier()) == prefs::key::adressbook)
+    if (auto* list = dynamic_cast<PSListController*>(page->parent()))
+      if (auto* recipient = list->specifierForID(prefs::key::msgrecipient)) opener = recipient;
   return shownTable() && opener && !opener->name().empty() ? opener->name() : page->title;
 }
 

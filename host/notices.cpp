@@ -15,8 +15,8 @@ namespace {
 
 constexpr std::size_t kMostNames = 3;
 
-std::string realPath(const preferences::Environment& environment, std::string_view path) {
-  return onMachine({.source = Source::Settings, .file = std::string(path)}, environment.root).file;
+std::string realPath(const foundation::DeviceRoot& root, std::string_view path) {
+  return onMachine({.source = Source::Settings, .file = std::string(path)}, root).file;
 }
 
 // "profile_20.qvx, profile_30.qvx", "profile_1.qvx, profile_2.qvx, profile_3.qvx and 5 more".
@@ -28,12 +28,10 @@ std::string namesOf(const std::vector<platform::Error>& skipped) {
   return more == 0 ? names : names + " and " + std::to_string(more) + " more";
 }
 
-std::string unreadableProfiles(const preferences::Environment& environment) {
+std::string profilesNotice(const preferences::Environment& environment) {
   const auto profiles = prefs::profileFiles(environment);
-  const std::string folder = realPath(environment, prefs::kDocuments);
-  if (!profiles.failure.empty()) return "The profiles can't be read: " + folder;
-  if (profiles.skipped.empty()) return {};
-  return "No profile can be read from " + namesOf(profiles.skipped) + " in " + folder;
+  if (profiles.failure.empty()) return unreadableProfiles(profiles.skipped, environment.root);
+  return "The profiles can't be read: " + realPath(environment.root, prefs::kDocuments);
 }
 
 // What would fill a list, by the row that leads to it.
@@ -62,13 +60,20 @@ std::string wordsFor(std::span<const std::pair<std::string_view, std::string_vie
 
 }  // namespace
 
+std::string unreadableProfiles(const std::vector<platform::Error>& skipped,
+                               const foundation::DeviceRoot& root) {
+  if (skipped.empty()) return {};
+  return "No profile can be read from " + namesOf(skipped) + " in " +
+         realPath(root, prefs::kDocuments);
+}
+
 std::string unreadableIn(const preferences::PSSpecifier& row,
                          const preferences::Environment& environment) {
   const std::string& id = row.identifier();
   if (id == prefs::kSavedProfilesRow || id == std::string_view(prefs::key::profile))
-    return unreadableProfiles(environment);
+    return profilesNotice(environment);
   if (id != prefs::kBatteryLogRow || readBatteryLog(environment)) return {};
-  return "The battery log can't be read: " + realPath(environment, prefs::kBatteryLog);
+  return "The battery log can't be read: " + realPath(environment.root, prefs::kBatteryLog);
 }
 
 std::string wayToFill(const preferences::PSSpecifier& row) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "host/problem.h"
 #include "platform/preferences/PSSpecifier.h"
@@ -12,6 +13,10 @@ namespace host {
 // that the battery log can't. Empty where all can be, and for other rows. Reads the files.
 std::string unreadableIn(const preferences::PSSpecifier& row,
                          const preferences::Environment& environment);
+
+// The former of these, of what a listing has skipped; empty where that is nothing.
+std::string unreadableProfiles(const std::vector<platform::Error>& skipped,
+                               const foundation::DeviceRoot& root);
 
 // In place of the number of a list's entries where it can't be read.
 inline constexpr const char* kCannotBeRead = "Can't be read";

@@ -4,6 +4,7 @@
 #include <cerrno>
 
 #include "host/history.h"
+#include "host/plain_words.h"
 #include "host/profile_import.h"
 #include "platform/archive/keyed_archive.h"
 #include "platform/foundation/text.h"
@@ -19,6 +20,8 @@ namespace host {
 namespace {
 
 using platform::Done;
+
+constexpr char kDamaged[] = "The profile can't be read: its file is damaged.";
 
 // The message without the path that it begins with, if it does.
 Failure failure(Failure::Reason reason, const std::string& path, std::string message) {
@@ -42,7 +45,11 @@ Failure exists(const Trigger& trigger) {
 
 Failure failureOf(const Trigger& trigger, const platform::Error& error) {
   if (error.code == ENOENT) return noProfile(trigger);
-  return failure(Failure::Failed, trigger.path, error.message());
+  Failure failed = failure(Failure::Failed, trigger.path, error.message());
+  failed.problem.plain = plainWords(Source::Profiles, error);
+  if (failed.problem.plain.empty()) failed.problem.plain = kDamaged;
+  failed.problem.file = trigger.path;
+  return failed;
 }
 
 // About the settings, or a profile that was being written.
@@ -106,14 +113,20 @@ SavedProfile Profiles::saved(const std::string& path, const plist::Dictionary& p
                        valueOf(prefs::kProfileDescription), valueOf(prefs::key::profileactive)});
 }
 
-Attempt<std::vector<SavedProfile>> Profiles::list() {
-  const auto saved = prefs::profileFiles(environment_);
+Attempt<Profiles::Listing> Profiles::listing() {
+  auto saved = prefs::profileFiles(environment_);
   if (!saved.failure.empty()) return failed(saved.failure);
-  std::vector<SavedProfile> profiles;
-  for (const prefs::ProfileFile& file : saved.files) profiles.push_back(savedProfile(file));
+  Listing listing{{}, std::move(saved.skipped)};
+  for (const prefs::ProfileFile& file : saved.files) listing.profiles.push_back(savedProfile(file));
+  return listing;
+}
+
+Attempt<std::vector<SavedProfile>> Profiles::list() {
+  auto found = listing();
+  if (!found) return found.error();
   if (environment_.problemHandler)
-    for (const platform::Error& error : saved.skipped) environment_.problemHandler(error);
-  return profiles;
+    for (const platform::Error& error : found->skipped) environment_.problemHandler(error);
+  return std::move(found->profiles);
 }
 
 Attempt<plist::Dictionary> Profiles::read(const Trigger& trigger) {

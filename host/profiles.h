@@ -35,7 +35,13 @@ class Profiles {
 
   explicit Profiles(preferences::Environment& environment) : environment_(environment) {}
 
-  // Those that can be read, in the order of the pages; each other one is reported.
+  // Those that can be read, in the order of the pages, and why each other one can't be.
+  struct Listing {
+    std::vector<SavedProfile> profiles;
+    std::vector<platform::Error> skipped;
+  };
+  Attempt<Listing> listing();
+  // The former alone; each of the latter is reported.
   Attempt<std::vector<SavedProfile>> list();
   Attempt<plist::Dictionary> read(const Trigger& trigger);
   // What a list says of a profile with these values.

@@ -1,10 +1,12 @@
 #include "host/search.h"
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 #include "host/closest.h"
 #include "host/color_choice.h"
+#include "host/triggers.h"
 
 namespace host {
 namespace {
@@ -121,7 +123,9 @@ void SearchIndex::addChoices(const PageView& page, const RowView& row, const std
   if (!choices) return;
   for (std::size_t i = 0; i < choices->titles.size(); ++i) {
     const std::string& title = choices->titles[i];
-    const std::string* color = row.kind == RowKind::Color ? choices->values[i].text() : nullptr;
+    const std::string* text = choices->values[i].text();
+    if (text && isProfilePath(*text)) continue;  // it is found as itself
+    const std::string* color = row.kind == RowKind::Color ? text : nullptr;
     add({page.pageClass, row.id, title, rowPlace},
         {{title, kChoice}, {color ? *color : "", kKey}, {name, kRow}, {place, kContext}});
   }
@@ -163,13 +167,20 @@ SearchIndex::SearchIndex(const std::vector<PageView>& pages,
 
 std::vector<SearchHit> SearchIndex::find(std::string_view words) const {
   const std::vector<std::string> typed = wordsOf(words);
-  std::vector<std::pair<int, const SearchHit*>> found;
-  for (const Entry& entry : entries_)
-    if (const int score = scoreOf(typed, entry.words); score > 0)
-      found.emplace_back(2 * score + (wordsOf(entry.hit.label) == typed), &entry.hit);
-  std::ranges::stable_sort(found, std::ranges::greater(), &std::pair<int, const SearchHit*>::first);
+  // The greatest is the best.
+  using Rank = std::tuple<int, bool, bool, std::ptrdiff_t>;
+  std::vector<std::pair<Rank, const SearchHit*>> found;
+  for (const Entry& entry : entries_) {
+    const int score = scoreOf(typed, entry.words);
+    if (score == 0) continue;
+    const auto label = wordsOf(entry.hit.label);
+    const bool begins = !label.empty() && label.front().starts_with(typed.front());
+    found.push_back({{score, label == typed, begins, -std::ssize(entry.hit.label)}, &entry.hit});
+  }
+  std::ranges::stable_sort(found, std::ranges::greater(),
+                           &std::pair<Rank, const SearchHit*>::first);
   std::vector<SearchHit> hits;
-  for (const auto& [score, hit] : found) hits.push_back(*hit);
+  for (const auto& [rank, hit] : found) hits.push_back(*hit);
   return hits;
 }
 

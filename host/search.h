@@ -20,11 +20,12 @@ struct SearchHit {
 
 // All that can be found, split into words once, so that each search is quick.
 //
-// What matches each word is found, the best first, equal ones in the order of the pages. A word
-// matches a word of a label, a choice, a color (by name or digits), a key, a footer or of what
-// leads there: the same one in any case, a longer one that begins with it or holds it, or one with
-// a typo (two from eight letters on; one in the beginning of a longer word). Labels count more than
-// choices, those more than footers.
+// What matches each word is found, the best first; of those that match alike a label that begins
+// with the first word, then the shorter one, else in the order of the pages. A profile is found
+// once, not as a choice of each list that has it. A word matches a word of a label, a choice, a
+// color (by name or digits), a key, a footer or of what leads there: the same one in any case, a
+// longer one that begins with it or holds it, or one with a typo (two from eight letters on; one in
+// the beginning of a longer word). Labels count more than choices, those more than footers.
 class SearchIndex {
  public:
   // `pages`: with all rows built.

@@ -23,9 +23,10 @@ QVariantList ChangesTool::settings() const {
     const auto& [pageClass, title, row] = found_[i];
     const bool first = i == 0 || found_[i - 1].pageClass != pageClass;
     const bool last = i + 1 == found_.size() || found_[i + 1].pageClass != pageClass;
-    settings << QVariant::fromValue(ChangedSetting{
-        toQString(title), toQString(pageClass), toQString(row.label.empty() ? row.id : row.label),
-        toQString(row.shown), toQString(row.standardShown), hasDefault(found_[i]), first, last});
+    settings << QVariant::fromValue(
+        ChangedSetting{toQString(pageClass + ' ' + row.id), toQString(title), toQString(pageClass),
+                       toQString(row.label.empty() ? row.id : row.label), toQString(row.shown),
+                       toQString(row.standardShown), hasDefault(found_[i]), first, last});
   }
   return settings;
 }

@@ -15,6 +15,7 @@ class Tools;
 struct ChangedSetting {
   Q_GADGET
   QML_VALUE_TYPE(changedSetting)
+  Q_PROPERTY(QString key MEMBER key)
   Q_PROPERTY(QString page MEMBER page)
   Q_PROPERTY(QString pageClass MEMBER pageClass)
   Q_PROPERTY(QString label MEMBER label)
@@ -25,10 +26,13 @@ struct ChangedSetting {
   Q_PROPERTY(bool last MEMBER last)
 
  public:
+  QString key;  // its page's class and its row's ID
   QString page, pageClass, label;
   QString shown, standard;           // its value and its default, human-readable
   bool resettable = false;           // it has a default
   bool first = false, last = false;  // of its page
+
+  bool operator==(const ChangedSetting&) const = default;
 };
 
 // The settings that differ from their defaults, of a page or of all, in the order of the pages, and

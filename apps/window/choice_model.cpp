@@ -49,6 +49,8 @@ void ChoiceModel::change(host::ChoiceList list) {
   if (come > 0) beginInsertRows({}, head, head + come - 1);
   matches_ = now;
   if (come > 0) endInsertRows();
+  leads_ = false;
+  for (int choice = 0; choice < total() && !leads_; ++choice) leads_ = !profileAt(choice).isEmpty();
 }
 
 bool ChoiceModel::filterable() const {

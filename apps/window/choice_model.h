@@ -20,6 +20,7 @@ class ChoiceModel : public QAbstractListModel {
   QML_UNCREATABLE("belongs to a page")
   Q_PROPERTY(int total READ total NOTIFY changed)  // without the filter
   Q_PROPERTY(int count READ count NOTIFY changed)
+  Q_PROPERTY(bool leads READ leads NOTIFY changed)  // some of them are saved profiles
   Q_PROPERTY(bool filterable READ filterable NOTIFY changed)
   Q_PROPERTY(QString filter READ filter WRITE setFilter NOTIFY changed)
   Q_PROPERTY(int tickedPosition READ tickedPosition NOTIFY changed)  // -1: not in the list
@@ -34,6 +35,7 @@ class ChoiceModel : public QAbstractListModel {
 
   int total() const { return list_ ? static_cast<int>(list_->titles.size()) : 0; }
   int count() const { return rowCount(); }
+  bool leads() const { return leads_; }
   bool filterable() const;
   QString filter() const { return filter_; }
   void setFilter(const QString& filter);
@@ -55,6 +57,7 @@ class ChoiceModel : public QAbstractListModel {
   PageModel* page_;
   host::ChoiceList list_;
   int ticked_ = -1;
+  bool leads_ = false;
   QString filter_;
   std::vector<int> matches_;  // the choices that are shown
 };

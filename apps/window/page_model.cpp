@@ -9,6 +9,7 @@ PageModel::PageModel(SettingsBridge& bridge, std::uint64_t number)
     : QObject(&bridge), bridge_(bridge) {
   view_.number = number;
   connect(&bridge, &SettingsBridge::toolsChanged, this, &PageModel::toolsChanged);
+  connect(&bridge, &SettingsBridge::alertChanged, this, [this] { show(first_, count_); });
 }
 
 void PageModel::refresh(const host::PageView& view, const QString& backTitle, bool shown) {
@@ -77,7 +78,9 @@ bool PageModel::performOn(int row, const host::Request& request, const QString& 
 }
 
 void PageModel::show(int first, int count) {
-  if (!isShown() || count < 1) return;
+  first_ = first;
+  count_ = count;
+  if (!isShown() || count < 1 || bridge_.alert()) return;
   const bool resized = count != viewport_;
   const bool scrolled = first != view_.firstShown || (viewport_ != 0 && resized);
   viewport_ = count;

@@ -71,7 +71,8 @@ class PageModel : public QObject {
   void setFilledBy(const QString& words) { filledBy_ = words; }
   void leave() { left_ = true; }  // the page has left the stack
 
-  // The screen shows `count` entries from `first` on.
+  // The screen shows `count` entries from `first` on. Below an alert nothing comes of it before
+  // that has gone.
   Q_INVOKABLE void show(int first, int count);
   Q_INVOKABLE void tap(int row);
   Q_INVOKABLE void takeWayOut(int row);  // turns the switch that dims it
@@ -113,6 +114,7 @@ class PageModel : public QObject {
   SwatchModel* swatches_ = nullptr;
   int marked_ = -1;
   int viewport_ = 0;
+  int first_ = 0, count_ = 0;  // what the view shows
   bool left_ = false;
 };
 

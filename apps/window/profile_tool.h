@@ -22,6 +22,8 @@ struct ProfileValue {
 
  public:
   QString label, from, to;
+
+  bool operator==(const ProfileValue&) const = default;
 };
 
 // One profile that was opened: its values, what a load would change, and what can be done with it.

@@ -42,7 +42,7 @@ QStringList ProfilesTool::triggerPaths() const {
 }
 
 void ProfilesTool::look() {
-  auto found = tools_.savedProfiles().list();
+  auto found = tools_.listProfiles();
   if (!found) tools_.report(found.error());
   auto saved = found ? std::move(*found) : std::vector<host::SavedProfile>();
   if (saved == saved_ && failed_ == !found) return;
@@ -67,8 +67,13 @@ void ProfilesTool::importFile(const QString& file, bool replace) {
   emit replaceWanted(file, trigger ? toQString(trigger->title) : QString());
 }
 
-void ProfilesTool::importUrl(const QUrl& url) {
-  if (url.isLocalFile()) importFile(url.toLocalFile(), false);
+void ProfilesTool::importUrls(const QList<QUrl>& urls) {
+  if (urls.isEmpty() || !urls.first().isLocalFile()) return;
+  if (urls.size() > 1)
+    tools_.report(host::failure(
+        host::Source::Request, host::Failure::Refused,
+        tr("One file is imported at a time: %1.").arg(urls.first().fileName()).toStdString()));
+  importFile(urls.first().toLocalFile(), false);
 }
 
 QString ProfilesTool::suggestedFolder() const {

@@ -26,6 +26,8 @@ struct ProfileEntry {
  public:
   QString title, description, path;
   bool active = true;
+
+  bool operator==(const ProfileEntry&) const = default;
 };
 
 // The saved profiles, as they were when they were last looked for, and which of all triggers have
@@ -53,7 +55,8 @@ class ProfilesTool : public QObject {
   Q_INVOKABLE void look();
   // Makes a profile of that file and shows it; asks first where it would replace one.
   Q_INVOKABLE void importFile(const QString& file, bool replace);
-  Q_INVOKABLE void importUrl(const QUrl& url);  // of a file on this machine
+  // Of files on this machine; of several the first alone, which is reported.
+  Q_INVOKABLE void importUrls(const QList<QUrl>& urls);
   Q_INVOKABLE QString suggestedFolder() const;  // where a user keeps files
 
  signals:

@@ -73,7 +73,7 @@ bool areSameRows(const std::vector<Row>& a, const std::vector<Row>& b) {
 bool takesFocus(const Row& row) {
   constexpr RowKind kInert[] = {RowKind::Group, RowKind::Static, RowKind::Value, RowKind::Spinner,
                                 RowKind::Giant};
-  return std::ranges::find(kInert, row.kind) == std::end(kInert);
+  return !row.reason.isEmpty() || std::ranges::find(kInert, row.kind) == std::end(kInert);
 }
 
 }  // namespace

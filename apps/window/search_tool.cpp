@@ -17,7 +17,7 @@ SearchTool::SearchTool(Tools& tools) : QObject(&tools), tools_(tools) {}
 void SearchTool::collect() {
   const auto pages = tools_.settings().pages();
   if (!pages) return tools_.report(pages.error());
-  const auto profiles = tools_.savedProfiles().list();
+  const auto profiles = tools_.listProfiles();
   if (!profiles) tools_.report(profiles.error());
   index_.emplace(*pages, profiles ? *profiles : std::vector<host::SavedProfile>());
 }

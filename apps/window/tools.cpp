@@ -6,17 +6,37 @@
 #include "apps/window/settings_bridge.h"
 #include "apps/window/values.h"
 #include "host/go_to.h"
+#include "host/notices.h"
 
 namespace window {
 
 Tools::Tools(SettingsBridge& bridge, host::Application& application, host::Device& device)
-    : QObject(&bridge), bridge_(bridge), application_(application), device_(device) {}
+    : QObject(&bridge), bridge_(bridge), application_(application), device_(device) {
+  connect(this, &Tools::storedChanged, this, &Tools::lookAgain);
+}
 
 host::Settings& Tools::settings() {
   if (!settings_)
     settings_ =
         std::make_unique<host::UnseenSettings>(device_.environment(), device_.notifications());
   return *settings_;
+}
+
+host::Attempt<std::vector<host::SavedProfile>> Tools::listProfiles() {
+  auto found = savedProfiles().listing();
+  if (!found) return found.error();
+  host::Problem now = unreadable_;
+  now.words = host::unreadableProfiles(found->skipped, device_.root());
+  if (now != unreadable_) {
+    application_.withdraw(unreadable_);
+    unreadable_ = now;
+    if (!now.words.empty()) application_.report(now);
+  }
+  return std::move(found->profiles);
+}
+
+void Tools::lookAgain() {
+  if (!unreadable_.words.empty()) (void)listProfiles();
 }
 
 void Tools::report(const host::Failure& failure) {

@@ -39,6 +39,8 @@ class Tools : public QObject {
 
   host::Settings& settings();
   host::Profiles savedProfiles() { return host::Profiles(device_.environment()); }
+  // Those that can't be read are one problem until they can be.
+  host::Attempt<std::vector<host::SavedProfile>> listProfiles();
   void report(const host::Failure& failure);
 
   // Shows that page, and marks the row of that id if it is not empty.
@@ -80,11 +82,13 @@ class Tools : public QObject {
 
  private:
   void showStored();
+  void lookAgain();  // whether a problem has gone
 
   SettingsBridge& bridge_;
   host::Application& application_;
   host::Device& device_;
   std::unique_ptr<host::UnseenSettings> settings_;
+  host::Problem unreadable_{.source = host::Source::Profiles};  // without words: there is none
   SearchTool search_{*this};
   ChangesTool changes_{*this};
   ProfilesTool profiles_{*this};

@@ -113,6 +113,30 @@ TEST(Search, ALabelComesBeforeAChoiceAndAFooter) {
   EXPECT_EQ(hits[2].label, "First");
 }
 
+TEST(Search, OfLabelsThatMatchAlikeOneThatBeginsSoIsFirstThenTheShorter) {
+  host::PageView page;
+  page.rows = {row("a", "Auto-Brightness"), row("b", "Custom Brightness"),
+               row("c", "Brightness of the screen"), row("d", "Brightness (%)")};
+  std::vector<std::string> labels;
+  for (const auto& hit : host::SearchIndex({page}, {}).find("bright")) labels.push_back(hit.label);
+  EXPECT_EQ(labels, (Texts{"Brightness (%)", "Brightness of the screen", "Auto-Brightness",
+                           "Custom Brightness"}));
+}
+
+TEST(Search, AProfileIsFoundOnceThoughListsHaveIt) {
+  const std::string path = "/var/mobile/Documents/Quorvantis/profile_20.qvx";
+  host::PageView page;
+  page.rows = {choices("savedprofiles", "Saved Profiles", {"Battery 20%"})};
+  page.rows[0].control =
+      host::LinkView{"", std::make_shared<preferences::Choices>(preferences::Choices{
+                             plist::Array{plist::Value(path)}, {"Battery 20%"}})};
+  const host::SavedProfile saved{
+      .path = path, .trigger = "20", .title = "Battery 20%", .description = ""};
+  const auto hits = host::SearchIndex({page}, {saved}).find("battery 20");
+  ASSERT_EQ(hits.size(), 1u);
+  EXPECT_EQ(hits[0].id, path);
+}
+
 TEST(Search, ALabelThatIsWhatWasTypedComesFirst) {
   host::PageView page;
   page.rows = {row("a", "Vibrate on Ring"), row("b", "Vibrate"), row("c", "Vibrate on Silent")};

@@ -271,6 +271,8 @@ TEST_F(BundleWindow, TheReasonGoesWithThePointer) {
   driver->waitUntilIdle();
   const QString reason = QString("dimmed: switch on %1 first").arg(labelOf("vibrate"));
   const QPoint slider = driver->place(driver->itemsOfType("SliderRow").front()).center().toPoint();
+  // A pointer that another window has left there would not move.
+  QTest::mouseMove(window, QPoint(10, 10));
   QTest::mouseMove(window, slider);
   driver->waitUntilIdle();
   QTest::mouseClick(window, Qt::LeftButton, {}, slider);
@@ -282,6 +284,36 @@ TEST_F(BundleWindow, TheReasonGoesWithThePointer) {
   QEvent leave(QEvent::Leave);
   QCoreApplication::sendEvent(window, &leave);
   EXPECT_TRUE(driver->until([&] { return !driver->shows(reason); }));
+}
+
+TEST_F(BundleWindow, AChosenContactIsTakenBackAsTheRecipient) {
+  QTemporaryDir state;
+  options.state = state.path().toStdString();
+  const std::string card =
+      "BEGIN:VCARD\r\nVERSION:3.0\r\nN:;Ann;;;\r\nFN:Ann\r\nTEL:12345\r\nEND:VCARD\r\n";
+  foundation::DeviceRoot root(folder.path().toStdString());
+  ASSERT_TRUE(root.writeDurably("/var/mobile/Library/AddressBook/ann.vcf",
+                                {reinterpret_cast<const std::uint8_t*>(card.data()), card.size()}));
+  open("UserNotificationListController");
+  set("sendmessage", true);
+  driver->until([this] { return row("adressbook").usable; });
+  const QString recipient = labelOf("msgrecipient");
+  driver->click(labelOf("adressbook"), kButton);
+  driver->click(QString::fromStdString(page().choices->titles.front()), kRadioButton);
+  EXPECT_EQ(stored("msgrecipient"), plist::Value("12345"));
+  EXPECT_EQ(bridge().undo()->nextUndo(), "set " + recipient);
+  closeAll();
+}
+
+TEST_F(BundleWindow, TabIntoATextPutsTheCursorAtItsEnd) {
+  open("UserNotificationListController");
+  set("alertmsg", "Come home");
+  driver->waitUntilIdle();
+  for (int i = 0; i < 40 && driver->focused() != labelOf("alertmsg"); ++i) driver->key(Qt::Key_Tab);
+  ASSERT_EQ(driver->focused(), labelOf("alertmsg"));
+  driver->type("!");
+  driver->key(Qt::Key_Tab);
+  EXPECT_EQ(stored("alertmsg"), plist::Value("Come home!"));
 }
 
 TEST_F(BundleWindow, AChosenContactIsTicked) {

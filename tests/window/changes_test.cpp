@@ -168,6 +168,44 @@ TEST_F(Changes, AResetOfAllIsOneStepOfTheHistory) {
   closeAll();
 }
 
+TEST_F(Changes, AfterAResetTheKeyboardIsNotOnTheButtonThatResets) {
+  QTemporaryDir state;
+  options.state = state.path().toStdString();
+  open("UserNotificationListController");
+  set("vibrate", true);
+  driver->waitUntilIdle();
+  choose("All Changed Settings…");
+  driver->find("Reset This Setting", kButton)->forceActiveFocus(Qt::TabFocusReason);
+  driver->key(Qt::Key_Return);
+  ASSERT_TRUE(driver->shows("Nothing is changed"));
+  driver->key(Qt::Key_Z, Qt::ControlModifier);
+  ASSERT_TRUE(driver->until([&] { return driver->find("Vibrate", kButton) != nullptr; }));
+  driver->waitUntilIdle();
+  EXPECT_NE(driver->focused(), "Reset This Setting");
+  EXPECT_EQ(driver->rings(), 1);
+  closeAll();
+}
+
+TEST_F(Changes, AMenuWithNothingToChooseDoesNotOpen) {
+  open("UserNotificationListController");
+  emit bridge().tools()->menuWanted(
+      QVariantList{QVariantMap{{"text", "Nothing"}, {"usable", false}}}, window->contentItem());
+  driver->waitUntilIdle();
+  EXPECT_TRUE(driver->itemsOfType("MenuPopup").empty());
+  EXPECT_FALSE(driver->shows("Nothing"));
+}
+
+TEST_F(Changes, AMenuThatTheMouseOpensShowsNothingAsChosen) {
+  open();
+  driver->click("More", kButton);
+  EXPECT_EQ(driver->rings(), 0);
+  for (const char* entry : {"Search…", "Changed on This Page…"}) {
+    driver->key(Qt::Key_Down);
+    EXPECT_EQ(driver->focused(), entry);
+    EXPECT_EQ(driver->rings(), 1);
+  }
+}
+
 TEST_F(Changes, AChangedSettingOpensItsRow) {
   open("UserNotificationListController");
   set("vibrate", true);

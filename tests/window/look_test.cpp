@@ -47,8 +47,45 @@ TEST_F(Look, ControlsGrowWithTheText) {
 }
 
 TEST_F(Look, TheNarrowestWindowNamesTheWayBack) {
-  open("GeneralSettingsController", 320, 700);
-  EXPECT_TRUE(driver->shows("Quorvantis") || driver->shows("Back"));
+  for (const char* link :
+       {"General", "Power Saving", "Low Power Mode", "Manage Profiles", "Notifications"}) {
+    open(nullptr, 320, 700);
+    driver->find(link, kButton)->forceActiveFocus(Qt::TabFocusReason);
+    driver->key(Qt::Key_Return);
+    ASSERT_EQ(scene().pages.size(), 2u) << link;
+    QStringList words;
+    const QQuickItem* bar = driver->itemsOfType("NavigationBar").back();
+    for (const QQuickItem* item : driver->itemsOfType("QQuickText")) {
+      if (!bar->isAncestorOf(item)) continue;
+      words << item->property("text").toString();
+      EXPECT_FALSE(item->property("truncated").toBool()) << words.last().toStdString();
+    }
+    EXPECT_TRUE(words.contains("Quorvantis") || words.contains("Back")) << link;
+    EXPECT_TRUE(words.contains(link)) << link;
+    closeAll();
+  }
+}
+
+TEST_F(Look, ATextThatIsCutOffInAMenuIsSaidWholeWhereThePointerRests) {
+  const QString words = QString::fromStdString(long_ + " ").repeated(8).trimmed();
+  for (const char* id : {"20", "30"})
+    write(
+        "/var/mobile/Documents/Quorvantis/profile_" + std::string(id) + ".qvx",
+        plist::Dictionary{{"profilepercentage", id}, {"profiledescription", words.toStdString()}});
+  open();
+  emit bridge().tools()->profileWanted("/var/mobile/Documents/Quorvantis/profile_20.qvx");
+  driver->waitUntilIdle();
+  driver->click("Compare With…", kButton);
+  QQuickItem* cut = text("Battery 30% - " + words);
+  ASSERT_TRUE(cut);
+  ASSERT_TRUE(cut->property("truncated").toBool());
+  QTest::mouseMove(window, driver->place(cut).center().toPoint());
+  EXPECT_TRUE(driver->until([&] {
+    const auto hints = driver->itemsOfType("TruncatedHint");
+    return std::ranges::any_of(hints, [&](const QQuickItem* hint) {
+      return hint->property("words") == "Battery 30% - " + words;
+    });
+  }));
 }
 
 TEST_F(Look, ATextThatIsCutOffIsSaidWholeWhereThePointerRests) {
@@ -99,6 +136,20 @@ TEST_F(Look, F1ShowsTheKeysUntilEscape) {
   driver->key(Qt::Key_Escape);
   EXPECT_FALSE(driver->shows("Keys"));
   EXPECT_EQ(page().pageClass, "quorvantisprefsListController");
+}
+
+QStringList messages;
+
+TEST_F(Look, HelpThatIsOpenAsTheWindowClosesReportsNothing) {
+  open();
+  driver->key(Qt::Key_F1);
+  ASSERT_TRUE(driver->shows("Keys"));
+  messages.clear();
+  const auto before = qInstallMessageHandler(
+      [](QtMsgType, const QMessageLogContext&, const QString& words) { messages << words; });
+  closeAll();
+  qInstallMessageHandler(before);
+  EXPECT_EQ(messages, QStringList());
 }
 
 // What others have written would be drawn as markup, and pictures in it be fetched.

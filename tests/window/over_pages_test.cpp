@@ -52,6 +52,14 @@ class OverPages : public BundleWindow {
     application->report({.words = words});
     driver->waitUntilIdle();
   }
+  void presentAlert() {
+    auto alert = std::make_shared<uikit::AlertController>("Note", "", uikit::AlertStyle::Alert);
+    alert->addAction({"Fine", uikit::ButtonRole::Default, {}});
+    device->screen().present(alert);
+    application->buildVisibleRows();
+    driver->waitUntilIdle();
+    ASSERT_FALSE(alerts().empty());
+  }
   double topOf(const QString& dialog) {
     return driver->place(driver->find(dialog, QAccessible::Dialog)).top();
   }
@@ -156,11 +164,7 @@ TEST_F(OverPages, TheHelpGivesWayToANotice) {
 TEST_F(OverPages, AnAlertGivesTheKeyboardBackToTheViewBelowIt) {
   openWithProfiles(1);
   showProfile(1);
-  auto alert = std::make_shared<uikit::AlertController>("Note", "", uikit::AlertStyle::Alert);
-  alert->addAction({"Fine", uikit::ButtonRole::Default, {}});
-  device->screen().present(alert);
-  application->buildVisibleRows();
-  driver->waitUntilIdle();
+  presentAlert();
   driver->key(Qt::Key_Return);
   ASSERT_TRUE(alerts().empty());
   EXPECT_TRUE(only("ProfileView")->isAncestorOf(window->activeFocusItem()));
@@ -237,6 +241,33 @@ TEST_F(OverPages, APageWithoutChangesSaysSoOfThatPageOnly) {
   emit bridge().tools()->changesWanted("PowerSavingListController");
   driver->waitUntilIdle();
   EXPECT_TRUE(driver->shows("Every setting of this page has its default."));
+}
+
+TEST_F(OverPages, AWindowThatIsResizedBelowAnAlertShowsItsRowsAfterItWithoutANotice) {
+  open("UserNotificationListController", 320, 800);
+  presentAlert();
+  const int before = application->viewport();
+  driver->resize(320, 480);
+  EXPECT_TRUE(bridge().problems().isEmpty());
+  driver->click("Fine", kButton);
+  EXPECT_TRUE(driver->until([&] { return application->viewport() < before; }));
+  EXPECT_TRUE(bridge().problems().isEmpty());
+}
+
+// A text field's cross would answer the question, or open a result.
+TEST_F(OverPages, TheCrossOfATextFieldIsNoStopOfTheKeyboard) {
+  openWithProfiles(1);
+  showProfile(1);
+  driver->click("Rename…", kButton);
+  driver->type("Day");
+  driver->key(Qt::Key_Tab);
+  EXPECT_EQ(driver->focused(), "Cancel");
+  driver->key(Qt::Key_Return);
+  EXPECT_EQ(bridge().tools()->profiles()->opened()->description(), "");
+  driver->click("Rename…", kButton);
+  driver->type("Day");
+  ASSERT_TRUE(driver->act("Clear", kButton, QAccessibleActionInterface::pressAction()));
+  EXPECT_EQ(window->activeFocusItem()->property("text").toString(), "");
 }
 
 // The least window, and text of twice the size.

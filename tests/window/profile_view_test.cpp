@@ -227,6 +227,66 @@ TEST_F(ProfileView, SaysWhatALoadWouldChangeAgainAfterItWasUndone) {
   closeAll();
 }
 
+TEST_F(ProfileView, WhatWasDoneIsNotSaidAfterItWasUndone) {
+  QTemporaryDir kept;
+  options.state = kept.path().toStdString();
+  openWithProfiles();
+  show(kProfile20);
+  driver->click("Load", kButton);
+  ASSERT_TRUE(driver->shows("Loaded."));
+  driver->key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_TRUE(driver->until([&] { return !driver->shows("Loaded."); }));
+  closeAll();
+}
+
+TEST_F(ProfileView, KeysLeadThroughALongMenuOfProfiles) {
+  for (int i = 1; i <= 30; ++i)
+    write("/var/mobile/Documents/Quorvantis/profile_" + std::to_string(i) + ".qvx",
+          Dictionary{{"profilepercentage", std::to_string(i)}});
+  openWithProfiles();
+  show(kProfile20);
+  driver->key(Qt::Key_Tab);
+  driver->find("Compare With…", kButton)->forceActiveFocus(Qt::TabFocusReason);
+  driver->key(Qt::Key_Return);
+  EXPECT_EQ(driver->focused(), "The current settings");
+  EXPECT_EQ(driver->rings(), 1);
+  driver->key(Qt::Key_End);
+  EXPECT_EQ(driver->focused(), "Charging started");
+  driver->key(Qt::Key_Home);
+  EXPECT_EQ(driver->focused(), "The current settings");
+  driver->type("17");
+  EXPECT_EQ(driver->focused(), "Battery 17%");
+  const QRectF place = driver->place(window->activeFocusItem());
+  EXPECT_TRUE(place.top() >= 0 && place.bottom() <= window->height());
+  driver->key(Qt::Key_Return);
+  EXPECT_EQ(opened().other(), "Battery 17%");
+}
+
+TEST_F(ProfileView, OfSeveralDroppedFilesTheFirstIsImportedAndThatIsSaid) {
+  openWithProfiles();
+  show(kProfile101);
+  ASSERT_TRUE(opened().exportTo(exported("one.plist"), false));
+  ASSERT_TRUE(opened().remove());
+  driver->waitUntilIdle();
+  bridge().tools()->profiles()->importUrls(
+      {QUrl::fromLocalFile(exported("one.plist")), QUrl::fromLocalFile(exported("other.plist"))});
+  EXPECT_TRUE(exists(kProfile101));
+  EXPECT_EQ(bridge().problems(), QStringList{"One file is imported at a time: one.plist."});
+}
+
+TEST_F(ProfileView, TheTicksOfAListStandBelowOneAnother) {
+  openWithProfiles("GeneralSettingsController");
+  driver->click("Saved Profile", kButton);
+  const auto tickOf = [&](const QString& name) {
+    driver->click(name, kRadioButton);
+    for (const QQuickItem* tick : driver->itemsOfType("Tick")) return driver->place(tick).left();
+    return -1.0;
+  };
+  const double ofProfile = tickOf("Charging started");
+  EXPECT_GT(ofProfile, 0);
+  EXPECT_EQ(tickOf("None"), ofProfile);
+}
+
 TEST_F(ProfileView, ADroppedFileIsImportedAndAsksBeforeItReplacesOne) {
   openWithProfiles();
   show(kProfile20);

@@ -1,6 +1,7 @@
 #include <QElapsedTimer>
 #include <algorithm>
 
+#include "apps/window/tools.h"
 #include "prefs/core/names.h"
 #include "tests/services/bus_daemon.h"
 #include "tests/window/bundle_window.h"
@@ -169,6 +170,50 @@ TEST_F(Notices, DamagedProfilesAreSaidWhereTheyAreListed) {
   driver->key(Qt::Key_Escape);
   EXPECT_FALSE(says("No profile can be read"));
   EXPECT_TRUE(bridge().problems().isEmpty());
+}
+
+// One sentence for all of them, until they are gone.
+TEST_F(Notices, DamagedProfilesAreOneProblemOfASearchUntilTheyAreGone) {
+  for (int number = 10; number <= 20; ++number)
+    writeText("/var/mobile/Documents/Quorvantis/profile_" + std::to_string(number) + ".qvx", "no");
+  open();
+  driver->key(Qt::Key_F, Qt::ControlModifier);
+  driver->type("vib");
+  ASSERT_EQ(bridge().problems().size(), 1);
+  EXPECT_TRUE(bridge().problems()[0].startsWith(
+      "No profile can be read from profile_10.qvx, profile_11.qvx, profile_12.qvx and 8 more in " +
+      folder.path()));
+  emit bridge().tools()->profilesWanted();
+  driver->waitUntilIdle();
+  EXPECT_EQ(bridge().problems().size(), 1);
+  driver->key(Qt::Key_Escape);
+  for (int number = 10; number <= 20; ++number)
+    ASSERT_TRUE(QFile::remove(folder.path() + "/var/mobile/Documents/Quorvantis/profile_" +
+                              QString::number(number) + ".qvx"));
+  EXPECT_TRUE(driver->until([&] { return bridge().problems().isEmpty(); }));
+}
+
+TEST_F(Notices, ADamagedProfileIsReportedInPlainWords) {
+  writeText("/var/mobile/Documents/Quorvantis/profile_10.qvx", "no");
+  open();
+  emit bridge().tools()->profileWanted("/var/mobile/Documents/Quorvantis/profile_10.qvx");
+  EXPECT_EQ(bridge().problems(),
+            QStringList{"The profile can't be read: its file is damaged.\n" + folder.path() +
+                        "/var/mobile/Documents/Quorvantis/profile_10.qvx"});
+}
+
+TEST_F(Notices, ManyTakeLessThanHalfOfTheWindowAndTheLatestIsInSight) {
+  open(nullptr, 320, 480);
+  for (int i = 1; i <= 11; ++i) application->report({.words = "Problem " + std::to_string(i)});
+  driver->waitUntilIdle();
+  QQuickItem* notices = driver->itemsOfType("Notices").front();
+  EXPECT_LE(notices->height(), 480 * 0.4);
+  const QRectF latest = driver->place(driver->itemsOfType("MessageBar").back());
+  EXPECT_LE(latest.bottom(), 480);
+  driver->key(Qt::Key_F, Qt::ControlModifier);
+  driver->waitUntilIdle();
+  EXPECT_LE(driver->itemsOfType("Notices").front()->height(), 480 * 0.4);
+  EXPECT_LT(driver->place(driver->itemsOfType("SearchView").front()).top(), 300);
 }
 
 TEST_F(Notices, AMissingBusIsReportedOnceAndOnlyAfterAChange) {

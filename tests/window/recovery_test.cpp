@@ -62,6 +62,20 @@ TEST_F(DamagedWindow, ShowsNoValueAndChangesNothing) {
   EXPECT_EQ(settings.readAll(), "not a property list");
 }
 
+TEST_F(DamagedWindow, ARowSaysByKeyboardToo) {
+  openDamaged("PowerSavingListController");
+  QStringList visited;
+  for (int i = 0; i < 4; ++i) {
+    driver->key(Qt::Key_Down);
+    visited << driver->focused();
+    EXPECT_EQ(driver->rings(), 1);
+  }
+  EXPECT_EQ(visited.removeDuplicates(), 0);
+  const QString reason = QString::fromStdString(page().rows[1].whyNot->words());
+  driver->key(Qt::Key_Home);
+  EXPECT_TRUE(driver->until([&] { return driver->shows(reason); }));
+}
+
 TEST_F(DamagedWindow, TheLinksSayNothingUntilAnotherProgramHasRepairedTheSettings) {
   const auto summary = [this](const QString& label) {
     return driver->accessible(label, kButton)->text(QAccessible::Description);
@@ -105,6 +119,16 @@ TEST_F(DamagedWindow, RestoresTheLastSnapshotByKeys) {
   EXPECT_FALSE(asks());
   EXPECT_EQ(row("custbright").shown, "42");
   EXPECT_EQ(kept(), "not a property list");
+}
+
+TEST_F(DamagedWindow, NamesTheTriggerOfTheLastSnapshotByItsTitle) {
+  open("PowerSavingListController");
+  set("custbrightenabled", true);
+  ASSERT_TRUE(device->backups()->keep("delete 101"));
+  damage();
+  ASSERT_TRUE(driver->until([&] { return asks(); }));
+  const QString said = driver->accessible(kRestore, kButton)->text(QAccessible::Description);
+  EXPECT_TRUE(said.endsWith("before \"delete Charging started\"")) << said.toStdString();
 }
 
 TEST_F(DamagedWindow, GoesByItselfOnceAnotherProgramHasMendedIt) {

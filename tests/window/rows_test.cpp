@@ -137,6 +137,23 @@ TEST_F(Rows, WhatASliderCantTakeIsRefusedInWords) {
   }
 }
 
+TEST_F(Rows, NoKeyLeavesAnEditorWithWhatASliderCantTake) {
+  driver->click("Custom level");
+  driver->click(kLevelField, kText);
+  driver->type("172");
+  for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Down, Qt::Key_Up, Qt::Key_PageDown}) {
+    driver->key(key);
+    EXPECT_EQ(driver->focused(), kLevelField) << key;
+    EXPECT_EQ(window->activeFocusItem()->property("text"), "172") << key;
+  }
+  driver->key(Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_EQ(driver->focused(), kLevelField);
+  driver->type("72");
+  driver->key(Qt::Key_Tab);
+  EXPECT_NE(driver->focused(), kLevelField);
+  EXPECT_EQ(device.stored("level"), plist::Value(72.0));
+}
+
 TEST_F(Rows, LettersCantBeTypedAsAValue) {
   driver->click("Custom level");
   driver->click(kLevelField, kText);

@@ -50,8 +50,8 @@ class Theme : public SampleWindow, public testing::WithParamInterface<Look> {
     EXPECT_TRUE(result.value<QColor>().isValid()) << function;
     return result.value<QColor>();
   }
-  QColor onCard(QColor color) const {
-    const QColor card = this->color("card");
+  QColor onCard(QColor color) const { return on(this->color("card"), color); }
+  static QColor on(QColor card, QColor color) {
     const auto mixed = [&](double front, double back) {
       return front * color.alphaF() + back * (1 - color.alphaF());
     };
@@ -87,6 +87,36 @@ TEST_P(Theme, TextStandsOutFromWhatItLiesOnInEveryState) {
   expect("warningText", {"warning"}, textGoal());
   expect("hintText", {"hint"}, textGoal());
   expect("textOnAccent", {"accent"}, textGoal());
+}
+
+// How a word stands out that is drawn with this opacity.
+TEST_P(Theme, TextOfAButtonThatIsPressedCanBeRead) {
+  const std::tuple<const char*, const char*> kWords[] = {
+      {"accentText", "background"},  {"accentText", "bar"},     {"accentText", "dialog"},
+      {"destructive", "background"}, {"destructive", "dialog"}, {"warningText", "warning"},
+      {"hintText", "hint"}};
+  for (const auto& [name, ground] : kWords) {
+    QColor text = color(name);
+    text.setAlphaF(static_cast<float>(read("faded").toDouble()));
+    EXPECT_GE(contrast(on(color(ground), text), color(ground)), 4.5) << name << " on " << ground;
+  }
+}
+
+TEST_P(Theme, ARowOfAPickerOffItsMiddleCanBeRead) {
+  QColor text = color("text");
+  text.setAlphaF(static_cast<float>(read("unchosen").toDouble()));
+  EXPECT_GE(contrast(on(color("dialog"), text), color("dialog")), 4.5);
+}
+
+// The usual rule exempts a control that can't be used.
+TEST_P(Theme, AButtonThatCantBeUsedIsExemptButStandsOutByThreeHalves) {
+  for (const auto& [name, ground] :
+       {std::tuple("accentText", "background"), std::tuple("text", "dialog"),
+        std::tuple("warningText", "warning")}) {
+    QColor text = color(name);
+    text.setAlphaF(static_cast<float>(read("disabled").toDouble()));
+    EXPECT_GE(contrast(on(color(ground), text), color(ground)), 1.5) << name << " on " << ground;
+  }
 }
 
 TEST_P(Theme, TextOfADimmedRowCanBeRead) {

@@ -7,7 +7,7 @@ PressButton {
     width: Theme.barHeight * 0.9
     height: Theme.barHeight
     focusPolicy: Qt.TabFocus
-    opacity: down ? 0.4 : 1
+    opacity: down ? Theme.faded : 1
 
     FocusRing {
         of: button

@@ -33,15 +33,15 @@ Row {
             height: width
             radius: width / 2
             color: "transparent"
-            border.width: 2
+            border.width: 2 * Theme.scale
             border.color: Theme.accentText
         }
         Rectangle {
             x: lens.x + lens.width * 0.82
             y: lens.y + lens.height * 0.82
             width: lens.width * 0.55
-            height: 2.4
-            radius: 1.2
+            height: 2.4 * Theme.scale
+            radius: height / 2
             rotation: 45
             transformOrigin: Item.Left
             antialiasing: true
@@ -56,7 +56,7 @@ Row {
 
         Row {
             anchors.centerIn: parent
-            spacing: 4
+            spacing: Theme.unit(4)
 
             Dot {}
             Dot {}

@@ -34,27 +34,34 @@ ToolView {
         anchors.fill: parent
         anchors.bottomMargin: actions.height
         heading: view.heading
-        model: view.changes.settings
+        model: EntryModel {
+            key: "key"
+            entries: view.changes.settings
+        }
 
         delegate: Column {
             id: item
 
             required property int index
-            required property changedSetting modelData
+            required property changedSetting entry
 
             width: list.width
 
             Item {
                 width: parent.width
-                height: visible ? Theme.rowHeight : 0
-                visible: item.modelData.first
+                height: visible ? Math.max(Theme.rowHeight, heading.height + 20) : 0
+                visible: item.entry.first
 
                 Text {
+                    id: heading
+
                     x: Theme.sideOf(parent.width) + Theme.inset
+                    width: (reset.visible ? reset.x : parent.width - Theme.inset) - x
                     anchors.bottom: parent.bottom
                     anchors.bottomMargin: 8
-                    text: item.modelData.page
+                    text: item.entry.page
                     textFormat: Text.PlainText
+                    wrapMode: Text.Wrap
                     color: Theme.secondary
                     font.pixelSize: Theme.small
                     font.weight: Font.DemiBold
@@ -62,22 +69,24 @@ ToolView {
                     Accessible.name: text
                 }
                 TextButton {
+                    id: reset
+
                     anchors.right: parent.right
                     anchors.rightMargin: Theme.sideOf(parent.width)
                     anchors.bottom: parent.bottom
                     visible: view.all
                     text: qsTr("Reset…")
-                    Accessible.description: item.modelData.page
-                    onClicked: view.tools.changesWanted(item.modelData.pageClass)
+                    Accessible.description: item.entry.page
+                    onClicked: view.tools.changesWanted(item.entry.pageClass)
                 }
             }
             EntryRow {
                 width: parent.width
-                label: item.modelData.label
-                value: item.modelData.shown === "" ? qsTr("empty") : item.modelData.shown
-                detail: !item.modelData.resettable ? qsTr("No default") : item.modelData.standard === "" ? qsTr("Default: empty") : qsTr("Default: %1").arg(item.modelData.standard)
-                first: item.modelData.first
-                last: item.modelData.last
+                label: item.entry.label
+                value: item.entry.shown === "" ? qsTr("empty") : item.entry.shown
+                detail: !item.entry.resettable ? qsTr("No default") : item.entry.standard === "" ? qsTr("Default: empty") : qsTr("Default: %1").arg(item.entry.standard)
+                first: item.entry.first
+                last: item.entry.last
                 onChosen: view.changes.open(item.index)
             }
         }
@@ -90,10 +99,14 @@ ToolView {
 
         TextButton {
             anchors.centerIn: parent
+            width: Math.min(implicitWidth, parent.width)
             destructive: true
             strong: true
             text: view.changes.resettable === 1 ? qsTr("Reset This Setting") : qsTr("Reset These %1 Settings").arg(view.changes.resettable)
-            onClicked: view.changes.reset()
+            onClicked: {
+                view.changes.reset();
+                list.forceActiveFocus();
+            }
         }
     }
 }

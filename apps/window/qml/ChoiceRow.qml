@@ -12,6 +12,9 @@ KeyRow {
     required property string profile  // that it is; empty: none
     required property PageModel page
 
+    // For the way to a profile, also beside an entry that is none.
+    readonly property real room: page.choices.leads && page.tools ? details.width : 0
+
     function stops(): var {
         return details.visible ? [button, details] : [button];
     }
@@ -47,7 +50,7 @@ KeyRow {
 
             anchors.fill: parent
             title: entry.title
-            room: Theme.unit(26) + (details.visible ? details.width : 0)
+            room: Theme.unit(26) + entry.room
             first: entry.index === 0
             last: entry.index === entry.ListView.view.count - 1
             pressed: button.down
@@ -55,7 +58,7 @@ KeyRow {
         }
         Tick {
             anchors.right: parent.right
-            anchors.rightMargin: Theme.inset + (details.visible ? details.width : 0)
+            anchors.rightMargin: Theme.inset + entry.room
             anchors.verticalCenter: parent.verticalCenter
             visible: entry.ticked
         }

@@ -8,7 +8,7 @@ BarButton {
         height: width
         radius: width / 2
         color: "transparent"
-        border.width: 1.6
+        border.width: 1.6 * Theme.scale
         border.color: Theme.accentText
 
         Text {

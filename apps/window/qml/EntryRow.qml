@@ -1,4 +1,5 @@
 import QtQuick
+import Quorvantis.Settings
 
 // An entry of a list over the pages: what it is, more about it below, and a value at the right.
 Item {
@@ -32,7 +33,7 @@ Item {
             anchors.fill: parent
             first: entry.first
             last: entry.last
-            pressed: button.down || entry.current
+            pressed: button.down
             hovered: button.hovered
         }
         Column {
@@ -56,7 +57,7 @@ Item {
                 text: entry.detail
                 textFormat: Text.PlainText
                 wrapMode: Text.Wrap
-                maximumLineCount: 3
+                maximumLineCount: entry.leads ? 3 : 100
                 elide: Text.ElideRight
                 color: Theme.secondary
                 font.pixelSize: Theme.small
@@ -74,6 +75,7 @@ Item {
         }
         FocusRing {
             of: button
+            visible: entry.current || button.activeFocus && KeyboardUse.active
         }
     }
 }

@@ -75,7 +75,7 @@ T.ToolTip {
             implicitWidth: title.implicitWidth + 24
             implicitHeight: title.implicitHeight + 14
             text: hint.action
-            opacity: down ? 0.4 : 1
+            opacity: down ? Theme.faded : 1
             onClicked: {
                 moment.stop();
                 hint.held = false;

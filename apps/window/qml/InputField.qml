@@ -1,7 +1,8 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// A text to type: what a list is narrowed to or searched for, or the answer to a question.
+// A text to type: what a list is narrowed to or searched for, or the answer to a question. Esc
+// clears it, as a click on its cross does.
 T.TextField {
     id: field
 
@@ -46,6 +47,8 @@ T.TextField {
         width: field.height
         height: field.height
         visible: field.text !== ""
+        focusPolicy: Qt.NoFocus
+        activeFocusOnTab: false
         text: qsTr("Clear")
         onClicked: field.clear()
         Accessible.name: text

@@ -1,12 +1,13 @@
 import QtQuick
 
-// The keyboard in a view that scrolls: what has it stays in sight, the arrows lead to the next item
-// that takes it, and scroll where there is none.
+// The keyboard in a view that scrolls: what has it stays in sight until the user scrolls it away, the
+// arrows lead to the next item that takes it, and scroll where there is none.
 Item {
     id: keys
 
     required property Flickable of
     readonly property Item focused: Window.activeFocusItem
+    property bool following: true
 
     function holds(item: Item): bool {
         for (let at = item; at; at = at.parent)
@@ -17,6 +18,12 @@ Item {
     function scrollTo(y: real) {
         const end = of.originY + of.contentHeight + of.bottomMargin - of.height;
         of.contentY = Math.max(of.originY - of.topMargin, Math.min(end, y));
+    }
+    function inSight(): bool {
+        if (!holds(focused))
+            return false;
+        const top = focused.mapToItem(of, 0, 0).y;
+        return top < of.height && top + focused.height > 0;
     }
     function reveal() {
         if (!holds(focused) || focused === of.contentItem)
@@ -35,16 +42,24 @@ Item {
             scrollTo(of.contentY + direction * Theme.rowHeight);
     }
 
-    onFocusedChanged: reveal()
+    onFocusedChanged: {
+        following = true;
+        reveal();
+    }
 
     Connections {
         target: keys.of
 
+        function onContentYChanged() {
+            keys.following = keys.inSight();
+        }
         function onHeightChanged() {
-            keys.reveal();
+            if (keys.following)
+                keys.reveal();
         }
         function onContentHeightChanged() {
-            keys.reveal();
+            if (keys.following)
+                keys.reveal();
         }
     }
     Keys.onPressed: event => {

@@ -8,10 +8,12 @@ Item {
     property string label
     property string value
     property color valueColor: Theme.secondary
+    property size room  // of what stands in place of the value while it is edited
 
-    readonly property bool below: value !== "" && labelSize.advanceWidth + valueSize.advanceWidth + 18 > width
+    readonly property bool below: value !== "" && labelSize.advanceWidth + Math.max(valueSize.advanceWidth, room.width) + 18 > width
+    readonly property real valueCenter: shown.y + Math.max(shown.height, room.height) / 2
 
-    implicitHeight: below ? name.height + 2 + shown.height : Math.max(name.height, shown.height)
+    implicitHeight: below ? name.height + 2 + Math.max(shown.height, room.height) : Math.max(name.height, shown.height)
 
     TextMetrics {
         id: labelSize
@@ -43,6 +45,7 @@ Item {
         x: pair.below ? 0 : name.width + 8
         width: Math.max(0, pair.width - x)
         horizontalAlignment: pair.below ? Text.AlignLeft : Text.AlignRight
+        visible: pair.room.width <= 0
         text: pair.value
         textFormat: Text.PlainText
         color: pair.valueColor

@@ -35,6 +35,10 @@ T.ApplicationWindow {
         instant = false;
         item?.forceActiveFocus();
     }
+    // Gives the keyboard back to the page that something has covered.
+    function resume() {
+        (stack.currentItem as PageView).resume();
+    }
     // In a wide window there is always a page at the right.
     function fill() {
         if (!split || stack.depth !== 1)
@@ -88,7 +92,7 @@ T.ApplicationWindow {
                 popup.page = Qt.binding(() => stack.currentItem as PageView);
             popup.closed.connect(() => {
                 if (window && !window.covered)
-                    stack.currentItem.forceActiveFocus();
+                    window.resume();
             });
             popup.open();
         }
@@ -195,7 +199,10 @@ T.ApplicationWindow {
         onLoaded: {
             const popup = item as HelpPopup;
             popup.top = Qt.binding(() => above.height);
-            popup.closed.connect(() => active = false);
+            popup.closed.connect(() => {
+                if (help)
+                    help.active = false;
+            });
         }
     }
     TruncatedHint {}
@@ -263,7 +270,7 @@ T.ApplicationWindow {
         above: above.height
         below: aboveViews.height
         onLeaving: window.commit()
-        onDone: stack.currentItem.forceActiveFocus()
+        onDone: window.resume()
         onHelpWanted: help.active = true
     }
     MouseArea {

@@ -41,7 +41,7 @@ Rectangle {
         width: visible ? title.implicitWidth + 20 : 10
         height: Theme.rowHeight - 10
         text: bar.action
-        opacity: down ? 0.4 : 1
+        opacity: down ? Theme.faded : 1
         onClicked: bar.acted()
 
         Text {

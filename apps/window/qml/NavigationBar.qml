@@ -41,8 +41,9 @@ Rectangle {
         sourceComponent: BackButton {
             title: bar.backTitle  // qmllint disable unqualified
             widest: bar.width * 0.36  // qmllint disable unqualified
-            // Where both titles don't fit the page's own is the one to keep.
+            // Where both titles don't fit the page's own is the one to keep, on two lines if need be.
             room: bar.width - titleSize.implicitWidth - 60 - bar.rightWidth  // qmllint disable unqualified
+            least: bar.width - titleSize.implicitWidth / 2 - 60 - bar.rightWidth  // qmllint disable unqualified
             onClicked: bar.back()  // qmllint disable unqualified
         }
     }

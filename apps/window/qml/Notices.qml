@@ -3,12 +3,23 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvantis.Settings
 
-// The problems to report, each until it is dismissed.
-Column {
+// The problems to report, each until it is dismissed. Where they are many they scroll, and the
+// latest is in sight.
+ScrollColumn {
     id: notices
 
     required property SettingsBridge settings
 
+    implicitHeight: Math.min(contentHeight, Math.round(Window.height * 0.4))
+    onContentHeightChanged: later.start()
+    onHeightChanged: later.start()
+
+    Timer {
+        id: later
+
+        interval: 0
+        onTriggered: notices.contentY = Math.max(0, notices.contentHeight - notices.height)
+    }
     Repeater {
         model: notices.settings.problems
 

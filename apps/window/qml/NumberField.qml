@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 
 // A number that can be typed, stored by Return or when the field is left. Transparent above the
-// number as shown until it is edited. Return with a number that the row can't take stays here.
+// number as shown until it is edited. Keys don't leave a number that the row can't take.
 T.TextField {
     id: field
 
@@ -58,6 +58,12 @@ T.TextField {
         regularExpression: /-?[0-9]*[.,]?[0-9]*/
     }
     onAccepted: store() ? done() : selectAll()
+    Keys.onPressed: event => {
+        const leaves = [Qt.Key_Tab, Qt.Key_Backtab, Qt.Key_Up, Qt.Key_Down, Qt.Key_PageUp, Qt.Key_PageDown];
+        event.accepted = leaves.includes(event.key) && !store();
+        if (event.accepted)
+            selectAll();
+    }
     onActiveFocusChanged: {
         if (activeFocus) {
             begun = shown;

@@ -23,6 +23,12 @@ FocusScope {
             swatches.takeFocus();
     }
 
+    function resume() {
+        forceActiveFocus();
+        if (KeyboardUse.active && (Window.activeFocusItem as ListView))
+            takeFocus();
+    }
+
     // What a sheet points to.
     function anchorOf(alert: AlertModel): Item {
         const rows = body.item as RowsView;

@@ -137,8 +137,10 @@ FocusScope {
             text: modelData
             textFormat: Text.PlainText
             elide: Text.ElideRight
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: Math.max(11, Math.round(Theme.body * 0.5))
             color: Theme.text
-            opacity: Math.max(0.15, 1 - 0.36 * away)
+            opacity: Math.max(Theme.unchosen, 1 - 0.36 * away)
             scale: Math.max(0.75, 1 - 0.07 * away)
             font.pixelSize: Theme.body
             Accessible.ignored: true

@@ -50,6 +50,7 @@ ToolView {
         target: view.tools
 
         function onStoredChanged() {
+            view.note = "";
             if (!view.profile.look())
                 view.done();
         }

@@ -41,19 +41,22 @@ ToolView {
         anchors.topMargin: strip.y + strip.height + 16
         anchors.bottomMargin: actions.height
         heading: view.heading
-        model: view.profiles.saved
+        model: EntryModel {
+            key: "path"
+            entries: view.profiles.saved
+        }
 
         delegate: EntryRow {
             required property int index
-            required property profileEntry modelData
+            required property profileEntry entry
 
             width: list.width
-            label: modelData.title
-            detail: modelData.description
-            value: modelData.active ? "" : qsTr("not active")
+            label: entry.title
+            detail: entry.description
+            value: entry.active ? "" : qsTr("not active")
             first: index === 0
             last: index === list.count - 1
-            onChosen: view.tools.profileWanted(modelData.path)
+            onChosen: view.tools.profileWanted(entry.path)
         }
     }
     ViewActions {

@@ -1,7 +1,8 @@
 import QtQuick
 import Quorvantis.Settings
 
-// Settings that can't be read: what that means, and the two ways out.
+// Settings that can't be read: what that means, and the two ways out. It scrolls where it would take
+// most of the window.
 Rectangle {
     id: notice
 
@@ -10,13 +11,13 @@ Rectangle {
     readonly property string title: qsTr("The settings can't be read")
     readonly property string detail: recovery.possible ? qsTr("Nothing can be changed until you choose how to go on. The damaged file is kept in both cases:") : qsTr("Nothing can be changed. This is the file:")
 
-    implicitHeight: column.implicitHeight + 2 * Theme.inset
+    implicitHeight: Math.min(column.contentHeight + 2 * Theme.inset, Math.round(Window.height * 0.7))
     color: Theme.warning
     Accessible.role: Accessible.AlertMessage
     Accessible.name: title
     Accessible.description: detail + " " + recovery.file
 
-    Column {
+    ScrollColumn {
         id: column
 
         readonly property real side: Theme.sideOf(notice.width)
@@ -24,6 +25,7 @@ Rectangle {
         x: side
         y: Theme.inset
         width: notice.width - 2 * side
+        height: notice.height - 2 * y
         spacing: 8
 
         Text {
@@ -46,17 +48,21 @@ Rectangle {
             Accessible.ignored: true
         }
         Flow {
+            id: ways
+
             width: parent.width
             spacing: 8
             visible: notice.recovery.possible
 
             Way {
+                widest: ways.width
                 text: qsTr("Restore the last snapshot")
                 detail: notice.recovery.snapshot === "" ? qsTr("There is none") : qsTr("Of %1").arg(notice.recovery.snapshot)
                 enabled: notice.recovery.snapshot !== ""
                 onClicked: notice.recovery.restoreLast()
             }
             Way {
+                widest: ways.width
                 text: qsTr("Start anew")
                 detail: qsTr("With the defaults")
                 onClicked: notice.recovery.startAnew()
@@ -67,11 +73,12 @@ Rectangle {
     component Way: PressButton {
         id: way
 
+        required property real widest
         property string detail
 
-        width: Math.max(title.implicitWidth, below.implicitWidth) + 28
-        height: title.implicitHeight + below.implicitHeight + 16
-        opacity: down || !enabled ? 0.5 : 1
+        width: Math.min(widest, Math.max(title.implicitWidth, below.implicitWidth))
+        height: title.height + below.height + 16
+        opacity: !enabled ? Theme.disabled : down ? Theme.faded : 1
         Accessible.description: detail
 
         background: Rectangle {
@@ -87,10 +94,14 @@ Rectangle {
         Text {
             id: title
 
-            anchors.horizontalCenter: parent.horizontalCenter
             y: 8
+            width: parent.width
+            horizontalAlignment: Text.AlignHCenter
+            leftPadding: 14
+            rightPadding: 14
             text: way.text
             textFormat: Text.PlainText
+            wrapMode: Text.Wrap
             color: Theme.warningText
             font.pixelSize: Theme.body
             font.weight: Font.DemiBold
@@ -99,10 +110,14 @@ Rectangle {
         Text {
             id: below
 
-            anchors.horizontalCenter: parent.horizontalCenter
             anchors.top: title.bottom
+            width: parent.width
+            horizontalAlignment: Text.AlignHCenter
+            leftPadding: 14
+            rightPadding: 14
             text: way.detail
             textFormat: Text.PlainText
+            wrapMode: Text.Wrap
             color: Theme.warningText
             font.pixelSize: Theme.small
             Accessible.ignored: true

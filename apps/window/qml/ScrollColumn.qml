@@ -8,6 +8,7 @@ Flickable {
     default property alias content: column.data
     property alias spacing: column.spacing
     property bool keyed: true  // the arrows work in it
+    readonly property bool hints: true  // it says itself what is cut off in it
 
     implicitHeight: column.implicitHeight
     contentHeight: column.implicitHeight
@@ -25,4 +26,5 @@ Flickable {
         id: keys
         of: scroll
     }
+    TruncatedHint {}
 }

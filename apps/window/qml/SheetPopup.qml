@@ -13,19 +13,31 @@ AlertBase {
     readonly property real parentWidth: parent ? parent.width : 0
     readonly property real parentHeight: parent ? parent.height : 0
     readonly property bool wide: parentWidth >= Theme.wide
-    readonly property rect anchor: anchorRect(parentWidth, parentHeight)
+    readonly property rect anchor: anchorRect(parentWidth, parentHeight, resized)
+    property int resized: 0  // how often the page below was laid out in another size
     readonly property bool below: anchor.y + anchor.height + 14 + height <= parentHeight - 12
     readonly property bool above: anchor.y - 14 - height >= top + 12
-    readonly property bool pointed: wide && anchor.width > 0 && (below || above)
+    readonly property bool inSight: anchor.width > 0 && anchor.y >= top && anchor.y + anchor.height <= parentHeight
+    readonly property bool pointed: wide && inSight && (below || above)
 
-    function anchorRect(width: real, height: real): rect {
+    function anchorRect(width: real, height: real, resized: int): rect {
         const item = page ? page.anchorOf(alert) : null;
         return item && parent ? item.mapToItem(parent, 0, 0, item.width, item.height) : Qt.rect(0, 0, 0, 0);
     }
+    onParentWidthChanged: later.start()
+    onParentHeightChanged: later.start()
     width: wide ? Theme.unit(320) : Math.min(parentWidth - 16, Theme.unit(440))
     x: Math.round(pointed ? Math.max(12, Math.min(parentWidth - 12 - width, anchor.x + anchor.width / 2 - width / 2)) : (parentWidth - width) / 2)
     y: Math.round(!wide ? parentHeight - height - 8 : !pointed ? top + (parentHeight - top - height) / 2 : below ? Math.max(top + 14, anchor.y + anchor.height + 14) : anchor.y - 14 - height)
     opacity: wide ? shown : 1
+
+    Timer {
+        id: later
+
+        interval: 0
+        onTriggered: ++popup.resized
+    }
+
     background: Item {
         visible: popup.wide
 

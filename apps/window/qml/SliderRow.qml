@@ -29,7 +29,8 @@ CardRow {
         visible: card.titled
         valueColor: card.faint
         label: card.entry.label
-        value: number.activeFocus ? "" : slider.pressed && card.entry.value !== "" ? card.entry.numberText(slider.value) : card.entry.value
+        room: number.activeFocus ? Qt.size(number.width, number.height) : Qt.size(0, 0)
+        value: slider.pressed && card.entry.value !== "" ? card.entry.numberText(slider.value) : card.entry.value
     }
 
     NumberField {
@@ -37,7 +38,7 @@ CardRow {
 
         anchors.right: parent.right
         anchors.rightMargin: Theme.inset - rightPadding
-        anchors.verticalCenter: texts.verticalCenter
+        y: texts.y + (texts.below ? texts.valueCenter : texts.height / 2) - height / 2
         visible: card.entry.value !== ""
         owner: card
         shown: card.entry.value

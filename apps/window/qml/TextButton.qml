@@ -9,7 +9,7 @@ PressButton {
 
     implicitWidth: implicitContentWidth + 24
     implicitHeight: Theme.rowHeight - 4
-    opacity: down ? 0.4 : enabled ? 1 : 0.5
+    opacity: down ? Theme.faded : enabled ? 1 : Theme.disabled
 
     contentItem: Text {
         horizontalAlignment: Text.AlignHCenter
@@ -17,6 +17,8 @@ PressButton {
         text: button.text
         textFormat: Text.PlainText
         elide: Text.ElideRight
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: Math.round(Theme.body * 0.6)
         color: button.destructive ? Theme.destructive : Theme.accentText
         font.pixelSize: Theme.body
         font.weight: button.strong ? Font.DemiBold : Font.Normal

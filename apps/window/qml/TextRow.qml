@@ -87,10 +87,11 @@ CardRow {
         selectByMouse: true
         font.pixelSize: Theme.body
         onActiveFocusChanged: {
-            if (activeFocus)
-                show();
-            else
-                commit();
+            if (!activeFocus)
+                return commit();
+            show();
+            if (focusReason !== Qt.MouseFocusReason)
+                cursorPosition = length;
         }
         Keys.onTabPressed: card.tabbed(1)
         Keys.onBacktabPressed: card.tabbed(-1)

@@ -55,6 +55,9 @@ QtObject {
     readonly property int slide: Desktop.reducedMotion ? 0 : 260
     readonly property int fade: Desktop.reducedMotion ? 0 : 140
     readonly property real dimmed: 0.55  // the least opacity of a text of a row that can't be used
+    readonly property real faded: 0.85   // the opacity of a button that is pressed
+    readonly property real unchosen: 0.65  // the least opacity of a picker's row
+    readonly property real disabled: 0.5 // the opacity of a button that can't be used
     property bool broad: false           // the window is wide: rows have their control at the right
 
     readonly property FontMetrics strong: FontMetrics {

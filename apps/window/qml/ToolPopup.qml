@@ -63,8 +63,12 @@ PopupBase {
             Text {
                 id: heading
 
-                anchors.centerIn: parent
-                width: Math.min(implicitWidth, parent.width - 2 * closing.width - 16)
+                readonly property real begin: closing.x + closing.width + 8
+
+                // In the middle while it fits there.
+                x: Math.max(begin, (parent.width - width) / 2)
+                anchors.verticalCenter: parent.verticalCenter
+                width: Math.min(implicitWidth, parent.width - begin - Theme.inset)
                 text: (loader.item as ToolView)?.heading ?? ""
                 textFormat: Text.PlainText
                 elide: Text.ElideRight

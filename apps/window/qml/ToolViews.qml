@@ -45,6 +45,8 @@ Item {
         popup.bottom = Qt.binding(() => below);
     }
     function menu(entries: var, at: Item) {
+        if (!entries.some(entry => entry.usable))
+            return;
         choosing = true;
         make("MenuPopup.qml", { entries: entries, at: at }).closed.connect(() => {
             if (views)
@@ -74,7 +76,7 @@ Item {
         keys: ["text/uri-list"]
         onDropped: drop => {
             if (drop.hasUrls && !views.settings.alert && !views.asking)
-                views.tools.profiles.importUrl(drop.urls[0]);
+                views.tools.profiles.importUrls(drop.urls);
         }
     }
     Connections {

@@ -37,17 +37,20 @@ Column {
         label: list.empty
     }
     Repeater {
-        model: list.values
+        model: EntryModel {
+            key: "label"
+            entries: list.values
+        }
 
         EntryRow {
             required property int index
-            required property profileValue modelData
+            required property profileValue entry
 
             width: list.width
             leads: false
-            label: modelData.label
-            value: list.differs ? "" : modelData.to
-            detail: !list.differs ? "" : list.orEmpty(modelData.from) + " → " + list.orEmpty(modelData.to)
+            label: entry.label
+            value: list.differs ? "" : entry.to
+            detail: !list.differs ? "" : list.orEmpty(entry.from) + " → " + list.orEmpty(entry.to)
             first: index === 0
             last: index === list.values.length - 1
         }

@@ -1,9 +1,10 @@
 import QtQuick
 
-// A label and a value that can't be changed here.
+// A label and a value that can't be changed here. The keyboard leads to it where it says why.
 CardRow {
     id: card
 
+    control: texts
     contentHeight: Math.max(Theme.rowHeight, texts.implicitHeight + 20)
 
     LabelledValue {
