@@ -1,7 +1,6 @@
 #include "apps/cli/column_widths.h"
 
 #include <algorithm>
-#include <limits>
 #include <numeric>
 
 #include "apps/cli/terminal.h"
@@ -12,6 +11,8 @@ namespace {
 constexpr std::size_t kNarrowest = 6;
 constexpr std::size_t kBrokenWord = 20;      // is as bad as so many lines
 constexpr std::size_t kTooWide = 1'000'000;  // likewise
+// What is looked at of long tables and texts, since each width is tried.
+constexpr std::size_t kRowsTried = 500, kBytesTried = 1000;
 
 using Rows = std::span<const std::vector<std::string>>;
 
@@ -27,10 +28,12 @@ bool breaksWord(std::string_view text, std::size_t width) {
 // What the column's texts lose at that width.
 std::size_t lossOf(Rows rows, std::size_t column, std::size_t width) {
   std::size_t loss = 0;
-  for (const auto& cells : rows) {
-    if (column >= cells.size() || cellsOf(cells[column]) <= width) continue;
-    loss += wrapped(cells[column], width).size() - 1;
-    if (breaksWord(cells[column], width)) loss += kBrokenWord;
+  for (const auto& cells : rows.first(std::min(rows.size(), kRowsTried))) {
+    if (column >= cells.size()) continue;
+    const std::string_view text = std::string_view(cells[column]).substr(0, kBytesTried);
+    if (cellsOf(text) <= width) continue;
+    loss += wrapped(text, width).size() - 1;
+    if (breaksWord(text, width)) loss += kBrokenWord;
   }
   return loss;
 }

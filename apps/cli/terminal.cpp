@@ -44,14 +44,17 @@ char32_t takeLetter(std::string_view& text) {
   return letter;
 }
 
+std::size_t cellsOfLetter(char32_t letter) {
+  return isIn(kCombining, letter) ? 0 : isIn(kWide, letter) ? 2 : 1;
+}
+
 // Takes off what fits of a longer word, a letter at least.
 std::string_view takeBeginning(std::string_view& word, std::size_t width) {
-  std::size_t end = 0, behindSlash = 0;
+  std::size_t end = 0, behindSlash = 0, cells = 0;
   for (std::string_view rest = word; !rest.empty();) {
-    takeLetter(rest);
-    const std::size_t next = word.size() - rest.size();
-    if (end > 0 && cellsOf(word.substr(0, next)) > width) break;
-    end = next;
+    cells += cellsOfLetter(takeLetter(rest));
+    if (end > 0 && cells > width) break;
+    end = word.size() - rest.size();
     if (word[end - 1] == '/') behindSlash = end;
   }
   if (behindSlash > end / 2) end = behindSlash;
@@ -71,10 +74,7 @@ std::size_t terminalWidth() {
 
 std::size_t cellsOf(std::string_view text) {
   std::size_t cells = 0;
-  while (!text.empty()) {
-    const char32_t letter = takeLetter(text);
-    cells += isIn(kCombining, letter) ? 0 : isIn(kWide, letter) ? 2 : 1;
-  }
+  while (!text.empty()) cells += cellsOfLetter(takeLetter(text));
   return cells;
 }
 
@@ -84,11 +84,16 @@ std::vector<std::string> wrapped(std::string_view text, std::size_t width) {
   while (!text.empty()) {
     std::string_view word = text.substr(0, text.find(' '));
     text.remove_prefix(std::min(word.size() + 1, text.size()));
-    if (!lines.back().empty() && cellsOf(lines.back()) + 1 + cellsOf(word) > width)
+    std::size_t cells = cellsOf(word);
+    if (!lines.back().empty() && cellsOf(lines.back()) + 1 + cells > width)
       lines.emplace_back();
     else if (!lines.back().empty())
       lines.back() += ' ';
-    for (; cellsOf(word) > width; lines.emplace_back()) lines.back() += takeBeginning(word, width);
+    for (; cells > width; lines.emplace_back()) {
+      const std::string_view beginning = takeBeginning(word, width);
+      cells -= cellsOf(beginning);
+      lines.back() += beginning;
+    }
     lines.back() += word;
   }
   return lines;

@@ -155,6 +155,10 @@ class Terminal(ProgramTest):
         lines = self.on_terminal("list", width=80).splitlines()
         self.assertTrue(any(re.fullmatch(r"wifi +Leave +Power Saving > Wi-Fi", line) for line in lines), lines)
 
+    def test_a_very_long_word_is_shown_in_time(self):
+        self.write_domain({"msgtext": "x" * 200_000})
+        self.assertGreater(self.on_terminal("list", width=80).count("x"), 200_000 - 1)
+
     def test_escapes_take_their_room(self):
         lines = self.on_terminal("list", width=80).splitlines()
         self.assertLessEqual(max(map(len, lines)), 80)
