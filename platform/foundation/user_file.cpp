@@ -22,6 +22,7 @@ Result<Done> overwrite(const std::string& path, plist::Bytes bytes) {
   // Without O_NONBLOCK a FIFO would wait for its reader; what is written then may be more than it
   // takes at once.
   Descriptor file(open(path.c_str(), O_WRONLY | O_TRUNC | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+  if (!file && errno == ENXIO) return Error{.path = path, .what = "nobody reads it"};
   if (!file || fcntl(file.number(), F_SETFL, 0) != 0 || !writeWhole(file.number(), bytes) ||
       !file.close())
     return Error{path, errno};
@@ -31,7 +32,7 @@ Result<Done> overwrite(const std::string& path, plist::Bytes bytes) {
 Result<Done> place(const std::filesystem::path& target, plist::Bytes bytes, Existing existing) {
   const std::string parent = target.parent_path();
   Descriptor opened(open(parent.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  // One that can't be listed can still be written to, though not flushed.
+  const bool canFlush = static_cast<bool>(opened);
   if (!opened) opened = Descriptor(open(parent.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
   if (!opened) return Error{parent, errno};
   const Directory folder(std::move(opened), parent);
@@ -39,7 +40,7 @@ Result<Done> place(const std::filesystem::path& target, plist::Bytes bytes, Exis
   auto pending = PendingFile::write(folder, target.filename(), bytes, 0666);
   if (!pending) return pending.error();
   if (const auto placed = pending->place(existing); !placed) return placed;
-  return flushFolder(folder);
+  return canFlush ? flushFolder(folder) : Result<Done>(Done{});
 }
 
 Result<std::vector<std::uint8_t>> read(const Descriptor& file, const std::string& name) {

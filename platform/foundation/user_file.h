@@ -20,8 +20,8 @@ platform::Result<std::vector<std::uint8_t>> readUserFile(const std::string& path
 
 // A new file in place of the one that is there, which stays if that fails; with Existing::Keep one
 // that is there, whoever made it meanwhile, is an error (EEXIST). Durable, or there and an error of
-// the kind Unconfirmed. What is not a regular file is written to as it is; a FIFO that nobody reads
-// is an error at once.
+// the kind Unconfirmed; in a folder that can't be listed, there. What is not a regular file is
+// written to as it is; a FIFO that nobody reads is an error at once.
 platform::Result<platform::Done> writeUserFile(const std::string& path, plist::Bytes bytes,
                                                Existing existing = Existing::Overwrite);
 

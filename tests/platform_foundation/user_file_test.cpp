@@ -66,7 +66,9 @@ TEST_F(UserFile, IsThereButUnconfirmedWhereItsFolderIsNotFlushed) {
 
 TEST_F(UserFile, FifoThatNobodyReadsIsAnErrorAtOnce) {
   ASSERT_EQ(mkfifo(folder.at("/fifo").c_str(), 0600), 0);
-  EXPECT_EQ(write("/fifo", Existing::Overwrite), ENXIO);
+  const auto written = writeUserFile(folder.at("/fifo"), {}, Existing::Overwrite);
+  ASSERT_FALSE(written);
+  EXPECT_EQ(written.error().what, "nobody reads it");
 }
 
 TEST_F(UserFile, FifoGetsAllWhoeverReadsItSlowly) {
