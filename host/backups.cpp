@@ -251,7 +251,7 @@ void Backups::noteFile(const preferences::ProfileStep& step) {
   FileChange change{step.path, *before, {}};
   if (!deleted) change.to.emplace(step.written.begin(), step.written.end());
   // Without a note it is at worst said that another program has made this change.
-  static_cast<void>(state().seenProfiles.willChange(change));
+  static_cast<void>(state().seenProfiles.willChange({&change, 1}));
   if (change_) change_->files.push_back(std::move(change));
 }
 

@@ -46,9 +46,9 @@ class Backups : public foundation::ChangeObserver {
   Snapshots& snapshots();
   History& history();
   ChangeNote& changeNote();
-  std::chrono::milliseconds lockPatience() const { return lockPatience_; }
   LastSeen& lastSeen();
   SeenProfiles& seenProfiles();
+  std::chrono::milliseconds lockPatience() const { return lockPatience_; }
   // The settings as another process sees and changes them.
   foundation::Preferences& store() { return store_; }
   // checksumOf() the settings file as it is; of no bytes without one, or where it can't be read.

@@ -5,18 +5,19 @@ namespace {
 
 constexpr const char* kNote = "/change";
 constexpr std::string_view kCalled = "the undoing of changes";
-constexpr std::string_view kChange = "change", kIsRestore = "restore";
+constexpr std::string_view kChange = "change", kKind = "kind";
 
 }  // namespace
 
-platform::Result<foundation::Descriptor> ChangeNote::begin(const Change& change, Of of,
+platform::Result<foundation::Descriptor> ChangeNote::begin(const Change& change, Kind kind,
                                                            std::chrono::milliseconds patience) {
   auto held = lockRecord(state_, kNote, patience, kCalled);
   if (!held) return held;
-  const auto written = writeRecord(
-      state_, kNote,
-      {{std::string(kChange), recordOf(change)}, {std::string(kIsRestore), of == Of::Restore}});
-  if (!written) return written.error();
+  if (isThere()) return platform::Error{.what = "an earlier change is still half done"};
+  const auto written = writeRecord(state_, kNote,
+                                   {{std::string(kChange), recordOf(change)},
+                                    {std::string(kKind), static_cast<std::int64_t>(kind)}});
+  if (!written && !isUnconfirmed(written)) return written.error();
   return held;
 }
 
@@ -24,8 +25,12 @@ void ChangeNote::end() {
   static_cast<void>(state_.remove(kNote));
 }
 
+bool ChangeNote::isThere() const {
+  return state_.hasEntry(kNote);
+}
+
 std::optional<ChangeNote::Left> ChangeNote::left() {
-  if (!state_.hasEntry(kNote)) return std::nullopt;
+  if (!isThere()) return std::nullopt;
   auto held = lockRecord(state_, kNote, std::chrono::milliseconds(0), kCalled);
   if (!held) return std::nullopt;
   const auto record = readRecord(state_, kNote);
@@ -33,9 +38,9 @@ std::optional<ChangeNote::Left> ChangeNote::left() {
   auto change = noted && noted->dictionary() ? changeIn(*noted->dictionary()) : std::nullopt;
   if (!change && (record || isLost(record.error()))) end();
   if (!change) return std::nullopt;
-  const plist::Value* isRestore = record->find(kIsRestore);
-  const Of of = isRestore && *isRestore == plist::Value(true) ? Of::Restore : Of::Undo;
-  return Left{std::move(*held), std::move(*change), of};
+  const plist::Value* kind = record->find(kKind);
+  const auto number = kind ? kind->integer().value_or(0) : 0;
+  return Left{std::move(*held), std::move(*change), static_cast<Kind>(number)};
 }
 
 }  // namespace host

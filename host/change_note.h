@@ -14,11 +14,12 @@ class ChangeNote {
  public:
   explicit ChangeNote(foundation::DeviceRoot& state) : state_(state) {}
 
-  enum class Of { Undo, Restore };  // what stands in the history already, and what doesn't
+  enum class Kind { Undo, Redo, Restore };
 
   // The change is under way as long as what it gives is held; end() says that it is made, or that
-  // none of it is. One of another process is waited for no longer than `patience`.
-  platform::Result<foundation::Descriptor> begin(const Change& change, Of of,
+  // none of it is. One of another process is waited for no longer than `patience`; an earlier one
+  // that is still to be finished is an error.
+  platform::Result<foundation::Descriptor> begin(const Change& change, Kind kind,
                                                  std::chrono::milliseconds patience);
   void end();
 
@@ -27,9 +28,10 @@ class ChangeNote {
   struct Left {
     foundation::Descriptor held;
     Change change;
-    Of of;
+    Kind kind;
   };
   std::optional<Left> left();
+  bool isThere() const;
 
  private:
   foundation::DeviceRoot& state_;

@@ -123,6 +123,15 @@ std::optional<Error> History::takeDamaged(RecordFolder& records) {
   return record.error();
 }
 
+void History::settle(const Change& made, bool wasUndone) {
+  const auto locked = lock();
+  const auto last = wasUndone ? lastDone() : lastUndone();
+  if (!locked || !last || !*last) return;
+  const auto& [number, change] = **last;
+  if (change.what != made.what || change.time.seconds != made.time.seconds) return;
+  static_cast<void>(wasUndone ? setUndone(number) : setRedone(number));
+}
+
 // Put there first: one that stands on both sides is only found done already.
 Result<Done> History::move(int number, RecordFolder& from, RecordFolder& to) {
   const auto record = from.read(number);

@@ -68,6 +68,12 @@ class History {
   // before it.
   std::optional<platform::Error> takeDamagedDone() { return takeDamaged(done_); }
   std::optional<platform::Error> takeDamagedUndone() { return takeDamaged(undone_); }
+  // Moves the newest to the other side if it is that change, which was undone or done again by a
+  // process that was stopped before it could.
+  void settle(const Change& made, bool wasUndone);
+  // The numbers of the records, whether they can be read or not.
+  platform::Result<std::vector<int>> done() const { return done_.numbers(); }
+  platform::Result<std::vector<int>> undone() const { return undone_.numbers(); }
   // Moves that one to the other side.
   platform::Result<platform::Done> setUndone(int number) { return move(number, done_, undone_); }
   platform::Result<platform::Done> setRedone(int number) { return move(number, undone_, done_); }

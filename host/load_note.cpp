@@ -3,7 +3,7 @@
 #include <cerrno>
 #include <new>
 
-#include "host/record_folder.h"
+#include "host/history.h"
 #include "platform/foundation/text.h"
 #include "prefs/core/names.h"
 #include "prefs/core/preference_store.h"
@@ -85,7 +85,7 @@ Result<std::shared_ptr<void>> LoadNote::begin(const std::string& profilePath,
   Noted noted = Noted::of(profile ? *profile : plist::Dictionary(), prefs::wholeDomainRead(store_));
   const auto written = writeRecord(
       state_, kNote, {{std::string(kBefore), noted.before}, {std::string(kAfter), noted.after}});
-  if (!written) return written.error();
+  if (!written && !isUnconfirmed(written)) return written.error();
   // The lock is held until then, and by no one but a living process.
   return std::shared_ptr<void>(
       new Noted(std::move(noted)),

@@ -191,7 +191,7 @@ Attempt<Recovery::Restored> Recovery::restore(int number) {
   Restored restored;
   for (const FileChange& file : change->files)
     if (!file.to) restored.deleted.push_back(file.path);
-  auto left = apply(environment_, backups_, *change, ChangeNote::Of::Restore);
+  auto left = apply(environment_, backups_, *change, ChangeNote::Kind::Restore);
   if (left) backups_.remember(std::move(*change), *left);
   if (!left && left.error().reason == Failure::Unconfirmed)
     backups_.remember(std::move(*change), {});

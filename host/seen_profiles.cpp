@@ -32,17 +32,20 @@ plist::Dictionary SeenProfiles::latest() const {
   return {};
 }
 
-platform::Result<platform::Done> SeenProfiles::willChange(const FileChange& change) {
+platform::Result<platform::Done> SeenProfiles::willChange(std::span<const FileChange> changes) {
+  if (changes.empty()) return platform::Done{};
   const auto locked = records_.lock(patience_);
   if (!locked) return locked.error();
   plist::Dictionary seen = latest();
-  plist::Array checksums;
-  for (const FileChange::Bytes* bytes : {&change.from, &change.to})
-    if (*bytes) checksums.push_back(checksum(**bytes));
-  if (change.to)
-    seen.set(change.path, std::move(checksums));
-  else
-    seen.remove(change.path);
+  for (const auto& [path, from, to] : changes) {
+    plist::Array checksums;
+    for (const FileChange::Bytes* bytes : {&from, &to})
+      if (*bytes) checksums.push_back(checksum(**bytes));
+    if (to)
+      seen.set(path, std::move(checksums));
+    else
+      seen.remove(path);
+  }
   const auto added = records_.add(seen);
   if (!added) return added.error();
   return platform::Done{};

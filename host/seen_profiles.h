@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -15,9 +16,9 @@ class SeenProfiles {
       : records_(state, "/profiles/", "what was seen of profiles", 2, 4 << 20),
         patience_(patience) {}
 
-  // This program is about to make that change of a profile. Should it fail, the profile holds what
-  // was seen before.
-  platform::Result<platform::Done> willChange(const FileChange& change);
+  // This program is about to make these changes of profiles. Should it fail, they hold what they
+  // held before.
+  platform::Result<platform::Done> willChange(std::span<const FileChange> changes);
 
   // The paths of those that hold neither what this program has left there nor what it had found;
   // ascending.

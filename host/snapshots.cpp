@@ -18,8 +18,7 @@ constexpr std::size_t kEntry = 32;  // what a file costs besides, at most
 
 Error tooLarge() {
   return {.code = EFBIG,
-          .what = "settings and profiles come to more than " +
-                  std::to_string(kLargestSnapshot >> 20) + " MB, the most that a snapshot holds"};
+          .what = "more than " + std::to_string(kLargestSnapshot >> 20) + " MB with the settings"};
 }
 
 bool namesAProfile(const std::string& name) {

@@ -17,7 +17,7 @@ enum class Direction { Undo, Redo };
 // The files of the change, one by one, and back again if it can't be finished.
 class FileChanges {
  public:
-  FileChanges(foundation::DeviceRoot& root, SeenProfiles& seen) : root_(root), seen_(seen) {}
+  explicit FileChanges(foundation::DeviceRoot& root) : root_(root) {}
 
   // Whether the file was `from` or is `to` already.
   Result<bool> make(const FileChange& change) {
@@ -26,7 +26,6 @@ class FileChanges {
     if (!now) return now.error();
     if (*now == change.to) return true;
     if (*now != change.from) return false;
-    static_cast<void>(seen_.willChange(change));
     const auto written = putBytes(root_, change.path, change.to);
     if (!written && !isUnconfirmed(written)) return written.error();
     if (!written) unconfirmed_ = written.error();
@@ -47,7 +46,6 @@ class FileChanges {
 
  private:
   foundation::DeviceRoot& root_;
-  SeenProfiles& seen_;
   std::vector<const FileChange*> made_;
   std::optional<Error> unconfirmed_;
 };
@@ -88,7 +86,8 @@ Attempt<Undone> move(preferences::Environment& environment, Backups& backups, Di
       failure(Source::Backups, Failure::NotFound,
               undoing ? "there is nothing to undo" : "there is nothing to redo");
   // Without a trace in the host's state then.
-  if (const auto any = latest(history, direction); any && !*any) return nothing;
+  const auto records = undoing ? history.done() : history.undone();
+  if (records && records->empty() && !backups.changeNote().isThere()) return nothing;
   backups.prepare();
   const auto locked = history.lock();
   if (!locked) return failureOf(Source::Backups, locked.error());
@@ -105,7 +104,8 @@ Attempt<Undone> move(preferences::Environment& environment, Backups& backups, Di
     return failureOf(Source::Settings, *damage);
   const auto& [number, recorded] = **last;
   const Change change = undoing ? reversed(recorded) : recorded;
-  auto left = apply(environment, backups, change, ChangeNote::Of::Undo);
+  auto left = apply(environment, backups, change,
+                    undoing ? ChangeNote::Kind::Undo : ChangeNote::Kind::Redo);
   if (!left && left.error().reason != Failure::Unconfirmed) return left.error();
   const auto moved = undoing ? history.setUndone(number) : history.setRedone(number);
   if (!moved)
@@ -123,7 +123,8 @@ constexpr const char* kLater = "; the next change does the rest";
 Attempt<std::vector<std::string>> make(preferences::Environment& environment, Backups& backups,
                                        const Change& change, const std::string& rest) {
   std::vector<std::string> left;
-  FileChanges files(environment.root, backups.seenProfiles());
+  FileChanges files(environment.root);
+  static_cast<void>(backups.seenProfiles().willChange(change.files));
   // What may lack room comes before what can't be taken back without it.
   for (const bool removes : {false, true})
     for (const FileChange& file : change.files) {
@@ -159,9 +160,9 @@ bool isBegun(const foundation::DeviceRoot& root, const Change& change) {
 }  // namespace
 
 Attempt<std::vector<std::string>> apply(preferences::Environment& environment, Backups& backups,
-                                        const Change& change, ChangeNote::Of of) {
+                                        const Change& change, ChangeNote::Kind kind) {
   if (isOneStep(change)) return make(environment, backups, change, "");
-  const auto noted = backups.changeNote().begin(change, of, backups.lockPatience());
+  const auto noted = backups.changeNote().begin(change, kind, backups.lockPatience());
   if (!noted)
     backups.warn("\"" + change.what + "\" would stay half done if it were stopped now",
                  noted.error());
@@ -174,15 +175,22 @@ Attempt<std::vector<std::string>> apply(preferences::Environment& environment, B
 void finishChange(preferences::Environment& environment, Backups& backups) {
   auto begun = backups.changeNote().left();
   if (!begun) return;
-  if (isBegun(environment.root, begun->change)) {
-    const auto left = make(environment, backups, begun->change, kLater);
+  const bool isHalf = isBegun(environment.root, begun->change);
+  std::vector<std::string> notMade;
+  if (isHalf) {
+    auto left = make(environment, backups, begun->change, kLater);
     if (!left && left.error().reason != Failure::Unconfirmed)
       return backups.warn("\"" + begun->change.what + "\" was stopped half-way and is not finished",
                           {.what = left.error().problem.message()});
-    if (begun->of == ChangeNote::Of::Restore)
-      backups.remember(std::move(begun->change), left ? *left : std::vector<std::string>());
+    if (left) notMade = std::move(*left);
   }
   backups.changeNote().end();
+  begun->held = {};  // whoever moves a change holds the history before the note
+  if (!isHalf) return;
+  if (begun->kind == ChangeNote::Kind::Restore)
+    backups.remember(std::move(begun->change), notMade);
+  else
+    backups.history().settle(begun->change, begun->kind == ChangeNote::Kind::Undo);
 }
 
 Attempt<Undone> undo(preferences::Environment& environment, Backups& backups) {

@@ -1,6 +1,7 @@
 #include <sys/stat.h>
 
 #include "tests/host_recovery/backed_up_device.h"
+#include "tests/platform_foundation/system_calls.h"
 
 namespace {
 
@@ -16,8 +17,8 @@ class HalfChange : public testing::Test {
     device.save("20");
     change_ = host::reversed((*device.backups->history().lastDone())->change);
   }
-  void begin(ChangeNote::Of of = ChangeNote::Of::Undo) {
-    held_ = device.backups->changeNote().begin(change_, of, foundation::kLockPatience);
+  void begin(ChangeNote::Kind kind = ChangeNote::Kind::Undo) {
+    held_ = device.backups->changeNote().begin(change_, kind, foundation::kLockPatience);
     ASSERT_TRUE(*held_);
   }
   void deleteProfile() { ASSERT_TRUE(device.root.remove(path_)); }
@@ -25,6 +26,10 @@ class HalfChange : public testing::Test {
   void kill() {
     held_.reset();
     device.startAnew();
+  }
+  std::string undone() {
+    const auto made = host::undo(device.environment, *device.backups);
+    return made ? made->what : made.error().problem.message();
   }
   bool exists() { return device.root.exists(path_); }
   bool noted() { return std::filesystem::exists(device.stateFolder() / "change"); }
@@ -52,9 +57,38 @@ TEST_F(HalfChange, IsNoPartOfTheChangeThatFinishesIt) {
   deleteProfile();
   kill();
   device.set("vpn", 1);
-  ASSERT_TRUE(host::undo(device.environment, *device.backups));
+  EXPECT_EQ(undone(), "set vpn");
   EXPECT_EQ(device.stored("vpn"), std::nullopt);
   EXPECT_FALSE(exists());
+  EXPECT_EQ(undone(), "set wifi");
+}
+
+TEST_F(HalfChange, ThatIsARedoCanBeUndoneOnceItIsFinished) {
+  EXPECT_EQ(undone(), "save 20");
+  const auto file = *change_.files[0].from;
+  change_ = host::reversed(change_);
+  begin(ChangeNote::Kind::Redo);
+  ASSERT_TRUE(device.root.writeDurably(path_, file));
+  kill();
+  device.set("vpn", 1);
+  EXPECT_EQ(device.stored("profilepercentage"), Value("20"));
+  EXPECT_EQ(undone(), "set vpn");
+  EXPECT_EQ(undone(), "save 20");
+  EXPECT_FALSE(exists());
+}
+
+TEST_F(HalfChange, ThatWaitsToBeFinishedKeepsItsNote) {
+  begin();
+  held_.reset();
+  EXPECT_FALSE(device.backups->changeNote().begin(change_, ChangeNote::Kind::Undo,
+                                                  foundation::kLockPatience));
+}
+
+TEST_F(HalfChange, WhoseNoteIsNotConfirmedOnDiskIsUnderWay) {
+  foundation::test::systemCalls().failFsync = 2;  // its folder's
+  begin();
+  foundation::test::systemCalls() = {};
+  EXPECT_TRUE(noted());
 }
 
 TEST_F(HalfChange, ThatHasNotBegunIsForgotten) {
@@ -86,7 +120,7 @@ TEST_F(HalfChange, OfALivingProcessIsItsOwnAffair) {
 
 TEST_F(HalfChange, OfARestoreCanBeUndoneOnceItIsFinished) {
   change_.what = "restore 1";
-  begin(ChangeNote::Of::Restore);
+  begin(ChangeNote::Kind::Restore);
   deleteProfile();
   kill();
   device.backups->prepare();
@@ -131,7 +165,7 @@ TEST_F(HalfChange, NothingIsDeletedBeforeAllIsWritten) {
   ASSERT_EQ(stat(device.at(path_).c_str(), &before), 0);
   std::ofstream(device.at("/file")) << "no folder";
   change_.files.push_back({"/file/in it", {}, std::vector<std::uint8_t>{1}});
-  EXPECT_FALSE(host::apply(device.environment, *device.backups, change_, ChangeNote::Of::Undo));
+  EXPECT_FALSE(host::apply(device.environment, *device.backups, change_, ChangeNote::Kind::Undo));
   ASSERT_EQ(stat(device.at(path_).c_str(), &after), 0);
   EXPECT_EQ(after.st_ino, before.st_ino);
 }

@@ -196,7 +196,7 @@ TEST_F(HostHistory, WhatCannotBeTakenBackIsNamed) {
   const std::string folder = device.at(prefs::profilePath(20)).string();
   device.realXml.atNextRead = [&] { std::filesystem::create_directories(folder); };
   const auto applied =
-      host::apply(device.environment, *device.backups, change, host::ChangeNote::Of::Undo);
+      host::apply(device.environment, *device.backups, change, host::ChangeNote::Kind::Undo);
   ASSERT_FALSE(applied);
   EXPECT_EQ(applied.error().reason, host::Failure::PartlyDone);
   EXPECT_THAT(applied.error().problem.message(),
@@ -441,6 +441,15 @@ TEST_F(HostHistory, ADamagedUndoneEntryIsNamedBeforeAnotherOneIsRedone) {
   std::filesystem::resize_file(device.stateFolder() / "undone" / "2", 0);
   EXPECT_FALSE(host::redo(device.environment, *device.backups));
   EXPECT_EQ(redo().what, "set vpn");
+}
+
+TEST_F(HostHistory, TheOnlyEntryIsNamedWhereItIsDamaged) {
+  device.set("wifi", 1);
+  std::filesystem::resize_file(device.stateFolder() / "history" / "1", 0);
+  const auto lost = host::undo(device.environment, *device.backups);
+  ASSERT_FALSE(lost);
+  EXPECT_EQ(lost.error().reason, host::Failure::Failed);
+  EXPECT_TRUE(nothingToUndo());
 }
 
 TEST_F(HostHistory, NothingToUndoLeavesNoTrace) {

@@ -201,8 +201,8 @@ TEST_F(HostSnapshots, HoldTheSettingsAloneWhereTheProfilesAreTooLarge) {
   device.set("wifi", 1);
   device.set("wifi", 2);
   EXPECT_THAT(device.warnings,
-              ElementsAre("the daily snapshot has no profiles: settings and profiles come to more "
-                          "than 32 MB, the most that a snapshot holds: File too large"));
+              ElementsAre("the daily snapshot has no profiles: more than 32 MB with the settings: "
+                          "File too large"));
   EXPECT_EQ(device.snapshots(), Names{"daily"});
   EXPECT_FALSE(newest().profiles);
   device.startAnew();
