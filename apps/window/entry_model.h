@@ -11,9 +11,8 @@ namespace window {
 class EntryModel : public QAbstractListModel {
   Q_OBJECT
   QML_ELEMENT
-  // Values of a gadget; the text of it that tells one entry from another.
-  Q_PROPERTY(QVariantList entries READ entries WRITE setEntries NOTIFY changed)
-  Q_PROPERTY(QString key MEMBER key_)
+  Q_PROPERTY(QVariantList entries READ entries WRITE setEntries NOTIFY changed)  // of one gadget
+  Q_PROPERTY(QString key MEMBER key_)  // its property that distinguishes one entry from another
 
  public:
   const QVariantList& entries() const { return entries_; }

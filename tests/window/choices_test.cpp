@@ -88,6 +88,17 @@ TEST_F(Choices, ReturnAndKeypadEnterLeadFromTheFilterToTheChoices) {
   }
 }
 
+TEST_F(Choices, FromTheFilterTheKeyboardComesToWhatIsTicked) {
+  driver->click("One of very many entries");
+  driver->clickItem(driver->itemsOfType("InputField").front());
+  driver->type("entry 99");
+  driver->click("Entry 99", kRadioButton);
+  driver->clickItem(driver->itemsOfType("InputField").front());
+  driver->key(Qt::Key_Backspace);
+  driver->key(Qt::Key_Return);
+  EXPECT_EQ(driver->focused(), "Entry 99");
+}
+
 TEST_F(Choices, EscapeEmptiesTheFilterBeforeItLeaves) {
   driver->click("One of very many entries");
   driver->clickItem(driver->itemsOfType("InputField").front());

@@ -254,7 +254,7 @@ TEST_F(ProfileView, KeysLeadThroughALongMenuOfProfiles) {
   EXPECT_EQ(driver->focused(), "Charging started");
   driver->key(Qt::Key_Home);
   EXPECT_EQ(driver->focused(), "The current settings");
-  driver->type("17");
+  driver->type("battery 17");
   EXPECT_EQ(driver->focused(), "Battery 17%");
   const QRectF place = driver->place(window->activeFocusItem());
   EXPECT_TRUE(place.top() >= 0 && place.bottom() <= window->height());

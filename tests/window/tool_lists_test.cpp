@@ -41,7 +41,7 @@ class ToolLists : public BundleWindow {
     EXPECT_EQ(driver->rings(), 1);
   }
   double top(const QString& name) const { return driver->place(driver->find(name, kButton)).top(); }
-  // What changes most settings there are.
+  // Sets ten settings, which dim or change others.
   void changeMany() {
     for (const char* key : {"vibrate", "flashled", "custbrightenabled", "custvolenabled"})
       store(key, true);
@@ -119,7 +119,7 @@ TEST_F(ToolLists, AProfilesViewStaysScrolledWhereAnotherProgramSetsASetting) {
   EXPECT_EQ(scrolled->property("contentY").toDouble(), 120);
 }
 
-TEST_F(ToolLists, OpenedByReturnAnEntryHasTheKeyboardAndARing) {
+TEST_F(ToolLists, OpenedByAUserOfTheKeyboardAnEntryHasItAndARing) {
   writeProfile(1);
   writeProfile(2);
   open(nullptr, 390, kHeight);
@@ -129,7 +129,6 @@ TEST_F(ToolLists, OpenedByReturnAnEntryHasTheKeyboardAndARing) {
   expectFocus("Battery 1%");
 }
 
-// Every entry of a view over the pages, by Tab, with a ring and in sight.
 TEST_F(ToolLists, TabVisitsEveryEntryOfAViewWithARingAndInSight) {
   changeMany();
   for (int i = 1; i <= 20; ++i) writeProfile(i);
@@ -195,7 +194,8 @@ TEST_F(ToolLists, KeysAfterAMouseOpenedASheetLeaveTheKeyboardOnARow) {
   open("ProfilesListController", 390, kHeight);
   driver->click("Compose", kButton);
   driver->key(Qt::Key_Tab);
-  while (driver->focused() != "Load") driver->key(Qt::Key_Tab);
+  for (int i = 0; i < 20 && driver->focused() != "Load"; ++i) driver->key(Qt::Key_Tab);
+  ASSERT_EQ(driver->focused(), "Load");
   driver->key(Qt::Key_Return);
   for (int i = 0; i < 4 && !alerts().empty(); ++i) driver->key(Qt::Key_Return);
   ASSERT_TRUE(alerts().empty());

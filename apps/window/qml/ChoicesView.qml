@@ -43,10 +43,10 @@ FocusScope {
         visible: view.choices.filterable
         placeholderText: qsTr("Filter")
         onTextChanged: {
-            list.currentIndex = -1;
             list.model = null;  // ends what is being made of other entries
             view.choices.filter = text;
             list.model = view.choices;
+            list.currentIndex = -1;  // a model makes it the first
         }
         Keys.onDownPressed: view.takeFocus()
         Keys.onReturnPressed: view.takeFocus()
@@ -90,9 +90,9 @@ FocusScope {
         anchors.bottomMargin: note.visible ? note.height : 0
         model: view.choices
         topMargin: filter.visible ? 0 : 20
-        // All are made, so that assistive technology finds those that are off screen, but of a list
-        // of hundreds.
-        cacheBuffer: count < 300 ? 100000 : 2000
+        // All are made, so that assistive technology finds those that are off screen, except of a
+        // list of 300 or more.
+        cacheBuffer: view.choices.count < 300 ? 100000 : 2000
 
         function begin() {
             currentIndex = view.choices.tickedPosition;

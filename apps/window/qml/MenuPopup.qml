@@ -86,6 +86,8 @@ PopupBase {
                 height: Math.max(Theme.rowHeight, name.implicitHeight + 16)
                 enabled: modelData.usable
                 text: modelData.text
+                // A blank within what is typed is part of it.
+                Keys.onSpacePressed: event => event.accepted = typed.text !== "" && popup.press(event)
                 onClicked: {
                     popup.close();
                     modelData.act();

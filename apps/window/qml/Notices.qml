@@ -11,8 +11,23 @@ ScrollColumn {
     required property SettingsBridge settings
 
     implicitHeight: Math.min(contentHeight, Math.round(Window.height * 0.4))
-    onContentHeightChanged: later.start()
-    onHeightChanged: later.start()
+
+    property bool follows: true  // shows the latest, until the user scrolls or dismisses one
+    property int shown: 0
+    readonly property int count: settings.problems.length
+
+    function showLatest() {
+        if (follows)
+            later.start();
+    }
+
+    onCountChanged: {
+        follows = follows || count > shown;
+        shown = count;
+    }
+    onContentHeightChanged: showLatest()
+    onHeightChanged: showLatest()
+    onMovementStarted: follows = false
 
     Timer {
         id: later
@@ -33,7 +48,10 @@ ScrollColumn {
             message: modelData
             action: qsTr("Dismiss")
             focusPolicy: Qt.TabFocus
-            onActed: notices.settings.dismiss(index)
+            onActed: {
+                notices.follows = false;
+                notices.settings.dismiss(index);
+            }
         }
     }
 }

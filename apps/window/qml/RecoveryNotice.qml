@@ -11,7 +11,7 @@ Rectangle {
     readonly property string title: qsTr("The settings can't be read")
     readonly property string detail: recovery.possible ? qsTr("Nothing can be changed until you choose how to go on. The damaged file is kept in both cases:") : qsTr("Nothing can be changed. This is the file:")
 
-    implicitHeight: Math.min(column.contentHeight + 2 * Theme.inset, Math.round(Window.height * 0.7))
+    implicitHeight: Math.min(column.contentHeight + 2 * Theme.inset, Math.round(Window.height * 0.6))
     color: Theme.warning
     Accessible.role: Accessible.AlertMessage
     Accessible.name: title

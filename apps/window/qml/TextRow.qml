@@ -90,7 +90,7 @@ CardRow {
             if (!activeFocus)
                 return commit();
             show();
-            if (focusReason !== Qt.MouseFocusReason)
+            if (focusReason === Qt.TabFocusReason || focusReason === Qt.BacktabFocusReason)
                 cursorPosition = length;
         }
         Keys.onTabPressed: card.tabbed(1)
