@@ -1,7 +1,5 @@
 #include "host/last_seen.h"
 
-#include <cerrno>
-
 namespace host {
 namespace {
 
@@ -16,19 +14,13 @@ std::optional<plist::Date> dateIn(const plist::Dictionary& record, std::string_v
 }  // namespace
 
 std::optional<LastSeen::Sighting> LastSeen::read() const {
-  const auto numbers = records_.numbers();
-  if (!numbers) return std::nullopt;
-  for (auto number = numbers->rbegin(); number != numbers->rend(); ++number) {
-    const auto record = records_.read(*number);
-    if (!record && record.error().code == ENOENT) continue;
-    if (!record) return std::nullopt;
-    const auto time = dateIn(*record, kTime);
-    const plist::Value* checksum = record->find(kChecksum);
-    if (!time || !checksum || !checksum->unsignedInteger()) continue;
-    return Sighting{*time, *checksum->unsignedInteger(), dateIn(*record, kOutside),
-                    dateIn(*record, kOutsideSince)};
-  }
-  return std::nullopt;
+  const auto record = records_.newest();
+  if (!record) return std::nullopt;
+  const auto time = dateIn(*record, kTime);
+  const plist::Value* checksum = record->find(kChecksum);
+  if (!time || !checksum || !checksum->unsignedInteger()) return std::nullopt;
+  return Sighting{*time, *checksum->unsignedInteger(), dateIn(*record, kOutside),
+                  dateIn(*record, kOutsideSince)};
 }
 
 platform::Result<platform::Done> LastSeen::changed(std::uint64_t before, std::uint64_t after,

@@ -110,6 +110,17 @@ Result<plist::Dictionary> RecordFolder::read(int number) const {
   return readRecord(state_, fileOf(number));
 }
 
+// Another process may remove the one that was the newest.
+Result<plist::Dictionary> RecordFolder::newest() const {
+  const auto found = numbers();
+  if (!found) return found.error();
+  for (auto number = found->rbegin(); number != found->rend(); ++number) {
+    auto record = read(*number);
+    if (record || record.error().code != ENOENT) return record;
+  }
+  return plist::Dictionary();
+}
+
 Result<foundation::Descriptor> RecordFolder::lock(std::chrono::milliseconds patience) {
   return lockRecord(state_, path_ + kLockedName, patience, called_);
 }

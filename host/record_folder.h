@@ -25,6 +25,8 @@ class RecordFolder {
 
   platform::Result<std::vector<int>> numbers() const;  // ascending; none where there is no folder
   platform::Result<plist::Dictionary> read(int number) const;
+  // The one with the highest number; empty where there is none, an error where it can't be read.
+  platform::Result<plist::Dictionary> newest() const;
 
   // Keeps other processes that take it from changing the folder, as long as it is held. Waited for
   // no longer than `patience`.

@@ -1,7 +1,6 @@
 #include "host/seen_profiles.h"
 
 #include <algorithm>
-#include <cerrno>
 
 #include "platform/foundation/checksum.h"
 
@@ -22,14 +21,8 @@ bool holdsOneOf(const plist::Value& checksums, const std::vector<std::uint8_t>& 
 // Where the latest record was lost in a power cut an earlier one would accuse others of this
 // program's own change.
 plist::Dictionary SeenProfiles::latest() const {
-  const auto numbers = records_.numbers();
-  if (!numbers) return {};
-  for (auto number = numbers->rbegin(); number != numbers->rend(); ++number) {
-    auto record = records_.read(*number);
-    if (record) return std::move(*record);
-    if (record.error().code != ENOENT) return {};
-  }
-  return {};
+  auto record = records_.newest();
+  return record ? std::move(*record) : plist::Dictionary();
 }
 
 platform::Result<platform::Done> SeenProfiles::willChange(std::span<const FileChange> changes) {
