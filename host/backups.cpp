@@ -5,8 +5,8 @@
 #include <filesystem>
 #include <new>
 
+#include "host/change_making.h"
 #include "host/triggers.h"
-#include "host/undo.h"
 #include "platform/foundation/checksum.h"
 #include "platform/foundation/text.h"
 #include "platform/plist/hexadecimal.h"

@@ -102,7 +102,8 @@ Result<Done> History::add(const Change& change) {
   return Done{};
 }
 
-History::Latest History::newest(const RecordFolder& records) {
+History::Latest History::next(Way way) const {
+  const RecordFolder& records = recordsFor(way);
   const auto numbers = records.numbers();
   if (!numbers) return numbers.error();
   for (auto number = numbers->rbegin(); number != numbers->rend(); ++number) {
@@ -114,7 +115,13 @@ History::Latest History::newest(const RecordFolder& records) {
   return std::optional<Entry>();
 }
 
-std::optional<Error> History::takeDamaged(RecordFolder& records) {
+bool History::isEmpty(Way way) const {
+  const auto numbers = recordsFor(way).numbers();
+  return numbers && numbers->empty();
+}
+
+std::optional<Error> History::takeDamaged(Way way) {
+  RecordFolder& records = recordsFor(way);
   const auto numbers = records.numbers();
   if (!numbers || numbers->empty()) return std::nullopt;
   const auto record = records.read(numbers->back());
@@ -123,21 +130,23 @@ std::optional<Error> History::takeDamaged(RecordFolder& records) {
   return record.error();
 }
 
-void History::settle(const Change& made, bool wasUndone) {
-  const auto locked = lock();
-  const auto last = wasUndone ? lastDone() : lastUndone();
-  if (!locked || !last || !*last) return;
-  const auto& [number, change] = **last;
-  if (change.what != made.what || change.time.seconds != made.time.seconds) return;
-  static_cast<void>(wasUndone ? setUndone(number) : setRedone(number));
-}
-
 // Put there first: one that stands on both sides is only found done already.
-Result<Done> History::move(int number, RecordFolder& from, RecordFolder& to) {
+Result<Done> History::move(int number, Way way) {
+  RecordFolder& from = recordsFor(way);
+  RecordFolder& to = recordsFor(way == Way::Undo ? Way::Redo : Way::Undo);
   const auto record = from.read(number);
   if (!record) return record.error();
   if (const auto added = to.add(*record); !added) return added.error();
   return from.remove(number);
+}
+
+void History::settle(const Change& made, Way way) {
+  const auto locked = lock();
+  const auto found = next(way);
+  if (!locked || !found || !*found) return;
+  const auto& [number, change] = **found;
+  if (change.what == made.what && change.time.seconds == made.time.seconds)
+    static_cast<void>(move(number, way));
 }
 
 Change reversed(Change change) {

@@ -60,29 +60,24 @@ class History {
     int number = 0;
     Change change;
   };
+  enum class Way { Undo, Redo };
   // What an undo, or a redo, is about; nothing: there is none.
   using Latest = platform::Result<std::optional<Entry>>;
-  Latest lastDone() const { return newest(done_); }
-  Latest lastUndone() const { return newest(undone_); }
-  // Whether the newest is damaged; it is removed then, so that the next look is about the one
+  Latest next(Way way) const;
+  // Whether there is no record for it, readable or not.
+  bool isEmpty(Way way) const;
+  // The newest record, if it is damaged; it is removed then, so that the next look is about the one
   // before it.
-  std::optional<platform::Error> takeDamagedDone() { return takeDamaged(done_); }
-  std::optional<platform::Error> takeDamagedUndone() { return takeDamaged(undone_); }
-  // Moves the newest to the other side if it is that change, which was undone or done again by a
-  // process that was stopped before it could.
-  void settle(const Change& made, bool wasUndone);
-  // The numbers of the records, whether they can be read or not.
-  platform::Result<std::vector<int>> done() const { return done_.numbers(); }
-  platform::Result<std::vector<int>> undone() const { return undone_.numbers(); }
-  // Moves that one to the other side.
-  platform::Result<platform::Done> setUndone(int number) { return move(number, done_, undone_); }
-  platform::Result<platform::Done> setRedone(int number) { return move(number, undone_, done_); }
+  std::optional<platform::Error> takeDamaged(Way way);
+  // That one was undone, or done again: it moves to the other side.
+  platform::Result<platform::Done> move(int number, Way way);
+  // Likewise the next one if it is that change, by a process that was stopped before it could.
+  void settle(const Change& made, Way way);
 
  private:
   static constexpr std::string_view kCalled = "the history";
-  static Latest newest(const RecordFolder& records);
-  static std::optional<platform::Error> takeDamaged(RecordFolder& records);
-  static platform::Result<platform::Done> move(int number, RecordFolder& from, RecordFolder& to);
+  const RecordFolder& recordsFor(Way way) const { return way == Way::Undo ? done_ : undone_; }
+  RecordFolder& recordsFor(Way way) { return way == Way::Undo ? done_ : undone_; }
 
   RecordFolder done_, undone_;
   std::chrono::milliseconds patience_;

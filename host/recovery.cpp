@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 
-#include "host/undo.h"
+#include "host/change_making.h"
 #include "prefs/core/archive_file.h"
 #include "prefs/core/names.h"
 #include "prefs/core/preference_store.h"
@@ -16,6 +16,10 @@ using platform::Error;
 
 Failure failed(const Error& error) {
   return failureOf(Source::Backups, error);
+}
+
+Recovery::Entry entryOf(int number, const Snapshot& snapshot) {
+  return {number, snapshot.time, snapshot.before, snapshot.profiles.has_value()};
 }
 
 std::vector<FileChange> fileDifferences(const Files& from, const Files& to) {
@@ -58,7 +62,7 @@ Attempt<Recovery::List> Recovery::snapshots() {
   for (const int number : *numbers) {
     const auto snapshot = backups_.snapshots().read(number);
     if (snapshot)
-      list.entries.push_back({number, snapshot->time, snapshot->before});
+      list.entries.push_back(entryOf(number, *snapshot));
     else if (snapshot.error().code != ENOENT)
       list.unreadable.push_back(problemOf(Source::Backups, snapshot.error()));
   }
@@ -82,7 +86,7 @@ Attempt<std::optional<Recovery::Good>> Recovery::newestGood() {
           snapshot.error().message() + "; once this file is gone, an earlier one can be restored");
     if (!snapshot) continue;
     if (auto settings = settingsIn(*snapshot))
-      return std::optional(Good{{*number, snapshot->time, snapshot->before}, std::move(*settings)});
+      return std::optional(Good{entryOf(*number, *snapshot), std::move(*settings)});
   }
   return std::optional<Good>();
 }
@@ -188,7 +192,7 @@ Attempt<Recovery::Restored> Recovery::restore(int number) {
   if (!change) return change.error();
   backups_.keepOrWarn("restore");
   change->what = "restore " + std::to_string(number);
-  Restored restored;
+  Restored restored{.hadProfiles = snapshot->profiles.has_value()};
   for (const FileChange& file : change->files)
     if (!file.to) restored.deleted.push_back(file.path);
   auto left = apply(environment_, backups_, *change, ChangeNote::Kind::Restore);

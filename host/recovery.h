@@ -31,6 +31,7 @@ class Recovery {
     int number = 0;
     plist::Date time{};
     std::string before{};
+    bool hasProfiles = true;
   };
   struct List {
     std::vector<Entry> entries{};       // the oldest first
@@ -58,6 +59,7 @@ class Recovery {
   struct Restored {
     std::vector<std::string> deleted{};  // profiles that were saved later, by their paths
     std::vector<std::string> left{};     // what another program has changed at the same moment
+    bool hadProfiles = true;             // else those stay as they are
   };
   Attempt<Restored> restore(int number);
 

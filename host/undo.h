@@ -20,9 +20,8 @@ struct Undone {
 // is. A profile's file becomes byte for byte what it was. The settings are announced as changed; a
 // page sees them once it reads the store anew (Activate). One of which all is left counts as
 // undone, or redone, so that the next one can be; where that can't be noted, a warning says so.
-// Where the record of the last one is damaged that is an error, and the
-// record is removed. NotFound: there is none. While the settings can't be read nothing is undone or
-// redone.
+// Where the record of the last one is damaged that is an error, and the record is removed.
+// NotFound: there is none. While the settings can't be read nothing is undone or redone.
 Attempt<Undone> undo(preferences::Environment& environment, Backups& backups);
 Attempt<Undone> redo(preferences::Environment& environment, Backups& backups);
 
@@ -33,17 +32,5 @@ History::Latest nextRedo(preferences::Environment& environment, Backups& backups
 
 // What the label of a change says once it has been made: "loaded 55" of "load 55".
 std::string asDone(const std::string& what);
-
-// Makes a change: settings and files that are `from` become `to`. Gives those that are neither, and
-// are left. All files, then all settings, or nothing; where the failure is Unconfirmed, all; where
-// it is PartlyDone, the files that it names. A change of more than one file, the settings being
-// one, is noted before, so that it doesn't stay half made, partly done or stopped; where it can't
-// be, a warning says so.
-Attempt<std::vector<std::string>> apply(preferences::Environment& environment, Backups& backups,
-                                        const Change& change, ChangeNote::Kind kind);
-
-// Makes the rest of a change that a process which is gone has begun; a warning says why it can't
-// be. It stands in the history then where it would stand if nothing had stopped it.
-void finishChange(preferences::Environment& environment, Backups& backups);
 
 }  // namespace host

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/backups.h"
+#include "host/change_making.h"
 #include "host/profiles.h"
 #include "host/recovery.h"
 #include "host/undo.h"

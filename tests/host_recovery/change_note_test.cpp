@@ -15,7 +15,7 @@ class HalfChange : public testing::Test {
   HalfChange() {
     device.set("wifi", 1);
     device.save("20");
-    change_ = host::reversed((*device.backups->history().lastDone())->change);
+    change_ = host::reversed((*device.backups->history().next(host::History::Way::Undo))->change);
   }
   void begin(ChangeNote::Kind kind = ChangeNote::Kind::Undo) {
     held_ = device.backups->changeNote().begin(change_, kind, foundation::kLockPatience);

@@ -159,12 +159,12 @@ TEST_F(HostHistory, AnUndoMovesTheStepThatItHasUndoneAndNoOther) {
   host::Backups other(
       device.environment, device.state.path(), std::chrono::milliseconds(0),
       [&](const platform::Error& error) { device.warnings.push_back(error.message()); });
-  const auto last = device.backups->history().lastDone();
+  const auto last = device.backups->history().next(host::History::Way::Undo);
   other.remember({.what = "set vpn", .settings = {{"vpn", {}, Value(1)}}}, {});
   EXPECT_THAT(device.warnings,
               ElementsAre(testing::HasSubstr("another program holds the history")));
   seedRecord("2", "1");
-  EXPECT_TRUE(device.backups->history().setUndone((*last)->number));
+  EXPECT_TRUE(device.backups->history().move((*last)->number, host::History::Way::Undo));
   EXPECT_EQ(names("undone"), (Names{"1"}));
   EXPECT_EQ(names("history"), (Names{"2"}));
 }
@@ -208,12 +208,12 @@ TEST_F(HostHistory, WhatCannotBeTakenBackIsNamed) {
 TEST_F(HostHistory, KnowsTheNextToBeUndoneAndToBeDoneAgain) {
   ASSERT_TRUE(device.backups->open());
   host::History& history = device.backups->history();
-  EXPECT_FALSE(*history.lastDone());
+  EXPECT_FALSE(*history.next(host::History::Way::Undo));
   device.set("wifi", 1);
   device.set("vpn", 1);
   undo();
-  EXPECT_EQ((*history.lastDone())->change.what, "set wifi");
-  EXPECT_EQ((*history.lastUndone())->change.what, "set vpn");
+  EXPECT_EQ((*history.next(host::History::Way::Undo))->change.what, "set wifi");
+  EXPECT_EQ((*history.next(host::History::Way::Redo))->change.what, "set vpn");
 }
 
 TEST_F(HostHistory, ALabelSaysOnceItIsDoneWhatWasDone) {

@@ -161,7 +161,7 @@ TEST_F(Changes, AResetOfAllIsOneStepOfTheHistory) {
   driver->click("Reset These 2 Settings", kButton);
   EXPECT_EQ(stored("vibrate"), Value(false));
   EXPECT_EQ(stored("flashled"), Value(false));
-  const auto last = device->backups()->history().lastDone();
+  const auto last = device->backups()->history().next(host::History::Way::Undo);
   ASSERT_TRUE(last && *last);
   EXPECT_EQ((*last)->change.what, "reset all");
   EXPECT_EQ((*last)->change.settings.size(), 2u);

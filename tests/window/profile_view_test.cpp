@@ -381,7 +381,7 @@ TEST_F(ProfileView, EachChangeIsOneStepOfTheHistory) {
   ASSERT_TRUE(opened().remove());
   host::Backups& backups = *device->backups();
   for (const char* what : {"delete Battery 20%", "describe Battery 20%", "load Battery 20%"}) {
-    const auto last = backups.history().lastDone();
+    const auto last = backups.history().next(host::History::Way::Undo);
     ASSERT_TRUE(last && *last);
     EXPECT_EQ((*last)->change.what, what);
     ASSERT_TRUE(host::undo(device->environment(), backups));
