@@ -135,7 +135,8 @@ Outcome<Done> listSnapshots(Session& session, const Arguments&) {
   Listing listing;
   for (const host::Recovery::Entry& entry : snapshots->entries)
     listing.add(entryJson(entry),
-                {std::to_string(entry.number), timeOf(entry.time), "before " + entry.before});
+                {std::to_string(entry.number), timeOf(entry.time),
+                 "before " + entry.before + (entry.hasProfiles ? "" : ", without profiles")});
   session.print(listing,
                 "nothing is kept yet; a snapshot is taken before the first change of a day");
   session.warnings = snapshots->unreadable;
@@ -178,6 +179,10 @@ Outcome<Done> restoreSnapshot(Session& session, const Arguments& arguments) {
     for (const std::string& path : restored->deleted)
       session.print("deleted: " + host::oneLine(host::profileName(path)));
   warnOfLeft(session, restored->left);
+  if (!restored->hadProfiles)
+    session.warnings.push_back({.source = host::Source::Backups,
+                                .severity = host::Severity::Warning,
+                                .words = "this snapshot has no profiles; they stay as they are"});
   return Done{};
 }
 

@@ -21,6 +21,16 @@ class Snapshots(RecoveryTest):
         self.output("reset", "bluetooth")  # has its default
         self.assertEqual(self.document("snapshot", "list"), kept)
 
+    def test_one_whose_profiles_were_too_large_says_so(self):
+        self.output("profile", "save", "30")
+        self.write(PROFILE, b"x" * (33 << 20))
+        self.run_program("profile", "delete", "30")
+        last = self.output("snapshot", "list").splitlines()[-1]
+        self.assertTrue(last.endswith("before delete 30, without profiles"), last)
+        done = self.run_program("snapshot", "restore", last.split()[0])
+        self.assertEqual(done.returncode, 0)
+        self.assertIn(b"this snapshot has no profiles; they stay as they are", done.stderr)
+
     def test_an_import_that_changes_nothing_keeps_none(self):
         self.output("set", "wifi", "1")
         self.output("export", "settings.plist")
