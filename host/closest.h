@@ -20,8 +20,8 @@ std::size_t typosBetween(std::string_view a, std::string_view b);
 std::optional<std::size_t> indexNamed(std::string_view text, const std::vector<std::string>& among);
 
 // The nearest text, if one is near: begins with this one, or differs by no more than a third of its
-// letters. Of two as near, the one that begins with this one. Never one with other
-// digits where both have some, nor a number for what has none.
+// letters. Of two as near, the one that begins with this one. Never one with other digits where
+// both have some, nor a number for what has none.
 std::optional<std::string> closest(std::string_view text, const std::vector<std::string>& among);
 
 // The end of a message: `; did you mean "wifi"?`. Empty where nothing is near.

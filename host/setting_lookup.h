@@ -44,10 +44,10 @@ std::string labelOf(const preferences::Bundle& bundle, const std::string& key);
 
 // The title that the page's list gives it; empty for a page without one.
 std::string titleOf(const preferences::Bundle& bundle, const preferences::PageClass& page);
-// By what a user names the page besides its class: its title, or kColorPickerName.
+// What a user calls the page besides its class: its title, or kColorPickerName.
 std::string nameOf(const preferences::Bundle& bundle, const preferences::PageClass& page);
-// The page of that class or, where there is none, the bundle's of that title, else of a link with
-// that label, in any case; null when none is a page.
+// The page of that class or, where there is none, the one of that name (nameOf), else of a link
+// with that label, in any case; null when none is a page.
 const preferences::PageClass* findPage(const preferences::Bundle& bundle, std::string_view name);
 
 }  // namespace host

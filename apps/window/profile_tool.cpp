@@ -115,12 +115,11 @@ bool ProfileTool::exportTo(const QString& file, bool replace) {
   const auto existing = replace ? host::Existing::Overwrite : host::Existing::Keep;
   const auto written = host::writeUserFile(path, *bytes, existing);
   const bool isThere = written || written.error().kind == platform::ErrorKind::Unconfirmed;
-  if (isThere)
-    emit exported(file);
-  else if (written.error().code == EEXIST)
+  if (!written && written.error().code == EEXIST)
     emit replaceWanted(file);
-  if (!written && written.error().code != EEXIST)
+  else if (!written)
     tools_.report(host::failureOf(host::Source::Request, written.error()));
+  if (isThere) emit exported(file);
   return isThere;
 }
 

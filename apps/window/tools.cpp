@@ -36,7 +36,7 @@ host::Attempt<std::vector<host::SavedProfile>> Tools::listProfiles() {
 }
 
 void Tools::lookAgain() {
-  if (!unreadable_.words.empty()) (void)listProfiles();
+  if (!unreadable_.words.empty()) static_cast<void>(listProfiles());
 }
 
 void Tools::report(const host::Failure& failure) {

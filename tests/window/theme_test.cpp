@@ -73,6 +73,16 @@ class Theme : public SampleWindow, public testing::WithParamInterface<Look> {
     for (const char* ground : grounds)
       EXPECT_GE(contrast(color(front), color(ground)), least) << front << " on " << ground;
   }
+  // A text, and what it lies on, where it is drawn with that opacity of the theme.
+  using OnGround = std::pair<const char*, const char*>;
+  void expectAt(const char* opacity, const std::vector<OnGround>& texts, double least) const {
+    for (const auto& [name, ground] : texts) {
+      QColor text = color(name);
+      text.setAlphaF(static_cast<float>(read(opacity).toDouble()));
+      EXPECT_GE(contrast(on(color(ground), text), color(ground)), least)
+          << name << " on " << ground;
+    }
+  }
   double textGoal() const { return GetParam().highContrast ? 7 : 4.5; }
   double controlGoal() const { return GetParam().highContrast ? 4.5 : 3; }
 
@@ -89,40 +99,30 @@ TEST_P(Theme, TextStandsOutFromWhatItLiesOnInEveryState) {
   expect("textOnAccent", {"accent"}, textGoal());
 }
 
-// How a word stands out that is drawn with this opacity.
 TEST_P(Theme, TextOfAButtonThatIsPressedCanBeRead) {
-  const std::tuple<const char*, const char*> kWords[] = {
-      {"accentText", "background"},  {"accentText", "bar"},     {"accentText", "dialog"},
-      {"destructive", "background"}, {"destructive", "dialog"}, {"warningText", "warning"},
-      {"hintText", "hint"}};
-  for (const auto& [name, ground] : kWords) {
-    QColor text = color(name);
-    text.setAlphaF(static_cast<float>(read("faded").toDouble()));
-    EXPECT_GE(contrast(on(color(ground), text), color(ground)), 4.5) << name << " on " << ground;
-  }
+  expectAt("faded",
+           {{"accentText", "background"},
+            {"accentText", "bar"},
+            {"accentText", "dialog"},
+            {"destructive", "background"},
+            {"destructive", "dialog"},
+            {"warningText", "warning"},
+            {"hintText", "hint"}},
+           4.5);
 }
 
 TEST_P(Theme, ARowOfAPickerOffItsMiddleCanBeRead) {
-  QColor text = color("text");
-  text.setAlphaF(static_cast<float>(read("unchosen").toDouble()));
-  EXPECT_GE(contrast(on(color("dialog"), text), color("dialog")), 4.5);
+  expectAt("unchosen", {{"text", "dialog"}}, 4.5);
 }
 
 // The usual rule exempts a control that can't be used.
 TEST_P(Theme, AButtonThatCantBeUsedIsExemptButStandsOutByThreeHalves) {
-  for (const auto& [name, ground] :
-       {std::tuple("accentText", "background"), std::tuple("text", "dialog"),
-        std::tuple("warningText", "warning")}) {
-    QColor text = color(name);
-    text.setAlphaF(static_cast<float>(read("disabled").toDouble()));
-    EXPECT_GE(contrast(on(color(ground), text), color(ground)), 1.5) << name << " on " << ground;
-  }
+  expectAt("disabled",
+           {{"accentText", "background"}, {"text", "dialog"}, {"warningText", "warning"}}, 1.5);
 }
 
 TEST_P(Theme, TextOfADimmedRowCanBeRead) {
-  QColor text = color("text");
-  text.setAlphaF(static_cast<float>(read("dimmed").toDouble()));
-  EXPECT_GE(contrast(onCard(text), color("card")), 4.5);
+  expectAt("dimmed", {{"text", "card"}}, 4.5);
 }
 
 TEST_P(Theme, ControlsStandOutFromWhatTheyLieOn) {

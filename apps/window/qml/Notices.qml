@@ -10,8 +10,6 @@ ScrollColumn {
 
     required property SettingsBridge settings
 
-    implicitHeight: Math.min(contentHeight, Math.round(Window.height * 0.4))
-
     property bool follows: true  // shows the latest, until the user scrolls or dismisses one
     property int shown: 0
     readonly property int count: settings.problems.length
@@ -21,6 +19,7 @@ ScrollColumn {
             later.start();
     }
 
+    implicitHeight: Math.min(contentHeight, Math.round(Window.height * 0.4))
     onCountChanged: {
         follows = follows || count > shown;
         shown = count;

@@ -13,13 +13,14 @@ AlertBase {
     readonly property real parentWidth: parent ? parent.width : 0
     readonly property real parentHeight: parent ? parent.height : 0
     readonly property bool wide: parentWidth >= Theme.wide
-    readonly property rect anchor: anchorRect(parentWidth, parentHeight, resized)
     property int resized: 0  // how often the page below was laid out in another size
+    readonly property rect anchor: anchorRect(parentWidth, parentHeight, resized)
     readonly property bool below: anchor.y + anchor.height + 14 + height <= parentHeight - 12
     readonly property bool above: anchor.y - 14 - height >= top + 12
     readonly property bool inSight: anchor.width > 0 && anchor.y >= top && anchor.y + anchor.height <= parentHeight
     readonly property bool pointed: wide && inSight && (below || above)
 
+    // Of its arguments nothing is used: a change of them has it evaluated again.
     function anchorRect(width: real, height: real, resized: int): rect {
         const item = page ? page.anchorOf(alert) : null;
         return item && parent ? item.mapToItem(parent, 0, 0, item.width, item.height) : Qt.rect(0, 0, 0, 0);
