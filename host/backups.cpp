@@ -54,16 +54,6 @@ std::string labelOf(const preferences::ProfileStep& step) {
   return std::string(kVerbs[step.what]) + (trigger ? trigger->title : idOf(step.path));
 }
 
-constexpr std::string_view kDaily = "daily";
-
-// "the daily snapshot", "the snapshot before "load Battery 20%""
-std::string snapshotBefore(const std::string& what) {
-  if (what == kDaily) return "the daily snapshot";
-  const std::size_t id = what.find(' ') + 1;  // 0 without one
-  const auto trigger = id > 0 ? findTrigger(what.substr(id)) : std::nullopt;
-  return "the snapshot before \"" + (trigger ? what.substr(0, id) + trigger->title : what) + "\"";
-}
-
 // Of two changes of a key the first one's beginning and the second one's end.
 void merge(const foundation::KeyChanges& later, foundation::KeyChanges& changes) {
   for (const foundation::KeyChange& change : later) {
@@ -172,7 +162,8 @@ Result<int> Backups::keep(const std::string& before) {
   if (!profiles && profiles.error().code != EFBIG) return profiles.error();
   if (profiles) snapshot.profiles = std::move(*profiles);
   const auto added = state().snapshots.add(snapshot);
-  if (added && !profiles) warn(snapshotBefore(before) + " has no profiles", profiles.error());
+  if (added && !profiles)
+    warn("the snapshot " + beforeWords(before) + " has no profiles", profiles.error());
   return added;
 }
 
@@ -180,7 +171,8 @@ bool Backups::keepOrWarn(const std::string& before) {
   const auto kept = keep(before);
   if (kept) return true;
   const bool isThere = kept.error().kind == platform::ErrorKind::Unconfirmed;
-  warn(snapshotBefore(before) + (isThere ? " is not confirmed on disk" : " was not kept"),
+  warn("the snapshot " + beforeWords(before) +
+           (isThere ? " is not confirmed on disk" : " was not kept"),
        kept.error());
   return isThere;
 }
@@ -194,7 +186,7 @@ void Backups::takeDailySnapshot() {
   const bool taken = day && day->integer() == today;
   if (!taken && store_.damage(prefs::kDomain)) return;
   day_ = today;
-  if (taken || !keepOrWarn(std::string(kDaily))) return;
+  if (taken || !keepOrWarn(kBeforeChangesOfDay)) return;
   const auto noted =
       writeRecord(state().folder, kDay, plist::Dictionary{{std::string(kDayNumber), today}});
   if (!noted) warn("the day's snapshot will be taken again", noted.error());

@@ -2,6 +2,7 @@
 
 #include <cerrno>
 
+#include "host/triggers.h"
 #include "platform/foundation/text.h"
 #include "prefs/core/names.h"
 
@@ -27,6 +28,14 @@ bool namesAProfile(const std::string& name) {
 }
 
 }  // namespace
+
+std::string beforeWords(const std::string& before) {
+  if (before == kBeforeChangesOfDay) return "before the first change of the day";
+  const std::size_t id = before.rfind(' ') + 1;  // 0 without one
+  const auto trigger = findTrigger(std::string_view(before).substr(id));
+  const bool isId = trigger && trigger->profileID == before.substr(id);
+  return "before \"" + (isId ? before.substr(0, id) + trigger->title : before) + "\"";
+}
 
 bool isNoFile(const Error& error) {
   return error.code == 0 || error.code == EISDIR || error.code == ELOOP || error.code == ENXIO;

@@ -22,6 +22,11 @@ struct Snapshot {
   std::optional<Files> profiles;                    // nothing: they were too large to be kept
 };
 
+inline constexpr const char* kBeforeChangesOfDay = "daily";
+
+// `before "load Battery 20%"` of "load 20", `before the first change of the day` of "daily".
+std::string beforeWords(const std::string& before);
+
 // What a snapshot with profiles holds at most, in bytes: settings, profiles and their names.
 inline constexpr std::size_t kLargestSnapshot = 32 << 20;
 

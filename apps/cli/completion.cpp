@@ -157,7 +157,7 @@ Candidates snapshotsOf(Session& session) {
   const auto list = host::Recovery(session.device().environment(), **backups).snapshots();
   if (!list) return found;
   for (const host::Recovery::Entry& entry : list->entries)
-    found.push_back({std::to_string(entry.number), "before " + entry.before});
+    found.push_back({std::to_string(entry.number), host::beforeWords(entry.before)});
   return found;
 }
 

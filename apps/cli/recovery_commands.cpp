@@ -82,8 +82,8 @@ std::string wayOut(host::Recovery& recovery, const host::Recovery::State& state)
                                 std::to_string((*last)->number) + " puts settings back"
                           : std::string());
   if (!last || !*last) return "; quorvantis repair --start-anew begins without settings";
-  return "; quorvantis repair --restore puts back the snapshot of " + timeOf((*last)->time) +
-         " (before \"" + (*last)->before + "\"" + lostSince(state, (*last)->time) +
+  return "; quorvantis repair --restore puts back the snapshot of " + timeOf((*last)->time) + " (" +
+         host::beforeWords((*last)->before) + lostSince(state, (*last)->time) +
          "), quorvantis repair --start-anew begins without settings";
 }
 
@@ -134,9 +134,9 @@ Outcome<Done> listSnapshots(Session& session, const Arguments&) {
   if (!snapshots) return failureOf(snapshots.error());
   Listing listing;
   for (const host::Recovery::Entry& entry : snapshots->entries)
-    listing.add(entryJson(entry),
-                {std::to_string(entry.number), timeOf(entry.time),
-                 "before " + entry.before + (entry.hasProfiles ? "" : ", without profiles")});
+    listing.add(entryJson(entry), {std::to_string(entry.number), timeOf(entry.time),
+                                   host::beforeWords(entry.before) +
+                                       (entry.hasProfiles ? "" : ", without profiles")});
   session.print(listing,
                 "nothing is kept yet; a snapshot is taken before the first change of a day");
   session.warnings = snapshots->unreadable;
@@ -208,7 +208,7 @@ Outcome<Done> repair(Session& session, const Arguments& arguments) {
     const auto last = recovery->restoreLast();
     if (!last) return failureOf(last.error());
     document["restored"] = entryJson(*last);
-    words = "restored from " + timeOf(last->time) + ", before \"" + last->before + "\"" +
+    words = "restored from " + timeOf(last->time) + ", " + host::beforeWords(last->before) +
             lostSince(state, last->time);
   } else if (const auto begun = recovery->startAnew(); !begun) {
     return failureOf(begun.error());

@@ -5,7 +5,7 @@
 
 #include "apps/window/values.h"
 #include "host/recovery.h"
-#include "host/triggers.h"
+#include "host/snapshots.h"
 
 namespace window {
 namespace {
@@ -15,14 +15,6 @@ QString timeText(const plist::Date& date) {
   const QDateTime reference(QDate(2001, 1, 1), QTime(0, 0), Qt::UTC);
   const auto time = reference.addMSecs(static_cast<qint64>(date.seconds * 1000)).toLocalTime();
   return QLocale().toString(time, QLocale::ShortFormat);
-}
-
-// "load Battery 20%" of "load 20", as a trigger is called.
-QString called(const std::string& change) {
-  const std::size_t end = change.rfind(' ') + 1;
-  const auto trigger = host::findTrigger(std::string_view(change).substr(end));
-  const bool isId = trigger && trigger->profileID == change.substr(end);
-  return toQString(isId ? change.substr(0, end) + trigger->title : change);
 }
 
 }  // namespace
@@ -53,7 +45,7 @@ void RecoveryModel::look() {
   if (!damage_ || !possible()) return;
   const auto last = host::Recovery(device_->environment(), *device_->backups()).lastGood();
   if (last && *last)
-    snapshot_ = tr("%1, before \"%2\"").arg(timeText((*last)->time), called((*last)->before));
+    snapshot_ = timeText((*last)->time) + ", " + toQString(host::beforeWords((*last)->before));
 }
 
 void RecoveryModel::restoreLast() {

@@ -77,7 +77,7 @@ class Asked(ProgramTest):
         self.output("reset", "--all")
         for command in ("show", "diff", "restore"):
             self.assertEqual(self.words("snapshot", command, ""),
-                             [["1", "before daily"], ["2", "before reset"]])
+                             [["1", "before the first change of the day"], ["2", 'before "reset"']])
 
     def test_colors_by_their_digits(self):
         self.assertEqual(self.words("set", "bannercolor", "#fffff"), [["#FFFFFF", "Snow"]])

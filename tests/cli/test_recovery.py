@@ -26,7 +26,7 @@ class Snapshots(RecoveryTest):
         self.write(PROFILE, b"x" * (33 << 20))
         self.run_program("profile", "delete", "30")
         last = self.output("snapshot", "list").splitlines()[-1]
-        self.assertTrue(last.endswith("before delete 30, without profiles"), last)
+        self.assertTrue(last.endswith("before \"delete Battery 30%\", without profiles"), last)
         done = self.run_program("snapshot", "restore", last.split()[0])
         self.assertEqual(done.returncode, 0)
         self.assertIn(b"this snapshot has no profiles; they stay as they are", done.stderr)
@@ -72,7 +72,7 @@ class Snapshots(RecoveryTest):
         self.write_profile({"wifi": 2})
         self.output("profile", "load", "20")
         self.assertRegex(self.output("snapshot", "list").splitlines()[1],
-                         r"^2  \d{4}-\d\d-\d\d \d\d:\d\d:\d\d UTC  before load 20$")
+                         r'^2  \d{4}-\d\d-\d\d \d\d:\d\d:\d\d UTC  before "load Battery 20%"$')
 
     def test_its_settings_are_shown_and_compared_and_restored(self):
         self.write_domain({"wifi": 1, "vpn": 2})

@@ -64,7 +64,7 @@ class Repair(RecoveryTest):
         taken = self.output("snapshot", "list").split("  ")[1]
         self.output("set", "wifi", "1")
         self.damage()
-        said = rf"{taken}.*before .daily.; what was changed from then until [-0-9: ]+ UTC is not in it"
+        said = rf"{taken}.*before the first change of the day; what was changed from then until [-0-9: ]+ UTC is not in it"
         self.assertRegex(self.refuse(1, "repair"), said)
         self.assertRegex(self.output("repair", "--restore").splitlines()[0], said)
 

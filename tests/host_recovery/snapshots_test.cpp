@@ -96,7 +96,8 @@ TEST_F(HostSnapshots, ADailyOneThatFailedIsTakenByTheNextProgram) {
   std::ofstream(folder) << "a file";
   device.set("wifi", 1);
   EXPECT_THAT(device.warnings,
-              ElementsAre(testing::StartsWith("the daily snapshot was not kept: ")));
+              ElementsAre(testing::StartsWith(
+                  "the snapshot before the first change of the day was not kept: ")));
   std::filesystem::remove(folder);
   device.startAnew();
   device.set("wifi", 2);
@@ -200,9 +201,9 @@ TEST_F(HostSnapshots, HoldTheSettingsAloneWhereTheProfilesAreTooLarge) {
   seed::write(device, "profile_7.qvx", std::vector<std::uint8_t>(13 << 20));
   device.set("wifi", 1);
   device.set("wifi", 2);
-  EXPECT_THAT(device.warnings,
-              ElementsAre("the daily snapshot has no profiles: more than 32 MB with the settings: "
-                          "File too large"));
+  EXPECT_THAT(device.warnings, ElementsAre("the snapshot before the first change of the day has no "
+                                           "profiles: more than 32 MB with the settings: "
+                                           "File too large"));
   EXPECT_EQ(device.snapshots(), Names{"daily"});
   EXPECT_FALSE(newest().profiles);
   device.startAnew();
