@@ -1,3 +1,6 @@
+#include <QStyleHints>
+#include <QtMath>
+
 #include "apps/window/tools.h"
 #include "host/window_state.h"
 #include "tests/window/bundle_window.h"
@@ -29,6 +32,27 @@ TEST_F(Look, AChoiceThatLeavesAllAsItIsIsPlainAndOneThatActsStandsOut) {
   EXPECT_EQ(plain, QColor("#FFFFFF"));
   EXPECT_NE(acting, plain);
   EXPECT_LT(acting.lightnessF(), 0.4);
+}
+
+TEST_F(Look, ThePointerOnASegmentLeavesTheFrameAroundItWhole) {
+  QStyleHints& hints = *QGuiApplication::styleHints();
+  const bool before = hints.useHoverEffects();
+  hints.setUseHoverEffects(true);
+  open("SoundsListController");
+  QQuickItem* segment = driver->find("Silent", kRadioButton);
+  const QPoint center = driver->place(segment).center().toPoint();
+  const auto colorAt = [&](int y) {
+    const QImage image = window->grabWindow();
+    const auto scaled = [&](int place) { return qRound(place * image.devicePixelRatio()); };
+    return image.pixelColor(scaled(center.x()), scaled(y));
+  };
+  const int top = qCeil(driver->place(segment).top());
+  const QColor frame = colorAt(top), face = colorAt(top + 4);
+  QTest::mouseMove(window, center);
+  EXPECT_TRUE(driver->until([&] { return colorAt(top + 4) != face; }));
+  EXPECT_EQ(colorAt(top), frame);
+  EXPECT_NE(frame, colorAt(top + 4));
+  hints.setUseHoverEffects(before);
 }
 
 TEST_F(Look, ControlsGrowWithTheText) {

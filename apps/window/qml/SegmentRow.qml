@@ -107,8 +107,11 @@ CardRow {
                     Accessible.onToggleAction: pick()
 
                     Rectangle {
+                        readonly property real inside: segment.chosen ? 0 : bar.border.width  // of the bar's frame
+
                         anchors.fill: parent
-                        radius: bar.radius
+                        anchors.margins: inside
+                        radius: bar.radius - inside
                         visible: segment.chosen || segment.down || segment.hovered
                         color: segment.chosen ? card.chosenColor : segment.down ? Theme.pressed : Theme.hovered
                         border.width: segment.chosen ? Theme.line : 0
