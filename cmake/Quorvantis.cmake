@@ -16,11 +16,29 @@ add_compile_options(-Wall -Wextra -Wnon-virtual-dtor -ffunction-sections -fdata-
 # GCC 12 sees overlaps in std::string that can't be.
 add_compile_options($<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 
-# quorvantis_library(NAME SOURCES... [USES LIBRARIES...]): one static library a folder. What a folder
-# may include is what its library uses, and no more; tests/conventions proves it from the include lines.
+# Precompiled headers: two thirds of most files' time is reading these. A build by another compiler does
+# without them, and so finds a file that doesn't include what it uses.
+set(QUORVANTIS_HEADERS <algorithm> <chrono> <functional> <map> <memory> <optional> <span> <string>
+    <string_view> <variant> <vector>)
+function(quorvantis_precompile_headers name)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+    target_precompile_headers(${name} PRIVATE ${QUORVANTIS_HEADERS} ${ARGN})
+  endif()
+endfunction()
+
+# quorvantis_library(NAME SOURCES... [USES LIBRARIES...] [HEADERS HEADERS...]): one static library a folder.
+# What a folder may include is what its library uses, and no more; tests/conventions proves it from the
+# include lines. HEADERS are precompiled too.
 function(quorvantis_library name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "USES")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "USES;HEADERS")
   add_library(${name} STATIC ${arg_UNPARSED_ARGUMENTS})
+  if(arg_HEADERS)
+    quorvantis_precompile_headers(${name} ${arg_HEADERS})
+  elseif(name STREQUAL platform_error)  # which all others use
+    quorvantis_precompile_headers(${name})
+  elseif(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+    target_precompile_headers(${name} REUSE_FROM platform_error)
+  endif()
   target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
   target_link_libraries(${name} PUBLIC ${arg_USES})
 endfunction()

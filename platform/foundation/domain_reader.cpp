@@ -37,7 +37,8 @@ std::int64_t now() {
 }  // namespace
 
 std::string domainPath(std::string_view domain) {
-  return std::string(kDomainFolder) + "/" + std::string(domain) + ".plist";
+  std::string path(kDomainFolder);
+  return path.append("/").append(domain).append(".plist");
 }
 
 Result<plist::Dictionary> decodeDomain(plist::Bytes bytes, const XmlReader& xml) {
