@@ -1,5 +1,5 @@
 #include <QStyleHints>
-#include <QtMath>
+#include <cmath>
 
 #include "apps/window/tools.h"
 #include "host/window_state.h"
@@ -46,7 +46,7 @@ TEST_F(Look, ThePointerOnASegmentLeavesTheFrameAroundItWhole) {
     const auto scaled = [&](int place) { return qRound(place * image.devicePixelRatio()); };
     return image.pixelColor(scaled(center.x()), scaled(y));
   };
-  const int top = qCeil(driver->place(segment).top());
+  const int top = static_cast<int>(std::ceil(driver->place(segment).top()));
   const QColor frame = colorAt(top), face = colorAt(top + 4);
   QTest::mouseMove(window, center);
   EXPECT_TRUE(driver->until([&] { return colorAt(top + 4) != face; }));
