@@ -53,15 +53,17 @@ ObjectWriter::ObjectWriter(std::size_t referenceSize)
 }
 
 // Where the next object of at most this size goes.
-std::uint8_t* ObjectWriter::begin(std::size_t size) {
-  if (size > capacity_ - at_) {
-    capacity_ = std::max(2 * capacity_, at_ + size);
-    auto larger = std::make_unique_for_overwrite<std::uint8_t[]>(capacity_);
-    std::memcpy(larger.get(), bytes_.get(), at_);
-    bytes_ = std::move(larger);
-  }
+inline std::uint8_t* ObjectWriter::begin(std::size_t size) {
+  if (size > capacity_ - at_) grow(size);
   offsets_.push_back(at_);
   return bytes_.get() + at_;
+}
+
+void ObjectWriter::grow(std::size_t size) {
+  capacity_ = std::max(2 * capacity_, at_ + size);
+  auto larger = std::make_unique_for_overwrite<std::uint8_t[]>(capacity_);
+  std::memcpy(larger.get(), bytes_.get(), at_);
+  bytes_ = std::move(larger);
 }
 
 std::uint32_t ObjectWriter::addSized(unsigned marker, std::uint64_t number, std::size_t size) {

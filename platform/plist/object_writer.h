@@ -53,6 +53,7 @@ class ObjectWriter {
 
  private:
   std::uint8_t* begin(std::size_t size);
+  void grow(std::size_t size);
   void setWideMember(std::uint8_t* to, std::uint32_t object) const;
   void end(std::uint8_t* to) { at_ = static_cast<std::size_t>(to - bytes_.get()); }
   std::uint32_t addSized(unsigned marker, std::uint64_t number, std::size_t size);
