@@ -61,14 +61,16 @@ int compareNumbers(std::string_view a, std::string_view b) {
 bool appendKey(std::string_view text, std::string& key, std::string& ties) {
   ties.clear();
   while (!text.empty()) {
-    const std::string_view digits = number(text);
-    if (digits.size() > kLongestNumber || weight(text[0]) == 0) return false;
-    if (digits.empty()) {
-      key += static_cast<char>(weight(text[0]));
-      ties += text[0] >= 'A' && text[0] <= 'Z' ? '\2' : '\1';
+    const char first = text.front();
+    if (weight(first) == 0) return false;
+    if (!isDigit(first)) {
+      key += static_cast<char>(weight(first));
+      ties += first >= 'A' && first <= 'Z' ? '\2' : '\1';
       text.remove_prefix(1);
       continue;
     }
+    const std::string_view digits = number(text);
+    if (digits.size() > kLongestNumber) return false;
     const std::size_t zeros = std::min(digits.find_first_not_of('0'), digits.size());
     key += static_cast<char>(weight('0'));
     key += static_cast<char>(digits.size() - zeros);

@@ -58,7 +58,6 @@ class ArchivedObjects {
   bool charge(std::uint64_t cost, std::uint32_t uid) {
     return budget_.charge(cost) || fail(ErrorKind::TooLarge, uid);
   }
-  plist::MemoryBudget& budget() { return budget_; }
 
   // An error at an object.
   bool fail(ErrorKind kind, std::uint32_t uid);

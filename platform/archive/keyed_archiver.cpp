@@ -15,12 +15,11 @@ using plist::Value;
 // Writes the objects of a graph and the frame around them.
 class GraphWriter {
  public:
-  GraphWriter(ObjectGraph& graph, std::size_t referenceSize) : graph_(graph), out_(referenceSize) {
-    graph.leaves.forgetObjects();
+  explicit GraphWriter(ObjectGraph& graph) : graph_(graph) {
     uidObjects_.resize(graph.nodes.size());
   }
 
-  // False when references of this width are too narrow.
+  // False when there are more objects than an archive can hold.
   bool write();
 
   ObjectWriter& out() { return out_; }
@@ -174,17 +173,6 @@ std::uint32_t GraphWriter::writeUid(std::uint32_t uid) {
   return object;
 }
 
-std::optional<std::vector<std::uint8_t>> write(ObjectGraph& graph) {
-  std::size_t referenceSize = 1;
-  do {
-    GraphWriter writer(graph, referenceSize);
-    if (!writer.write()) continue;
-    graph.cost = std::max(graph.cost, writer.out().cost());
-    return writer.out().finish();
-  } while (ObjectWriter::widen(referenceSize));
-  return {};
-}
-
 }  // namespace
 
 platform::Result<std::vector<std::uint8_t>, Error> archive(const Value& root,
@@ -192,9 +180,11 @@ platform::Result<std::vector<std::uint8_t>, Error> archive(const Value& root,
   for (const bool merges : {true, false}) {
     ObjectGraph graph(merges);
     if (auto error = graph.build(root, mutability)) return *error;
-    auto bytes = write(graph);
-    if (!bytes) break;
-    if (!merges || graph.cost <= plist::expansionLimit(bytes->size())) return *std::move(bytes);
+    GraphWriter writer(graph);
+    if (!writer.write()) break;
+    auto bytes = writer.out().finish();
+    const std::uint64_t cost = std::max(graph.cost, writer.out().cost());
+    if (!merges || cost <= plist::expansionLimit(bytes.size())) return bytes;
   }
   return Error{.kind = ErrorKind::TooLarge};
 }

@@ -103,8 +103,8 @@ bool Unarchiver::step(Open& open) {
     const Object* object = followMember(reference);
     const Object* key = object ? keyOf(reference.uid(), *object) : nullptr;
     if (!key) return false;
-    if (!readKey(*key, open.entries, place, objects_.budget()))
-      return objects_.fail(ErrorKind::TooLarge, open.uid);
+    if (!objects_.charge(keyCost(*key), open.uid)) return false;
+    if (open.entries) place = appendKey(*key, *open.entries);
     if (lookup_ && depth_ == 1) place = placeFor(*key);
   } else if (open.members) {
     place = &open.members->emplace_back();
@@ -140,13 +140,15 @@ const Object* Unarchiver::keyOf(std::uint32_t uid, const Object& object) {
 }
 
 Value* Unarchiver::placeFor(const Object& key) {
-  const auto found = std::find_if(wanted_.begin(), wanted_.end(), [&key](const Wanted& wanted) {
-    return wanted.isAscii && key.isText() ? key.is(wanted.key) : keyText(key) == wanted.key;
-  });
-  if (found == wanted_.end()) return nullptr;
-  Value* place = found->place;
-  wanted_.erase(found);
-  return place;
+  for (auto wanted = wanted_.begin(); wanted != wanted_.end(); ++wanted) {
+    const bool isKey =
+        wanted->isAscii && key.isText() ? key.is(wanted->key) : keyText(key) == wanted->key;
+    if (!isKey) continue;
+    Value* place = wanted->place;
+    wanted_.erase(wanted);
+    return place;
+  }
+  return nullptr;
 }
 
 inline bool Unarchiver::enter(std::uint32_t uid, const Object& object, Value* place) {

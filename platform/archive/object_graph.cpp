@@ -24,17 +24,18 @@ std::optional<Error> ObjectGraph::build(const Value& value, Mutability mutabilit
   if (!value.isNothing() && !enter(value, mutability == Mutability::Mutable, root)) return error_;
   while (!open_.empty()) {
     Open& top = open_.back();
-    const Node node = nodes[top.uid];
-    const std::size_t size = top.value->size(), index = top.next++;
-    if (index == size) {
+    const std::size_t index = top.next++;
+    if (index == top.value->size()) {
+      const Node& node = nodes[top.uid];
       const std::uint32_t uid = classOf(node.shape, node.isMutable);
       nodes[top.uid].classUid = uid;
       open_.pop_back();
       continue;
     }
+    const std::size_t place = top.members + index;
     std::uint32_t uid = 0;
     if (!enter(top.value->member(index), false, uid)) return error_;
-    members[node.first + node.count - size + index] = uid;
+    members[place] = uid;
   }
   return {};
 }
@@ -79,7 +80,7 @@ bool ObjectGraph::open(const Value& value, bool isMutable, std::uint32_t& uid) {
              .isMutable = isMutable,
              .count = count,
              .first = first});
-  open_.push_back({&value, uid, 0});
+  open_.push_back({&value, uid, 0, first + count - size});
   if (!dictionary) return true;
   for (std::size_t i = 0; i < size; ++i)
     if (!addText(dictionary->begin()[i].key, members[first + i])) return false;

@@ -49,6 +49,7 @@ class ObjectGraph {
     const plist::Value* value;
     std::uint32_t uid;
     std::size_t next;
+    std::size_t members;  // where the UIDs of its members are
   };
 
   bool enter(const plist::Value& value, bool isMutable, std::uint32_t& uid);

@@ -48,40 +48,12 @@ constexpr std::array<Marker, 256> describeMarkers() {
 
 constexpr std::array<Marker, 256> kMarkers = describeMarkers();
 
-// The cost of an object is fixed + count * each, or nothing for a count up to free.
-struct CostRule {
-  std::uint32_t free = UINT32_MAX, each = 0, fixed = 0;
-};
-
-constexpr std::array<CostRule, 14> costRules() {
-  constexpr std::uint32_t kBlock = 32;   // what an allocation may add
-  constexpr std::uint32_t kNoBlock = 7;  // a text up to here needs none, whatever is in it
-  constexpr std::uint32_t kPair = sizeof(Dictionary::Entry) + 4 * sizeof(std::uint32_t);
-  std::array<CostRule, 14> rules{};
-  const auto rule = [&rules](ObjectType type) -> CostRule& {
-    return rules[static_cast<std::size_t>(type)];
-  };
-  rule(ObjectType::Ascii) = {kNoBlock, 2, kBlock};
-  rule(ObjectType::Utf16) = {kNoBlock / 2, 3, kBlock};
-  rule(ObjectType::Data) = {0, 1, kBlock};
-  rule(ObjectType::Array) = rule(ObjectType::Set) = {0, sizeof(Value), 0};
-  rule(ObjectType::Dictionary) = {0, kPair, 0};
-  return rules;
-}
-
-constexpr std::array<CostRule, 14> kCostRules = costRules();
-
 // Whether a number this wide can't number that many things.
 bool isTooNarrow(std::size_t size, std::uint64_t numbers) {
   return size == 0 || (size < 8 && numbers >> (8 * size) != 0);
 }
 
 }  // namespace
-
-std::uint64_t memoryCost(ObjectType type, std::uint64_t count) {
-  const CostRule& rule = kCostRules[static_cast<std::size_t>(type)];
-  return count > rule.free ? count * rule.each + rule.fixed : 0;
-}
 
 platform::Result<ObjectTable, Error> ObjectTable::open(Bytes bytes) {
   ObjectTable table;

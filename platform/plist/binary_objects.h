@@ -28,9 +28,35 @@ enum class ObjectType : std::uint8_t {
   Malformed
 };
 
+// The cost of an object is fixed + count * each, or nothing for a count up to free.
+struct CostRule {
+  std::uint32_t free = UINT32_MAX, each = 0, fixed = 0;
+};
+
+constexpr std::array<CostRule, 14> costRules() {
+  constexpr std::uint32_t kBlock = 32;   // what an allocation may add
+  constexpr std::uint32_t kNoBlock = 7;  // a text up to here needs none, whatever is in it
+  constexpr std::uint32_t kPair = sizeof(Dictionary::Entry) + 4 * sizeof(std::uint32_t);
+  std::array<CostRule, 14> rules{};
+  const auto rule = [&rules](ObjectType type) -> CostRule& {
+    return rules[static_cast<std::size_t>(type)];
+  };
+  rule(ObjectType::Ascii) = {kNoBlock, 2, kBlock};
+  rule(ObjectType::Utf16) = {kNoBlock / 2, 3, kBlock};
+  rule(ObjectType::Data) = {0, 1, kBlock};
+  rule(ObjectType::Array) = rule(ObjectType::Set) = {0, sizeof(Value), 0};
+  rule(ObjectType::Dictionary) = {0, kPair, 0};
+  return rules;
+}
+
+constexpr std::array<CostRule, 14> kCostRules = costRules();
+
 // The memory that an object with this count takes in a Value, at most: what the Value itself and
 // the content of its members take is left out.
-std::uint64_t memoryCost(ObjectType type, std::uint64_t count);
+inline std::uint64_t memoryCost(ObjectType type, std::uint64_t count) {
+  const CostRule& rule = kCostRules[static_cast<std::size_t>(type)];
+  return count > rule.free ? count * rule.each + rule.fixed : 0;
+}
 
 // A big-endian number of any width, of which the low 64 bits count.
 inline std::uint64_t readSized(const std::uint8_t* at, std::size_t size) {

@@ -27,17 +27,10 @@ std::string keyText(const Object& key) {
   return keyText(leaf);
 }
 
-bool readKey(const Object& key, Dictionary* dictionary, Value*& place, MemoryBudget& budget) {
-  const bool hexadecimal = key.type == ObjectType::Data;
-  if (!budget.charge(key.cost + (hexadecimal ? key.count : 0))) return false;
+Value* appendKey(const Object& key, Dictionary& dictionary) {
   const std::string_view bytes(reinterpret_cast<const char*>(key.payload), key.count);
-  if (!dictionary)
-    place = nullptr;
-  else if (key.type == ObjectType::Ascii && isAscii(bytes))
-    place = dictionary->append(bytes);
-  else
-    place = dictionary->append(keyText(key));
-  return true;
+  const bool isPlain = key.type == ObjectType::Ascii && isAscii(bytes);
+  return isPlain ? dictionary.append(bytes) : dictionary.append(keyText(key));
 }
 
 bool BinaryWalk::read(std::uint64_t index, Value* value, MemoryBudget& budget) {
@@ -67,13 +60,16 @@ bool BinaryWalk::read(std::uint64_t index, Value* value, MemoryBudget& budget) {
 
 // Checks the members up to one that needs more than a look.
 inline void BinaryWalk::passLeaves(Open& open, MemoryBudget& budget) {
-  if (open.container->type == ObjectType::Dictionary) return;
+  const Object& container = *open.container;
+  if (container.type == ObjectType::Dictionary) return;
+  MemoryBudget left = budget;
   std::uint64_t next = open.next;
-  for (const std::uint64_t count = open.container->count; next < count; ++next) {
-    const Object* member = table_.find(table_.member(*open.container, next));
-    if (!member || member->isContainer() || !budget.charge(member->cost)) break;
+  for (; next < container.count; ++next) {
+    const Object* member = table_.find(table_.member(container, next));
+    if (!member || member->isContainer() || !left.charge(member->cost)) break;
   }
   open.next = next;
+  budget = left;
 }
 
 inline bool BinaryWalk::visit(std::uint64_t index, Value* value, MemoryBudget& budget) {
@@ -110,8 +106,9 @@ bool BinaryWalk::visitKey(const Open& open, std::uint64_t member, Value*& place,
     return failAt(*open.container, member);
   }
   if (key->isContainer()) return fail(ErrorKind::KeyKind, index);
-  Dictionary* dictionary = open.value ? open.value->dictionary() : nullptr;
-  return readKey(*key, dictionary, place, budget) || fail(ErrorKind::TooLarge, index);
+  if (!budget.charge(keyCost(*key))) return fail(ErrorKind::TooLarge, index);
+  if (open.value) place = appendKey(*key, *open.value->dictionary());
+  return true;
 }
 
 // A reference to nothing has no object to point at: the error points at the reference.

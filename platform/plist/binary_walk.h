@@ -20,10 +20,14 @@ class MemoryBudget {
   std::uint64_t left_;
 };
 
-// Appends an entry with this key, a leaf, to a dictionary; `place` is where to put its value, or
-// null when the key is there already. For a null dictionary the key is only charged. False when the
-// budget is used up.
-bool readKey(const Object& key, Dictionary* dictionary, Value*& place, MemoryBudget& budget);
+// What a leaf takes as a key: data becomes two digits a byte.
+inline std::uint64_t keyCost(const Object& key) {
+  return key.cost + (key.type == ObjectType::Data ? key.count : 0);
+}
+
+// Appends an entry with this key, a leaf; where to put its value, or null when the key is there
+// already.
+Value* appendKey(const Object& key, Dictionary& dictionary);
 
 // The text of a leaf as a key.
 std::string keyText(const Object& key);

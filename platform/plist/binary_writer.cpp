@@ -11,10 +11,8 @@ constexpr std::size_t kExpected = 128;  // leaves, before anything has to grow
 
 class Writer {
  public:
-  Writer(bool merges, std::size_t referenceSize)
-      : merges_(merges), leaves_(kExpected), out_(referenceSize) {}
+  explicit Writer(bool merges) : merges_(merges), leaves_(kExpected) {}
 
-  // Stops early when the writer is full.
   bool add(const Value& root);
 
   ObjectWriter& out() { return out_; }
@@ -47,7 +45,11 @@ ObjectType typeOf(const Value& container) {
 bool Writer::add(const Value& root) {
   std::uint32_t number = 0;
   if (!enter(root, number)) return false;
-  while (!open_.empty() && !out_.isFull()) {
+  while (!open_.empty()) {
+    if (out_.isFull()) {
+      error_ = {ErrorKind::TooLarge, 0};
+      return false;
+    }
     Open& open = open_.back();
     const std::size_t size = open.value->size(), index = open.next++;
     if (index == size) {
@@ -116,18 +118,11 @@ std::uint32_t Writer::addNumber(const Value& value) {
 }  // namespace
 
 platform::Result<std::vector<std::uint8_t>, Error> writeBinary(const Value& value) {
-  bool merges = true;
-  for (std::size_t referenceSize = 1;;) {
-    Writer writer(merges, referenceSize);
+  for (bool merges = true;; merges = false) {
+    Writer writer(merges);
     if (!writer.add(value)) return writer.error();
-    if (writer.out().isFull()) {
-      if (!ObjectWriter::widen(referenceSize)) return Error{ErrorKind::TooLarge, 0};
-      continue;
-    }
     auto bytes = writer.out().finish();
     if (!merges || writer.out().cost() <= expansionLimit(bytes.size())) return bytes;
-    merges = false;
-    referenceSize = 1;
   }
 }
 

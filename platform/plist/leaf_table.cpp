@@ -79,8 +79,4 @@ void LeafTable::grow() {
   }
 }
 
-void LeafTable::forgetObjects() {
-  for (Entry& entry : entries_) entry.notes.object = 0;
-}
-
 }  // namespace plist

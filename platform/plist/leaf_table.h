@@ -26,8 +26,6 @@ class LeafTable {
 
   Notes& operator[](std::uint32_t position) { return entries_[position].notes; }
 
-  void forgetObjects();
-
  private:
   struct Entry {
     std::uint64_t hash;

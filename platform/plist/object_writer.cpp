@@ -12,7 +12,7 @@ namespace {
 constexpr std::string_view kHeader = "bplist00";
 constexpr std::size_t kTrailer = 32;
 constexpr std::size_t kLongestStart = 1 + 1 + 8;  // marker, length's marker, length
-constexpr std::size_t kFirstCapacity = 4096, kFirstCount = 256;
+constexpr std::size_t kFirstCapacity = 4096, kFirstCount = 256, kFirstGaps = 16;
 
 std::size_t widthFor(std::uint64_t number) {
   return number < 0x100 ? 1 : number < 0x10000 ? 2 : number < 0x100000000 ? 4 : 8;
@@ -42,26 +42,28 @@ std::uint8_t* writeStart(unsigned high, std::uint64_t count, std::uint8_t* to) {
 
 }  // namespace
 
-ObjectWriter::ObjectWriter(std::size_t referenceSize)
+ObjectWriter::ObjectWriter()
     : bytes_(std::make_unique_for_overwrite<std::uint8_t[]>(kFirstCapacity)),
       at_(kHeader.size()),
-      capacity_(kFirstCapacity),
-      referenceSize_(referenceSize),
-      limit_((std::uint64_t{1} << (8 * referenceSize)) - 1) {
+      capacity_(kFirstCapacity) {
   std::memcpy(bytes_.get(), kHeader.data(), kHeader.size());
   offsets_.reserve(kFirstCount);
+  gaps_.reserve(kFirstGaps);
+  members_.reserve(kFirstCount);
 }
 
 // Where the next object of at most this size goes.
-std::uint8_t* ObjectWriter::begin(std::size_t size) {
-  if (size > capacity_ - at_) {
-    capacity_ = std::max(2 * capacity_, at_ + size);
-    auto larger = std::make_unique_for_overwrite<std::uint8_t[]>(capacity_);
-    std::memcpy(larger.get(), bytes_.get(), at_);
-    bytes_ = std::move(larger);
-  }
+inline std::uint8_t* ObjectWriter::begin(std::size_t size) {
+  if (size > capacity_ - at_) grow(size);
   offsets_.push_back(at_);
   return bytes_.get() + at_;
+}
+
+void ObjectWriter::grow(std::size_t size) {
+  capacity_ = std::max(2 * capacity_, at_ + size);
+  auto larger = std::make_unique_for_overwrite<std::uint8_t[]>(capacity_);
+  std::memcpy(larger.get(), bytes_.get(), at_);
+  bytes_ = std::move(larger);
 }
 
 std::uint32_t ObjectWriter::addSized(unsigned marker, std::uint64_t number, std::size_t size) {
@@ -135,28 +137,36 @@ std::uint32_t ObjectWriter::addLeaf(const Value& leaf) {
 
 ObjectWriter::Container ObjectWriter::addContainer(ObjectType type, std::size_t count) {
   const bool isDictionary = type == ObjectType::Dictionary;
-  const std::size_t size = (isDictionary ? 2 * count : count) * referenceSize_;
+  const unsigned high = isDictionary ? 0xD : type == ObjectType::Set ? 0xC : 0xA;
   cost_ += memoryCost(type, count);
-  std::uint8_t* to = begin(kLongestStart + size);
-  to = writeStart(isDictionary ? 0xD : type == ObjectType::Set ? 0xC : 0xA, count, to);
-  const auto members = static_cast<std::size_t>(to - bytes_.get());
-  end(to + size);
+  end(writeStart(high, count, begin(kLongestStart)));
+  const std::size_t members = members_.size();
+  gaps_.push_back({at_, members});
+  members_.resize(members + (isDictionary ? 2 * count : count));
   return {last(), members};
 }
 
-void ObjectWriter::setWideMember(std::uint8_t* to, std::uint32_t object) const {
-  writeSized(object, referenceSize_, to);
-}
-
 std::vector<std::uint8_t> ObjectWriter::finish() {
-  const std::size_t table = at_, offsetSize = widthFor(table), count = offsets_.size();
+  const std::size_t count = offsets_.size(), referenceSize = widthFor(count);
+  const std::size_t table = at_ + members_.size() * referenceSize, offsetSize = widthFor(table);
   std::vector<std::uint8_t> all(table + count * offsetSize + kTrailer);
-  std::memcpy(all.data(), bytes_.get(), table);
-  std::uint8_t* to = all.data() + table;
-  for (const std::uint64_t offset : offsets_) to = writeSized(offset, offsetSize, to);
+  std::uint8_t* to = all.data();
+  std::size_t from = 0, member = 0;
+  gaps_.push_back({at_, members_.size()});
+  for (const Gap& gap : gaps_) {
+    for (; member < gap.members; ++member) to = writeSized(members_[member], referenceSize, to);
+    to = std::copy(bytes_.get() + from, bytes_.get() + gap.at, to);
+    from = gap.at;
+  }
+  auto next = gaps_.begin();
+  std::size_t before = 0;  // of the members, those that stand before an object
+  for (const std::uint64_t offset : offsets_) {
+    for (; next->at <= offset; ++next) before = (next + 1)->members;
+    to = writeSized(offset + before * referenceSize, offsetSize, to);
+  }
   to = writeSized(0, 6, to);
   to = writeSized(offsetSize, 1, to);
-  to = writeSized(referenceSize_, 1, to);
+  to = writeSized(referenceSize, 1, to);
   to = writeSized(count, 8, to);
   to = writeSized(0, 8, to);
   writeSized(table, 8, to);

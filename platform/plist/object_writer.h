@@ -11,11 +11,11 @@
 namespace plist {
 
 // Writes the objects of a binary property list in their order, the top one first. How wide a
-// reference is depends on how many objects there will be: begin with one byte, and when it turns
-// out to be full begin again with the next width.
+// reference is depends on how many objects there will be, so the members of containers are put in
+// at the end.
 class ObjectWriter {
  public:
-  explicit ObjectWriter(std::size_t referenceSize);
+  ObjectWriter();
 
   // Each writes an object and returns its number.
   std::uint32_t addText(std::string_view utf8, bool isAscii);
@@ -26,19 +26,15 @@ class ObjectWriter {
   // dictionary with n pairs 0 ... n-1 are keys and n ... 2n-1 values.
   struct Container {
     std::uint32_t number;
-    std::size_t members;
+    std::size_t members;  // where they are in members_
   };
   Container addContainer(ObjectType type, std::size_t count);
   void setMember(Container container, std::size_t index, std::uint32_t object) {
-    std::uint8_t* to = bytes_.get() + container.members + index * referenceSize_;
-    if (referenceSize_ == 1)
-      *to = static_cast<std::uint8_t>(object);
-    else
-      setWideMember(to, object);
+    members_[container.members + index] = object;
   }
 
-  // Whether there are more objects than references of this width can number.
-  bool isFull() const { return offsets_.size() > limit_; }
+  // Whether there are more objects than references can number.
+  bool isFull() const { return offsets_.size() > UINT32_MAX; }
 
   // Ends the property list. Only when it is not full.
   std::vector<std::uint8_t> finish();
@@ -48,12 +44,14 @@ class ObjectWriter {
   std::uint64_t cost() const { return cost_; }
   void chargeText(std::string_view text);
 
-  // The width to begin again with, and whether there is any.
-  static bool widen(std::size_t& referenceSize) { return (referenceSize *= 2) <= 4; }
-
  private:
+  // Where members are put into the bytes, and the first of them; they reach to those of the next.
+  struct Gap {
+    std::size_t at, members;
+  };
+
   std::uint8_t* begin(std::size_t size);
-  void setWideMember(std::uint8_t* to, std::uint32_t object) const;
+  void grow(std::size_t size);
   void end(std::uint8_t* to) { at_ = static_cast<std::size_t>(to - bytes_.get()); }
   std::uint32_t addSized(unsigned marker, std::uint64_t number, std::size_t size);
   std::uint32_t addInteger(const Value& integer);
@@ -62,9 +60,9 @@ class ObjectWriter {
 
   std::unique_ptr<std::uint8_t[]> bytes_;
   std::size_t at_, capacity_;
-  std::vector<std::uint64_t> offsets_;
-  std::size_t referenceSize_;
-  std::uint64_t limit_;
+  std::vector<std::uint64_t> offsets_;  // without the members
+  std::vector<Gap> gaps_;
+  std::vector<std::uint32_t> members_;
   std::uint64_t cost_ = 0;
 };
 

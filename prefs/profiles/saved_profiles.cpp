@@ -82,12 +82,9 @@ ProfileFiles profileFiles(const preferences::Environment& environment) {
   if (!names) return {.failure = names.error().code == ENOENT ? "" : names.error().message()};
   std::erase_if(*names,
                 [](auto& name) { return foundation::pathExtension(name) != kProfileExtension; });
-  ProfileFiles profiles = names->size() < kManyFiles
-                              ? readFiles(*folder, *names, environment.xml)
-                              : readInTwoThreads(*folder, *names, environment.xml);
-  platform::sortLocalized(profiles.files, environment.collator, &ProfileFile::path);
-  platform::sortLocalized(profiles.skipped, environment.collator, &platform::Error::path);
-  return profiles;
+  platform::sortLocalized(*names, environment.collator);
+  return names->size() < kManyFiles ? readFiles(*folder, *names, environment.xml)
+                                    : readInTwoThreads(*folder, *names, environment.xml);
 }
 
 SavedProfiles savedProfiles(const preferences::Environment& environment, TitleForm form) {
