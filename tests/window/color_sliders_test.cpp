@@ -133,6 +133,18 @@ TEST_F(ColorSliders, SlidersMixOnTheCustomRowAfterItsCellWentToOtherRows) {
   EXPECT_EQ(spoken("Mocha", kRadioButton), "#804000");
 }
 
+TEST_F(ColorSliders, ASliderThatIsOffScreenIsBroughtOnScreenToBeMoved) {
+  store("#010203");
+  openPicker("Alert Banner", 500);
+  ASSERT_TRUE(driver->until([this] { return driver->find("Red", kSlider); }));
+  ASSERT_GT(driver->place(driver->find("Red", kSlider)).top(), 500);
+  ASSERT_TRUE(driver->act("Red", kSlider, QAccessibleActionInterface::increaseAction()));
+  EXPECT_EQ(stored("bannercolor"), Value("#020203"));
+  EXPECT_EQ(at("Red"), 2);
+  EXPECT_LE(driver->place(driver->find("Red", kSlider)).bottom(), 500);
+  EXPECT_TRUE(bridge().problems().isEmpty());
+}
+
 TEST_F(ColorSliders, AMixIsKeptWhileTheCustomRowStaysOnScreen) {
   openPicker("Alert Banner", 844);
   toTheEnd();

@@ -151,6 +151,48 @@ TEST_F(Colors, TabGoesFromTheCustomRowToItsSlidersAndBack) {
   }
 }
 
+// What assistive technology reads of the table.
+QStringList read(const Driver& driver) {
+  QStringList all;
+  for (QQuickItem* item : driver.items()) {
+    QAccessibleInterface* found = QAccessible::queryAccessibleInterface(item);
+    if (!found || found->text(QAccessible::Name).isEmpty()) continue;
+    QString line = QString("%1 \"%2\" %3")
+                       .arg(found->role())
+                       .arg(found->text(QAccessible::Name), found->text(QAccessible::Description));
+    if (found->state().checked) line += ", checked";
+    if (auto* value = found->valueInterface()) line += ", " + value->currentValue().toString();
+    all << line;
+  }
+  return all;
+}
+
+TEST_F(Colors, RowsThatAreOffScreenReadLikeRowsOnScreen) {
+  store("#804000");
+  openPicker("Alert Banner");
+  const QStringList whole = read(*driver);
+  ASSERT_GT(whole.size(), 64);
+  driver->click("Back");
+  driver->resize(390, 800);
+  driver->click("Alert Banner", kButton);
+  ASSERT_LT(page().tableRows.size(), 20u);
+  driver->until([&] { return read(*driver) == whole; });  // rows are made one after another
+  ASSERT_EQ(read(*driver), whole);
+  EXPECT_TRUE(ticked("Mocha"));
+}
+
+TEST_F(Colors, ARowThatIsOffScreenIsBroughtOnScreenToBeChosen) {
+  openPicker("Alert Banner", 500);
+  ASSERT_TRUE(driver->until([this] { return driver->find("Mocha", kRadioButton); }));
+  ASSERT_GT(driver->place(driver->find("Mocha", kRadioButton)).top(), 500);
+  ASSERT_TRUE(driver->act("Mocha", kRadioButton, QAccessibleActionInterface::pressAction()));
+  EXPECT_EQ(stored("bannercolor"), Value("#804000"));
+  EXPECT_TRUE(ticked("Mocha"));
+  EXPECT_FALSE(ticked("Quorvantis"));
+  EXPECT_LE(driver->place(driver->find("Mocha", kRadioButton)).bottom(), 500);
+  EXPECT_TRUE(bridge().problems().isEmpty());
+}
+
 TEST_F(Colors, ComingToTheForegroundShowsWhatOthersHaveStored) {
   foundation::Preferences another(device->root());
   ASSERT_TRUE(another.setAppValue("bannercolor", "#FF9500", "com.zorvek.quorvantis"));
