@@ -40,7 +40,8 @@ void withhold(PageView& page) {
   page.barButton = false;
   for (RowView& row : page.rows)
     if (!row.key.empty()) withhold(row);
-  for (auto& [index, row] : page.tableRows) row.ticked = row.usable = false;
+  for (auto* rows : {&page.tableRows, &page.offScreen})
+    for (auto& [index, row] : *rows) row.ticked = row.usable = false;
   page.chosen = -1;
   page.opener.reset();
 }

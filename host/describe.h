@@ -28,7 +28,8 @@ std::string shownText(const preferences::PSSpecifier& row, const plist::Value& v
 bool sameShown(const preferences::PSSpecifier& row, const plist::Value& a, const plist::Value& b);
 // The part of a row that its color makes.
 void describeColor(const prefs::ZorvekColorPickerQuorvantisLinkCell& cell, RowView& row);
-// The sections, the rows on screen (`entries` from `first` on), and what is chosen.
+// The sections, the rows on screen (`entries` from `first` on), those of a page of colors that are
+// off screen, and what is chosen.
 void describeTable(preferences::PSViewController& page, int first, int entries, PageView& view);
 // `page`: where the view may stand that a sheet points to; may be null.
 AlertView describeAlert(uikit::Alert& alert, preferences::PSListController* page);

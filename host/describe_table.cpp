@@ -66,6 +66,17 @@ int chosenIn(PSListItemsController& page) {
   return recipient ? row.indexOfValue(list->valueOf(*recipient)) : -1;
 }
 
+std::map<int, TableRowView> rowsOffScreen(ZorvekColorPickerQuorvantis& picker,
+                                          const std::map<int, TableRowView>& onScreen) {
+  std::map<int, TableRowView> rows;
+  uikit::TableView& table = *picker.table();
+  const int count = table.rowCount();
+  for (int i = 0; i < count; ++i)
+    if (!onScreen.contains(i))
+      rows.emplace(i, describeCell(*picker.cellOffScreen(table.pathOfRow(i))));
+  return rows;
+}
+
 // The opener's own cell is off screen, and shows the color of its last layout.
 std::optional<RowView> describeOpener(const ZorvekColorPickerQuorvantis& picker) {
   preferences::PSSpecifier* row = picker.specifier();
@@ -100,6 +111,7 @@ void describeTable(preferences::PSViewController& page, int first, int entries, 
   } else if (auto* picker = dynamic_cast<ZorvekColorPickerQuorvantis*>(&page)) {
     view.sections[prefs::kCustomSection].mixes = true;
     view.opener = describeOpener(*picker);
+    view.offScreen = rowsOffScreen(*picker, view.tableRows);
   }
 }
 

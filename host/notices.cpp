@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "host/battery_log.h"
+#include "host/text.h"
 #include "prefs/core/names.h"
 #include "prefs/keys.h"
 #include "prefs/profiles/saved_profiles.h"
@@ -13,25 +14,16 @@
 namespace host {
 namespace {
 
-constexpr std::size_t kMostNames = 3;
-
 std::string realPath(const foundation::DeviceRoot& root, std::string_view path) {
   return onMachine({.source = Source::Settings, .file = std::string(path)}, root).file;
 }
 
-// "profile_20.qvx, profile_30.qvx", "profile_1.qvx, profile_2.qvx, profile_3.qvx and 5 more".
-std::string namesOf(const std::vector<platform::Error>& skipped) {
-  std::string names;
-  for (std::size_t i = 0; i < std::min(skipped.size(), kMostNames); ++i)
-    names += (i == 0 ? "" : ", ") + skipped[i].path.substr(skipped[i].path.rfind('/') + 1);
-  const std::size_t more = skipped.size() - std::min(skipped.size(), kMostNames);
-  return more == 0 ? names : names + " and " + std::to_string(more) + " more";
-}
-
 std::string profilesNotice(const preferences::Environment& environment) {
   const auto profiles = prefs::profileFiles(environment);
-  if (profiles.failure.empty()) return unreadableProfiles(profiles.skipped, environment.root);
-  return "The profiles can't be read: " + realPath(environment.root, prefs::kDocuments);
+  const std::string folder = realPath(environment.root, prefs::kDocuments);
+  if (!profiles.failure.empty()) return "The profiles can't be read: " + folder;
+  if (profiles.skipped.empty()) return {};
+  return capital(prefs::errorOfSkipped(profiles.skipped).what) + " in " + folder;
 }
 
 // What would fill a list, by the row that leads to it.
@@ -60,11 +52,9 @@ std::string wordsFor(std::span<const std::pair<std::string_view, std::string_vie
 
 }  // namespace
 
-std::string unreadableProfiles(const std::vector<platform::Error>& skipped,
-                               const foundation::DeviceRoot& root) {
-  if (skipped.empty()) return {};
-  return "No profile can be read from " + namesOf(skipped) + " in " +
-         realPath(root, prefs::kDocuments);
+std::optional<Problem> unreadableProfiles(const std::vector<platform::Error>& skipped) {
+  if (skipped.empty()) return std::nullopt;
+  return problemOf(Source::Profiles, prefs::errorOfSkipped(skipped));
 }
 
 std::string unreadableIn(const preferences::PSSpecifier& row,

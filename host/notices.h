@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,9 +15,9 @@ namespace host {
 std::string unreadableIn(const preferences::PSSpecifier& row,
                          const preferences::Environment& environment);
 
-// The former of these, of what a listing has skipped; empty where that is nothing.
-std::string unreadableProfiles(const std::vector<platform::Error>& skipped,
-                               const foundation::DeviceRoot& root);
+// What is to be reported of the files that a listing of profiles has skipped; nothing where there
+// are none.
+std::optional<Problem> unreadableProfiles(const std::vector<platform::Error>& skipped);
 
 // In place of the number of a list's entries where it can't be read.
 inline constexpr const char* kCannotBeRead = "Can't be read";

@@ -3,13 +3,17 @@
 #include <cerrno>
 
 #include "host/text.h"
+#include "host/triggers.h"
 #include "prefs/profiles/ProfilesListController.h"
+#include "prefs/profiles/saved_profiles.h"
 
 namespace host {
 namespace {
 
 using platform::Error;
 using platform::ErrorKind;
+
+constexpr char kDamaged[] = "The profile can't be read: its file is damaged.";
 
 int codeOf(const Error& error) {
   const int behind = error.cause ? codeOf(*error.cause) : 0;
@@ -86,7 +90,10 @@ std::string whatOf(Source source, const Error& error) {
 }  // namespace
 
 std::string plainWords(Source source, const Error& error) {
+  if (source == Source::Profiles && error.what.starts_with(prefs::kNoProfileIn))
+    return capital(error.what) + ".";
   const int code = codeOf(error);
+  if (source == Source::Profiles && code == 0 && isProfilePath(error.path)) return kDamaged;
   return code == 0 ? std::string() : whatOf(source, error) + ": " + whyOf(code) + ".";
 }
 

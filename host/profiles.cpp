@@ -21,8 +21,6 @@ namespace {
 
 using platform::Done;
 
-constexpr char kDamaged[] = "The profile can't be read: its file is damaged.";
-
 // The message without the path that it begins with, if it does.
 Failure failure(Failure::Reason reason, const std::string& path, std::string message) {
   if (message.starts_with(path + ": ")) message.erase(0, path.size() + 2);
@@ -47,7 +45,6 @@ Failure failureOf(const Trigger& trigger, const platform::Error& error) {
   if (error.code == ENOENT) return noProfile(trigger);
   Failure failed = failure(Failure::Failed, trigger.path, error.message());
   failed.problem.plain = plainWords(Source::Profiles, error);
-  if (failed.problem.plain.empty()) failed.problem.plain = kDamaged;
   failed.problem.file = trigger.path;
   return failed;
 }

@@ -178,7 +178,7 @@ struct SliderPanelView {
   bool operator==(const SliderPanelView&) const = default;
 };
 
-// One row of a table page, while it is on screen.
+// One row of a table page.
 struct TableRowView {
   std::optional<std::string> title, detail;
   std::optional<uikit::Color> image;
@@ -214,9 +214,11 @@ struct PageView {
   // A table page: a list of choices, or colors.
   std::vector<SectionView> sections;
   std::map<int, TableRowView> tableRows;  // those on screen, counted over all sections
-  ChoiceList choices;                     // null on a page of colors
-  int chosen = -1;                        // the ticked choice; -1: none, or not a list of choices
-  bool stores = false;                    // choosing one of the choices changes a setting
+  // On a page of colors all others, as they would come on screen.
+  std::map<int, TableRowView> offScreen;
+  ChoiceList choices;   // null on a page of colors
+  int chosen = -1;      // the ticked choice; -1: none, or not a list of choices
+  bool stores = false;  // choosing one of the choices changes a setting
   // The row that opened a page of colors, with the color that is chosen now.
   std::optional<RowView> opener;
 

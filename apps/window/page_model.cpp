@@ -132,9 +132,17 @@ void PageModel::choose(int row, int choice) {
   performOn(row, host::Set{row, segments->choices->values[choice]});
 }
 
-void PageModel::select(int entry) {
-  if (entry < view_.firstShown || entry >= view_.firstShown + viewport_)
+// The view of a table of colors scrolls there and reports what it shows then.
+void PageModel::bringOnScreen(int entry) {
+  if (entry >= view_.firstShown && entry < view_.firstShown + viewport_) return;
+  if (swatches_)
+    emit rowWanted(entry);
+  else
     perform(host::Scroll{entry});
+}
+
+void PageModel::select(int entry) {
+  bringOnScreen(entry);
   int section = 0, index = entry;
   while (section < std::ssize(view_.sections) - 1 && index >= view_.sections[section].rows)
     index -= view_.sections[section++].rows;
@@ -142,6 +150,11 @@ void PageModel::select(int entry) {
 }
 
 void PageModel::drag(int tag, double value, bool release) {
+  for (const auto& [entry, row] : view_.offScreen) {
+    if (!row.panel) continue;
+    bringOnScreen(entry);
+    break;
+  }
   perform(host::Drag{tag, value, release});
 }
 

@@ -104,6 +104,7 @@ class PageModel : public QObject {
   bool isShown() const;
   bool perform(const host::Request& request, const QString& badValue = {});
   // On a row, which assistive technology may operate while it is off screen.
+  void bringOnScreen(int entry);  // of a table
   bool performOn(int row, const host::Request& request, const QString& badValue = {});
 
   SettingsBridge& bridge_;

@@ -43,21 +43,16 @@ void SwatchModel::setSections(const std::vector<host::SectionView>& sections) {
 
 void SwatchModel::refresh(const host::PageView& view) {
   if (view.sections != sections_) setSections(view.sections);
-  int ticked = ticked_;
-  for (const auto& [i, shown] : view.tableRows) {
-    if (i >= rowCount()) break;
-    Swatch row = rows_[i];
-    describe(shown, row);
-    if (row.ticked) ticked = i;
-    update(i, std::move(row));
+  int ticked = -1;
+  for (const auto* rows : {&view.offScreen, &view.tableRows}) {
+    for (const auto& [i, shown] : *rows) {
+      Swatch row = rows_[i];
+      describe(shown, row);
+      if (row.ticked) ticked = i;
+      update(i, std::move(row));
+    }
   }
   if (ticked == ticked_) return;
-  // The row that was ticked may have been off screen meanwhile.
-  if (ticked_ >= 0 && ticked_ < rowCount()) {
-    Swatch before = rows_[ticked_];
-    before.ticked = false;
-    update(ticked_, std::move(before));
-  }
   ticked_ = ticked;
   emit tickedIndexChanged();
 }

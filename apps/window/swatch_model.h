@@ -30,8 +30,7 @@ struct PartSlider {
   bool operator==(const PartSlider&) const = default;
 };
 
-// What the window shows of one row of a table of colors. A row that is off screen is as it was when
-// it was last on it.
+// What the window shows of one row of a table of colors.
 struct Swatch {
   Q_GADGET
   QML_VALUE_TYPE(swatch)

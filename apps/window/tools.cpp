@@ -25,18 +25,17 @@ host::Settings& Tools::settings() {
 host::Attempt<std::vector<host::SavedProfile>> Tools::listProfiles() {
   auto found = savedProfiles().listing();
   if (!found) return found.error();
-  host::Problem now = unreadable_;
-  now.words = host::unreadableProfiles(found->skipped, device_.root());
+  auto now = host::unreadableProfiles(found->skipped);
   if (now != unreadable_) {
-    application_.withdraw(unreadable_);
-    unreadable_ = now;
-    if (!now.words.empty()) application_.report(now);
+    if (unreadable_) application_.withdraw(*unreadable_);
+    if (now) application_.report(*now);
+    unreadable_ = std::move(now);
   }
   return std::move(found->profiles);
 }
 
 void Tools::lookAgain() {
-  if (!unreadable_.words.empty()) static_cast<void>(listProfiles());
+  if (unreadable_) static_cast<void>(listProfiles());
 }
 
 void Tools::report(const host::Failure& failure) {

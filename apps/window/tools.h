@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QQuickItem>
 #include <QVariant>
+#include <optional>
 #include <string>
 
 #include "apps/window/changes_tool.h"
@@ -88,7 +89,7 @@ class Tools : public QObject {
   host::Application& application_;
   host::Device& device_;
   std::unique_ptr<host::UnseenSettings> settings_;
-  host::Problem unreadable_{.source = host::Source::Profiles};  // without words: there is none
+  std::optional<host::Problem> unreadable_;  // of profiles
   SearchTool search_{*this};
   ChangesTool changes_{*this};
   ProfilesTool profiles_{*this};

@@ -117,12 +117,24 @@ std::shared_ptr<TableViewCell> ZorvekColorPickerQuorvantis::tableViewCellForRowA
   if (!entryAt(path)) return nullptr;
   auto cell = dequeueSwatchCell(table);
   clearSwatchCell(*cell);
-  showEntry(*cell, path);
-  if (path.section == kCustomSection) showCustomColor(*cell, path);
+  if (showRow(*cell, path)) selectedIndexPath = path;
   return cell;
 }
 
-void ZorvekColorPickerQuorvantis::showEntry(TableViewCell& cell, IndexPath path) {
+std::shared_ptr<TableViewCell> ZorvekColorPickerQuorvantis::cellOffScreen(IndexPath path) {
+  if (!entryAt(path)) return nullptr;
+  auto cell = makeSwatchCell();
+  showRow(*cell, path);
+  return cell;
+}
+
+bool ZorvekColorPickerQuorvantis::showRow(TableViewCell& cell, IndexPath path) {
+  const bool selected = showEntry(cell, path);
+  if (path.section != kCustomSection) return selected;
+  return showCustomColor(cell) || selected;
+}
+
+bool ZorvekColorPickerQuorvantis::showEntry(TableViewCell& cell, IndexPath path) {
   const auto& [name, hex] = *entryAt(path);
   cell.textLabel.text = name;
   if (path.section == kSpecialSection) {
@@ -133,11 +145,11 @@ void ZorvekColorPickerQuorvantis::showEntry(TableViewCell& cell, IndexPath path)
   }
   if (hex == kWhite) addSwatchBorder(cell);
   const bool selected = textOf(selectedColor) == hex;
-  if (selected) selectedIndexPath = path;
   cell.accessory = selected ? Accessory::Checkmark : Accessory::None;
+  return selected;
 }
 
-void ZorvekColorPickerQuorvantis::showCustomColor(TableViewCell& cell, IndexPath path) {
+bool ZorvekColorPickerQuorvantis::showCustomColor(TableViewCell& cell) {
   cell.detailTextLabel.text = captionOf(selectedColor);
   const std::string shown = cell.detailTextLabel.text.value_or("");
   cell.imageView.image = rowThumbnail(shown);
@@ -145,8 +157,8 @@ void ZorvekColorPickerQuorvantis::showCustomColor(TableViewCell& cell, IndexPath
   cell.tag = kCustomCellTag;
   addSwatchBorder(cell);
   const bool preset = presetColorExists(textOf(selectedColor));
-  if (!preset) selectedIndexPath = path;
   cell.accessory = preset ? Accessory::None : Accessory::Checkmark;
+  return !preset;
 }
 
 void ZorvekColorPickerQuorvantis::tableViewDidSelectRowAtIndexPath(TableView& table,

@@ -51,6 +51,9 @@ class ZorvekColorPickerQuorvantis : public preferences::PSViewController,
   std::shared_ptr<uikit::TableViewCell> tableViewCellForRowAtIndexPath(
       uikit::TableView& table, uikit::IndexPath path) override;
   void tableViewDidSelectRowAtIndexPath(uikit::TableView& table, uikit::IndexPath path) override;
+  // What a row that is off screen would show if it came on it, in a cell beside the table; the page
+  // stays as it is. Null for a row that no palette has.
+  std::shared_ptr<uikit::TableViewCell> cellOffScreen(uikit::IndexPath path);
 
   // Stores the color and posts; an unset color removes the key.
   void notifyTweak(const std::optional<std::string>& color);
@@ -69,8 +72,10 @@ class ZorvekColorPickerQuorvantis : public preferences::PSViewController,
   static const preferences::Operations ownOperations;
 
  private:
-  void showEntry(uikit::TableViewCell& cell, uikit::IndexPath path);
-  void showCustomColor(uikit::TableViewCell& cell, uikit::IndexPath path);
+  // Whether the row counts as the one that was last ticked.
+  bool showRow(uikit::TableViewCell& cell, uikit::IndexPath path);
+  bool showEntry(uikit::TableViewCell& cell, uikit::IndexPath path);
+  bool showCustomColor(uikit::TableViewCell& cell);
   uikit::Slider* slider(int tag) const;
 
   std::shared_ptr<uikit::TableView> table_;

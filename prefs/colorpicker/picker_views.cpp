@@ -39,8 +39,7 @@ std::shared_ptr<uikit::Slider> makeSlider(const Component& component, const uiki
 
 }  // namespace
 
-std::shared_ptr<uikit::TableViewCell> dequeueSwatchCell(uikit::TableView& table) {
-  if (auto waiting = table.dequeueReusableCellWithIdentifier(kIdentifier)) return waiting;
+std::shared_ptr<uikit::TableViewCell> makeSwatchCell() {
   auto cell =
       std::make_shared<uikit::TableViewCell>(uikit::CellStyle::Subtitle, std::string(kIdentifier));
   cell->opaque = true;
@@ -51,6 +50,11 @@ std::shared_ptr<uikit::TableViewCell> dequeueSwatchCell(uikit::TableView& table)
   cell->detailTextLabel.fontSize = 10;
   cell->detailTextLabel.textColor = uikit::Color{0.7, 0.7, 0.7, 1};
   return cell;
+}
+
+std::shared_ptr<uikit::TableViewCell> dequeueSwatchCell(uikit::TableView& table) {
+  auto waiting = table.dequeueReusableCellWithIdentifier(kIdentifier);
+  return waiting ? waiting : makeSwatchCell();
 }
 
 void clearSwatchCell(uikit::TableViewCell& cell) {

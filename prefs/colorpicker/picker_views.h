@@ -9,7 +9,9 @@
 // of the custom row.
 namespace prefs {
 
-// A cell that waits for reuse, else a new one: name above a smaller color text, no highlight.
+// A new one: name above a smaller color text, no highlight.
+std::shared_ptr<uikit::TableViewCell> makeSwatchCell();
+// One that waits for reuse, else a new one.
 std::shared_ptr<uikit::TableViewCell> dequeueSwatchCell(uikit::TableView& table);
 
 // Removes what an earlier use left: texts, image, border width, slider panel. The tag stays, and

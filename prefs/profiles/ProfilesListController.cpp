@@ -101,7 +101,7 @@ void ProfilesListController::saveProfileOverwriteIfExists(std::int32_t row, bool
 void ProfilesListController::loadProfile(std::int32_t row) {
   if (!lists_.hasRow(row)) return reportNothingDone("loaded", row);
   const auto loaded = loadProfileAtPath(lists_.fileNameArray[row]);
-  if (!loaded) report(loaded.error().message());
+  if (!loaded) report(loaded.error());
 }
 
 platform::Result<LoadedProfile> ProfilesListController::loadProfileAtPath(
@@ -150,15 +150,17 @@ void ProfilesListController::viewDidLoad() {
       uikit::BarButtonSystemItem::Compose, weak_from_this(), "showProfileManagerBar");
 }
 
+void ProfilesListController::report(const platform::Error& error) const {
+  if (environment().problemHandler) environment().problemHandler(error);
+}
+
 void ProfilesListController::report(const std::string& problem) const {
-  if (environment().problemHandler) environment().problemHandler({.what = problem});
+  report(platform::Error{.what = problem});
 }
 
 void ProfilesListController::report(std::string_view notDone, const platform::Error& error) const {
-  if (!environment().problemHandler) return;
-  if (error.kind == platform::ErrorKind::Unconfirmed) return environment().problemHandler(error);
-  environment().problemHandler(
-      platform::Error{.what = std::string(notDone)}.because(error).as(error.kind));
+  if (error.kind == platform::ErrorKind::Unconfirmed) return report(error);
+  report(platform::Error{.what = std::string(notDone)}.because(error).as(error.kind));
 }
 
 void ProfilesListController::reportNothingDone(std::string_view done, std::int32_t row) const {

@@ -84,6 +84,7 @@ class ProfilesListController : public preferences::PSListController,
   std::shared_ptr<uikit::PickerView> makePicker();
   void selectTriggerSavedLast();
   void confirmOverwrite(std::int32_t row);
+  void report(const platform::Error& error) const;
   void report(const std::string& problem) const;
   void report(std::string_view notDone, const platform::Error& error) const;
   void reportNothingDone(std::string_view done, std::int32_t row) const;

@@ -139,7 +139,7 @@ void ProfilesListController::alertViewClickedButtonAtIndex(uikit::AlertView* ale
 TriggerPickerLists ProfilesListController::makeLists(std::int32_t tag) const {
   if (tag == kSaveTag) return listsOfTriggers(environment().collator);
   SavedProfiles saved = savedProfiles(environment(), TitleForm::Trigger);
-  for (const platform::Error& error : saved.skipped) report(error.message());
+  if (!saved.skipped.empty()) report(errorOfSkipped(saved.skipped));
   return listsOfProfiles(std::move(saved));
 }
 

@@ -28,6 +28,17 @@ std::string titleOf(const ProfileFile& profile, TitleForm form) {
   return title;
 }
 
+constexpr std::size_t kMostNames = 3;
+
+// "profile_20.qvx, profile_30.qvx", "profile_1.qvx, profile_2.qvx, profile_3.qvx and 5 more".
+std::string namesOf(const std::vector<platform::Error>& skipped) {
+  std::string names;
+  for (std::size_t i = 0; i < std::min(skipped.size(), kMostNames); ++i)
+    names += (i == 0 ? "" : ", ") + skipped[i].path.substr(skipped[i].path.rfind('/') + 1);
+  const std::size_t more = skipped.size() - std::min(skipped.size(), kMostNames);
+  return more == 0 ? names : names + " and " + std::to_string(more) + " more";
+}
+
 // Each takes a few microseconds, so that a second thread is worth its cost for thousands only.
 constexpr std::size_t kManyFiles = 2000;
 
@@ -64,6 +75,14 @@ ProfileFiles readInTwoThreads(const foundation::Directory& folder,
 }
 
 }  // namespace
+
+platform::Error errorOfSkipped(const std::vector<platform::Error>& skipped) {
+  platform::Error reason = skipped.front();
+  reason.path.clear();
+  return platform::Error{.path = std::string(kDocuments),
+                         .what = std::string(kNoProfileIn) + namesOf(skipped)}
+      .because(std::move(reason));
+}
 
 void sortTitles(std::vector<std::string>& titles, platform::Collator& collator) {
   platform::sortLocalized(titles, collator);

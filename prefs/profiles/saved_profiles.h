@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/preferences/environment.h"
@@ -39,6 +40,12 @@ struct SavedProfiles {
 // Of profileFiles(). An archive without a dictionary or without a trigger is listed as
 // "Battery (null)%", a trigger that isn't text by its description.
 SavedProfiles savedProfiles(const preferences::Environment& environment, TitleForm form);
+
+// What is to be reported of files that were skipped, of which there are some, as one error about
+// the folder: it names three of them at most, and has the reason of the first one behind it.
+platform::Error errorOfSkipped(const std::vector<platform::Error>& skipped);
+// How its words begin.
+inline constexpr std::string_view kNoProfileIn = "no profile can be read from ";
 
 // With localizedStandardCompare:, what compares equal stays in order; but events are in the order
 // of their codes whatever the user's language: in Czech "ch" comes behind "d", and a title would

@@ -111,6 +111,21 @@ TEST(DescribeTables, OnlyRowsOnScreenAreDescribed) {
   EXPECT_THAT(rows, testing::ElementsAre(4, 5, 6));
 }
 
+TEST(DescribeTables, ColorsOffScreenAreDescribedAsTheyWouldComeOnScreen) {
+  Shown shown(links(), 1000);
+  ASSERT_TRUE(shown.application.perform(host::Tap{"color"}));
+  const auto page = [&] { return *describe(shown.application).shown(); };
+  const auto all = page().tableRows;
+  EXPECT_TRUE(page().offScreen.empty());
+  ASSERT_TRUE(shown.application.perform(host::Scroll{0, 3}));
+  auto rows = page().offScreen;
+  EXPECT_EQ(rows.size(), all.size() - 3);
+  EXPECT_TRUE(rows.at(3).ticked) << "System Blue";
+  EXPECT_TRUE(rows.rbegin()->second.panel);
+  rows.merge(page().tableRows);
+  EXPECT_EQ(rows, all);
+}
+
 TEST(DescribeTables, ColorsStandInSectionsAndTheLastOneMixes) {
   Shown shown(links(), 1000);
   ASSERT_TRUE(shown.application.perform(host::Tap{"color"}));

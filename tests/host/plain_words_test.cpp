@@ -44,6 +44,21 @@ TEST(PlainWords, OfWhatIsKeptSayWhatFailedOfIt) {
             "What is kept of earlier settings can't be read or changed: the disk is full.");
 }
 
+TEST(PlainWords, SayWhichProfilesCantBeReadWithoutTheReasons) {
+  const Error skipped = Error{.path = "/var/mobile/Documents/Quorvantis/",
+                              .what = "no profile can be read from profile_7.qvx and 2 more"}
+                            .because(Error{.code = EACCES, .what = "open"});
+  EXPECT_EQ(host::plainWords(Source::Profiles, skipped),
+            "No profile can be read from profile_7.qvx and 2 more.");
+  EXPECT_EQ(host::fileOf(skipped), "/var/mobile/Documents/Quorvantis/");
+}
+
+TEST(PlainWords, SayThatAProfilesFileIsDamaged) {
+  EXPECT_EQ(host::plainWords(Source::Profiles, Error{kProfile, 0, "not a keyed archive"}),
+            "The profile can't be read: its file is damaged.");
+  EXPECT_EQ(host::plainWords(Source::Settings, Error{kProfile, 0, "not a keyed archive"}), "");
+}
+
 TEST(PlainWords, OfAProfileThatIsNotAnArchiveDoNotSayThatItWasNot) {
   const auto error = Error{.what = "not a keyed archive"}.because(Error{kProfile, EIO, "read"});
   EXPECT_EQ(host::plainWords(Source::Profiles, error),

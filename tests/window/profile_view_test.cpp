@@ -1,31 +1,14 @@
-#include <QMimeData>
-
-#include "apps/window/tools.h"
 #include "host/undo.h"
-#include "prefs/core/names.h"
-#include "tests/window/bundle_window.h"
+#include "tests/window/profile_window.h"
 
 namespace {
 
 using plist::Dictionary;
 using plist::Value;
 
-constexpr const char* kProfile20 = "/var/mobile/Documents/Quorvantis/profile_20.qvx";
-constexpr const char* kProfile101 = "/var/mobile/Documents/Quorvantis/profile_101.qvx";
-
-class ProfileView : public BundleWindow {
+// What is seen of one profile, and what is done with it.
+class ProfileView : public ProfileWindow {
  protected:
-  void openWithProfiles(const char* pageClass = nullptr) {
-    write(kProfile20,
-          Dictionary{{"profilepercentage", "20"}, {"profiledescription", "Night"}, {"vibrate", 1}});
-    write(kProfile101, Dictionary{{"profilepercentage", "101"}, {"flashled", 1}});
-    open(pageClass);
-  }
-  void show(const char* path) {
-    emit bridge().tools()->profileWanted(path);
-    driver->waitUntilIdle();
-    ASSERT_FALSE(driver->itemsOfType("ProfileView").empty());
-  }
   // The rows below a heading, "Vibrate: off → on" or "Vibrate: on".
   QStringList below(const QString& heading) const {
     QStringList rows;
@@ -38,51 +21,7 @@ class ProfileView : public BundleWindow {
     }
     return rows;
   }
-  ::window::ProfileTool& opened() { return *bridge().tools()->profiles()->opened(); }
-  QString exported(const char* name) { return folder.filePath(name); }
-  void drop(const QString& file) {
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(file)});
-    const QPoint at(100, 300);
-    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(window, &enter);
-    QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(window, &drop);
-    driver->waitUntilIdle();
-  }
-  int questions() const {
-    int count = 0;
-    for (const QObject* each : window->findChildren<QObject*>())
-      count += QByteArray(each->metaObject()->className()).startsWith("AskPopup_QML");
-    return count;
-  }
 };
-
-TEST_F(ProfileView, TheMenuListsTheSavedProfilesAndTheStripFillsTheirTriggers) {
-  openWithProfiles();
-  driver->click("More", kButton);
-  driver->click("Saved Profiles…", kButton);
-  EXPECT_TRUE(driver->shows("Battery 20%") && driver->shows("Night"));
-  EXPECT_TRUE(driver->shows("Charging started"));
-  std::map<QString, int> bars;
-  std::vector<QQuickItem*> filled;
-  for (QQuickItem* item : driver->items()) {
-    ++bars[item->objectName()];
-    if (item->objectName() == "filled") filled.push_back(item);
-  }
-  EXPECT_EQ(bars["filled"], 2);
-  EXPECT_EQ(bars["free"], 106);
-  driver->clickItem(filled.front());
-  EXPECT_EQ(opened().title(), "Battery 20%");
-  EXPECT_FALSE(driver->itemsOfType("ProfileView").empty());
-}
-
-TEST_F(ProfileView, WithoutProfilesTheListSaysWhatWouldFillIt) {
-  open();
-  emit bridge().tools()->profilesWanted();
-  driver->waitUntilIdle();
-  EXPECT_TRUE(driver->shows("No saved profiles"));
-}
 
 TEST_F(ProfileView, SaysWhatALoadWouldChangeAsTheDiffDoes) {
   openWithProfiles("UserNotificationListController");
@@ -150,38 +89,6 @@ TEST_F(ProfileView, DeleteAsksFirstAndTheHarmlessButtonHasTheKeyboard) {
   EXPECT_TRUE(driver->until([&] { return driver->itemsOfType("ProfileView").empty(); }));
 }
 
-TEST_F(ProfileView, WhatIsExportedIsImportedAgain) {
-  openWithProfiles();
-  show(kProfile20);
-  ASSERT_TRUE(opened().exportTo(exported("p.plist"), false));
-  ASSERT_TRUE(opened().remove());
-  ASSERT_FALSE(exists(kProfile20));
-  bridge().tools()->profiles()->importFile(exported("p.plist"), false);
-  EXPECT_TRUE(exists(kProfile20));
-}
-
-TEST_F(ProfileView, AnExportAsksBeforeItReplacesAFile) {
-  openWithProfiles();
-  show(kProfile20);
-  QFile file(exported("p.plist"));
-  ASSERT_TRUE(file.open(QFile::WriteOnly));
-  file.write("mine");
-  file.close();
-  const auto content = [&] {
-    return file.open(QFile::ReadOnly) ? QFile::decodeName(file.readAll()) : QString();
-  };
-  EXPECT_FALSE(opened().exportTo(exported("p.plist"), false));
-  driver->waitUntilIdle();
-  ASSERT_TRUE(driver->shows("Replace This File?") && driver->shows(exported("p.plist")));
-  EXPECT_EQ(driver->focused(), "Cancel");
-  EXPECT_EQ(content(), "mine");
-  file.close();
-  driver->click("Replace", kButton);
-  EXPECT_TRUE(content().startsWith("<?xml"));
-  EXPECT_TRUE(driver->shows("Exported to " + exported("p.plist")));
-  EXPECT_TRUE(bridge().problems().isEmpty());
-}
-
 TEST_F(ProfileView, FollowsWhatOtherProgramsChange) {
   openWithProfiles();
   show(kProfile20);
@@ -239,91 +146,6 @@ TEST_F(ProfileView, WhatWasDoneIsNotSaidAfterItWasUndone) {
   closeAll();
 }
 
-TEST_F(ProfileView, KeysLeadThroughALongMenuOfProfiles) {
-  for (int i = 1; i <= 30; ++i)
-    write("/var/mobile/Documents/Quorvantis/profile_" + std::to_string(i) + ".qvx",
-          Dictionary{{"profilepercentage", std::to_string(i)}});
-  openWithProfiles();
-  show(kProfile20);
-  driver->key(Qt::Key_Tab);
-  driver->find("Compare With…", kButton)->forceActiveFocus(Qt::TabFocusReason);
-  driver->key(Qt::Key_Return);
-  EXPECT_EQ(driver->focused(), "The current settings");
-  EXPECT_EQ(driver->rings(), 1);
-  driver->key(Qt::Key_End);
-  EXPECT_EQ(driver->focused(), "Charging started");
-  driver->key(Qt::Key_Home);
-  EXPECT_EQ(driver->focused(), "The current settings");
-  driver->type("battery 17");
-  EXPECT_EQ(driver->focused(), "Battery 17%");
-  const QRectF place = driver->place(window->activeFocusItem());
-  EXPECT_TRUE(place.top() >= 0 && place.bottom() <= window->height());
-  driver->key(Qt::Key_Return);
-  EXPECT_EQ(opened().other(), "Battery 17%");
-}
-
-TEST_F(ProfileView, OfSeveralDroppedFilesTheFirstIsImportedAndThatIsSaid) {
-  openWithProfiles();
-  show(kProfile101);
-  ASSERT_TRUE(opened().exportTo(exported("one.plist"), false));
-  ASSERT_TRUE(opened().remove());
-  driver->waitUntilIdle();
-  bridge().tools()->profiles()->importUrls(
-      {QUrl::fromLocalFile(exported("one.plist")), QUrl::fromLocalFile(exported("other.plist"))});
-  EXPECT_TRUE(exists(kProfile101));
-  EXPECT_EQ(bridge().problems(), QStringList{"One file is imported at a time: one.plist."});
-}
-
-TEST_F(ProfileView, TheTicksOfAListStandBelowOneAnother) {
-  openWithProfiles("GeneralSettingsController");
-  driver->click("Saved Profile", kButton);
-  const auto tickOf = [&](const QString& name) {
-    driver->click(name, kRadioButton);
-    for (const QQuickItem* tick : driver->itemsOfType("Tick")) return driver->place(tick).left();
-    return -1.0;
-  };
-  const double ofProfile = tickOf("Charging started");
-  EXPECT_GT(ofProfile, 0);
-  EXPECT_EQ(tickOf("None"), ofProfile);
-}
-
-TEST_F(ProfileView, ADroppedFileIsImportedAndAsksBeforeItReplacesOne) {
-  openWithProfiles();
-  show(kProfile20);
-  ASSERT_TRUE(opened().exportTo(exported("p.plist"), false));
-  ASSERT_TRUE(opened().describe("Other"));
-  driver->key(Qt::Key_Escape);
-
-  drop(exported("p.plist"));
-  ASSERT_TRUE(driver->shows("Replace Battery 20%?"));
-  EXPECT_EQ(driver->focused(), "Cancel");
-  driver->click("Replace", kButton);
-  driver->waitUntilIdle();
-  EXPECT_FALSE(driver->itemsOfType("ProfileView").empty());
-  EXPECT_EQ(opened().description(), "Night");
-  EXPECT_TRUE(bridge().problems().isEmpty()) << "the question said it";
-}
-
-TEST_F(ProfileView, AFileThatIsDroppedOnAQuestionAsksNoOther) {
-  openWithProfiles();
-  show(kProfile20);
-  ASSERT_TRUE(opened().exportTo(exported("p.plist"), false));
-  drop(exported("p.plist"));
-  ASSERT_EQ(questions(), 1);
-  drop(exported("p.plist"));
-  EXPECT_EQ(questions(), 1);
-}
-
-TEST_F(ProfileView, AFileThatIsNoProfileIsReported) {
-  openWithProfiles();
-  QFile file(exported("x.plist"));
-  ASSERT_TRUE(file.open(QFile::WriteOnly));
-  file.write("no property list");
-  file.close();
-  bridge().tools()->profiles()->importFile(exported("x.plist"), false);
-  EXPECT_EQ(bridge().problems().size(), 1);
-}
-
 TEST_F(ProfileView, ADamagedProfileIsReportedAndNotShown) {
   openWithProfiles();
   QFile file(folder.path() + kProfile20);
@@ -334,41 +156,6 @@ TEST_F(ProfileView, ADamagedProfileIsReportedAndNotShown) {
   driver->waitUntilIdle();
   EXPECT_TRUE(driver->itemsOfType("ProfileView").empty());
   EXPECT_EQ(bridge().problems().size(), 1);
-}
-
-TEST_F(ProfileView, AProfileOfTheFirstPagesListOpens) {
-  openWithProfiles();
-  driver->click("Saved Profiles", kButton);
-  driver->click("Battery 20% - Night", kButton);
-  EXPECT_EQ(opened().title(), "Battery 20%");
-  EXPECT_FALSE(driver->itemsOfType("ProfileView").empty());
-}
-
-TEST_F(ProfileView, AnEntryOfTheFirstPagesListLeadsOnAndIsNoChoice) {
-  openWithProfiles();
-  driver->click("Saved Profiles", kButton);
-  EXPECT_FALSE(driver->find("Battery 20% - Night", kRadioButton));
-  EXPECT_FALSE(driver->find("Details of Charging started", kButton));
-  driver->key(Qt::Key_End);
-  EXPECT_EQ(driver->focused(), "Charging started");
-  driver->key(Qt::Key_Return);
-  EXPECT_EQ(opened().title(), "Charging started");
-}
-
-TEST_F(ProfileView, AListThatStoresKeepsItsMeaningAndHasAButtonForTheDetails) {
-  openWithProfiles("GeneralSettingsController");
-  std::string list;
-  for (const host::RowView& row : page().rows)
-    if (auto* link = std::get_if<host::LinkView>(&row.control))
-      if (link->choices && !link->choices->values.empty() && link->choices->values[0].text())
-        list = row.id;
-  ASSERT_FALSE(list.empty());
-  driver->click(labelOf(list), kButton);
-  driver->click("Battery 20% - Night", QAccessible::RadioButton);
-  EXPECT_TRUE(driver->itemsOfType("ProfileView").empty());
-  EXPECT_TRUE(driver->accessible("Battery 20% - Night", kRadioButton)->state().checked);
-  driver->click("Details of Charging started", kButton);
-  EXPECT_EQ(opened().title(), "Charging started");
 }
 
 TEST_F(ProfileView, EachChangeIsOneStepOfTheHistory) {

@@ -181,7 +181,7 @@ TEST_F(Notices, DamagedProfilesAreOneProblemOfASearchUntilTheyAreGone) {
   driver->type("vib");
   ASSERT_EQ(bridge().problems().size(), 1);
   EXPECT_TRUE(bridge().problems()[0].startsWith(
-      "No profile can be read from profile_10.qvx, profile_11.qvx, profile_12.qvx and 8 more in " +
+      "No profile can be read from profile_10.qvx, profile_11.qvx, profile_12.qvx and 8 more.\n" +
       folder.path()));
   emit bridge().tools()->profilesWanted();
   driver->waitUntilIdle();
@@ -191,6 +191,41 @@ TEST_F(Notices, DamagedProfilesAreOneProblemOfASearchUntilTheyAreGone) {
     ASSERT_TRUE(QFile::remove(folder.path() + "/var/mobile/Documents/Quorvantis/profile_" +
                               QString::number(number) + ".qvx"));
   EXPECT_TRUE(driver->until([&] { return bridge().problems().isEmpty(); }));
+}
+
+TEST_F(Notices, DamagedProfilesAreOneNoticeOfTheProfileManager) {
+  const QString folderOfThem = folder.path() + "/var/mobile/Documents/Quorvantis/";
+  for (int number = 10; number <= 14; ++number)
+    writeText("/var/mobile/Documents/Quorvantis/profile_" + std::to_string(number) + ".qvx", "no");
+  open("ProfilesListController");
+  const QString notice =
+      "No profile can be read from profile_10.qvx, profile_11.qvx, profile_12.qvx and 2 more.\n" +
+      folderOfThem;
+  for (int i = 0; i < 2; ++i) {
+    driver->click("Compose");
+    driver->click("Load");
+    EXPECT_EQ(bridge().problems(), QStringList{notice});
+    driver->click("Cancel");
+  }
+  // A list of them finds the same, and looks again.
+  emit bridge().tools()->profilesWanted();
+  driver->waitUntilIdle();
+  EXPECT_EQ(bridge().problems(), QStringList{notice});
+  for (int number = 10; number <= 14; ++number)
+    ASSERT_TRUE(QFile::remove(folderOfThem + "profile_" + QString::number(number) + ".qvx"));
+  EXPECT_TRUE(driver->until([&] { return bridge().problems().isEmpty(); }));
+}
+
+TEST_F(Notices, AProfileThatIsDamagedBeforeItIsLoadedIsReportedInPlainWords) {
+  const char* path = "/var/mobile/Documents/Quorvantis/profile_10.qvx";
+  write(path, plist::Dictionary{{"profilepercentage", "10"}});
+  open("ProfilesListController");
+  driver->click("Compose");
+  driver->click("Load");
+  writeText(path, "no");
+  driver->click("Load");
+  EXPECT_EQ(bridge().problems(), QStringList{"The profile can't be read: its file is damaged.\n" +
+                                             folder.path() + path});
 }
 
 TEST_F(Notices, ADamagedProfileIsReportedInPlainWords) {

@@ -7,6 +7,7 @@
 namespace {
 
 constexpr const char* kAccessible = "org.a11y.atspi.Accessible";
+constexpr const char* kAction = "org.a11y.atspi.Action";
 constexpr const char* kSession = "screen-reader-session";
 constexpr const char* kBus = "screen-reader";
 
@@ -70,7 +71,7 @@ QVariant ScreenReader::property(const Reference& of, const char* interface,
   return answer.arguments().value(0).value<QDBusVariant>().variant();
 }
 
-std::vector<ScreenReader::Reference> ScreenReader::childrenOf(const Reference& parent) const {
+std::vector<Reference> ScreenReader::childrenOf(const Reference& parent) const {
   std::vector<Reference> children;
   const auto answer = call(parent, kAccessible, "GetChildren");
   if (answer.type() != QDBusMessage::ReplyMessage) return children;
@@ -91,6 +92,7 @@ std::vector<ScreenReader::Reference> ScreenReader::childrenOf(const Reference& p
 void ScreenReader::read(const Reference& from, std::vector<Read>& all) const {
   for (const Reference& child : childrenOf(from)) {
     Read found;
+    found.at = child;
     found.role = call(child, kAccessible, "GetRoleName").arguments().value(0).toString();
     found.name = property(child, kAccessible, "Name").toString();
     found.description = property(child, kAccessible, "Description").toString();
@@ -110,6 +112,16 @@ void ScreenReader::read(const Reference& from, std::vector<Read>& all) const {
     all.push_back(found);
     read(child, all);
   }
+}
+
+bool ScreenReader::press(const Read& thing) const {
+  const int actions = property(thing.at, kAction, "NActions").toInt();
+  for (int i = 0; i < actions; ++i) {
+    if (call(thing.at, kAction, "GetName", {i}).arguments().value(0).toString() != "Press")
+      continue;
+    return call(thing.at, kAction, "DoAction", {i}).arguments().value(0).toBool();
+  }
+  return false;
 }
 
 std::vector<Read> ScreenReader::read() const {

@@ -7,8 +7,14 @@
 #include <optional>
 #include <vector>
 
+// Where a thing is on the bus for accessibility.
+struct Reference {
+  QString service, path;
+};
+
 // What a screen reader finds of a thing on screen.
 struct Read {
+  Reference at;
   QString role, name, description, text;
   std::optional<double> value;
   bool enabled = false, checked = false;
@@ -27,12 +33,9 @@ class ScreenReader {
 
   // All that a program shows, in the order of its tree; nothing while there is none.
   std::vector<Read> read() const;
+  bool press(const Read& thing) const;  // false: it can't be pressed
 
  private:
-  struct Reference {
-    QString service, path;
-  };
-
   QDBusMessage call(const Reference& on, const char* interface, const char* method,
                     const QVariantList& arguments = {}) const;
   QVariant property(const Reference& of, const char* interface, const char* name) const;

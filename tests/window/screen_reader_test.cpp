@@ -1,15 +1,6 @@
-#include "tests/window/screen_reader.h"
-
-#include <gmock/gmock.h>
-
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
-#include <QtTest/QTest>
 
-#include "host/window_state.h"
-#include "tests/window/application.h"
+#include "tests/window/screen_reader_window.h"
 
 namespace {
 
@@ -24,46 +15,24 @@ QString roleOf(const QString& cell) {
   return found == kRoles.end() ? "no role of " + cell : found->second;
 }
 
-// The window program on a bus of its own, read as a screen reader reads it, against what the
-// command line says of the same page.
-class ScreenReaderWalk : public testing::TestWithParam<const char*> {
+// Each page as a screen reader reads it, against what the command line says of it.
+class ScreenReaderWalk : public ScreenReaderWindow,
+                         public testing::WithParamInterface<const char*> {
  protected:
   ScreenReaderWalk() {
-    startApplication();
-    auto environment = reader.environment();
-    environment.insert("XDG_STATE_HOME", folder.filePath("state"));
-    program.setProcessEnvironment(environment);
-    // Of a page of colors there is what is on screen.
-    const auto state = (folder.path() + "/state/quorvantis").toStdString();
-    if (std::string_view(GetParam()) == "ZorvekColorPickerQuorvantis") {
-      EXPECT_TRUE(host::writeWindowState(state, {390, 5000, ""}));
-    }
     // Values of each kind that aren't their defaults, and rows that are dimmed.
     shell({"set", "custbrightenabled", "on", "custbright", "42", "wifi", "Off", "vibrate", "on",
            "alertmsg", "Come home", "bannercolor", "System Blue", "autolock", "1 Minute"});
-    expected = QJsonDocument::fromJson(shell({"page", GetParam(), "--json"})).array();
+    expected = json({"page", GetParam()});
     for (const QJsonValue& row : expected) {
       const QString cell = row["cell"].toString();
       if ((cell == "PSSegmentCell" || cell.startsWith("PSLink")) && !row["value"].isNull())
         titles[row["id"].toString()] = titleOf(row.toObject());
     }
   }
-  ~ScreenReaderWalk() override {
-    program.terminate();
-    program.waitForFinished();
-  }
 
-  QByteArray shell(const QStringList& arguments) const {
-    QProcess shell;
-    shell.start(SHELL_PROGRAM, QStringList{"--root", folder.path()} + arguments);
-    EXPECT_TRUE(shell.waitForFinished());
-    EXPECT_EQ(shell.exitCode(), 0) << arguments.join(' ').toStdString();
-    return shell.readAllStandardOutput();
-  }
   QString titleOf(const QJsonObject& row) const {
-    const auto choices =
-        QJsonDocument::fromJson(shell({"choices", row["id"].toString(), "--json"})).array();
-    for (const QJsonValue& choice : choices)
+    for (const QJsonValue& choice : json({"choices", row["id"].toString()}))
       if (choice["value"] == row["value"]) return choice["title"].toString();
     return {};
   }
@@ -83,11 +52,6 @@ class ScreenReaderWalk : public testing::TestWithParam<const char*> {
       if (!saysWhyNot(row, *found)) wrong << "whether one can use " + words(*found);
     }
     return wrong;
-  }
-  static QString words(const Read& read) {
-    return read.name + ": \"" + read.description + "\", \"" + read.text + "\", " +
-           QString::number(read.value.value_or(-1)) + (read.enabled ? ", enabled" : "") +
-           (read.checked ? ", checked" : "");
   }
   bool saysValue(const QJsonObject& row, std::vector<Read>::const_iterator at,
                  const std::vector<Read>& all) const {
@@ -117,20 +81,15 @@ class ScreenReaderWalk : public testing::TestWithParam<const char*> {
            found.description.contains("dimmed: switch off " + by + " first");
   }
 
-  QTemporaryDir folder;
   QJsonArray expected;
   QHash<QString, QString> titles;  // of the values of rows with choices
-  ScreenReader reader;
-  QProcess program;
 };
 
 TEST_P(ScreenReaderWalk, EveryRowHasItsNameRoleValueStateAndReason) {
-  ASSERT_TRUE(reader.works());
-  program.start(SETTINGS_PROGRAM, {"--root", folder.path(), "--page", GetParam()});
-  ASSERT_TRUE(program.waitForStarted());
+  start(GetParam());
   QStringList wrong;
   const auto isRight = [&] { return (wrong = differences(reader.read())).isEmpty(); };
-  EXPECT_TRUE(QTest::qWaitFor(isRight, 20000)) << wrong.join("; ").toStdString();
+  EXPECT_TRUE(until(isRight)) << wrong.join("; ").toStdString();
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, ScreenReaderWalk,

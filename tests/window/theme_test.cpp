@@ -134,6 +134,11 @@ TEST_P(Theme, ControlsStandOutFromWhatTheyLieOn) {
   expect("track", {"card"}, 3);
 }
 
+TEST_P(Theme, TriggersStandOutFromThePageAndThoseWithAProfileFromTheOthers) {
+  expect("taken", {"background", "free"}, controlGoal());
+  expect("free", {"background"}, controlGoal());
+}
+
 TEST_P(Theme, ASwitchThatIsOnStandsOutFromOneThatIsOffInEveryTint) {
   struct Tint {
     const char* name;

@@ -33,7 +33,7 @@ FocusScope {
         anchors.fill: parent
         anchors.topMargin: strip.visible ? strip.height : 0
         model: view.page.swatches
-        cacheBuffer: 200
+        cacheBuffer: 100000  // all are made, so that assistive technology finds those off screen
 
         delegate: DelegateChooser {
             role: "kind"

@@ -30,6 +30,9 @@ QtObject {
     readonly property color track: dark ? "#6E6E73" : "#929297"
     readonly property color knob: dark ? "#48484A" : "#FFFFFF"
     readonly property color switchOff: dark ? "#39393D" : "#E2E2E6"
+    // In the strip of triggers: one that has a profile, and one that has none.
+    readonly property color taken: highContrast ? text : dark ? accent : "#083F80"
+    readonly property color free: highContrast ? "#757575" : dark ? "#6E6E73" : "#8B8B91"
     // Segments: their ground, and the chosen one where the choice leaves all as it is.
     readonly property color groove: dark ? "#2C2C2E" : "#EAEAEE"
     readonly property color chosen: dark ? "#48484A" : "#FFFFFF"

@@ -53,7 +53,7 @@ Item {
                 width: Math.max(1, strip.step - 1)
                 height: filled ? parent.height : parent.height - 20
                 radius: Math.min(2, width / 2)
-                color: filled ? Theme.accentText : Theme.edge
+                color: filled ? Theme.taken : Theme.free
                 border.width: strip.pointed === index ? 1 : 0
                 border.color: Theme.text
             }
