@@ -31,7 +31,7 @@ bool namesAProfile(const std::string& name) {
 
 std::string beforeWords(const std::string& before) {
   if (before == kBeforeChangesOfDay) return "before the first change of the day";
-  const std::size_t id = before.rfind(' ') + 1;  // 0 without one
+  const std::size_t id = before.find(' ') + 1;  // 0 without one
   const auto trigger = findTrigger(std::string_view(before).substr(id));
   const bool isId = trigger && trigger->profileID == before.substr(id);
   return "before \"" + (isId ? before.substr(0, id) + trigger->title : before) + "\"";

@@ -88,6 +88,13 @@ TEST_F(HostSnapshots, AreTakenOnceADayBeforeTheFirstChange) {
   EXPECT_EQ(device.recovery().settingsOf(2)->find("wifi")->integer(), 4);
 }
 
+TEST(SnapshotWords, HaveTheTitleInPlaceOfAnIdAlone) {
+  EXPECT_EQ(host::beforeWords("load 20"), "before \"load Battery 20%\"");
+  EXPECT_EQ(host::beforeWords("load my 20"), "before \"load my 20\"");
+  EXPECT_EQ(host::beforeWords("import"), "before \"import\"");
+  EXPECT_EQ(host::beforeWords(host::kBeforeChangesOfDay), "before the first change of the day");
+}
+
 TEST_F(HostSnapshots, ADailyOneThatFailedIsTakenByTheNextProgram) {
   ASSERT_TRUE(device.backups->open());
   ASSERT_TRUE(device.backups->keep("reset"));
