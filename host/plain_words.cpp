@@ -5,6 +5,7 @@
 #include "host/text.h"
 #include "host/triggers.h"
 #include "prefs/profiles/ProfilesListController.h"
+#include "prefs/profiles/profile_file.h"
 #include "prefs/profiles/saved_profiles.h"
 
 namespace host {
@@ -93,7 +94,10 @@ std::string plainWords(Source source, const Error& error) {
   if (source == Source::Profiles && error.what.starts_with(prefs::kNoProfileIn))
     return capital(error.what) + ".";
   const int code = codeOf(error);
-  if (source == Source::Profiles && code == 0 && isProfilePath(error.path)) return kDamaged;
+  if (source == Source::Profiles && code == 0 && isProfilePath(error.path))
+    return error.what == prefs::kDeadLink
+               ? "The profile can't be read: its file is " + error.what + "."
+               : kDamaged;
   return code == 0 ? std::string() : whatOf(source, error) + ": " + whyOf(code) + ".";
 }
 

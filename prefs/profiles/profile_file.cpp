@@ -18,7 +18,7 @@ using platform::Result;
 Error profileError(const foundation::DeviceRoot& root, const std::string& path,
                    const Error& error) {
   if (error.code == ENOENT && root.hasEntry(path))
-    return {.path = path, .what = "a link that leads nowhere"};
+    return {.path = path, .what = std::string(kDeadLink)};
   return error;
 }
 

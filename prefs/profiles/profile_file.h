@@ -17,6 +17,8 @@ std::string profilePath(int profileID);
 // folder. The code is ENOENT only where there is no such file.
 platform::Result<plist::Dictionary> readProfile(const preferences::Environment& environment,
                                                 const std::string& path);
+// What it says of a link to no file.
+inline constexpr std::string_view kDeadLink = "a link that leads nowhere";
 
 // Writes a dictionary as a profile, durably, in place of the file that is there, or not (EEXIST); a
 // folder of that name is an error. The environment's guard learns of it as a save or an import.

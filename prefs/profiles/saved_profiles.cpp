@@ -78,7 +78,7 @@ ProfileFiles readInTwoThreads(const foundation::Directory& folder,
 
 platform::Error errorOfSkipped(const std::vector<platform::Error>& skipped) {
   platform::Error reason = skipped.front();
-  reason.path.clear();
+  if (skipped.size() == 1) reason.path.clear();
   return platform::Error{.path = std::string(kDocuments),
                          .what = std::string(kNoProfileIn) + namesOf(skipped)}
       .because(std::move(reason));

@@ -42,7 +42,7 @@ struct SavedProfiles {
 SavedProfiles savedProfiles(const preferences::Environment& environment, TitleForm form);
 
 // What is to be reported of files that were skipped, of which there are some, as one error about
-// the folder: it names three of them at most, and has the reason of the first one behind it.
+// the folder: it names three of them at most, and has what the first one is about behind it.
 platform::Error errorOfSkipped(const std::vector<platform::Error>& skipped);
 // How its words begin.
 inline constexpr std::string_view kNoProfileIn = "no profile can be read from ";

@@ -56,6 +56,8 @@ TEST(PlainWords, SayWhichProfilesCantBeReadWithoutTheReasons) {
 TEST(PlainWords, SayThatAProfilesFileIsDamaged) {
   EXPECT_EQ(host::plainWords(Source::Profiles, Error{kProfile, 0, "not a keyed archive"}),
             "The profile can't be read: its file is damaged.");
+  EXPECT_EQ(host::plainWords(Source::Profiles, Error{kProfile, 0, "a link that leads nowhere"}),
+            "The profile can't be read: its file is a link that leads nowhere.");
   EXPECT_EQ(host::plainWords(Source::Settings, Error{kProfile, 0, "not a keyed archive"}), "");
 }
 
