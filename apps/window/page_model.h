@@ -103,8 +103,8 @@ class PageModel : public QObject {
  private:
   bool isShown() const;
   bool perform(const host::Request& request, const QString& badValue = {});
-  // On a row, which assistive technology may operate while it is off screen.
   void bringOnScreen(int entry);  // of a table
+  // On a row, which assistive technology may operate while it is off screen.
   bool performOn(int row, const host::Request& request, const QString& badValue = {});
 
   SettingsBridge& bridge_;

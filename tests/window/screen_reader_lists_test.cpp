@@ -88,6 +88,7 @@ TEST_P(ScreenReaderList, EveryEntryOfTheCommandLineIsRead) {
   QStringList titles;
   for (const QJsonValue& choice : json({"choices", GetParam().row}))
     titles << choice["title"].toString();
+  ASSERT_FALSE(titles.isEmpty());
   const QString label = labelOf(GetParam().row);
   start(GetParam().pageClass);
   ASSERT_TRUE(press(label));
