@@ -70,7 +70,7 @@ def first_frame(_):
         said = output([BIN / "first_frame"], folder)
 
     def figures(name):
-        found = re.search(rf"^{name} +([\d.]+) \w* *\(([\d.]+) to ([\d.]+)\)", said, re.MULTILINE)
+        found = re.search(rf"^ *{name} +([\d.]+) \w* *\(([\d.]+) to ([\d.]+)", said, re.MULTILINE)
         return float(found[2]), float(found[1]), float(found[3])
     other = "30 switches"
     return [Line("first frame of the window",
