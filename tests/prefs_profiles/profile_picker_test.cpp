@@ -133,7 +133,8 @@ TEST_F(ProfilePicker, LeavesOutWhatIsNotAProfileAndReportsThat) {
   ASSERT_EQ(device.problems.size(), 1u);
   EXPECT_TRUE(device.problems[0].starts_with(
       "/var/mobile/Documents/Quorvantis/: no profile can be read from profile_1.qvx, "
-      "profile_2.qvx, profile_3.qvx and 1 more: not a keyed archive: "))
+      "profile_2.qvx, profile_3.qvx and 1 more: " +
+      profilePath(1) + ": not a keyed archive: "))
       << device.problems[0];
 }
 
